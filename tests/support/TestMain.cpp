@@ -1,0 +1,72 @@
+#include "tests_support/TestMain.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <cstdio>
+
+namespace {
+
+QStringList expectedWarnings;
+
+bool isExpected(const QString& line) {
+    for (const QString& pattern : qAsConst(expectedWarnings)) {
+        if (QRegularExpression(pattern).match(line).hasMatch())
+            return true;
+    }
+    return false;
+}
+
+// Qt Test takes over the message handler while it runs, so warnings are counted from its log afterwards.
+QStringList unexpectedWarnings(const QString& logFile) {
+    QFile log(logFile);
+    QStringList found;
+    if (!log.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {QStringLiteral("the log of the run cannot be read")};
+    static const QRegularExpression warning(QStringLiteral("^(QWARN|QSYSTEM|QCRITICAL|QFATAL) "));
+    QTextStream lines(&log);
+    while (!lines.atEnd()) {
+        const QString line = lines.readLine();
+        if (warning.match(line).hasMatch() && !isExpected(line))
+            found << line;
+    }
+    return found;
+}
+
+}  // namespace
+
+void expectWarning(const char* pattern) {
+    expectedWarnings << QString::fromLatin1(pattern);
+}
+
+TestEnvironment::TestEnvironment() {
+    QTemporaryDir root;
+    root.setAutoRemove(false);
+    m_root = root.path();
+    for (const char* name :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "TMPDIR"}) {
+        const QString folder = m_root + QLatin1Char('/') + QString::fromLatin1(name).toLower();
+        QDir().mkpath(folder);
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv(name, QFile::encodeName(folder));
+    }
+}
+
+TestEnvironment::~TestEnvironment() {
+    QDir(m_root).removeRecursively();
+}
+
+int TestEnvironment::run(QObject* test, const QStringList& arguments) {
+    const QString logFile = m_root + QStringLiteral("/log.txt");
+    const QStringList logs{QStringLiteral("-o"), QStringLiteral("-,txt"), QStringLiteral("-o"),
+                           logFile + QStringLiteral(",txt")};
+    const int result = QTest::qExec(test, arguments + logs);
+    if (result != 0)
+        return result;
+    const QStringList warnings = unexpectedWarnings(logFile);
+    for (const QString& warning : warnings)
+        std::fprintf(stderr, "unexpected warning: %s\n", qPrintable(warning));
+    return warnings.isEmpty() ? 0 : 1;
+}

@@ -1,0 +1,153 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <optional>
+#include <vector>
+
+/// The names that both programs use: record words, operations built from them, and notifications.
+/// Nothing else in the tree spells an operation's name.
+namespace wire {
+
+enum class Record {
+    Kerno,
+    Source,
+    Highlight,
+    Memo,
+    Question,
+    QuestionAnswer,
+    SourceMetadata,
+    SourceMetadataKey,
+    SourceMetadataValue,
+    Group,
+    KernoGroup,
+    KernoShortcutKey,
+    Preference,
+    ChatMessage
+};
+
+enum class Operation {
+    QueryList,
+    QueryById,
+    QueryListWithOffset,
+    MaxId,
+    CreateOrUpdate,
+    BatchCreateOrUpdate,
+    Remove,
+    BatchRemove
+};
+
+/// All records, in the order of `Record`.
+const std::vector<Record>& allRecords();
+
+/// The word that operations of the record are built from, such as "kerno".
+QString word(Record record);
+
+/// The part of an operation's name that follows the word, such as "QueryList".
+QString suffix(Operation operation);
+
+/// Word and suffix: "kernoQueryList".
+QString operationName(Record record, Operation operation);
+
+/// The argument that holds the records of a batch: the word and "s".
+QString batchArgument(Record record);
+
+/// Whether the protocol has this operation for this record.
+bool isSupported(Record record, Operation operation);
+
+struct RecordOperation {
+    Record record;
+    Operation operation;
+};
+
+/// Reads an operation's name back; nothing for a name that isn't a supported generic operation.
+std::optional<RecordOperation> recordOperation(const QString& name);
+
+/// A change that the service announces. The order is that in which a frame's keys are tested.
+enum class Notification {
+    KernoSaved,
+    KernoDeleted,
+    GroupSaved,
+    GroupDeleted,
+    KernoGroupSaved,
+    KernoGroupDeleted,
+    SourceSaved,
+    SourceDeleted,
+    HighlightSaved,
+    HighlightDeleted,
+    BatchHighlightsSaved,
+    BatchHighlightsDeleted,
+    MemoSaved,
+    MemoDeleted,
+    BatchMemosSaved,
+    BatchMemosDeleted,
+    QuestionSaved,
+    QuestionDeleted,
+    AnswerSaved,
+    AnswerDeleted,
+    MetadataSaved,
+    MetadataDeleted,
+    MetadataKeySaved,
+    MetadataKeyDeleted,
+    MetadataValueSaved,
+    MetadataValueDeleted,
+    ChatMessageSaved,
+    ChatMessageDeleted
+};
+
+struct NotificationRow {
+    Notification notification;
+    Record record;
+    Operation operation;
+    QString key;
+};
+
+/// One row for each notification, in the order of `Notification`.
+const std::vector<NotificationRow>& notificationTable();
+
+/// The first row whose key stands in `data`, or null when the frame announces no change.
+const NotificationRow* findNotification(const QJsonObject& data);
+
+/// Names of the reads and project mutations that aren't made of a record's word and a suffix.
+namespace name {
+inline const QString dbOpen = QStringLiteral("dbOpen");
+inline const QString dbClose = QStringLiteral("dbClose");
+inline const QString author = QStringLiteral("author");
+inline const QString kernoHasChildren = QStringLiteral("kernoHasChildren");
+inline const QString kernoIdsForKernosWithOverlap = QStringLiteral("kernoIdsForKernosWithOverlap");
+inline const QString maxHighlightsCount = QStringLiteral("maxHighlightsCount");
+inline const QString highlightOverlapCount = QStringLiteral("highlightOverlapCount");
+inline const QString kernoOverlapCount = QStringLiteral("kernoOverlapCount");
+inline const QString highlightQueryListBySourceQuestionAndKernos =
+    QStringLiteral("highlightQueryListBySourceQuestionAndKernos");
+inline const QString questionAnswerWithQuestionQueryList =
+    QStringLiteral("questionAnswerWithQuestionQueryList");
+inline const QString highlightsCoverageByKerno = QStringLiteral("highlightsCoverageByKerno");
+inline const QString highlightsCoverageByAuthor = QStringLiteral("highlightsCoverageByAuthor");
+inline const QString highlightsCoverageByKernoAndAuthor =
+    QStringLiteral("highlightsCoverageByKernoAndAuthor");
+inline const QString highlightsOverviewPerSourceForKerno =
+    QStringLiteral("highlightsOverviewPerSourceForKerno");
+inline const QString sourceMetadataListForReport = QStringLiteral("sourceMetadataListForReport");
+inline const QString sourceMetadataOverviewForKeyId = QStringLiteral("sourceMetadataOverviewForKeyId");
+inline const QString sourceMetadataOverviewForKeyAndKernosId =
+    QStringLiteral("sourceMetadataOverviewForKeyAndKernosId");
+inline const QString sourceCodedLengthById = QStringLiteral("sourceCodedLengthById");
+inline const QString quoteCountsInKernos = QStringLiteral("quoteCountsInKernosQueryList");
+inline const QString kernoQueryListWithHighlightsAndCriteria =
+    QStringLiteral("kernoQueryListWithHighlightsAndCriteria");
+}  // namespace name
+
+/// The uuid of a project that has none: what the service answers for local projects and after a close.
+inline const QString nullUuid = QStringLiteral("00000000-0000-0000-0000-000000000000");
+
+/// `status` of an opened project in the reply to `dbOpen`.
+inline const QString statusOpen = QStringLiteral("open");
+
+/// Root `status` of a frame which says that access to the project is revoked.
+constexpr int statusRevoked = 403;
+
+/// Web socket close code: the same account opened the project in another session.
+constexpr int closeCodeOtherSession = 4000;
+
+}  // namespace wire
