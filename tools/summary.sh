@@ -10,7 +10,7 @@ summary() {
     say "All runs"
     for preset in "$@"; do
         log="$root/build/logs/test-$preset.log"
-        line="$(grep -E '^[0-9]+% tests passed, [0-9]+ tests? failed out of [0-9]+' "$log" 2>/dev/null | tail -n 1)"
+        line="$(grep -E '^[0-9]+% tests passed, [0-9]+ tests? failed out of [0-9]+' "$log" 2>/dev/null | tail -n 1 || true)"
         if [ -z "$line" ]; then
             echo "$preset: the tests did not run to their end"
             broken=1
@@ -29,9 +29,8 @@ summary() {
         printf '\nThe following tests FAILED:\n'
         printf '%s\n' "${failures[@]}"
     fi
-    if [ "$total" -gt 0 ]; then
-        printf '\n%d%% tests passed, %d tests failed out of %d\n\nTotal Test time (real) = %s sec\n' \
-            $(((total - failed) * 100 / total)) "$failed" "$total" "$seconds"
-    fi
-    [ "$broken" -eq 0 ] && [ "$failed" -eq 0 ] && [ "$total" -gt 0 ]
+    [ "$broken" -eq 0 ] && [ "$total" -gt 0 ] || return 1
+    printf '\n%d%% tests passed, %d tests failed out of %d\n\nTotal Test time (real) = %s sec\n' \
+        $(((total - failed) * 100 / total)) "$failed" "$total" "$seconds"
+    [ "$failed" -eq 0 ]
 }
