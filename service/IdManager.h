@@ -1,0 +1,59 @@
+#pragma once
+
+#include "wire/Operations.h"
+
+#include <QHash>
+#include <QObject>
+
+class DataHelper;
+
+/// Hands out the ids of new records. Each comes from the service at the moment it is taken, so ids are unique across
+/// the clients of a shared project. Main thread. One object for the process, made on first use and owned by the
+/// application object.
+class IdManager : public QObject {
+    Q_OBJECT
+
+public:
+    static IdManager* instance();
+
+    /// Runs when a project opens. Stores the helper (not owned) and sets every counter: to the highest id in the
+    /// project when `fetch` is true, otherwise to 0.
+    void init(bool fetch, DataHelper* helper);
+
+    /// Reserves an id at the service; 0 when no project is open.
+    Q_INVOKABLE int nextKernoId() { return next(wire::Record::Kerno); }
+    Q_INVOKABLE int nextHighlightId() { return next(wire::Record::Highlight); }
+    Q_INVOKABLE int nextMemoId() { return next(wire::Record::Memo); }
+    Q_INVOKABLE int nextSourceId() { return next(wire::Record::Source); }
+    Q_INVOKABLE int nextQuestionId() { return next(wire::Record::Question); }
+    Q_INVOKABLE int nextAnswerId() { return next(wire::Record::QuestionAnswer); }
+    Q_INVOKABLE int nextSourceMetadataId() { return next(wire::Record::SourceMetadata); }
+    Q_INVOKABLE int nextSourceMetadataKeyId() { return next(wire::Record::SourceMetadataKey); }
+    Q_INVOKABLE int nextSourceMetadataValueId() { return next(wire::Record::SourceMetadataValue); }
+    Q_INVOKABLE int nextKernoGroupId() { return next(wire::Record::KernoGroup); }
+    Q_INVOKABLE int nextGroupId() { return next(wire::Record::Group); }
+    Q_INVOKABLE int nextChatMessageId() { return next(wire::Record::ChatMessage); }
+
+    /// The last id that is known; asks nobody.
+    Q_INVOKABLE int maxKernoId() const { return max(wire::Record::Kerno); }
+    Q_INVOKABLE int maxHighlightId() const { return max(wire::Record::Highlight); }
+    Q_INVOKABLE int maxMemoId() const { return max(wire::Record::Memo); }
+    Q_INVOKABLE int maxSourceId() const { return max(wire::Record::Source); }
+    Q_INVOKABLE int maxQuestionId() const { return max(wire::Record::Question); }
+    Q_INVOKABLE int maxAnswerId() const { return max(wire::Record::QuestionAnswer); }
+    Q_INVOKABLE int maxSourceMetadataId() const { return max(wire::Record::SourceMetadata); }
+    Q_INVOKABLE int maxSourceMetadataKeyId() const { return max(wire::Record::SourceMetadataKey); }
+    Q_INVOKABLE int maxSourceMetadataValueId() const { return max(wire::Record::SourceMetadataValue); }
+    Q_INVOKABLE int maxKernoGroupId() const { return max(wire::Record::KernoGroup); }
+    Q_INVOKABLE int maxGroupId() const { return max(wire::Record::Group); }
+    Q_INVOKABLE int maxChatMessageId() const { return max(wire::Record::ChatMessage); }
+
+private:
+    explicit IdManager(QObject* parent) : QObject(parent) {}
+
+    int next(wire::Record record);
+    int max(wire::Record record) const { return m_counters.value(static_cast<int>(record), 0); }
+
+    DataHelper* m_helper = nullptr;
+    QHash<int, int> m_counters;  ///< last known id by `wire::Record`
+};

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "service/Message.h"
+#include "service/ReplyBase.h"
+
+#include <QMutex>
+#include <QThread>
+
+class HttpHandler;
+class WebSocketHandler;
+
+/// What a blocking call waits on: a thread that only sits in an event loop, so that the caller can wait for its end
+/// with a bound on the time, and the network thread can release the caller by ending it.
+///
+/// One call at a time: `expectReply` or `expectMessage`, then send, then `await...`. Callers of different threads
+/// exclude each other by the query layer's lock.
+class Waiter : public QThread {
+    Q_OBJECT
+
+public:
+    Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QObject* parent = nullptr);
+
+    /// From now on the frame with the number `id` ends the wait. Called before the request is sent.
+    void expectReply(int id);
+
+    /// Waits at most `milliseconds`. When the time runs out the reply of the last call that got one is given, and a
+    /// reply that comes later is dropped.
+    ReplyBase awaitReply(int milliseconds);
+
+    /// From now on the next finished HTTP call ends the wait. Called before the request is sent.
+    void expectMessage();
+
+    /// Waits at most `milliseconds`; without an answer the message has the status code -1.
+    Message awaitMessage(int milliseconds);
+
+protected:
+    void run() override;
+
+private:
+    QMutex m_mutex;  ///< over the members below: the caller and the network thread use them
+    ReplyBase m_reply;
+    Message m_message;
+    int m_expectedId = 0;  ///< 0: no reply is awaited
+    bool m_expectsMessage = false;
+};
