@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QJsonValue>
+#include <QStringList>
+#include <QVariant>
+#include <QVariantMap>
+
+/// Base of every record: a value that reads itself from one JSON object of the service and writes itself as the
+/// argument list of a mutation. `K` is the type of its key, `F` its field enumeration.
+template <typename K, typename F> class IModel {
+public:
+    using Key = K;
+    using Field = F;
+
+    IModel() = default;
+    virtual ~IModel() = default;
+
+    /// A copy counts as read well, whatever its source; an assignment takes both flags over.
+    IModel(const IModel& other) : m_fromService(other.m_fromService), m_parsedOk(true) {}
+    IModel(IModel&& other) noexcept = default;
+    IModel& operator=(const IModel& other) = default;
+    IModel& operator=(IModel&& other) noexcept = default;
+
+    virtual bool isValid() const = 0;
+    virtual K id() const = 0;
+
+    /// One text for each field that is sent, in the order of the field table.
+    virtual QStringList mutationArguments() const = 0;
+
+    /// Has no effect in any record.
+    virtual void prepare() {}
+
+    /// The value of a field by its number; invalid for a number outside the table. `forService` gives the
+    /// timestamp as whole seconds since the epoch, now.
+    virtual QVariant fieldValue(int role, bool forService) const = 0;
+
+    /// Whether all compared fields have the same value.
+    virtual bool equals(const IModel& other) const = 0;
+
+    /// All fields by role name, local ones included.
+    virtual QVariantMap toVariantMap() const = 0;
+
+    virtual QJsonValue toJson() const { return QJsonValue::fromVariant(toVariantMap()); }
+
+    /// Whether the record was read from JSON.
+    bool fromService() const { return m_fromService; }
+
+    /// Whether every field could be read; true for a record built field by field, false for an empty one.
+    bool parsedOk() const { return m_parsedOk; }
+
+protected:
+    IModel(bool fromService, bool parsedOk) : m_fromService(fromService), m_parsedOk(parsedOk) {}
+    void setParsedOk(bool ok) { m_parsedOk = ok; }
+
+private:
+    bool m_fromService = false;
+    bool m_parsedOk = false;
+};
