@@ -35,4 +35,7 @@ configure_and_build() {
 # A display that answers, not only a name of one in the environment.
 have_display() { [ -n "${DISPLAY:-}" ] && xdotool getdisplaygeometry >/dev/null 2>&1; }
 
-with_virtual_display() { xvfb-run -a -s "-screen 0 $screen" "$@"; }
+# Without the marks of a Wayland session, which Qt would follow instead.
+with_virtual_display() {
+    env -u WAYLAND_DISPLAY -u XDG_SESSION_TYPE xvfb-run -a -s "-screen 0 $screen" "$@"
+}
