@@ -17,8 +17,8 @@ class Waiter;
 class WebSocketHandler;
 
 /// The one owner of the link to the data service: the network thread with its two handlers, the cloud tokens, the
-/// numbers of the requests and the blocking call. Lives on the main thread; `send`, `sendAsync` and `request` may be
-/// called on any thread but the network thread, one at a time (the query layer's lock sees to that).
+/// numbers of the requests and the blocking call. Lives on the main thread; `send`, `sendAsync`, `request` and
+/// the blocking HTTP calls may be made on any thread but the network thread; one waits for the other.
 class Connection : public QObject {
     Q_OBJECT
 
@@ -96,8 +96,9 @@ signals:
 private:
     void connectHandlerSignals();
     void connectOwnSignals();
-    bool waitForLink(const QString& ticket);
+    void waitForLink(const QString& ticket);
     bool fetchTicket(QString& ticket);
+    void onReconnectTimeout();
     void setLastError(const QString& text);
     void transmit(int id, const QString& text);
 
@@ -108,7 +109,8 @@ private:
     std::atomic<int> m_messageId{0};       ///< number of the last request; each connect starts at 0
     int m_waitingConnects = 0;             ///< calls of `connect` that are in their event loops
     QTimer m_reconnectTimer;
-    mutable QMutex m_mutex;  ///< over the members up to `m_tokenTime`
+    QRecursiveMutex m_callMutex;  ///< held over a whole request: there is one waiter
+    mutable QMutex m_mutex;       ///< over the members up to `m_tokenTime`
     QString m_lastError;
     QString m_accessToken;
     QString m_refreshToken;

@@ -18,7 +18,6 @@
 
 class Connection;
 class QNetworkAccessManager;
-class QNetworkReply;
 class QNetworkRequest;
 class WebSocketHandler;
 
@@ -209,11 +208,11 @@ private:
     bool mayWrite();
     QJsonObject read(const QString& text, Log log);
     bool write(const QString& text, bool blocking);
-    bool switchRegion(const QString& region);
+    void switchRegion(const QString& region);
     void forgetProject();
     Message call(const QNetworkRequest& request, const QByteArray* body);
-    Message authorizedCall(QNetworkRequest request, const QByteArray* body);
-    QUrl localServiceUrl(const QString& path) const;
+    Message authorizedCall(const QUrl& url, const QByteArray* body);
+    QString localServiceUrl(const QString& path) const;
 
     std::atomic<bool> m_isOpen{false};
     QJsonObject m_currentProject;

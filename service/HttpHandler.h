@@ -28,7 +28,6 @@ public slots:
     void get(QNetworkRequest req);
 
 private:
-    void begin(QNetworkReply* reply);
     void onFinished(QNetworkReply* reply);
     void drop();
 

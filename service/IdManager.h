@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 
 class DataHelper;
 
@@ -54,6 +55,6 @@ private:
     int next(wire::Record record);
     int max(wire::Record record) const { return m_counters.value(static_cast<int>(record), 0); }
 
-    DataHelper* m_helper = nullptr;
+    QPointer<DataHelper> m_helper;
     QHash<int, int> m_counters;  ///< last known id by `wire::Record`
 };

@@ -18,7 +18,7 @@ public:
     static QString cloudHost();
     static bool hasCloud() { return !cloudHost().isEmpty(); }
 
-    /// Base URL of a service without a closing slash; `host` stands for the cloud host except in the test variant.
+    /// Base URL of a service; `host` stands for the cloud host except in the test variant.
     static QString baseUrl(Service service, Variant variant, const QString& host);
 
     QString region() const { return m_region; }

@@ -37,6 +37,8 @@ protected:
     void run() override;
 
 private:
+    void finishIf(bool released);
+
     QMutex m_mutex;  ///< over the members below: the caller and the network thread use them
     ReplyBase m_reply;
     Message m_message;

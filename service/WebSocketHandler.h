@@ -5,11 +5,10 @@
 #include <QAbstractSocket>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QMutex>
 #include <QObject>
 #include <QString>
-#include <QUrl>
 
-class QMutex;
 class QProcess;
 class QTimer;
 class QWebSocket;
@@ -27,7 +26,7 @@ public:
     ~WebSocketHandler() override;
 
     /// The URL last opened. May be called on any thread.
-    QUrl endpoint() const;
+    QString endpoint() const;
 
 signals:
     void connected();
@@ -71,6 +70,8 @@ signals:
     void chatMessageSaved(QJsonObject json);
     void chatMessageDeleted(QJsonObject json);
 
+    /// An attempt to open the socket begins; what follows belongs to it.
+    void opening();
     /// The local service could not be started, or ended or stayed silent before it named its port. No socket is
     /// opened, so neither `connected` nor `disconnected` follows.
     void startFailed(QString error);
@@ -97,7 +98,7 @@ private:
     void onPongMissed();
     void onDisconnectTimeout();
     void onOpenTimeout();
-    void open(const QUrl& url, bool local);
+    void open(const QString& url, bool local);
     void dispatch(const QJsonObject& payload);
     void logProcessOutput();
 
@@ -107,6 +108,7 @@ private:
     QTimer* m_pongTimer = nullptr;
     QTimer* m_disconnectTimer = nullptr;
     QTimer* m_openTimer = nullptr;  ///< bounds the handshake
+    mutable QMutex m_endpointMutex;
     QString m_endpoint;
     QWebSocket* m_socket = nullptr;
     QProcess* m_process = nullptr;
