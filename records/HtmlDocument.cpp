@@ -1,5 +1,7 @@
 #include "records/HtmlDocument.h"
 
+#include "records/HtmlCharacters.h"
+
 #include <QSet>
 #include <algorithm>
 #include <gumbo.h>
@@ -128,12 +130,12 @@ private:
             path.push_back({node, 0});
             break;
         case GUMBO_NODE_COMMENT:
-            parts.append({HtmlDocument::Kind::Comment, QString::fromUtf8(node->v.text.text), {}});
+            parts.append({HtmlDocument::Kind::Comment, htmlcharacters::decode(node->v.text.text), {}});
             break;
         case GUMBO_NODE_TEXT:
         case GUMBO_NODE_CDATA:
         case GUMBO_NODE_WHITESPACE:
-            appendText(parts, QString::fromUtf8(node->v.text.text));
+            appendText(parts, htmlcharacters::decode(node->v.text.text));
             break;
         case GUMBO_NODE_DOCUMENT:
             break;
@@ -160,7 +162,7 @@ private:
         QVector<HtmlDocument::Attribute> list;
         for (unsigned i = 0; i < element.attributes.length; ++i) {
             const auto* attribute = static_cast<const GumboAttribute*>(element.attributes.data[i]);
-            list.append({QString::fromUtf8(attribute->name), QString::fromUtf8(attribute->value)});
+            list.append({QString::fromUtf8(attribute->name), htmlcharacters::decode(attribute->value)});
         }
         return list;
     }
@@ -168,15 +170,15 @@ private:
 
 HtmlDocument HtmlDocument::parse(const QString& html) {
     HtmlDocument document;
-    document.m_parsed = HtmlReader::read(html.toUtf8(), document.m_parts);
+    document.m_parsed = HtmlReader::read(htmlcharacters::encode(html), document.m_parts);
     return document;
 }
 
 bool HtmlDocument::isPlain(const QString& text) {
-    const bool special = std::any_of(text.cbegin(), text.cend(), [](QChar c) {
-        return c == QLatin1Char('<') || c == QLatin1Char('&') || c == QLatin1Char('\r') || c.isNull();
-    });
-    return !special && text.isValidUtf16();
+    return std::none_of(text.cbegin(), text.cend(), [](QChar c) {
+               return c == QLatin1Char('<') || c == QLatin1Char('&') || c == QLatin1Char('\r') || c.isNull();
+           }) &&
+           text.isValidUtf16();
 }
 
 HtmlDocument HtmlDocument::fromPlainText(const QString& text) {

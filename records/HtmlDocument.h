@@ -19,7 +19,7 @@ public:
     /// for a text that `isPlain`.
     static HtmlDocument fromPlainText(const QString& text);
 
-    /// Whether a text means itself in HTML, so that no parser is needed: no mark-up, entities, NUL or CR.
+    /// Whether a text means itself in HTML, so that no parser is needed: no `<`, `&`, NUL, CR or broken surrogate.
     static bool isPlain(const QString& text);
 
     bool isParsed() const { return m_parsed; }
