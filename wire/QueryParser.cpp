@@ -30,6 +30,7 @@ private:
         }
         if (!expect('{') || !readName(query.operation))
             return false;
+        query.position = position() - query.operation.size();
         skipSeparators();
         if (peek('(') && !(expect('(') && readArguments(query.arguments, ')', 1)))
             return false;
@@ -52,7 +53,10 @@ private:
                 return true;
             }
             QueryArgument argument;
-            if (!readName(argument.name) || !expect(':') || !readValue(argument.value, depth))
+            if (!readName(argument.name))
+                return false;
+            argument.position = position() - argument.name.size();
+            if (!expect(':') || !readValue(argument.value, depth))
                 return false;
             arguments.push_back(std::move(argument));
         }
@@ -70,6 +74,7 @@ private:
             QueryField field;
             if (!readName(field.name))
                 return false;
+            field.position = position() - field.name.size();
             skipSeparators();
             if (peek('{') && !(expect('{') && readFields(field.fields, depth + 1)))
                 return false;
@@ -205,6 +210,8 @@ private:
         return true;
     }
 
+    int position() const { return static_cast<int>(m_at - m_begin); }
+
     bool peek(char wanted) const { return m_at < m_end && *m_at == QLatin1Char(wanted); }
 
     void skipBlanks() {
@@ -218,7 +225,7 @@ private:
     }
 
     bool fail(const QString& message, int back = 0) {
-        m_error = {static_cast<int>(m_at - m_begin) - back, message};
+        m_error = {position() - back, message};
         return false;
     }
 

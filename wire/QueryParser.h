@@ -36,12 +36,14 @@ struct QueryValue {
 struct QueryArgument {
     QString name;
     QueryValue value;
+    int position = 0;  ///< of the name, in UTF-16 units from the start of the text
 };
 
 /// A requested field with the fields inside it.
 struct QueryField {
     QString name;
     std::vector<QueryField> fields;
+    int position = 0;
 };
 
 struct ParsedQuery {
@@ -49,6 +51,7 @@ struct ParsedQuery {
     QString operation;
     std::vector<QueryArgument> arguments;
     std::vector<QueryField> fields;
+    int position = 0;  ///< of the operation's name
 
     /// The argument's value by name, or null when it wasn't given.
     const QueryValue* argument(const QString& name) const;
