@@ -12,6 +12,9 @@ public:
     /// The rectangle of the character at a position of the shown text, in the item's pixels.
     virtual QRectF rectangleAt(int position) const = 0;
 
+    /// Height of one line, in pixels.
+    virtual double lineHeight() const = 0;
+
     /// Number of characters shown.
     virtual int textLength() const = 0;
 
