@@ -1,0 +1,47 @@
+#pragma once
+
+#include "service/LinkTimings.h"
+#include "tests_support/WaitFor.h"
+
+#include <QJsonObject>
+#include <QObject>
+#include <QStringList>
+
+/// Bounds for tests that wait for a bound to run out.
+inline LinkTimings shortTimings() {
+    LinkTimings timings;
+    timings.ping = 50;
+    timings.pong = 40;
+    timings.disconnect = 300;
+    timings.request = 300;
+    timings.http = 300;
+    timings.reconnect = 50;
+    timings.start = 1500;
+    timings.portLine = 100;
+    timings.stop = 2000;
+    return timings;
+}
+
+/// Bounds for tests in which nothing is to run out, except that a link comes back quickly.
+inline LinkTimings calmTimings() {
+    LinkTimings timings;
+    timings.reconnect = 50;
+    return timings;
+}
+
+inline QJsonObject localProject(const QString& name) {
+    return {{QStringLiteral("name"), name}};
+}
+
+/// Writes down the names of signals in the order in which they arrive on this thread.
+class SignalLog : public QObject {
+public:
+    QStringList names;
+
+    template <typename Sender, typename Signal> void listen(Sender* sender, Signal signal, const QString& name) {
+        connect(sender, signal, this, [this, name] { names << name; });
+    }
+    bool waitFor(const QString& name) {
+        return ::waitFor([&] { return names.contains(name); });
+    }
+};

@@ -1,0 +1,76 @@
+#include "tests_support/RealService.h"
+
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace {
+
+constexpr int bound = 20000;  // ms
+
+}
+
+QString RealService::program() {
+    const QString path = qEnvironmentVariable("KERNOVA_SERVICE_PROGRAM");
+    return QFileInfo(path).isExecutable() ? path : QString();
+}
+
+RealService::RealService(const QByteArray& token) : m_token(token) {
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+}
+
+RealService::~RealService() {
+    if (m_process.state() != QProcess::NotRunning)
+        kill();
+}
+
+bool RealService::start() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QString variable = QStringLiteral("KERNOVA_SERVICE_TOKEN");
+    if (m_token.isEmpty())
+        environment.remove(variable);
+    else
+        environment.insert(variable, QString::fromLatin1(m_token));
+    m_process.setProcessEnvironment(environment);
+    m_process.start(program(), {QStringLiteral("-local")});
+    m_port = 0;
+    static const QRegularExpression line(QStringLiteral("Port:\\s(\\d+)\\s"));
+    const QDeadlineTimer deadline(bound);
+    QString output;
+    while (m_port == 0 && !deadline.hasExpired()) {
+        if (!m_process.waitForReadyRead(static_cast<int>(deadline.remainingTime())))
+            return false;
+        output += QString::fromUtf8(m_process.readAllStandardOutput());
+        m_port = line.match(output).captured(1).toUShort();
+    }
+    return m_port != 0;
+}
+
+QUrl RealService::socketUrl() const {
+    return QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(m_port));
+}
+
+QUrl RealService::httpUrl(const QString& pathAndQuery) const {
+    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(m_port).arg(pathAndQuery));
+}
+
+int RealService::endByInput() {
+    m_process.closeWriteChannel();
+    return waitForEnd();
+}
+
+int RealService::terminate() {
+    m_process.terminate();
+    return waitForEnd();
+}
+
+void RealService::kill() {
+    m_process.kill();
+    m_process.waitForFinished(bound);
+}
+
+int RealService::waitForEnd() {
+    if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(bound))
+        return -1;
+    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}

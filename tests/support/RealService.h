@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QUrl>
+
+/// The data service's executable, run for one test. Named by the environment variable KERNOVA_SERVICE_PROGRAM. It
+/// ends with this object at the latest.
+class RealService {
+public:
+    /// The executable that the environment names, or an empty text when there is none.
+    static QString program();
+
+    /// `token`: what the service asks of its clients; an empty one asks for nothing.
+    explicit RealService(const QByteArray& token = {});
+    ~RealService();
+
+    /// Starts it with "-local" and waits for its port line. False when it fails.
+    bool start();
+
+    quint16 port() const { return m_port; }
+    QUrl socketUrl() const;
+    QUrl httpUrl(const QString& pathAndQuery) const;
+    qint64 pid() const { return m_process.processId(); }
+
+    /// Closes its standard input, which ends it, and gives its exit code; -1 when it doesn't end or crashes.
+    int endByInput();
+    /// Sends SIGTERM; the result is that of `endByInput`.
+    int terminate();
+    /// Sends SIGKILL and waits for the end.
+    void kill();
+
+private:
+    int waitForEnd();
+
+    QByteArray m_token;
+    QProcess m_process;
+    quint16 m_port = 0;
+};

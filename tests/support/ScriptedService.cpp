@@ -1,0 +1,134 @@
+#include "tests_support/ScriptedService.h"
+
+#include "tests_support/ScriptedServer.h"
+#include "wire/Operations.h"
+
+#include <QFile>
+#include <QWebSocket>
+
+QString writeProgram(const QTemporaryDir& folder, const QString& name, const QString& body) {
+    QFile file(folder.filePath(name));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return {};
+    file.write("#!/bin/sh\n" + body.toUtf8() + '\n');
+    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return file.fileName();
+}
+
+QString ScriptedRequest::argument(const QString& name) const {
+    const wire::QueryValue* value = query.argument(name);
+    if (!value)
+        return {};
+    return value->kind == wire::QueryValue::Kind::Integer ? QString::number(value->integer) : value->text;
+}
+
+void ScriptedClient::reply(const ScriptedRequest& request, const QJsonObject& data) {
+    send({request.frame.messageId, 200, {{QStringLiteral("data"), data}}});
+}
+
+void ScriptedClient::send(const wire::ResponseFrame& frame) {
+    sendText(frame.toText());
+}
+
+void ScriptedClient::sendText(const QString& text) {
+    m_socket.sendTextMessage(text);
+}
+
+void ScriptedClient::close(int code) {
+    m_socket.close(static_cast<QWebSocketProtocol::CloseCode>(code));
+}
+
+void ScriptedClient::abort() {
+    m_socket.abort();
+}
+
+ScriptedService::ScriptedService() : m_server(new ScriptedServer), m_formerProgram(qgetenv("KERNOVA_SERVICE_PROGRAM")) {
+    m_server->moveToThread(&m_thread);
+    QObject::connect(&m_thread, &QThread::finished, m_server, &QObject::deleteLater);
+    m_thread.start();
+    m_port = m_server->run([this] { return m_server->listen(); });
+    m_program = writeProgram(m_folder, QStringLiteral("service"),
+                             QStringLiteral("echo 'Port: %1'\nexec cat > /dev/null").arg(m_port));
+    qputenv("KERNOVA_SERVICE_PROGRAM", QFile::encodeName(m_program));
+}
+
+ScriptedService::~ScriptedService() {
+    resume();
+    m_thread.quit();
+    m_thread.wait();
+    qputenv("KERNOVA_SERVICE_PROGRAM", m_formerProgram);
+}
+
+void ScriptedService::on(const QString& operation, Script script) {
+    m_server->run([&] { m_server->scripts.insert(operation, script); });
+}
+
+void ScriptedService::answer(const QString& operation, const QJsonValue& value) {
+    on(operation, [operation, value](ScriptedClient& client, const ScriptedRequest& request) {
+        client.reply(request, {{operation, value}});
+    });
+}
+
+void ScriptedService::ignore(const QString& operation) {
+    on(operation, [](ScriptedClient&, const ScriptedRequest&) {});
+}
+
+void ScriptedService::setAccess(const QString& level) {
+    on(wire::name::dbOpen, [level](ScriptedClient& client, const ScriptedRequest& request) {
+        client.reply(request, {{wire::name::dbOpen, ScriptedServer::openedProject(request, level)}});
+    });
+}
+
+void ScriptedService::setRefusing(bool refusing) {
+    m_server->run([&] { m_server->refusing = refusing; });
+}
+
+void ScriptedService::push(const QJsonObject& payload, int status) {
+    pushText(wire::ResponseFrame{0, status, payload}.toText());
+}
+
+void ScriptedService::pushText(const QString& text) {
+    m_server->run([&] { m_server->eachClient([&](ScriptedClient& client) { client.sendText(text); }); });
+}
+
+void ScriptedService::closeAll(int code) {
+    m_server->run([&] { m_server->eachClient([&](ScriptedClient& client) { client.close(code); }); });
+}
+
+void ScriptedService::abortAll() {
+    m_server->run([&] { m_server->eachClient([](ScriptedClient& client) { client.abort(); }); });
+}
+
+void ScriptedService::stall() {
+    m_stalled = true;
+    QMetaObject::invokeMethod(m_server, [this] { m_stall.acquire(); });
+}
+
+void ScriptedService::resume() {
+    if (m_stalled)
+        m_stall.release();
+    m_stalled = false;
+}
+
+QList<wire::RequestFrame> ScriptedService::requests() const {
+    return m_server->requests();
+}
+
+QStringList ScriptedService::requestTexts() const {
+    QStringList texts;
+    for (const wire::RequestFrame& frame : requests())
+        texts << frame.text;
+    return texts;
+}
+
+void ScriptedService::forgetRequests() {
+    m_server->forgetRequests();
+}
+
+int ScriptedService::clientCount() const {
+    return m_server->run([this] { return m_server->clientCount(); });
+}
+
+QByteArray ScriptedService::handshakeHeader(const QByteArray& name) const {
+    return m_server->run([&] { return m_server->handshake.rawHeader(name); });
+}
