@@ -57,7 +57,7 @@ WebSocketHandler::~WebSocketHandler() {
         return;
     m_pingTimer->stop();
     m_pongTimer->stop();
-    m_socket->close(QWebSocketProtocol::CloseCodeNormal);
+    closeSocket();
     m_process->disconnect();
     // The service commits what it has accepted before it ends, so it is given the time.
     serviceprocess::end(*m_process, m_timings);
@@ -125,8 +125,13 @@ void WebSocketHandler::disconnect() {
     m_pingTimer->stop();
     m_pongTimer->stop();
     m_openTimer->stop();
-    m_socket->close(QWebSocketProtocol::CloseCodeNormal);
+    closeSocket();
     m_process->terminate();
+}
+
+void WebSocketHandler::closeSocket() {
+    if (m_socket->state() != QAbstractSocket::UnconnectedState)
+        m_socket->close(QWebSocketProtocol::CloseCodeNormal);
 }
 
 void WebSocketHandler::open(const QString& url, bool local) {

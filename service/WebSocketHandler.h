@@ -99,6 +99,7 @@ private:
     void onDisconnectTimeout();
     void onOpenTimeout();
     void open(const QString& url, bool local);
+    void closeSocket();
     void dispatch(const QJsonObject& payload);
     void logProcessOutput();
 
