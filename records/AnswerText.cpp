@@ -13,20 +13,29 @@ bool looksLikeHtml(const QString& text) {
     return start.match(text).hasMatch() && !text.startsWith(wrapperStart);
 }
 
-// A text that stands in the wrapper already isn't wrapped again: the parser would absorb the second one, but
-// the stored text would grow with each saving.
-QString wrapped(const QString& text) {
-    return text.startsWith(wrapperStart) ? text : wrapperStart + text + wrapperEnd;
+bool isFramed(const QString& inner) {
+    return inner.size() >= 2 && inner.startsWith(QLatin1Char('\n')) && inner.endsWith(QLatin1Char('\n'));
 }
 
+// A text that stands in the wrapper already isn't wrapped again: the parser would absorb the second one, but
+// the stored text would grow with each saving. A text that begins and ends with a line feed gets a frame, so that
+// its own line feeds aren't taken for one.
+QString wrapped(const QString& text) {
+    if (text.startsWith(wrapperStart))
+        return text;
+    const QString frame = isFramed(text) ? QStringLiteral("\n") : QString();
+    return wrapperStart + frame + text + frame + wrapperEnd;
+}
+
+// A rich text fragment has its text between two line breaks, which belong to the frame and not to the text.
 HtmlDocument parse(const QString& stored) {
-    if (stored.startsWith(wrapperStart) && stored.endsWith(wrapperEnd)) {
-        const QString inner =
-            stored.mid(wrapperStart.size(), stored.size() - wrapperStart.size() - wrapperEnd.size());
-        if (HtmlDocument::isPlain(inner))
-            return HtmlDocument::fromPlainText(inner);
-    }
-    return HtmlDocument::parse(stored);
+    if (!stored.startsWith(wrapperStart) || !stored.endsWith(wrapperEnd))
+        return HtmlDocument::parse(stored);
+    QString inner = stored.mid(wrapperStart.size(), stored.size() - wrapperStart.size() - wrapperEnd.size());
+    if (isFramed(inner))
+        inner = inner.mid(1, inner.size() - 2);
+    return HtmlDocument::isPlain(inner) ? HtmlDocument::fromPlainText(inner)
+                                        : HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
 }
 
 void remove(QString& text, std::initializer_list<char16_t> characters) {

@@ -58,7 +58,11 @@ void AnswerTextTest::countsPositionsInPlainText_data() {
     QTest::addColumn<QString>("rich");
     QTest::newRow("word") << "word" << false << "word" << "word";
     QTest::newRow("paragraphs") << "<p>one</p><p>two</p>" << true << "one\ntwo\n" << "one\ntwo\n";
-    QTest::newRow("fragment") << wrapperStart + "\na <b>b</b>\n</body>" << false << "\na b\n" << "\na <b>b</b>\n";
+    QTest::newRow("fragment") << wrapperStart + "\na <b>b</b>\n</body>" << false << "a b" << "a <b>b</b>";
+    QTest::newRow("fragment with blank lines") << wrapperStart + "\n\na\n\n</body>" << false << "\na\n" << "\na\n";
+    QTest::newRow("line feeds of its own") << "\na\n" << false << "\na\n" << "\na\n";
+    QTest::newRow("a line feed alone") << "\n" << false << "\n" << "\n";
+    QTest::newRow("only line feeds") << "\n\n" << false << "\n\n" << "\n\n";
     QTest::newRow("span is no document") << "<span>x</span>" << false << "x" << "x";
     QTest::newRow("breaks") << "<div>a<br>b</div>" << true << "a\nb\n" << "a\nb\n";
     QTest::newRow("rule and list") << "<ol><li>a</li><li>b</li></ol><hr>" << true << "a\nb\n\n" << "a\nb\n\n";
