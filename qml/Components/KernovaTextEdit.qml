@@ -1,0 +1,29 @@
+import QtQuick 2.15
+import Kernova 1.4
+import "."
+
+// The text of an answer in the look of the source panel.
+KernovaTextEditBase {
+    id: root
+
+    property real preferredHeight: 0
+
+    lineHeight: CentralManager.lineHeight
+    wrapMode: TextEdit.Wrap
+    selectByMouse: true
+    persistentSelection: true
+    color: ApplicationStyle.source_text_color
+    selectionColor: "#80B3DB"
+    selectedTextColor: "black"
+    font {
+        family: ApplicationStyle.source_text_font_family
+        pointSize: CentralManager.sourceFontSize
+    }
+
+    onContentSizeChanged: _heightTimer.restart()
+
+    property Timer _heightTimer: Timer {
+        interval: 0
+        onTriggered: root.preferredHeight = root.contentHeight
+    }
+}

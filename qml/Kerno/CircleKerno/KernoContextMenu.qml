@@ -1,0 +1,47 @@
+import QtQuick 2.15
+import QtQuick.Controls 1.4
+import "../../Components"
+
+// What can be done with the kerno under the mouse.
+StyledMenu {
+    id: root
+
+    property Item bubble: null
+    property int kernoId: -1
+    property bool opened: false
+
+    // Pops up at the centre of the bubble.
+    function show(kerno) {
+        bubble = kerno
+        kernoId = kerno.kernoId
+        opened = true
+        kerno.showContextMenu = true
+        __visualItem = kerno
+        __popup(Qt.rect(kerno.width / 2, kerno.height / 2, 0, 0), -1)
+    }
+
+    onAboutToHide: {
+        opened = false
+        if (bubble)
+            bubble.showContextMenu = false
+        bubble = null
+    }
+
+    MenuItem {
+        text: qsTr("Edit")
+        enabled: CentralManager.canMutate
+        onTriggered: CentralManager.showPreferencesDialogForKerno = root.kernoId
+    }
+    MenuSeparator {}
+    MenuItem {
+        text: qsTr("Duplicate")
+        enabled: CentralManager.canMutate
+        onTriggered: undoManager.duplicateKerno(root.kernoId)
+    }
+    MenuSeparator {}
+    MenuItem {
+        text: qsTr("Delete")
+        enabled: CentralManager.canMutate
+        onTriggered: undoManager.deleteKerno(root.kernoId)
+    }
+}

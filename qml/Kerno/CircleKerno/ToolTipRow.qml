@@ -1,0 +1,24 @@
+import QtQuick 2.15
+import "../../Components"
+
+// A name and a figure on one line of a tooltip.
+Item {
+    property alias left: _left.text
+    property alias right: _right.text
+
+    height: _left.height
+
+    Text {
+        id: _left
+        anchors { left: parent.left; right: _right.left; rightMargin: Units.dp(8) }
+        elide: Text.ElideMiddle
+        color: "white"
+        font.pixelSize: Units.dp(13)
+    }
+    Text {
+        id: _right
+        anchors.right: parent.right
+        color: "white"
+        font.pixelSize: Units.dp(13)
+    }
+}

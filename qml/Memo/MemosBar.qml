@@ -1,0 +1,54 @@
+import QtQuick 2.15
+import QtQuick.Controls 1.4
+import "../Components"
+
+// The memos of a text, each beside the line at which its passage begins. A passage that is dropped here gets a memo.
+Item {
+    id: root
+
+    property alias model: _memos.model
+    property Item textItem: null
+    readonly property bool notesShown: CentralManager.showMemosPanel && !CentralManager.showQueryScreen
+
+    MouseArea {
+        anchors.fill: parent
+        onDoubleClicked: CentralManager.showMemosPanel = !CentralManager.showMemosPanel
+    }
+
+    CustomRepeater {
+        id: _memos
+
+        MemoItem {
+            y: model.y1
+            width: root.width
+            memoId: model.memoId
+            content: model.content || ""
+            start: model.start
+            length: model.length
+            notesShown: root.notesShown
+            siblings: _memos.allItems
+            onMenuRequested: {
+                _menu.memoId = memoId
+                _menu.popup()
+            }
+            onSelectRequested: {
+                if (root.textItem)
+                    root.textItem.select(start, start + length)
+            }
+        }
+    }
+
+    MemoDropArea { anchors.fill: parent }
+
+    StyledMenu {
+        id: _menu
+
+        property int memoId: -1
+
+        MenuItem {
+            text: qsTr("Remove Memo")
+            enabled: CentralManager.canMutate
+            onTriggered: undoManager.deleteMemo(_menu.memoId)
+        }
+    }
+}

@@ -1,0 +1,113 @@
+import QtQuick 2.15
+import QtQuick.Window 2.15
+import QtQuick.Controls 1.4
+import Kernova 1.4
+import "../../Components"
+import "../../controls/Window"
+import "../../Helper.js" as Helper
+
+// The top-level window: the screens, and the dialogs over them.
+KernovaWindow {
+    id: root
+
+    readonly property alias mainWindowStack: _stack
+    readonly property bool blocked: _stack.currentItem === _blocker
+
+    title: "Kernova %1%2".arg(appHelper.applicationVersion()).arg(
+               CentralManager.currentProject && CentralManager.currentProject.name
+               ? " - " + CentralManager.currentProject.name : "")
+    minimumWidth: 980
+    minimumHeight: 680
+    width: Math.max(minimumWidth, Math.min(1440, Screen.desktopAvailableWidth * 0.9))
+    height: Math.max(minimumHeight, Math.min(900, Screen.desktopAvailableHeight * 0.9))
+    color: ApplicationStyle.canvas_background_color
+
+    onWindowClosing: close.accepted = CentralManager.reportOutputFolder === ""
+
+    // A drag of the frame must not lay out the screens on every step, so what fills the window lets go of it
+    // while the window is being resized.
+    Item {
+        id: _frame
+        anchors.fill: parent
+
+        Component.onCompleted: Helper.krnFile = krnFile
+
+        Binding {
+            target: Units
+            property: "__pixelDensity"
+            value: Screen.pixelDensity
+        }
+
+        Rectangle {
+            anchors.fill: parent
+            color: ApplicationStyle.canvas_background_color
+
+            MouseArea {
+                anchors.fill: parent
+                onClicked: {
+                    forceActiveFocus()
+                    if (CentralManager.showSearchPanel)
+                        CentralManager.searchPanelMinimized = true
+                    CentralManager.unhandledMouseClick(mouse)
+                }
+            }
+        }
+
+        FocusScope {
+            id: _main
+            anchors.fill: root.isResizing ? undefined : parent
+            focus: true
+
+            ActionBar {
+                id: _actionBar
+                z: 1
+                width: _stack.currentItem === _mainScreen ? _mainScreen.leftColumnWidth : parent.width
+                enabled: !root.blocked
+
+                Behavior on width { NumberAnimation { duration: 50 } }
+            }
+
+            StackView {
+                id: _stack
+                anchors.fill: parent
+                delegate: ApplicationStyle.stack_view_delegate.createObject(_stack)
+                initialItem: _mainScreen
+            }
+        }
+
+        MainScreen {
+            id: _mainScreen
+            actionBarHeight: _actionBar.height
+        }
+
+        ConnectionBlocker {
+            id: _blocker
+            visible: false
+        }
+
+        MainDialogs {
+            anchors.fill: root.isResizing ? undefined : parent
+            enabled: !root.blocked
+            opacity: root.blocked ? 0 : 1
+        }
+
+        OverlayDialogs {
+            anchors.fill: root.isResizing ? undefined : parent
+        }
+    }
+
+    MessageDialogs {}
+
+    Connections {
+        target: CentralManager
+
+        function onConnectedChanged() {
+            var lost = !CentralManager.connected && !CentralManager.showLogin
+                    && CentralManager.region === appHelper.region
+            if (lost && !root.blocked)
+                _stack.push({ item: _blocker, destroyOnPop: false })
+            else if (!lost && _stack.depth > 1)
+                _stack.pop()
+        }
+    }
+}

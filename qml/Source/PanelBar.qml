@@ -1,0 +1,51 @@
+import QtQuick 2.15
+import "../Components"
+import "../Memo"
+import "../Utils.js" as Utils
+
+// What the right column shows: the memos toggle, a caption, and the tabs of the panels.
+Rectangle {
+    id: root
+
+    height: Units.dp(30)
+    color: ApplicationStyle.selected_tab
+
+    IconButton {
+        id: _memos
+        anchors { left: parent.left; leftMargin: Units.dp(6); verticalCenter: parent.verticalCenter }
+        objectName: "memosToggle"
+        icon: "memos"
+        pressedLook: CentralManager.showMemosPanel || _memoDrop.containsDrag
+        enabled: CentralManager.hasFileOpen
+        tooltip: qsTr("Toggle memos. Drop a passage here to write a memo on it.")
+        onClicked: CentralManager.showMemosPanel = !CentralManager.showMemosPanel
+
+        MemoDropArea {
+            id: _memoDrop
+            anchors { fill: parent; margins: -Units.dp(4) }
+        }
+    }
+
+    Text {
+        anchors { left: _memos.right; leftMargin: ApplicationStyle.default_margin; verticalCenter: parent.verticalCenter }
+        text: CentralManager.topRightText
+        color: ApplicationStyle.default_text_color
+        font.pixelSize: ApplicationStyle.label_font_size
+    }
+
+    Row {
+        anchors { right: parent.right; rightMargin: Units.dp(6); top: parent.top; bottom: parent.bottom }
+        anchors.topMargin: Units.dp(3)
+        spacing: Units.dp(2)
+
+        TabShape {
+            width: Units.dp(44)
+            height: parent.height
+            selected: true
+            selectedColor: ApplicationStyle.selected_tab_alternative
+            notSelectedColor: ApplicationStyle.not_selected_tab_alternative
+            icon: Utils.iconSourceForTheme("panel-source", ApplicationStyle.dark)
+            tooltip: qsTr("Source View")
+        }
+    }
+}

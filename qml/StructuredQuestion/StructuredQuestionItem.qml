@@ -1,0 +1,160 @@
+import QtQuick 2.15
+import "../Components"
+import "../Memo"
+import "../controls"
+
+// One answer: its question, its memos, its stripes and its text.
+Item {
+    id: root
+
+    property int questionId: -1
+    property int sourceId: -1
+    property string question
+    property string answer
+    property int offset: 0
+    property bool isRichText: true
+    property bool showQuestion: !CentralManager.singleQuestionMode
+    property bool inQuery: false
+    property bool editable: false
+    property bool resizing: false
+    property string filter
+    property Item dragItem: null
+    readonly property bool hasSelectedText: _text.selectedText !== ""
+    readonly property alias selectedText: _text.selectedText
+    readonly property alias length: _text.length
+    readonly property alias mainTextArea: _text
+    readonly property real memosWidth: inQuery ? 0 : Units.dp(25) + (_memos.notesShown
+                                                                     ? CentralManager.memoColumnSize : 0)
+    readonly property real questionHeight: showQuestion ? _question.height + ApplicationStyle.default_margin : 0
+    readonly property bool __empty: length === 0 && answer === "" || _text.loaded && length === 0
+    readonly property real heightHint: questionHeight + (_placeholder.visible ? _placeholder.height : 0)
+                                       + (__empty && CentralManager.singleQuestionMode
+                                          ? 0.9 * windowHeight : _text.preferredHeight + Units.dp(250))
+    property real windowHeight: 0
+
+    signal showPopUp(int sourceId, int questionId, int cursor)
+    signal cursorRectChanged(real x, real y, real cursorHeight, real questionHeight)
+
+    implicitHeight: heightHint
+    height: heightHint
+
+    onQuestionIdChanged: _setTimer.restart()
+    onSourceIdChanged: _setTimer.restart()
+    onAnswerChanged: _setTimer.restart()
+    onOffsetChanged: _setTimer.restart()
+    onHasSelectedTextChanged: {
+        if (hasSelectedText && CentralManager.currentMemoId === -1)
+            CentralManager.hasUserSelectedText = true
+        else if (!hasSelectedText)
+            CentralManager.hasUserSelectedText = false
+    }
+
+    function copy() {
+        if (hasSelectedText) {
+            appHelper.setClipboardText("%1\n\n-- %2 --\n\n".arg(selectedText.replace(/\u2029|\u2028/g, "\n"))
+                                                          .arg(krnFile.sourceTitle(sourceId)))
+        }
+    }
+
+    function deselect() {
+        _text.deselect()
+    }
+
+    // A burst of changes makes one call.
+    Timer {
+        id: _setTimer
+        interval: 10
+        onTriggered: {
+            _text.setAnswer(root.questionId, root.sourceId, root.answer, root.offset)
+            _text.loaded = true
+        }
+    }
+
+    Row {
+        id: _question
+        anchors { left: parent.left; right: parent.right; leftMargin: _text.x }
+        visible: root.showQuestion
+        spacing: Units.dp(6)
+
+        Text {
+            id: _q
+            text: qsTr("Q:")
+            color: ApplicationStyle.source_text_color
+            font { family: ApplicationStyle.source_text_font_family; bold: true
+                   pointSize: CentralManager.sourceFontSize }
+        }
+        TextEdit {
+            width: parent.width - _q.width - parent.spacing
+            text: root.question
+            textFormat: TextEdit.PlainText
+            readOnly: true
+            selectByMouse: true
+            wrapMode: TextEdit.Wrap
+            color: ApplicationStyle.source_text_color
+            selectionColor: "#80B3DB"
+            selectedTextColor: "black"
+            font { family: ApplicationStyle.source_text_font_family; bold: true
+                   pointSize: CentralManager.sourceFontSize }
+        }
+    }
+
+    MemosBar {
+        id: _memos
+        y: root.questionHeight
+        width: root.memosWidth
+        height: _text.height
+        visible: !root.inQuery
+        model: _text.memosModel
+        textItem: _text
+    }
+
+    HighlightsBar {
+        id: _stripes
+        x: root.memosWidth
+        y: root.questionHeight
+        width: CentralManager.highlightsColumnWidth
+        height: _text.height
+        z: 1
+        model: _text.highlightsModel
+        columns: _text.highlightsModel ? _text.highlightsModel.columns : 1
+    }
+
+    KernovaTextEdit {
+        id: _text
+
+        property bool loaded: false
+
+        anchors { top: parent.top; topMargin: root.questionHeight; left: _stripes.right
+                  leftMargin: ApplicationStyle.default_margin }
+        anchors { right: root.resizing ? undefined : parent.right; rightMargin: ApplicationStyle.default_margin }
+        height: Math.max(root.height - root.questionHeight, preferredHeight)
+        objectName: "answerText"
+        readOnly: !root.editable
+        textFormat: root.isRichText ? TextEdit.RichText : TextEdit.PlainText
+        currentHighlight: _stripes.hoveredHighlight
+        onCursorRectangleChanged: root.cursorRectChanged(cursorRectangle.x, cursorRectangle.y,
+                                                         cursorRectangle.height, root.questionHeight)
+        Keys.onReleased: _dragArea.codeByKey(event)
+        Keys.onPressed: {
+            if (event.matches(StandardKey.Copy)) {
+                root.copy()
+                event.accepted = true
+            }
+        }
+    }
+
+    TextDragArea {
+        id: _dragArea
+        anchors.fill: _text
+        textItem: _text
+        item: root
+        onClickedForMenu: root.showPopUp(root.sourceId, root.questionId, root.offset + position)
+    }
+
+    AnswerPlaceholder {
+        id: _placeholder
+        anchors { left: _text.left; right: parent.right; top: _text.top }
+        empty: root.__empty
+        onClicked: root.showPopUp(root.sourceId, root.questionId, 0)
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick 2.15
+import "../Components"
+
+// Lies over a text: a press inside the selection takes the passage up, any other goes on to the text.
+MouseArea {
+    id: root
+
+    property Item textItem: null
+    // The answer item: its ids, its offset, and the shared drag symbol.
+    property Item item: null
+    property int quickClick: 800
+
+    property bool __carrying: false
+    property bool __unfoldSearch: false
+    property double __pressedAt: 0
+
+    signal clickedForMenu(int position)
+
+    acceptedButtons: Qt.LeftButton | Qt.RightButton
+    cursorShape: __carrying ? Qt.DragMoveCursor : Qt.IBeamCursor
+    preventStealing: __carrying
+    drag.target: __carrying && item ? item.dragItem : null
+    drag.smoothed: false
+    drag.threshold: 0
+
+    function isBlank(text) {
+        return text.trim() === ""
+    }
+
+    // Whether a press at the character position takes up the selection.
+    function startsDrag(position) {
+        return position > textItem.selectionStart && position <= textItem.selectionEnd
+                && !isBlank(textItem.selectedText)
+    }
+
+    // Writes the selected passage, in positions of the whole answer, into the item or record.
+    function fillPassage(target) {
+        target.start = textItem.selectionStart + item.offset
+        target.length = textItem.selectionEnd - textItem.selectionStart
+        target.sourceId = item.sourceId
+        target.questionId = item.questionId
+        return target
+    }
+
+    function codeByKey(event) {
+        if (event.text === "" || event.modifiers !== Qt.NoModifier || isBlank(event.text)
+                || isBlank(textItem.selectedText))
+            return
+        undoManager.tryAddHighlightByShortcut(fillPassage(instantiator.highlight()), event.text)
+    }
+
+    function __pickUp(mouse) {
+        var symbol = item.dragItem
+        fillPassage(symbol)
+        symbol.pickUp(mapToItem(symbol.parent, mouse.x, mouse.y))
+        __carrying = true
+        __pressedAt = Date.now()
+        if (CentralManager.showSearchPanel && !CentralManager.searchPanelMinimized) {
+            CentralManager.searchPanelMinimized = true
+            __unfoldSearch = true
+        }
+    }
+
+    function __putDown(dropped) {
+        if (!__carrying)
+            return
+        if (dropped && Date.now() - __pressedAt < quickClick)
+            textItem.deselect()
+        if (__unfoldSearch)
+            CentralManager.searchPanelMinimized = false
+        __unfoldSearch = false
+        __carrying = false
+        if (dropped)
+            item.dragItem.drop()
+        else
+            item.dragItem.cancel()
+    }
+
+    onPressed: {
+        if (mouse.button === Qt.RightButton)
+            return
+        if (item.dragItem && startsDrag(textItem.positionAt(mouse.x, mouse.y)))
+            __pickUp(mouse)
+        else
+            mouse.accepted = false
+    }
+    onReleased: __putDown(true)
+    onCanceled: __putDown(false)
+    onClicked: {
+        if (mouse.button === Qt.RightButton)
+            clickedForMenu(textItem.positionAt(mouse.x, mouse.y))
+    }
+}

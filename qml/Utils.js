@@ -1,0 +1,97 @@
+.pragma library
+
+// Small stateless helpers over arrays, names and addresses of files.
+
+function isArray(thing) {
+    return Object.prototype.toString.call(thing) === "[object Array]"
+}
+
+function map(array, iterator) {
+    return isArray(array) ? array.map(iterator) : []
+}
+
+function filter(array, predicate) {
+    return isArray(array) ? array.filter(predicate) : []
+}
+
+// The first element that passes, or undefined.
+function findInArray(array, predicate) {
+    if (!isArray(array))
+        return undefined
+    for (var i = 0; i < array.length; ++i) {
+        if (predicate(array[i], i, array))
+            return array[i]
+    }
+    return undefined
+}
+
+// A sorted copy. `iterator` is a function that gives the key, or the name of a property. Equal keys keep their
+// order, and elements without a key come last.
+function sortBy(something, iterator) {
+    var key = typeof iterator === "function" ? iterator : function(element) { return element[iterator] }
+    return map(something, function(element, index) {
+        return { element: element, key: key(element), index: index }
+    }).sort(function(left, right) {
+        if (left.key === right.key)
+            return left.index - right.index
+        if (left.key === undefined || right.key === undefined)
+            return left.key === undefined ? 1 : -1
+        return left.key > right.key ? 1 : -1
+    }).map(function(entry) { return entry.element })
+}
+
+// Moves one element within the array itself and gives the array. Negative indices count from the end; a target
+// past the end pads with undefined.
+function moveInArray(array, old_index, new_index) {
+    while (old_index < 0)
+        old_index += array.length
+    while (new_index < 0)
+        new_index += array.length
+    while (array.length <= new_index)
+        array.push(undefined)
+    array.splice(new_index, 0, array.splice(old_index, 1)[0])
+    return array
+}
+
+function stringIfEmpty(str, orThisIfStrEmpty) {
+    return str ? str : orThisIfStrEmpty
+}
+
+function iconSource(iconName, pressed) {
+    return "qrc:///qml/images/%1%2.png".arg(iconName).arg(pressed ? "_pressed" : "")
+}
+
+function iconSourceForTheme(iconName, isDark) {
+    return "qrc:///qml/images/%1%2.png".arg(iconName).arg(isDark ? "_dark" : "")
+}
+
+function __isWindows() {
+    return Qt.platform.os === "windows" || Qt.platform.os === "winrt"
+}
+
+// The local path of a file's address.
+function filePathFromUrl(fileUrl) {
+    var text = decodeURIComponent(fileUrl.toString())
+    if (__isWindows() && text.indexOf("file:///") === 0)
+        return text.substring("file:///".length)
+    return text.indexOf("file://") === 0 ? text.substring("file://".length) : text
+}
+
+function resolveUrlFromPath(path) {
+    if (path.indexOf("file:") === 0)
+        return path
+    var escaped = encodeURI(path).replace(/#/g, "%23").replace(/\?/g, "%3F")
+    return (__isWindows() ? "file:///" : "file://") + escaped
+}
+
+// The last part of a path; without its extension where `extension` is false.
+function getFileName(path, extension) {
+    var name = path.substring(path.lastIndexOf("/") + 1)
+    var point = name.lastIndexOf(".")
+    return extension === false && point >= 0 ? name.substring(0, point) : name
+}
+
+// The size at the given width, with the proportions of the original.
+function getSizeForWidth(width, originalWidth, originalHeight) {
+    return Qt.size(width, originalWidth > 0 ? width * originalHeight / originalWidth : 0)
+}

@@ -1,0 +1,88 @@
+import QtQuick 2.15
+import QtQuick.Controls 1.4
+import "../Components"
+
+// The stripes of the coded passages beside a text.
+Item {
+    id: root
+
+    property alias model: _stripes.model
+    property int columns: 1
+    property bool interactive: true
+    readonly property real columnWidth: width / Math.max(1, columns)
+    readonly property int hoveredHighlight: _mouse.stripe ? _mouse.stripe.highlightId : -1
+    readonly property alias count: _stripes.count
+
+    onHoveredHighlightChanged: CentralManager.notifyHighlightHovered(hoveredHighlight)
+
+    Repeater {
+        id: _stripes
+
+        Rectangle {
+            readonly property int highlightId: model.highlightId
+            readonly property string title: model.title || ""
+
+            x: model.column * root.columnWidth
+            y: model.y1
+            z: 2
+            width: root.columnWidth
+            height: model.y2 - model.y1
+            color: model.color !== undefined ? model.color : "white"
+            border { width: 1; color: Qt.darker(color, 1.3) }
+        }
+    }
+
+    MouseArea {
+        id: _mouse
+
+        property Item stripe: null
+        property bool held: false
+
+        function stripeAt(x, y) {
+            var item = root.childAt(x, y)
+            return item && item.highlightId !== undefined ? item : null
+        }
+
+        function showMenu(mouse) {
+            var item = stripeAt(mouse.x, mouse.y)
+            if (!item)
+                return
+            _menu.highlightId = item.highlightId
+            _menu.popup()
+        }
+
+        anchors.fill: parent
+        // Under the stripes, so that childAt finds them first.
+        z: 1
+        hoverEnabled: root.count > 0
+        enabled: root.interactive
+        acceptedButtons: Qt.LeftButton | Qt.RightButton
+        onPositionChanged: stripe = stripeAt(mouse.x, mouse.y)
+        onExited: stripe = null
+        onPressed: held = false
+        onPressAndHold: held = true
+        onClicked: {
+            if (mouse.button === Qt.RightButton || held)
+                showMenu(mouse)
+        }
+    }
+
+    HighlightToolTip {
+        highlightId: root.hoveredHighlight
+        title: _mouse.stripe ? _mouse.stripe.title : ""
+        x: _mouse.mouseX + Units.dp(40)
+        y: _mouse.mouseY - height + Units.dp(20)
+    }
+
+    StyledMenu {
+        id: _menu
+
+        property int highlightId: -1
+
+        MenuItem {
+            text: qsTr("Remove Highlight")
+            enabled: CentralManager.canMutate
+            onTriggered: undoManager.deleteHighlight(_menu.highlightId)
+        }
+    }
+}

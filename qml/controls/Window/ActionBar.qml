@@ -1,0 +1,137 @@
+import QtQuick 2.15
+import QtQuick.Controls 1.4
+import QtQuick.Layouts 1.15
+import "../../Components"
+
+// The buttons and menus along the top of the window.
+Rectangle {
+    id: root
+
+    // Undo stops here in the views that allow no going back past their opening; -1 for no limit.
+    property int bottomLimitIndex: -1
+    property bool undidSomething: false
+    readonly property bool __limited: bottomLimitIndex > -1
+    readonly property bool __canUndo: undoManager.canUndo && (!__limited || undoManager.index > bottomLimitIndex)
+    readonly property bool __canRedo: undoManager.canRedo && (!__limited || undidSomething)
+    readonly property bool __undoBlocked: CentralManager.overlayCount > 0
+
+    signal actionItemClicked(string action)
+
+    height: Units.dp(72)
+    color: ApplicationStyle.bar_background_color
+
+    function undo() {
+        if (__undoBlocked || !__canUndo)
+            return
+        undidSomething = true
+        undoManager.undo()
+    }
+
+    function redo() {
+        if (!__undoBlocked && __canRedo)
+            undoManager.redo()
+    }
+
+    Connections {
+        target: CentralManager
+        function onSetNewUndoStackLock() {
+            root.bottomLimitIndex = undoManager.index
+            root.undidSomething = false
+        }
+        function onRemoveUndoStackLock() { root.bottomLimitIndex = -1 }
+    }
+
+    Action {
+        shortcut: "Ctrl+Z"
+        onTriggered: root.undo()
+    }
+    Action {
+        shortcut: "Ctrl+Y"
+        onTriggered: root.redo()
+    }
+
+    RowLayout {
+        anchors { fill: parent; leftMargin: Units.dp(6); rightMargin: Units.dp(6) }
+        spacing: Units.dp(6)
+
+        KernovaToolButton {
+            icon: "action_home"
+            text: qsTr("Home")
+            onClicked: {
+                root.actionItemClicked("action_home")
+                CentralManager.switchToDefaultView()
+            }
+        }
+        KernovaToolButton {
+            icon: "action_project"
+            text: qsTr("Project")
+            tooltip: qsTr("Manage project.")
+            onClicked: _projectMenu.popup()
+        }
+        KernovaToolButton {
+            icon: "action_undo"
+            text: qsTr("Undo")
+            tooltip: undoManager.undoText
+            enabled: root.__canUndo
+            onClicked: root.undo()
+        }
+        KernovaToolButton {
+            icon: "action_redo"
+            text: qsTr("Redo")
+            tooltip: undoManager.redoText
+            enabled: root.__canRedo
+            onClicked: root.redo()
+        }
+        KernovaToolButton {
+            icon: "action_view"
+            text: qsTr("View")
+            tooltip: qsTr("Customise current view.")
+            visible: !CentralManager.showQueryScreen || CentralManager.twoPaneQuery
+            onClicked: _viewMenu.popup()
+        }
+        Item { Layout.fillWidth: true }
+        KernovaToolButton {
+            icon: "action_help"
+            text: qsTr("Help")
+            tooltip: qsTr("Show help menu.")
+            onClicked: _helpMenu.popup()
+        }
+        KernovaToolButton {
+            icon: "action_settings"
+            text: qsTr("Settings")
+            enabled: CentralManager.hasFileOpen
+            onClicked: _preferencesMenu.popup()
+        }
+    }
+
+    StyledMenu {
+        id: _projectMenu
+        MenuItem {
+            text: qsTr("Open New or Existing")
+            onTriggered: CentralManager.raiseOpenDialog(true)
+        }
+        MenuItem {
+            text: qsTr("Manage Projects")
+            visible: CentralManager.cloud
+            onTriggered: appHelper.manageProjects()
+        }
+    }
+
+    ViewMenu { id: _viewMenu }
+
+    StyledMenu {
+        id: _helpMenu
+        MenuItem {
+            text: qsTr("About")
+            onTriggered: CentralManager.showAboutDialog = true
+        }
+    }
+
+    StyledMenu {
+        id: _preferencesMenu
+        MenuItem {
+            text: qsTr("General Project Preferences")
+            onTriggered: CentralManager.showGeneralPreferencesDialog = true
+        }
+    }
+}

@@ -1,0 +1,92 @@
+import QtQuick 2.15
+import QtQuick.Layouts 1.15
+import "../../Components"
+
+// The strip along the bottom of the canvas.
+Rectangle {
+    id: root
+
+    property string permanentMessage
+    property string textRight
+    property alias zoom: _zoom.value
+
+    height: Units.dp(34)
+    color: ApplicationStyle.bar_background_color
+
+    function showMessage(message, timeout) {
+        permanentMessage = message
+        _messageTimer.stop()
+        if (timeout > 0) {
+            _messageTimer.interval = timeout
+            _messageTimer.start()
+        }
+    }
+
+    function dismissMessage(message) {
+        if (permanentMessage === message)
+            permanentMessage = ""
+    }
+
+    Connections {
+        target: krnFile
+        function onIsOpenedChanged() { _filter.text = "" }
+    }
+
+    Timer {
+        id: _messageTimer
+        onTriggered: root.permanentMessage = ""
+    }
+
+    RowLayout {
+        anchors { fill: parent; leftMargin: ApplicationStyle.default_margin; rightMargin: ApplicationStyle.default_margin }
+        spacing: Units.dp(8)
+
+        StyledTextField {
+            id: _filter
+            objectName: "kernoNameFilter"
+            visible: !CentralManager.showQueryScreen && !CentralManager.showingOverlapOrHierarchy
+            Layout.preferredWidth: Units.dp(160)
+            implicitHeight: Units.dp(24)
+            font.pixelSize: height - Units.dp(8)
+            placeholderText: qsTr("Filter kernos...")
+            onTextChanged: krnFile.filterKernosByName(text)
+        }
+        IconButton {
+            visible: _filter.visible
+            icon: "search"
+            iconSize: Units.dp(18)
+            tooltip: qsTr("Search Kernos by Name")
+            onClicked: krnFile.filterKernosByName(_filter.text)
+        }
+
+        Text {
+            Layout.fillWidth: true
+            text: root.permanentMessage
+            elide: Text.ElideRight
+            color: ApplicationStyle.default_text_color
+            font.pixelSize: ApplicationStyle.label_font_size
+        }
+
+        Text {
+            visible: _zoom.visible
+            text: qsTr("Zoom:")
+            color: ApplicationStyle.default_text_color
+            font.pixelSize: ApplicationStyle.label_font_size
+        }
+        StyledSlider {
+            id: _zoom
+            objectName: "zoom"
+            visible: !CentralManager.showAsTreeView && !CentralManager.showingOverlapOrHierarchy
+            Layout.preferredWidth: Units.dp(80)
+            minimumValue: 1.0
+            maximumValue: 2.5
+            value: 1.0
+        }
+        Text {
+            visible: text !== ""
+            text: root.textRight
+            color: ApplicationStyle.default_text_color
+            font.pixelSize: ApplicationStyle.label_font_size
+        }
+    }
+}

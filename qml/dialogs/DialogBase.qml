@@ -1,0 +1,84 @@
+import QtQuick 2.15
+import "../Components"
+
+// The veil that a dialog's content stands on. `implementation` is the content; it closes itself through its
+// property `dialogBase`.
+Item {
+    id: root
+
+    property Component implementation
+    readonly property alias content: _content.item
+    property bool completed: false
+    property bool __counted: false
+
+    signal closed()
+
+    anchors.fill: parent
+    z: 100
+    opacity: 0
+    visible: opacity !== 0
+
+    Behavior on opacity { NumberAnimation {} }
+
+    function show() {
+        opacity = 1
+        __count(true)
+    }
+
+    function hide() {
+        opacity = 0
+        __count(false)
+    }
+
+    function close() {
+        hide()
+        gc()
+    }
+
+    function __count(counted) {
+        if (counted !== __counted) {
+            __counted = counted
+            CentralManager.overlayCount += counted ? 1 : -1
+        }
+    }
+
+    onVisibleChanged: {
+        if (!visible && completed)
+            closed()
+    }
+
+    Component.onCompleted: {
+        show()
+        completed = true
+    }
+    Component.onDestruction: __count(false)
+
+    Rectangle {
+        anchors.fill: parent
+        color: "black"
+        opacity: 0.6
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
+        onWheel: wheel.accepted = true
+    }
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
+
+        Loader {
+            id: _content
+            anchors.centerIn: parent
+            focus: true
+            sourceComponent: root.implementation
+            onLoaded: {
+                item.dialogBase = root
+                forceActiveFocus()
+            }
+        }
+    }
+}

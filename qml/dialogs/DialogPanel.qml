@@ -1,0 +1,46 @@
+import QtQuick 2.15
+import QtQuick.Layouts 1.15
+import "../Components"
+
+// The frame of a dialog: a heading over the content, on the dialog's background.
+FocusScope {
+    id: root
+
+    property DialogBase dialogBase
+    property string heading
+    property alias spacing: _layout.spacing
+    property alias headerItems: _header.data
+    default property alias content: _layout.data
+
+    implicitWidth: Units.dp(560)
+    implicitHeight: _layout.implicitHeight + _heading.height + 3 * ApplicationStyle.default_dialog_margin
+    width: implicitWidth
+    height: implicitHeight
+
+    DialogInnerBackground {
+        anchors.fill: parent
+        border { width: 1; color: Qt.lighter(ApplicationStyle.dialog_background_color, ApplicationStyle.dark ? 1.5 : 0.85) }
+    }
+
+    DialogLabel {
+        id: _heading
+        anchors { top: parent.top; left: parent.left; right: _header.left }
+        anchors.margins: ApplicationStyle.default_dialog_margin
+        text: root.heading
+        font.pixelSize: ApplicationStyle.dialog_header_font_size
+    }
+
+    Row {
+        id: _header
+        anchors { right: parent.right; rightMargin: ApplicationStyle.default_dialog_margin }
+        anchors.verticalCenter: _heading.verticalCenter
+        spacing: ApplicationStyle.default_margin
+    }
+
+    ColumnLayout {
+        id: _layout
+        anchors { top: _heading.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
+        anchors.margins: ApplicationStyle.default_dialog_margin
+        spacing: ApplicationStyle.default_margin
+    }
+}

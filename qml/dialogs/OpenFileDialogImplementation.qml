@@ -1,0 +1,243 @@
+import QtQuick 2.15
+import QtQuick.Dialogs 1.3
+import QtQuick.Layouts 1.15
+import "../Components"
+import "../Utils.js" as Utils
+import "OpenFile"
+
+// Opens a project file of this computer, or makes one.
+DialogPanel {
+    id: root
+
+    readonly property int modeOpen: 0
+    readonly property int modeNew: 1
+
+    property int mode: modeOpen
+    property bool isOpening: false
+    property string message
+    property alias recentFiles: _recent.recentFiles
+    readonly property alias recentFilesModel: _recent.recentFilesModel
+    readonly property alias __maxRecentFiles: _recent.__maxRecentFiles
+
+    // What is being opened.
+    property QtObject properties: QtObject {
+        property var project: null
+        property bool passwordNeeded: false
+        property bool showFileDialog: false
+    }
+
+    heading: mode === modeNew ? qsTr("New Project") : qsTr("Welcome to Kernova")
+    implicitWidth: Units.dp(720)
+    enabled: !isOpening
+
+    Component.onCompleted: _author.text = _recent.lastAuthor
+
+    function validate() {
+        _author.text = _author.text.trim()
+        message = _author.text === "" ? qsTr("Author's name is required!")
+                : mode === modeNew && !_newFields.passwordsMatch ? qsTr("Please repeat password exactly!") : ""
+        return message === ""
+    }
+
+    function chooseFile() {
+        if (validate())
+            properties.showFileDialog = true
+    }
+
+    // Opens the file, or makes it in new mode.
+    function open(path) {
+        if (path === "" || !validate())
+            return
+        properties.project = { name: path, project_uuid: "" }
+        if (mode === modeOpen && !projectMerger.tryProjectPassword(properties.project, "")) {
+            message = qsTr("%1 is password protected.").arg(Utils.getFileName(path))
+            properties.passwordNeeded = true
+            return
+        }
+        __startOpening(mode === modeNew ? _newFields.password : "")
+    }
+
+    function tryPassword(password) {
+        if (projectMerger.tryProjectPassword(properties.project, password))
+            __startOpening(password)
+        else
+            _passwordPanel.retry(qsTr("Incorrect password"))
+    }
+
+    function __startOpening(password) {
+        message = qsTr("Loading...")
+        isOpening = true
+        _openTimer.password = password
+        _openTimer.start()
+    }
+
+    function __openNow(password) {
+        var project = properties.project
+        _recent.lastAuthor = _author.text
+        CentralManager.currentAuthor = _author.text
+        var opened = CentralManager.openProject(project, password, mode === modeNew, !_newFields.structured, false)
+        isOpening = false
+        if (!opened) {
+            message = krnFile.getLastOpenError()
+            return
+        }
+        message = ""
+        appHelper.clearUserInvokedFile()
+        _recent.update(project.name, __makeBackupIfNeeded(project.name))
+        CentralManager.currentProject = project
+        dialogBase.close()
+    }
+
+    // The date of the project's last backup, after making one where that is due.
+    function __makeBackupIfNeeded(path) {
+        var date = _recent.makeBackupIfNeeded(path)
+        if (date !== undefined)
+            return date
+        CentralManager.showAlert(qsTr("Failed to create backup"),
+            qsTr("The project could not be backed up. Please make regular backups of your project file."))
+        var known = _recent.entry(path)
+        return known && known.backup ? known.backup : ""
+    }
+
+    // Opening blocks, so "Loading..." gets a moment to appear.
+    Timer {
+        id: _openTimer
+        property string password
+        interval: 50
+        onTriggered: root.__openNow(password)
+    }
+
+    RecentFiles { id: _recent }
+
+    headerItems: IconButton {
+        icon: "sign-out"
+        tooltip: qsTr("Sign Out")
+        onClicked: {
+            krnFile.closeAndReset()
+            CentralManager.showOpenFileDialog = false
+            CentralManager.showLogin = true
+        }
+    }
+
+    PasswordPanel {
+        id: _passwordPanel
+        Layout.fillWidth: true
+        visible: root.properties.passwordNeeded
+        path: root.properties.project ? root.properties.project.name : ""
+        onAccepted: root.tryPassword(password)
+        onCancelled: {
+            root.properties.passwordNeeded = false
+            root.message = ""
+        }
+    }
+
+    ColumnLayout {
+        Layout.fillWidth: true
+        visible: !root.properties.passwordNeeded
+        spacing: ApplicationStyle.default_margin
+
+        DialogLabel {
+            visible: root.mode === root.modeOpen
+            text: qsTr("Recent Projects:")
+        }
+        RecentFilesList {
+            id: _recentList
+            Layout.fillWidth: true
+            Layout.preferredHeight: Units.dp(236)
+            visible: root.mode === root.modeOpen
+            model: _recent.recentFilesModel
+            onActivated: root.open(path)
+            onRemoveRequested: _recent.remove(path)
+        }
+        StyledButton {
+            Layout.alignment: Qt.AlignRight
+            visible: root.mode === root.modeOpen
+            primary: true
+            enabled: _recentList.selectedPath !== ""
+            text: qsTr("Open Selected")
+            onClicked: root.open(_recentList.selectedPath)
+        }
+
+        RowLayout {
+            spacing: ApplicationStyle.default_dialog_margin
+
+            DialogLabel {
+                Layout.preferredWidth: Units.dp(150)
+                text: qsTr("Author:")
+            }
+            DialogTextField {
+                id: _author
+                objectName: "author"
+                Layout.fillWidth: true
+                focus: true
+            }
+        }
+
+        NewProjectFields {
+            id: _newFields
+            Layout.fillWidth: true
+            visible: root.mode === root.modeNew
+        }
+    }
+
+    DialogLabel {
+        Layout.fillWidth: true
+        visible: root.message !== ""
+        text: root.message
+        wrapMode: Text.Wrap
+        color: root.isOpening ? ApplicationStyle.dialog_text_color : ApplicationStyle.dark ? "#ff8a80" : "#b00020"
+    }
+
+    RowLayout {
+        Layout.topMargin: ApplicationStyle.default_margin
+        visible: !root.properties.passwordNeeded
+        spacing: ApplicationStyle.default_margin
+
+        StyledButton {
+            visible: CentralManager.hasFileOpen
+            text: qsTr("Cancel")
+            onClicked: root.dialogBase.close()
+        }
+        StyledButton {
+            text: qsTr("Help")
+            onClicked: appHelper.goToWebsite()
+        }
+        Item { Layout.fillWidth: true }
+        StyledButton {
+            text: root.mode === root.modeOpen ? qsTr("Open Other...") : qsTr("Open Existing")
+            onClicked: {
+                root.message = ""
+                if (root.mode === root.modeOpen)
+                    root.chooseFile()
+                else
+                    root.mode = root.modeOpen
+            }
+        }
+        StyledButton {
+            primary: root.mode === root.modeNew
+            text: qsTr("New Project")
+            onClicked: {
+                root.message = ""
+                if (root.mode === root.modeNew)
+                    root.chooseFile()
+                else
+                    root.mode = root.modeNew
+            }
+        }
+    }
+
+    FileDialog {
+        id: _fileDialog
+        visible: root.properties.showFileDialog
+        title: root.mode === root.modeNew ? qsTr("Create New Project") : qsTr("Open Existing Project")
+        folder: shortcuts.documents
+        selectExisting: root.mode === root.modeOpen
+        nameFilters: [qsTr("Kerno Files (*.krn *.KRN)")]
+        defaultSuffix: "krn"
+        onAccepted: {
+            root.properties.showFileDialog = false
+            root.open(Utils.filePathFromUrl(fileUrl))
+        }
+        onRejected: root.properties.showFileDialog = false
+    }
+}
