@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QPointer>
+
+/// Shows a large model in growing batches.
+class FetchMoreListModel : public QAbstractListModel {
+    Q_OBJECT
+    Q_PROPERTY(QAbstractItemModel* sourceModel READ sourceModel WRITE setSourceModel NOTIFY sourceModelChanged)
+
+public:
+    explicit FetchMoreListModel(QObject* parent = nullptr);
+
+    QAbstractItemModel* sourceModel() const { return m_source; }
+    /// `model` isn't owned.
+    void setSourceModel(QAbstractItemModel* model);
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    Q_INVOKABLE bool canFetchMore(const QModelIndex& parent = QModelIndex()) const override;
+    Q_INVOKABLE void fetchMore(const QModelIndex& parent = QModelIndex()) override;
+
+signals:
+    void sourceModelChanged();
+
+private:
+    int firstBatch() const;
+    void resync();
+
+    QPointer<QAbstractItemModel> m_source;
+    int m_shownCount = 0;
+};
