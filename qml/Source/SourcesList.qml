@@ -123,10 +123,12 @@ Item {
 
         function onNotifyNewSourceAdded(sourceId) {
             var own = sourceId === idManager.maxSourceId()
-            if (root.currentIds.indexOf(sourceId) >= 0 || (!own && root.currentIds.length >= root.maxCurrentTabs))
+            if (!own && root.currentIds.length >= root.maxCurrentTabs)
                 return
-            root.currentIds = [sourceId].concat(root.currentIds).slice(0, root.maxCurrentTabs)
-            root.saveCurrentIds()
+            if (root.currentIds.indexOf(sourceId) < 0) {
+                root.currentIds = [sourceId].concat(root.currentIds).slice(0, root.maxCurrentTabs)
+                root.saveCurrentIds()
+            }
             if (own)
                 root.switchToSource(sourceId, CentralManager.currentSourceId)
         }

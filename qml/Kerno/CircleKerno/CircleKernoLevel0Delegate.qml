@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQml 2.15
 import "../../Components"
 
 // A top-level kerno with the ring of its children.

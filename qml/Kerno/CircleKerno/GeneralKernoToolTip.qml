@@ -74,8 +74,8 @@ ToolTip {
         ToolTipRow {
             width: parent.width
             visible: root.overlap >= 0
-            left: qsTr("Overlapping codes:")
-            right: root.overlap
+            name: qsTr("Overlapping codes:")
+            figure: root.overlap
         }
         Rectangle {
             width: parent.width
@@ -87,8 +87,8 @@ ToolTip {
             model: root.__sources
             ToolTipRow {
                 width: _column.width
-                left: modelData.sourceTitle
-                right: "%1/%2".arg(modelData.kernoHighlights).arg(modelData.sourceHighlights)
+                name: modelData.sourceTitle
+                figure: "%1/%2".arg(modelData.kernoHighlights).arg(modelData.sourceHighlights)
             }
         }
         Text {

@@ -3,8 +3,8 @@ import "../../Components"
 
 // A name and a figure on one line of a tooltip.
 Item {
-    property alias left: _left.text
-    property alias right: _right.text
+    property alias name: _left.text
+    property alias figure: _right.text
 
     height: _left.height
 

@@ -1,0 +1,22 @@
+import QtQuick 2.15
+
+QtObject {
+    property bool clipboardContainsText: false
+    property string userInvokedFile
+    property bool isTouchEnabledDevice: false
+    property string region: "local"
+    property string clipboard
+    property var imported: []
+
+    function applicationVersion() { return "2.5.3" }
+    function aboutDialogContent() { return "Licences" }
+    function calculateNewKernoPosition(width, height) { return Qt.point(width / 2, height / 2) }
+    function connectToServer(remote) { krnFile.connected(); return true }
+    function wsTimeout() { return 60000 }
+    function setCurrentAuthor(author) {}
+    function setClipboardText(text) { clipboard = text }
+    function clearUserInvokedFile() { userInvokedFile = "" }
+    function goToWebsite() { return true }
+    function manageProjects() { return true }
+    function batchImportQuestions(files) { imported.push(files) }
+}
