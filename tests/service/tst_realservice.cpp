@@ -89,7 +89,7 @@ void tst_RealService::ownChangesAreAnnounced() {
     QSignalSpy deleted(m_helper->notifications(), &WebSocketHandler::groupDeleted);
     Group group;
     group.setGroupId(5);
-    group.setName(QStringLiteral("First"));
+    group.setTitle(QStringLiteral("First"));
     QVERIFY(m_helper->save(group));
     QVERIFY(waitFor([&] { return saved.count() == 1; }));
     QCOMPARE(saved.first().first().toJsonObject().value(QStringLiteral("id")).toInt(), 5);
