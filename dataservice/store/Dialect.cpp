@@ -17,6 +17,20 @@ constexpr int applicationIdAt = 68;
 constexpr char rollbackJournal = 1;
 const QByteArray magic("SQLite format 3\0", 16);
 
+/// Half a surrogate pair is no character: the store would make something else of it and of its neighbour.
+QString wellFormed(QString text) {
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar unit = text.at(i);
+        if (!unit.isSurrogate())
+            continue;
+        if (unit.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate())
+            ++i;
+        else
+            text[i] = QChar::ReplacementCharacter;
+    }
+    return text;
+}
+
 Outcome readText(Database& database, const QString& question, QString* answer) {
     Statement statement = database.statement(question);
     if (statement.run() && statement.next())
@@ -46,11 +60,11 @@ Outcome applySettings(Database& database) {
 QVariant bound(const QVariant& value) {
     if (value.type() != QVariant::String)
         return value;
-    const QString text = value.toString();
+    const QString text = wellFormed(value.toString());
     // A byte order mark at the start of a text is taken for a mark and dropped: give it one to drop.
     if (!text.isEmpty() && (text[0] == QChar(0xFEFF) || text[0] == QChar(0xFFFE)))
         return QString(QChar(0xFEFF)) + text;
-    return value;
+    return text;
 }
 
 QString beginText() {

@@ -59,6 +59,8 @@ public:
     ~ProjectStore();
 
     const QString& path() const { return m_path; }
+    /// Tells the file from others whatever its name.
+    const QByteArray& identity() const { return m_identity; }
     /// False when the file was moved, removed or replaced since it was opened.
     bool isInPlace() const;
 

@@ -1,0 +1,8 @@
+#pragma once
+
+/// Bounds of one group of requests, which is one transaction.
+struct GroupLimits {
+    int milliseconds = 10;
+    int frames = 1000;
+    int answerBytes = 16 * 1024 * 1024;  ///< no further request is taken into a group whose answers are this long
+};

@@ -1,0 +1,103 @@
+#include "session/ProjectSession.h"
+
+#include "protocol/Executor.h"
+#include "protocol/FrameText.h"
+
+#include <QElapsedTimer>
+#include <algorithm>
+
+ProjectSession::ProjectSession(std::unique_ptr<ProjectStore> store, const GroupLimits& limits)
+    : m_store(std::move(store)), m_limits(limits) {}
+
+void ProjectSession::join(const std::shared_ptr<Client>& client) {
+    m_clients.push_back(client);
+    announceCount();
+}
+
+void ProjectSession::leave(Client* client) {
+    m_clients.erase(std::remove_if(m_clients.begin(), m_clients.end(),
+                                   [&](const std::shared_ptr<Client>& each) { return each.get() == client; }),
+                    m_clients.end());
+    announceCount();
+}
+
+Client* ProjectSession::nextClient() const {
+    Client* next = nullptr;
+    for (const std::shared_ptr<Client>& client : m_clients) {
+        if (client->requests.empty() || client->isCongested())
+            continue;
+        if (!next || client->requests.front().number < next->requests.front().number)
+            next = client.get();
+    }
+    return next;
+}
+
+ProjectSession::GroupEnd ProjectSession::runGroup() {
+    std::vector<Task> tasks;
+    GroupEnd end = GroupEnd::Done;
+    bool failed = false;
+    int answerBytes = 0;
+    QElapsedTimer timer;
+    timer.start();
+    while (!failed && static_cast<int>(tasks.size()) < m_limits.frames &&
+           timer.elapsed() < m_limits.milliseconds && answerBytes < m_limits.answerBytes) {
+        Client* client = nextClient();
+        if (!client)
+            break;
+        Request request = readRequest(client->requests.front().bytes);
+        if (request.concernsProjects()) {
+            end = GroupEnd::ProjectRequest;
+            break;
+        }
+        client->requests.pop_front();
+        tasks.push_back({client->shared_from_this(), std::move(request), {}});
+        answer(tasks.back());
+        answerBytes += tasks.back().answer.payload.size();
+        failed = tasks.back().answer.kind == Outcome::Kind::Failed;
+    }
+    if (failed || !m_store->commit().ok()) {
+        // One bad request must not take its neighbours down with it.
+        m_store->rollback();
+        for (Task& task : tasks)
+            runAlone(task);
+    }
+    for (const Task& task : tasks)
+        deliver(task);
+    for (const Task& task : tasks)
+        task.client->requestsTaken();
+    return end;
+}
+
+void ProjectSession::answer(Task& task) {
+    if (task.request.ok)
+        task.answer = execute(*m_store, task.request.query, task.client->access);
+    else
+        task.answer = Answer::refused({task.request.fault});
+}
+
+void ProjectSession::runAlone(Task& task) {
+    answer(task);
+    const Outcome outcome = task.answer.ok() ? m_store->commit() : Outcome::done();
+    m_store->rollback();
+    if (!outcome.ok())
+        task.answer = Answer::from(outcome);
+}
+
+void ProjectSession::deliver(const Task& task) {
+    const Answer& answer = task.answer;
+    task.client->send(frametext::write(task.request.messageId, answer.ok(), answer.payload));
+    if (!answer.notifies || m_clients.size() < 2)
+        return;
+    const QByteArray notification = frametext::write(0, true, answer.payload);
+    for (const std::shared_ptr<Client>& other : m_clients) {
+        if (other != task.client)
+            other->send(notification);
+    }
+}
+
+void ProjectSession::announceCount() {
+    const QByteArray frame =
+        frametext::write(0, true, connectionCountPayload(static_cast<int>(m_clients.size())));
+    for (const std::shared_ptr<Client>& client : m_clients)
+        client->send(frame);
+}

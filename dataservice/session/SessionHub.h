@@ -1,0 +1,64 @@
+#pragma once
+
+#include "session/Client.h"
+#include "session/ProjectSession.h"
+
+#include <QByteArray>
+#include <QString>
+#include <memory>
+#include <vector>
+
+/// All open projects and all clients of one service. Bound to one thread; holds no state outside itself.
+class SessionHub {
+public:
+    explicit SessionHub(const GroupLimits& limits = {}) : m_limits(limits) {}
+
+    void connected(const std::shared_ptr<Client>& client);
+
+    /// Queues a request. It is answered by a later `run`.
+    void receive(Client& client, const QByteArray& frame);
+
+    /// The connection is gone. What it had sent before is still carried out.
+    void disconnected(Client& client);
+
+    /// Whether there is a request that `run` would answer.
+    bool hasWork() const;
+    /// The number of requests that arrived so far.
+    quint64 received() const { return m_received; }
+
+    /// Answers one group of each project.
+    void run();
+
+    /// Answers everything that has arrived and closes all projects.
+    void closeAll();
+
+    enum class FileError {
+        None,
+        NotFound,
+        Unusable,  ///< the file or what was sent isn't a project
+        InUse,     ///< a client has the file open
+        Failed     ///< it couldn't be written
+    };
+    /// A whole project as JSON, open or not.
+    FileError exportProject(const QString& name, QByteArray* reply);
+    /// Makes a project file of a whole project as JSON. Without an error `reply` tells of it, otherwise of the reason.
+    FileError importProject(const QByteArray& body, QByteArray* reply);
+
+private:
+    std::shared_ptr<ProjectSession> find(const QString& path) const;
+    std::shared_ptr<ProjectSession> open(const QString& path, QString* message);
+    void runOutside(Client& client);
+    void answerProjectRequest(Client& client, const Request& request);
+    void openFor(Client& client, const Request& request);
+    void leave(Client& client);
+    void dropGone();
+
+    GroupLimits m_limits;
+    quint64 m_received = 0;
+    std::vector<std::shared_ptr<ProjectSession>> m_sessions;
+    struct Member {
+        std::shared_ptr<Client> client;
+        bool gone;
+    };
+    std::vector<Member> m_members;
+};
