@@ -29,8 +29,8 @@ Connection::~Connection() {
     QObject::disconnect(m_webSocketHandler, nullptr, this, nullptr);
     m_waiter->quit();
     m_waiter->wait();
-    // Ends a wait for a service that doesn't get ready. The handlers end on their own thread, and with them the
-    // local service.
+    // Ends a wait for a service that doesn't get ready. The handlers end on their own thread, and with them
+    // the local service.
     m_thread.requestInterruption();
     m_thread.quit();
     m_thread.wait();
@@ -64,7 +64,8 @@ void Connection::connectHandlerSignals() {
         m_connected = true;
         emit connected();
     });
-    onHandler(&WebSocketHandler::accessChanged, [this](const QString& access) { emit accessChanged(access); });
+    onHandler(&WebSocketHandler::accessChanged,
+              [this](const QString& access) { emit accessChanged(access); });
     const auto onFailure = [this](const QString& text) {
         setLastError(text);
         emit error();
@@ -109,8 +110,8 @@ bool Connection::connect(bool remote) {
     return m_connected;
 }
 
-// The signals of the handler arrive in the order of their emission, so that the end of a former link, which comes
-// before `opening`, doesn't end this wait.
+// The signals of the handler arrive in the order of their emission, so that the end of a former link, which
+// comes before `opening`, doesn't end this wait.
 void Connection::waitForLink(const QString& ticket) {
     QEventLoop loop;
     bool begun = false;
@@ -143,8 +144,8 @@ void Connection::waitForLink(const QString& ticket) {
     --m_waitingConnects;
 }
 
-// An attempt may begin while the one before still waits, since that may wait for a service that hangs; more than two
-// would only pile up.
+// An attempt may begin while the one before still waits, since that may wait for a service that hangs; more
+// than two would only pile up.
 void Connection::onReconnectTimeout() {
     if (m_waitingConnects < 2)
         connect(m_remote);

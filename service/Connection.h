@@ -16,9 +16,10 @@ class HttpHandler;
 class Waiter;
 class WebSocketHandler;
 
-/// The one owner of the link to the data service: the network thread with its two handlers, the cloud tokens, the
-/// numbers of the requests and the blocking call. Lives on the main thread; `send`, `sendAsync`, `request` and
-/// the blocking HTTP calls may be made on any thread but the network thread; one waits for the other.
+/// The one owner of the link to the data service: the network thread with its two handlers, the cloud tokens,
+/// the numbers of the requests and the blocking call. Lives on the main thread; `send`, `sendAsync`,
+/// `request` and the blocking HTTP calls may be made on any thread but the network thread; one waits for the
+/// other.
 class Connection : public QObject {
     Q_OBJECT
 
@@ -30,9 +31,9 @@ public:
     bool isConnected() const { return m_connected; }
     bool isRemote() const { return m_remote; }
 
-    /// Opens the link; an open one is closed first. Blocks in a local event loop, so that the interface stays alive,
-    /// until the socket is open, has failed, or the local service could not be started; `lastError` says why it
-    /// gives false. Main thread only.
+    /// Opens the link; an open one is closed first. Blocks in a local event loop, so that the interface stays
+    /// alive, until the socket is open, has failed, or the local service could not be started; `lastError`
+    /// says why it gives false. Main thread only.
     bool connect(bool remote);
 
     /// Closes the link for good; `logout` also gives back the cloud tokens.
@@ -41,15 +42,17 @@ public:
     /// Sends a request without waiting. False when the cloud token is old and can't be refreshed.
     bool send(const QString& text);
 
-    /// Sends a request and gives the reply that is awaited, or null when it could not be sent. The reply is the
-    /// caller's and lives on the calling thread.
+    /// Sends a request and gives the reply that is awaited, or null when it could not be sent. The reply is
+    /// the caller's and lives on the calling thread.
     ReplyBase* sendAsync(const QString& text, QObject* parent = nullptr);
 
-    /// Sends a request and blocks the calling thread until its reply has come, at most `LinkTimings::request`. When
-    /// the time runs out it gives the reply of the request before; a null reply when it could not be sent.
+    /// Sends a request and blocks the calling thread until its reply has come, at most
+    /// `LinkTimings::request`. When the time runs out it gives the reply of the request before; a null reply
+    /// when it could not be sent.
     ReplyBase request(const QString& text);
 
-    /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must not call.
+    /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must
+    /// not call.
     Message postBlocking(const QNetworkRequest& request, const QJsonObject& body);
     Message getBlocking(const QNetworkRequest& request);
 

@@ -74,8 +74,9 @@ bool Connection::refresh() {
     qDebug() << "refresh access";
     if (!ServiceConfig::hasCloud())
         return false;
-    const Message message = postBlocking(httpRequestFor(ServiceConfig::instance().refreshUrl(), false),
-                                         {{keyAccessToken, accessToken()}, {keyRefreshToken, refreshToken()}});
+    const Message message =
+        postBlocking(httpRequestFor(ServiceConfig::instance().refreshUrl(), false),
+                     {{keyAccessToken, accessToken()}, {keyRefreshToken, refreshToken()}});
     if (message.status) {
         const QJsonObject account = message.json.value(keyAccount).toObject();
         setTokens(account.value(keyAccessToken).toString(), account.value(keyRefreshToken).toString());

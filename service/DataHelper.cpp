@@ -123,7 +123,8 @@ QVariantList DataHelper::queryIds(const QString& text, const QString& word, cons
 QStringList DataHelper::queryAuthors(const QString& word) {
     const QString key = word + wire::suffix(wire::Operation::QueryList);
     QStringList authors;
-    const QVariantList all = queryIds(wire::read(key, QStringList(), {wire::name::author}), word, wire::name::author);
+    const QVariantList all =
+        queryIds(wire::read(key, QStringList(), {wire::name::author}), word, wire::name::author);
     for (const QVariant& author : all)
         authors.append(author.toString());
     authors.removeDuplicates();

@@ -9,8 +9,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
-#include <QObject>
 #include <QMutex>
+#include <QObject>
 #include <QStringList>
 #include <QVariantList>
 #include <atomic>
@@ -23,10 +23,11 @@ class WebSocketHandler;
 
 /// Reads and writes of records over the link, and whether a project is open at the service.
 ///
-/// A read blocks its caller until the reply has come and gives the empty value of its type when the link is down, no
-/// project is open, the access level forbids it, or the service reports an error. Every operation may be called on
-/// any thread but the network thread; a lock held for the whole of each operation, wait included, lets one pass at
-/// a time. `openProject`, `closeProject` and the calls about projects and accounts belong to the main thread.
+/// A read blocks its caller until the reply has come and gives the empty value of its type when the link is
+/// down, no project is open, the access level forbids it, or the service reports an error. Every operation
+/// may be called on any thread but the network thread; a lock held for the whole of each operation, wait
+/// included, lets one pass at a time. `openProject`, `closeProject` and the calls about projects and accounts
+/// belong to the main thread.
 ///
 /// A record class T offers `static wire::Record record()`, `static const QStringList& queryFields()`,
 /// `QStringList mutationArguments() const` and a constructor from a JSON object and a tag.
@@ -45,11 +46,13 @@ public:
     /// The record with that id (or key), or an invalid one.
     template <typename T, typename Id> T findById(const Id& id) {
         const QString operation = wire::operationName(T::record(), wire::Operation::QueryById);
-        const QJsonObject data = read(wire::read(operation, {idArgument(id)}, T::queryFields()), Log::Refusal);
+        const QJsonObject data =
+            read(wire::read(operation, {idArgument(id)}, T::queryFields()), Log::Refusal);
         return data.contains(operation) ? T(data.value(operation).toObject(), "findById") : T();
     }
 
-    /// The records that a finished text asks for, read at `key`; an empty key means the record's list operation.
+    /// The records that a finished text asks for, read at `key`; an empty key means the record's list
+    /// operation.
     template <typename T> QList<T> queryList(const QString& text, const QString& key = {}) {
         return readList<T>(text, {key.isEmpty() ? listKey<T>() : key}, "queryList");
     }
@@ -61,7 +64,8 @@ public:
 
     /// A list read with arguments and all fields of the record.
     template <typename T>
-    QList<T> queryWhere(const QStringList& arguments, wire::Operation operation = wire::Operation::QueryList) {
+    QList<T> queryWhere(const QStringList& arguments,
+                        wire::Operation operation = wire::Operation::QueryList) {
         return readList<T>(listText<T>(arguments, operation), {wire::operationName(T::record(), operation)},
                            "queryList");
     }
@@ -72,8 +76,8 @@ public:
         return list.isEmpty() ? T() : T(list.first().toObject(), "queryOne");
     }
 
-    /// Sends a list read without waiting. The reply is owned by the caller and emits `finished` when it has come; null
-    /// when the read is refused. Its records are those of `records<T>(reply->data(), keys)`.
+    /// Sends a list read without waiting. The reply is owned by the caller and emits `finished` when it has
+    /// come; null when the read is refused. Its records are those of `records<T>(reply->data(), keys)`.
     ReplyBase* queryListAsync(const QString& text, QObject* parent = nullptr);
 
     /// The records in a reply's data, read at the first of the keys whose array isn't empty.
@@ -109,8 +113,8 @@ public:
 
     // Writes: false when refused. A write that is only sent learns its outcome from the notification.
 
-    /// Creates or updates the record. Preferences, questions, kernos and shortcut keys wait for the reply and give
-    /// whether it had no errors; all others are only sent.
+    /// Creates or updates the record. Preferences, questions, kernos and shortcut keys wait for the reply and
+    /// give whether it had no errors; all others are only sent.
     template <typename T> bool save(const T& record) { return save(record, !savesBlocking(T::record())); }
     /// The same with the choice made by the caller.
     template <typename T> bool save(const T& record, bool async) {
@@ -140,9 +144,9 @@ public:
     /// The project object of the last successful open; kept while the link is down, empty after a close.
     QJsonObject currentProject() const;
 
-    /// Opens the project at the service; `project` needs `name`, and has `project_uuid` and `region` when it lives in
-    /// the cloud. Connects first when the link is down. True when the service answered for this project, even if
-    /// it could not open it: then `isOpen` stays false.
+    /// Opens the project at the service; `project` needs `name`, and has `project_uuid` and `region` when it
+    /// lives in the cloud. Connects first when the link is down. True when the service answered for this
+    /// project, even if it could not open it: then `isOpen` stays false.
     bool openProject(const QJsonObject& project);
     bool closeProject();
     /// Closes the link and logs out.
@@ -152,6 +156,8 @@ public:
 
     /// Logs in and keeps tokens, region and regional hosts. Waits in a local event loop.
     Message login(const QString& email, const QString& password);
+    /// Has the cloud copy the open project under a new name; the reply's `json` holds the new `project`.
+    Message saveAs(const QString& newName);
     /// Asks the service for the whole project; the reply's `json` holds `project_json`.
     Message exportProjectJson(const QJsonObject& project);
     /// Writes a new project of the whole project `json`.

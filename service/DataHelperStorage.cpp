@@ -21,6 +21,10 @@ QByteArray compact(const QJsonObject& object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
+Message withoutCloud() {
+    return {0, false, DataHelper::tr("This version of Kernova is built without a cloud. Use local storage."), {}};
+}
+
 }  // namespace
 
 Message DataHelper::call(const QNetworkRequest& request, const QByteArray* body) {
@@ -47,7 +51,7 @@ Message DataHelper::authorizedCall(const QUrl& url, const QByteArray* body) {
 Message DataHelper::login(const QString& email, const QString& password) {
     ServiceConfig& config = ServiceConfig::instance();
     if (!ServiceConfig::hasCloud())
-        return {0, false, tr("This version of Kernova is built without a cloud. Use local storage."), {}};
+        return withoutCloud();
     const QByteArray body = compact({{QStringLiteral("email"), email},
                                      {QStringLiteral("password"), password},
                                      {QStringLiteral("regional_service_map"), true}});
@@ -64,6 +68,14 @@ Message DataHelper::login(const QString& email, const QString& password) {
     return message;
 }
 
+Message DataHelper::saveAs(const QString& newName) {
+    if (!ServiceConfig::hasCloud())
+        return withoutCloud();
+    const QJsonValue uuid = currentProject().value(keyProjectUuid);
+    const QByteArray body = compact({{keyName, newName}, {QStringLiteral("orig_project_uuid"), uuid}});
+    return authorizedCall(ServiceConfig::instance().saveAsUrl(), &body);
+}
+
 QString DataHelper::localServiceUrl(const QString& path) const {
     QString url = notifications()->endpoint();
     url.replace(0, 2, QStringLiteral("http"));
@@ -76,8 +88,8 @@ Message DataHelper::exportProjectJson(const QJsonObject& project) {
         return authorizedCall(ServiceConfig::instance().projectJsonUrl(uuid), nullptr);
     }
     const QByteArray name = QUrl::toPercentEncoding(project.value(keyName).toString());
-    return authorizedCall(QUrl(localServiceUrl(localPath + QLatin1String("?name=") + QString::fromLatin1(name))),
-                          nullptr);
+    return authorizedCall(
+        QUrl(localServiceUrl(localPath + QLatin1String("?name=") + QString::fromLatin1(name))), nullptr);
 }
 
 Message DataHelper::importProjectJson(const QJsonObject& project, const QJsonValue& json) {

@@ -10,8 +10,8 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 
-/// HTTP calls on the network thread, one at a time: a new call drops the one before it, so that the answer of a
-/// call that nobody waits for any more is never taken for that of the next.
+/// HTTP calls on the network thread, one at a time: a new call drops the one before it, so that the answer of
+/// a call that nobody waits for any more is never taken for that of the next.
 class HttpHandler : public QObject {
     Q_OBJECT
 

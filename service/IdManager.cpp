@@ -8,11 +8,18 @@
 
 namespace {
 
-const std::array<wire::Record, 12> counted{
-    wire::Record::Kerno,          wire::Record::Highlight,         wire::Record::Memo,
-    wire::Record::Source,         wire::Record::Question,          wire::Record::QuestionAnswer,
-    wire::Record::SourceMetadata, wire::Record::SourceMetadataKey, wire::Record::SourceMetadataValue,
-    wire::Record::KernoGroup,     wire::Record::Group,             wire::Record::ChatMessage};
+const std::array<wire::Record, 12> counted{wire::Record::Kerno,
+                                           wire::Record::Highlight,
+                                           wire::Record::Memo,
+                                           wire::Record::Source,
+                                           wire::Record::Question,
+                                           wire::Record::QuestionAnswer,
+                                           wire::Record::SourceMetadata,
+                                           wire::Record::SourceMetadataKey,
+                                           wire::Record::SourceMetadataValue,
+                                           wire::Record::KernoGroup,
+                                           wire::Record::Group,
+                                           wire::Record::ChatMessage};
 
 }  // namespace
 

@@ -8,17 +8,17 @@
 
 class DataHelper;
 
-/// Hands out the ids of new records. Each comes from the service at the moment it is taken, so ids are unique across
-/// the clients of a shared project. Main thread. One object for the process, made on first use and owned by the
-/// application object.
+/// Hands out the ids of new records. Each comes from the service at the moment it is taken, so ids are unique
+/// across the clients of a shared project. Main thread. One object for the process, made on first use and
+/// owned by the application object.
 class IdManager : public QObject {
     Q_OBJECT
 
 public:
     static IdManager* instance();
 
-    /// Runs when a project opens. Stores the helper (not owned) and sets every counter: to the highest id in the
-    /// project when `fetch` is true, otherwise to 0.
+    /// Runs when a project opens. Stores the helper (not owned) and sets every counter: to the highest id in
+    /// the project when `fetch` is true, otherwise to 0.
     void init(bool fetch, DataHelper* helper);
 
     /// Reserves an id at the service; 0 when no project is open.

@@ -62,10 +62,10 @@ QString highlightsInWindow(int source, int question, int offset, int length) {
 }
 
 QString highlightsOfKernos(int source, int question, const QString& kernoIds) {
-    return wire::read(wire::name::highlightQueryListBySourceQuestionAndKernos,
-                      {sourceId(source), questionId(question),
-                       wire::rawArgument(QStringLiteral("kernoIds"), kernoIds)},
-                      Highlight::queryFields());
+    return wire::read(
+        wire::name::highlightQueryListBySourceQuestionAndKernos,
+        {sourceId(source), questionId(question), wire::rawArgument(QStringLiteral("kernoIds"), kernoIds)},
+        Highlight::queryFields());
 }
 
 QString highlightIds() {
@@ -101,7 +101,8 @@ QString memos(int source, int question) {
 }
 
 QString memosInWindow(int source, int question, int offset, int length) {
-    return DataHelper::listText<Memo>(window(source, question, offset, length), Operation::QueryListWithOffset);
+    return DataHelper::listText<Memo>(window(source, question, offset, length),
+                                      Operation::QueryListWithOffset);
 }
 
 QString answersOfSource(int source) {

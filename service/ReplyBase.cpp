@@ -10,8 +10,8 @@ const QLatin1String keyData("data");
 }  // namespace
 
 ReplyBase::ReplyBase(const ReplyBase& other)
-    : QObject(), m_id(other.m_id), m_status(other.m_status), m_handler(other.m_handler), m_errors(other.m_errors),
-      m_data(other.m_data) {}
+    : QObject(), m_id(other.m_id), m_status(other.m_status), m_handler(other.m_handler),
+      m_errors(other.m_errors), m_data(other.m_data) {}
 
 ReplyBase& ReplyBase::operator=(const ReplyBase& other) {
     m_id = other.m_id;

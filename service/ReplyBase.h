@@ -19,9 +19,9 @@ public:
     /// A reply that has arrived; `payload` is the frame's `json_data`.
     ReplyBase(int id, int status, const QJsonObject& payload);
 
-    /// A reply that is awaited: emits `finished` on the thread that this object lives on when the frame with the
-    /// number `id` arrives. When the socket is opened anew the numbers start again, so the reply stops listening
-    /// then and never finishes. Create it before the request is sent.
+    /// A reply that is awaited: emits `finished` on the thread that this object lives on when the frame with
+    /// the number `id` arrives. When the socket is opened anew the numbers start again, so the reply stops
+    /// listening then and never finishes. Create it before the request is sent.
     ReplyBase(WebSocketHandler* handler, int id, QObject* parent = nullptr);
 
     int id() const { return m_id; }

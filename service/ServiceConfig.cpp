@@ -139,5 +139,6 @@ QUrl ServiceConfig::ticketUrl() const {
 }
 
 QUrl ServiceConfig::socketUrl(const QString& ticket) const {
-    return QUrl(QLatin1String("wss://") + regionalHost() + QLatin1String("/v1/kernova?ticket=") + encoded(ticket));
+    return QUrl(QLatin1String("wss://") + regionalHost() + QLatin1String("/v1/kernova?ticket=") +
+                encoded(ticket));
 }

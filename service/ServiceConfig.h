@@ -5,8 +5,8 @@
 #include <QString>
 #include <QUrl>
 
-/// Where the services are, and the region in use. One object for the process, made on first use; used on the main
-/// thread and by blocking calls of other threads that hold the query layer's lock.
+/// Where the services are, and the region in use. One object for the process, made on first use; used on the
+/// main thread and by blocking calls of other threads that hold the query layer's lock.
 class ServiceConfig {
 public:
     enum class Service { Auth, Project, Version, DataService, Socket };
@@ -44,7 +44,8 @@ public:
     QUrl ticketUrl() const;
     QUrl socketUrl(const QString& ticket) const;
 
-    /// The secret that the local service of this process was given: 64 hexadecimal digits, new in every process.
+    /// The secret that the local service of this process was given: 64 hexadecimal digits, new in every
+    /// process.
     QByteArray serviceToken() const { return m_serviceToken; }
 
 private:

@@ -24,9 +24,9 @@ struct Start {
     QString error;  ///< why, for people
 };
 
-/// Starts the service and waits for its port line, at most `LinkTimings::start` for each of the two, and no longer
-/// than the process lives or until the thread is asked to stop. A running process is ended first, one that fails
-/// is ended too. The process gets the token of ServiceConfig in its environment.
+/// Starts the service and waits for its port line, at most `LinkTimings::start` for each of the two, and no
+/// longer than the process lives or until the thread is asked to stop. A running process is ended first, one
+/// that fails is ended too. The process gets the token of ServiceConfig in its environment.
 Start start(QProcess& process, const LinkTimings& timings);
 
 /// Asks a running process to end, waits, and kills it when it doesn't in `LinkTimings::stop`.

@@ -3,9 +3,11 @@
 #include "service/HttpHandler.h"
 #include "service/WebSocketHandler.h"
 
-// The thread is started before the request goes out: a release that came before the start would be lost by it.
+// The thread is started before the request goes out: a release that came before the start would be lost by
+// it.
 
-Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QObject* parent) : QThread(parent) {
+Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QObject* parent)
+    : QThread(parent) {
     connect(
         webSocketHandler, &WebSocketHandler::messageReceived, this,
         [this](int id, int status, const QJsonObject& payload) {
@@ -69,8 +71,8 @@ Message Waiter::awaitMessage(int milliseconds) {
     return message;
 }
 
-// A release at the very end of the time leaves a thread that is about to end. Starting it again before it has would
-// do nothing, and the next wait would be over at once.
+// A release at the very end of the time leaves a thread that is about to end. Starting it again before it has
+// would do nothing, and the next wait would be over at once.
 void Waiter::finishIf(bool released) {
     if (released)
         wait();

@@ -9,11 +9,11 @@
 class HttpHandler;
 class WebSocketHandler;
 
-/// What a blocking call waits on: a thread that only sits in an event loop, so that the caller can wait for its end
-/// with a bound on the time, and the network thread can release the caller by ending it.
+/// What a blocking call waits on: a thread that only sits in an event loop, so that the caller can wait for
+/// its end with a bound on the time, and the network thread can release the caller by ending it.
 ///
-/// One call at a time: `expectReply` or `expectMessage`, then send, then `await...`. Callers of different threads
-/// exclude each other by the query layer's lock.
+/// One call at a time: `expectReply` or `expectMessage`, then send, then `await...`. Callers of different
+/// threads exclude each other by the query layer's lock.
 class Waiter : public QThread {
     Q_OBJECT
 
@@ -23,8 +23,8 @@ public:
     /// From now on the frame with the number `id` ends the wait. Called before the request is sent.
     void expectReply(int id);
 
-    /// Waits at most `milliseconds`. When the time runs out the reply of the last call that got one is given, and a
-    /// reply that comes later is dropped.
+    /// Waits at most `milliseconds`. When the time runs out the reply of the last call that got one is given,
+    /// and a reply that comes later is dropped.
     ReplyBase awaitReply(int milliseconds);
 
     /// From now on the next finished HTTP call ends the wait. Called before the request is sent.

@@ -23,20 +23,16 @@ using Handler = WebSocketHandler;
 
 // Indexed by wire::Notification.
 const std::array<NotificationSignal, 28> notificationSignals{
-    &Handler::kernoSaved,           &Handler::kernoDeleted,
-    &Handler::groupSaved,           &Handler::groupDeleted,
-    &Handler::kernoGroupSaved,      &Handler::kernoGroupDeleted,
-    &Handler::sourceSaved,          &Handler::sourceDeleted,
-    &Handler::highlightSaved,       &Handler::highlightDeleted,
-    &Handler::batchHighlightsSaved, &Handler::batchHighlightsDeleted,
-    &Handler::memoSaved,            &Handler::memoDeleted,
-    &Handler::batchMemosSaved,      &Handler::batchMemosDeleted,
-    &Handler::questionSaved,        &Handler::questionDeleted,
-    &Handler::answerSaved,          &Handler::answerDeleted,
-    &Handler::metadataSaved,        &Handler::metadataDeleted,
-    &Handler::metadataKeySaved,     &Handler::metadataKeyDeleted,
-    &Handler::metadataValueSaved,   &Handler::metadataValueDeleted,
-    &Handler::chatMessageSaved,     &Handler::chatMessageDeleted,
+    &Handler::kernoSaved,         &Handler::kernoDeleted,         &Handler::groupSaved,
+    &Handler::groupDeleted,       &Handler::kernoGroupSaved,      &Handler::kernoGroupDeleted,
+    &Handler::sourceSaved,        &Handler::sourceDeleted,        &Handler::highlightSaved,
+    &Handler::highlightDeleted,   &Handler::batchHighlightsSaved, &Handler::batchHighlightsDeleted,
+    &Handler::memoSaved,          &Handler::memoDeleted,          &Handler::batchMemosSaved,
+    &Handler::batchMemosDeleted,  &Handler::questionSaved,        &Handler::questionDeleted,
+    &Handler::answerSaved,        &Handler::answerDeleted,        &Handler::metadataSaved,
+    &Handler::metadataDeleted,    &Handler::metadataKeySaved,     &Handler::metadataKeyDeleted,
+    &Handler::metadataValueSaved, &Handler::metadataValueDeleted, &Handler::chatMessageSaved,
+    &Handler::chatMessageDeleted,
 };
 static_assert(static_cast<size_t>(wire::Notification::ChatMessageDeleted) + 1 == notificationSignals.size(),
               "every notification has its signal");
@@ -115,7 +111,8 @@ void WebSocketHandler::connectLocal() {
         emit startFailed(start.error);
         return;
     }
-    open(QStringLiteral("ws://%1:%2").arg(QHostAddress(QHostAddress::LocalHost).toString()).arg(start.port), true);
+    open(QStringLiteral("ws://%1:%2").arg(QHostAddress(QHostAddress::LocalHost).toString()).arg(start.port),
+         true);
     connect(m_process, &QProcess::readyReadStandardOutput, this, &WebSocketHandler::logProcessOutput);
 }
 
@@ -246,7 +243,7 @@ void WebSocketHandler::dispatch(const QJsonObject& payload) {
         const QJsonObject object = data->toObject();
         if (const wire::NotificationRow* row = wire::findNotification(object)) {
             const auto index = static_cast<size_t>(row->notification);
-            emit (this->*notificationSignals[index])(object.value(row->key).toObject());
+            emit(this->*notificationSignals[index])(object.value(row->key).toObject());
         }
     }
 }

@@ -13,11 +13,12 @@ class QProcess;
 class QTimer;
 class QWebSocket;
 
-/// The web socket, the process of the local data service and the keep-alive timers. Turns frames into signals.
+/// The web socket, the process of the local data service and the keep-alive timers. Turns frames into
+/// signals.
 ///
-/// Construct it without a parent, move it to the network thread and run `init` there before anything else; every
-/// slot runs on that thread, and so does its destruction. The signals are emitted there too: receivers on other
-/// threads get them queued, in the order in which the service sent the frames.
+/// Construct it without a parent, move it to the network thread and run `init` there before anything else;
+/// every slot runs on that thread, and so does its destruction. The signals are emitted there too: receivers
+/// on other threads get them queued, in the order in which the service sent the frames.
 class WebSocketHandler : public QObject {
     Q_OBJECT
 
@@ -72,8 +73,8 @@ signals:
 
     /// An attempt to open the socket begins; what follows belongs to it.
     void opening();
-    /// The local service could not be started, or ended or stayed silent before it named its port. No socket is
-    /// opened, so neither `connected` nor `disconnected` follows.
+    /// The local service could not be started, or ended or stayed silent before it named its port. No socket
+    /// is opened, so neither `connected` nor `disconnected` follows.
     void startFailed(QString error);
 
 public slots:
@@ -81,8 +82,8 @@ public slots:
     void init();
     void send(QString message);
     void connectRemote(QString ticket);
-    /// Starts the local service anew and opens its socket. Blocks the network thread until the service has named
-    /// its port, at most `LinkTimings::start`.
+    /// Starts the local service anew and opens its socket. Blocks the network thread until the service has
+    /// named its port, at most `LinkTimings::start`.
     void connectLocal();
     void disconnect();
 

@@ -16,7 +16,7 @@ inline LinkTimings shortTimings() {
     timings.request = 300;
     timings.http = 300;
     timings.reconnect = 50;
-    timings.start = 1500;
+    timings.start = 5000;
     timings.portLine = 100;
     timings.stop = 2000;
     return timings;
@@ -38,7 +38,8 @@ class SignalLog : public QObject {
 public:
     QStringList names;
 
-    template <typename Sender, typename Signal> void listen(Sender* sender, Signal signal, const QString& name) {
+    template <typename Sender, typename Signal>
+    void listen(Sender* sender, Signal signal, const QString& name) {
         connect(sender, signal, this, [this, name] { names << name; });
     }
     bool waitFor(const QString& name) {

@@ -94,14 +94,16 @@ void tst_Connection::aReplyCarriesErrorsAndData() {
     m_service->on(operation, [](ScriptedClient& client, const ScriptedRequest& request) {
         const QJsonArray errors{QJsonObject{{QStringLiteral("message"), QStringLiteral("bad")}}};
         const QJsonObject data{{operation, 3}};
-        client.send({request.frame.messageId, 422,
+        client.send({request.frame.messageId,
+                     422,
                      {{QStringLiteral("errors"), errors}, {QStringLiteral("data"), data}}});
     });
     QVERIFY(m_link->connect(false));
     const ReplyBase reply = m_link->request(text);
     QCOMPARE(reply.id(), 1);
     QCOMPARE(reply.status(), 422);
-    QCOMPARE(reply.errors().first().toObject().value(QStringLiteral("message")).toString(), QStringLiteral("bad"));
+    QCOMPARE(reply.errors().first().toObject().value(QStringLiteral("message")).toString(),
+             QStringLiteral("bad"));
     QCOMPARE(value(reply), 3);
 }
 
@@ -156,7 +158,10 @@ void tst_Connection::aRefusedOrSilentHandshakeEndsTheConnect_data() {
 
 void tst_Connection::aRefusedOrSilentHandshakeEndsTheConnect() {
     QFETCH(bool, silent);
-    m_link = std::make_unique<Connection>(shortTimings());
+    LinkTimings timings = shortTimings();
+    if (silent)
+        timings.start = 400;
+    m_link = std::make_unique<Connection>(timings);
     QTcpServer mute;
     QTemporaryDir folder;
     if (silent) {
@@ -236,7 +241,8 @@ void tst_Connection::aLateReplyIsNeverTakenForAnother() {
 
 void tst_Connection::onlyTheOwnReplyReleasesARequest() {
     m_service->on(operation, [](ScriptedClient& client, const ScriptedRequest& request) {
-        const QJsonObject foreign{{QStringLiteral("data"), QJsonObject{{QStringLiteral("kernoRemove"), QJsonObject()}}}};
+        const QJsonObject foreign{
+            {QStringLiteral("data"), QJsonObject{{QStringLiteral("kernoRemove"), QJsonObject()}}}};
         client.send({0, 200, foreign});
         client.send({request.frame.messageId + 1, 200, foreign});
         client.send({request.frame.messageId, 403, foreign});

@@ -141,9 +141,10 @@ void tst_DataHelper::accessDecidesWhatIsSent() {
 }
 
 void tst_DataHelper::listsBecomeRecords() {
-    m_service->answer(QStringLiteral("kernoQueryList"),
-                      objects({{{QStringLiteral("id"), 4}, {QStringLiteral("title"), QStringLiteral("Trust")}},
-                               {{QStringLiteral("id"), 9}, {QStringLiteral("title"), QStringLiteral("Doubt")}}}));
+    m_service->answer(
+        QStringLiteral("kernoQueryList"),
+        objects({{{QStringLiteral("id"), 4}, {QStringLiteral("title"), QStringLiteral("Trust")}},
+                 {{QStringLiteral("id"), 9}, {QStringLiteral("title"), QStringLiteral("Doubt")}}}));
     const QList<Kerno> kernos = m_helper->findAll<Kerno>();
     QCOMPARE(kernos.size(), 2);
     QCOMPARE(kernos[0].title(), QStringLiteral("Trust"));
@@ -151,8 +152,9 @@ void tst_DataHelper::listsBecomeRecords() {
     QCOMPARE(m_helper->queryOne<Kerno>(reads::kernoIds()).id(), 4);
     QVERIFY(m_helper->queryList<Kerno>(reads::kernoIds(), QStringLiteral("otherKey")).isEmpty());
     QCOMPARE(m_helper->queryWhere<Kerno>({wire::argument(QStringLiteral("parentKernoId"), 3)}).size(), 2);
-    QCOMPARE(texts().first(),
-             QStringLiteral("{kernoQueryList{id parentKernoId color title description timestamp author x y}}"));
+    QCOMPARE(
+        texts().first(),
+        QStringLiteral("{kernoQueryList{id parentKernoId color title description timestamp author x y}}"));
     QCOMPARE(texts().last(), QStringLiteral("{kernoQueryList(parentKernoId:3){id parentKernoId color title "
                                             "description timestamp author x y}}"));
 }
@@ -160,7 +162,9 @@ void tst_DataHelper::listsBecomeRecords() {
 void tst_DataHelper::highlightsAreFoundUnderThreeKeys_data() {
     QTest::addColumn<QJsonObject>("data");
     QTest::addColumn<int>("id");
-    const auto named = [](const char* key, const QJsonArray& list) { return QJsonObject{{QLatin1String(key), list}}; };
+    const auto named = [](const char* key, const QJsonArray& list) {
+        return QJsonObject{{QLatin1String(key), list}};
+    };
     QTest::newRow("list") << named("highlightQueryList", {idObject(1)}) << 1;
     QTest::newRow("window") << named("highlightQueryListWithOffset", {idObject(2)}) << 2;
     QTest::newRow("memo window") << named("memoQueryListWithOffset", {idObject(3)}) << 3;
@@ -172,20 +176,23 @@ void tst_DataHelper::highlightsAreFoundUnderThreeKeys_data() {
 
 void tst_DataHelper::highlightsAreFoundUnderThreeKeys() {
     QFETCH(QJsonObject, data);
-    m_service->on(QStringLiteral("highlightQueryListWithOffset"),
-                  [data](ScriptedClient& client, const ScriptedRequest& request) { client.reply(request, data); });
+    m_service->on(
+        QStringLiteral("highlightQueryListWithOffset"),
+        [data](ScriptedClient& client, const ScriptedRequest& request) { client.reply(request, data); });
     const QList<Highlight> found =
         m_helper->queryList<Highlight>(reads::highlightsInWindow(1, 2, 0, 100), DataHelper::highlightKeys());
     QTEST(found.isEmpty() ? 0 : found.first().id(), "id");
 }
 
 void tst_DataHelper::oneRecordIsInvalidWhenThereIsNone() {
-    m_service->answer(QStringLiteral("preferenceQueryById"),
-                      QJsonObject{{QStringLiteral("key"), QStringLiteral("a\"b")}, {QStringLiteral("value"), 3}});
-    m_service->on(QStringLiteral("highlightQueryById"), [](ScriptedClient& client, const ScriptedRequest& request) {
-        const QJsonArray errors{QJsonObject{{QStringLiteral("message"), QStringLiteral("no such id")}}};
-        client.send({request.frame.messageId, 404, {{QStringLiteral("errors"), errors}}});
-    });
+    m_service->answer(
+        QStringLiteral("preferenceQueryById"),
+        QJsonObject{{QStringLiteral("key"), QStringLiteral("a\"b")}, {QStringLiteral("value"), 3}});
+    m_service->on(
+        QStringLiteral("highlightQueryById"), [](ScriptedClient& client, const ScriptedRequest& request) {
+            const QJsonArray errors{QJsonObject{{QStringLiteral("message"), QStringLiteral("no such id")}}};
+            client.send({request.frame.messageId, 404, {{QStringLiteral("errors"), errors}}});
+        });
     QCOMPARE(m_helper->findById<Preference>(QStringLiteral("a\"b")).value().toInt(), 3);
     QVERIFY(!m_helper->findById<Highlight>(7).isValid());
     QVERIFY(!m_helper->queryOne<Kerno>(reads::kernoIds()).isValid());
@@ -196,11 +203,13 @@ void tst_DataHelper::oneRecordIsInvalidWhenThereIsNone() {
 void tst_DataHelper::scalarsIdsAndAuthors() {
     m_service->answer(QStringLiteral("maxHighlightsCount"), 12);
     QCOMPARE(m_helper->queryInt(wire::maxHighlightsCount(), wire::name::maxHighlightsCount), 12);
-    QCOMPARE(m_helper->queryValue(wire::maxHighlightsCount(), wire::name::maxHighlightsCount), QJsonValue(12));
+    QCOMPARE(m_helper->queryValue(wire::maxHighlightsCount(), wire::name::maxHighlightsCount),
+             QJsonValue(12));
     QVERIFY(m_helper->queryValue(wire::maxHighlightsCount(), QStringLiteral("other")).isNull());
 
     m_service->answer(QStringLiteral("highlightQueryList"), objects({idObject(3), idObject(8)}));
-    const QVariantList ids = m_helper->queryIds(reads::highlightIdsOfSource(2), QStringLiteral("highlight"), QStringLiteral("id"));
+    const QVariantList ids =
+        m_helper->queryIds(reads::highlightIdsOfSource(2), QStringLiteral("highlight"), QStringLiteral("id"));
     QCOMPARE(ids, (QVariantList{3, 8}));
 
     QList<QJsonObject> authors;
@@ -239,16 +248,24 @@ void tst_DataHelper::someSavesWaitForTheReply() {
 }
 
 void tst_DataHelper::writesHaveTheirText() {
-    QVERIFY(reachesService([&] { return m_helper->save(Preference(QStringLiteral("k"), QStringLiteral("a\n\"\\"))); }));
-    QCOMPARE(texts().first(), QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"k\" value:\"a\\n\\\"\\\\\"){key value}}"));
+    QVERIFY(reachesService(
+        [&] { return m_helper->save(Preference(QStringLiteral("k"), QStringLiteral("a\n\"\\"))); }));
+    QCOMPARE(
+        texts().first(),
+        QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"k\" value:\"a\\n\\\"\\\\\"){key value}}"));
     QVERIFY(reachesService([&] { return m_helper->remove(highlight(4)); }));
     const QString arguments = highlight(4).mutationArguments().join(QLatin1Char(' '));
-    QVERIFY(texts().first().startsWith(QStringLiteral("mutation{highlightRemove(%1){id kernoId ").arg(arguments)));
+    QVERIFY(texts().first().startsWith(
+        QStringLiteral("mutation{highlightRemove(%1){id kernoId ").arg(arguments)));
     QVERIFY(reachesService([&] { return m_helper->batchSave<Highlight>({highlight(4), highlight(5)}); }));
-    QCOMPARE(texts().first(), QStringLiteral("mutation{highlightBatchCreateOrUpdate(highlights:[{%1},{%2}]){sourceIds questionIds}}")
-                                  .arg(arguments, highlight(5).mutationArguments().join(QLatin1Char(' '))));
+    QCOMPARE(texts().first(),
+             QStringLiteral(
+                 "mutation{highlightBatchCreateOrUpdate(highlights:[{%1},{%2}]){sourceIds questionIds}}")
+                 .arg(arguments, highlight(5).mutationArguments().join(QLatin1Char(' '))));
     QVERIFY(reachesService([&] { return m_helper->batchRemove<Highlight>({highlight(4)}); }));
-    QCOMPARE(texts().first(), QStringLiteral("mutation{highlightBatchRemove(highlights:[{%1}]){sourceIds questionIds}}").arg(arguments));
+    QCOMPARE(texts().first(),
+             QStringLiteral("mutation{highlightBatchRemove(highlights:[{%1}]){sourceIds questionIds}}")
+                 .arg(arguments));
 }
 
 void tst_DataHelper::openingComparesTheReply_data() {
@@ -258,10 +275,18 @@ void tst_DataHelper::openingComparesTheReply_data() {
     QTest::addColumn<bool>("answered");
     QTest::addColumn<bool>("open");
     QTest::newRow("no uuid") << "/p.krn" << wire::nullUuid << "open" << true << true;
-    QTest::newRow("same uuid") << "/p.krn" << "u-1" << "open" << true << true;
-    QTest::newRow("not open") << "/p.krn" << "u-1" << "failed" << true << false;
-    QTest::newRow("other name") << "/P.krn" << "u-1" << "open" << false << false;
-    QTest::newRow("other uuid") << "/p.krn" << "u-2" << "open" << false << false;
+    QTest::newRow("same uuid") << "/p.krn"
+                               << "u-1"
+                               << "open" << true << true;
+    QTest::newRow("not open") << "/p.krn"
+                              << "u-1"
+                              << "failed" << true << false;
+    QTest::newRow("other name") << "/P.krn"
+                                << "u-1"
+                                << "open" << false << false;
+    QTest::newRow("other uuid") << "/p.krn"
+                                << "u-2"
+                                << "open" << false << false;
 }
 
 void tst_DataHelper::openingComparesTheReply() {
@@ -274,12 +299,14 @@ void tst_DataHelper::openingComparesTheReply() {
                                                       {QStringLiteral("uuid"), uuid},
                                                       {QStringLiteral("status"), status},
                                                       {QStringLiteral("access"), QStringLiteral("write")}});
-    const QJsonObject project{{QStringLiteral("name"), QStringLiteral("/p.krn")}, {QStringLiteral("project_uuid"), QStringLiteral("u-1")}};
+    const QJsonObject project{{QStringLiteral("name"), QStringLiteral("/p.krn")},
+                              {QStringLiteral("project_uuid"), QStringLiteral("u-1")}};
     QTEST(m_helper->openProject(project), "answered");
     QTEST(m_helper->isOpen(), "open");
     QCOMPARE(m_helper->access(), answered ? QStringLiteral("write") : QString());
     QCOMPARE(m_helper->currentProject(), answered ? project : QJsonObject());
-    QCOMPARE(texts().last(), QStringLiteral("mutation{dbOpen(name:\"/p.krn\", uuid:\"u-1\"){name, uuid, status, access}}"));
+    QCOMPARE(texts().last(),
+             QStringLiteral("mutation{dbOpen(name:\"/p.krn\", uuid:\"u-1\"){name, uuid, status, access}}"));
 }
 
 void tst_DataHelper::closingComparesTheReply_data() {
@@ -288,7 +315,8 @@ void tst_DataHelper::closingComparesTheReply_data() {
     const QString name = QStringLiteral("name");
     const QString uuid = QStringLiteral("uuid");
     QTest::newRow("closed") << QJsonObject{{name, QString()}, {uuid, wire::nullUuid}} << true;
-    QTest::newRow("still a name") << QJsonObject{{name, QStringLiteral("/p.krn")}, {uuid, wire::nullUuid}} << false;
+    QTest::newRow("still a name") << QJsonObject{{name, QStringLiteral("/p.krn")}, {uuid, wire::nullUuid}}
+                                  << false;
     QTest::newRow("still a uuid") << QJsonObject{{name, QString()}, {uuid, QStringLiteral("u-1")}} << false;
     QTest::newRow("nothing") << QJsonObject() << false;
 }
@@ -358,11 +386,12 @@ void tst_DataHelper::revokedAccessForgetsTheProject() {
 
 void tst_DataHelper::idsAreReservedAtTheService() {
     const auto last = std::make_shared<int>(6);
-    m_service->on(QStringLiteral("kernoMaxId"), [last](ScriptedClient& client, const ScriptedRequest& request) {
-        if (request.query.argument(QStringLiteral("next"))->integer)
-            ++*last;
-        client.reply(request, {{QStringLiteral("kernoMaxId"), *last}});
-    });
+    m_service->on(QStringLiteral("kernoMaxId"),
+                  [last](ScriptedClient& client, const ScriptedRequest& request) {
+                      if (request.query.argument(QStringLiteral("next"))->integer)
+                          ++*last;
+                      client.reply(request, {{QStringLiteral("kernoMaxId"), *last}});
+                  });
     IdManager* ids = IdManager::instance();
     QCOMPARE(ids->parent(), QCoreApplication::instance());
     ids->init(true, m_helper.get());

@@ -40,10 +40,13 @@ void tst_Frames::init() {
     WebSocketHandler* handler = m_link->webSocketHandler();
     m_log->listen(handler, &WebSocketHandler::messageReceived, QStringLiteral("messageReceived"));
     m_log->listen(handler, &WebSocketHandler::errorOccurred, QStringLiteral("errorOccurred"));
-    m_log->listen(handler, &WebSocketHandler::connectionCountChanged, QStringLiteral("connectionCountChanged"));
-    QObject::connect(handler, &WebSocketHandler::accessChanged, m_log.get(),
-                     [this](const QString& access) { m_log->names << QStringLiteral("accessChanged ") + access; });
-    QObject::connect(handler, &WebSocketHandler::messageReceived, m_log.get(), [this](int id) { m_ids << id; });
+    m_log->listen(handler, &WebSocketHandler::connectionCountChanged,
+                  QStringLiteral("connectionCountChanged"));
+    QObject::connect(handler, &WebSocketHandler::accessChanged, m_log.get(), [this](const QString& access) {
+        m_log->names << QStringLiteral("accessChanged ") + access;
+    });
+    QObject::connect(handler, &WebSocketHandler::messageReceived, m_log.get(),
+                     [this](int id) { m_ids << id; });
 }
 
 void tst_Frames::cleanup() {
@@ -54,37 +57,38 @@ void tst_Frames::cleanup() {
 
 void tst_Frames::eachKeyFiresItsOwnSignal_data() {
     // Written out, so that the list in the code has another one to be compared with.
-    const QList<QPair<const char*, const char*>> rows{{"kernoCreateOrUpdate", "kernoSaved"},
-                                                      {"kernoRemove", "kernoDeleted"},
-                                                      {"groupCreateOrUpdate", "groupSaved"},
-                                                      {"groupRemove", "groupDeleted"},
-                                                      {"groupKernoCreateOrUpdate", "kernoGroupSaved"},
-                                                      {"groupKernoRemove", "kernoGroupDeleted"},
-                                                      {"sourceCreateOrUpdate", "sourceSaved"},
-                                                      {"sourceRemove", "sourceDeleted"},
-                                                      {"highlightCreateOrUpdate", "highlightSaved"},
-                                                      {"highlightRemove", "highlightDeleted"},
-                                                      {"highlightBatchCreateOrUpdate", "batchHighlightsSaved"},
-                                                      {"highlightBatchRemove", "batchHighlightsDeleted"},
-                                                      {"memoCreateOrUpdate", "memoSaved"},
-                                                      {"memoRemove", "memoDeleted"},
-                                                      {"memoBatchCreateOrUpdate", "batchMemosSaved"},
-                                                      {"memoBatchRemove", "batchMemosDeleted"},
-                                                      {"questionCreateOrUpdate", "questionSaved"},
-                                                      {"questionRemove", "questionDeleted"},
-                                                      {"questionAnswerCreateOrUpdate", "answerSaved"},
-                                                      {"questionAnswerRemove", "answerDeleted"},
-                                                      {"sourceMetadataCreateOrUpdate", "metadataSaved"},
-                                                      {"sourceMetadataRemove", "metadataDeleted"},
-                                                      {"sourceMetadataKeyCreateOrUpdate", "metadataKeySaved"},
-                                                      {"sourceMetadataKeyRemove", "metadataKeyDeleted"},
-                                                      {"sourceMetadataValueCreateOrUpdate", "metadataValueSaved"},
-                                                      {"sourceMetadataValueRemove", "metadataValueDeleted"},
-                                                      {"chatMessageCreateOrUpdate", "chatMessageSaved"},
-                                                      {"chatMessageRemove", "chatMessageDeleted"},
-                                                      {"preferenceCreateOrUpdate", ""},
-                                                      {"kernoShortcutKeyCreateOrUpdate", ""},
-                                                      {"kernoQueryList", ""}};
+    const QList<QPair<const char*, const char*>> rows{
+        {"kernoCreateOrUpdate", "kernoSaved"},
+        {"kernoRemove", "kernoDeleted"},
+        {"groupCreateOrUpdate", "groupSaved"},
+        {"groupRemove", "groupDeleted"},
+        {"groupKernoCreateOrUpdate", "kernoGroupSaved"},
+        {"groupKernoRemove", "kernoGroupDeleted"},
+        {"sourceCreateOrUpdate", "sourceSaved"},
+        {"sourceRemove", "sourceDeleted"},
+        {"highlightCreateOrUpdate", "highlightSaved"},
+        {"highlightRemove", "highlightDeleted"},
+        {"highlightBatchCreateOrUpdate", "batchHighlightsSaved"},
+        {"highlightBatchRemove", "batchHighlightsDeleted"},
+        {"memoCreateOrUpdate", "memoSaved"},
+        {"memoRemove", "memoDeleted"},
+        {"memoBatchCreateOrUpdate", "batchMemosSaved"},
+        {"memoBatchRemove", "batchMemosDeleted"},
+        {"questionCreateOrUpdate", "questionSaved"},
+        {"questionRemove", "questionDeleted"},
+        {"questionAnswerCreateOrUpdate", "answerSaved"},
+        {"questionAnswerRemove", "answerDeleted"},
+        {"sourceMetadataCreateOrUpdate", "metadataSaved"},
+        {"sourceMetadataRemove", "metadataDeleted"},
+        {"sourceMetadataKeyCreateOrUpdate", "metadataKeySaved"},
+        {"sourceMetadataKeyRemove", "metadataKeyDeleted"},
+        {"sourceMetadataValueCreateOrUpdate", "metadataValueSaved"},
+        {"sourceMetadataValueRemove", "metadataValueDeleted"},
+        {"chatMessageCreateOrUpdate", "chatMessageSaved"},
+        {"chatMessageRemove", "chatMessageDeleted"},
+        {"preferenceCreateOrUpdate", ""},
+        {"kernoShortcutKeyCreateOrUpdate", ""},
+        {"kernoQueryList", ""}};
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("signal");
     for (const auto& row : rows)
@@ -137,7 +141,8 @@ void tst_Frames::onlyTheFirstMemberCounts_data() {
     payload.insert(QStringLiteral("errors"), errors);
     QTest::newRow("errors before all") << payload << 500 << QStringList{message, "errorOccurred"};
     QTest::newRow("revoked") << payload << 403 << QStringList{"accessChanged revoked"};
-    QTest::newRow("nothing known") << QJsonObject{{QStringLiteral("other"), 1}} << 200 << QStringList{message};
+    QTest::newRow("nothing known") << QJsonObject{{QStringLiteral("other"), 1}} << 200
+                                   << QStringList{message};
 }
 
 void tst_Frames::onlyTheFirstMemberCounts() {
@@ -145,7 +150,8 @@ void tst_Frames::onlyTheFirstMemberCounts() {
     QFETCH(int, status);
     QFETCH(QStringList, expected);
     m_log->listen(m_link->webSocketHandler(), &WebSocketHandler::kernoSaved, QStringLiteral("kernoSaved"));
-    m_log->listen(m_link->webSocketHandler(), &WebSocketHandler::kernoDeleted, QStringLiteral("kernoDeleted"));
+    m_log->listen(m_link->webSocketHandler(), &WebSocketHandler::kernoDeleted,
+                  QStringLiteral("kernoDeleted"));
     m_service->push(payload, status);
     m_service->push({{QStringLiteral("access_privilege"), QStringLiteral("owner")}});
     QVERIFY(m_log->waitFor(QStringLiteral("accessChanged owner")));
@@ -156,9 +162,12 @@ void tst_Frames::aFrameThatCannotBeReadIsAnEmptyReply_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("warning");
     QTest::addColumn<int>("id");
-    QTest::newRow("no JSON") << "{\"msg_id\":" << "^Invalid JSON" << 0;
-    QTest::newRow("empty") << " " << "^Invalid JSON" << 0;
-    QTest::newRow("array") << "[1]" << "^Document is not an object" << 0;
+    QTest::newRow("no JSON") << "{\"msg_id\":"
+                             << "^Invalid JSON" << 0;
+    QTest::newRow("empty") << " "
+                           << "^Invalid JSON" << 0;
+    QTest::newRow("array") << "[1]"
+                           << "^Document is not an object" << 0;
     QTest::newRow("odd id") << R"({"msg_id":"x"})" << QString() << 0;
     QTest::newRow("id alone") << R"({"msg_id":"i_12"})" << QString() << 12;
     QTest::newRow("wrong types") << R"({"msg_id":3,"status":"a","json_data":[]})" << QString() << 0;
@@ -178,9 +187,10 @@ void tst_Frames::aFrameThatCannotBeReadIsAnEmptyReply() {
 void tst_Frames::aLongFrameArrivesWhole() {
     constexpr int length = 40 * 1000 * 1000;
     const QString answer(length, QChar(0xe4));
-    m_service->on(QStringLiteral("sourceQueryList"), [&](ScriptedClient& client, const ScriptedRequest& request) {
-        client.reply(request, {{QStringLiteral("text"), answer}});
-    });
+    m_service->on(QStringLiteral("sourceQueryList"),
+                  [&](ScriptedClient& client, const ScriptedRequest& request) {
+                      client.reply(request, {{QStringLiteral("text"), answer}});
+                  });
     const ReplyBase reply = m_link->request(QStringLiteral("{sourceQueryList{id}}"));
     QVERIFY(reply.data().value(QStringLiteral("text")).toString() == answer);
 }

@@ -13,8 +13,8 @@
 
 namespace {
 
-/// Answers each HTTP request with the next prepared body, or not at all when there is none left. Works on a thread
-/// of its own.
+/// Answers each HTTP request with the next prepared body, or not at all when there is none left. Works on a
+/// thread of its own.
 class TinyHttpServer : public QObject {
 public:
     TinyHttpServer() {
@@ -30,15 +30,17 @@ public:
             Qt::BlockingQueuedConnection);
     }
     ~TinyHttpServer() override {
-        QMetaObject::invokeMethod(this, [this] { delete m_server; }, Qt::BlockingQueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { delete m_server; }, Qt::BlockingQueuedConnection);
         m_thread.quit();
         m_thread.wait();
     }
     QUrl url() const { return QUrl(QStringLiteral("http://127.0.0.1:%1/v1").arg(m_server->serverPort())); }
     void prepare(const QByteArray& statusLine, const QByteArray& body) {
         QMutexLocker locker(&m_mutex);
-        m_answers << "HTTP/1.1 " + statusLine + "\r\nConnection: close\r\nContent-Length: " +
-                         QByteArray::number(body.size()) + "\r\n\r\n" + body;
+        m_answers << "HTTP/1.1 " + statusLine +
+                         "\r\nConnection: close\r\nContent-Length: " + QByteArray::number(body.size()) +
+                         "\r\n\r\n" + body;
     }
     QByteArray lastRequest() {
         QMutexLocker locker(&m_mutex);
@@ -94,7 +96,8 @@ void tst_Http::bodiesAreSorted_data() {
     QTest::addColumn<QJsonObject>("json");
     QTest::newRow("all") << QByteArray(R"({"status":true,"message":"m","a":1})") << true << "m"
                          << QJsonObject{{QStringLiteral("a"), 1}};
-    QTest::newRow("wrong types") << QByteArray(R"({"status":"true","message":3})") << false << "" << QJsonObject();
+    QTest::newRow("wrong types") << QByteArray(R"({"status":"true","message":3})") << false << ""
+                                 << QJsonObject();
     QTest::newRow("no JSON") << QByteArray("<html>") << false << "" << QJsonObject();
     QTest::newRow("nothing") << QByteArray() << false << "" << QJsonObject();
 }
@@ -109,7 +112,8 @@ void tst_Http::bodiesAreSorted() {
 }
 
 void tst_Http::aMessageGoesToScreensAsAMap() {
-    const QVariantMap map = Message{404, false, QStringLiteral("gone"), {{QStringLiteral("a"), 1}}}.toVariantMap();
+    const QVariantMap map =
+        Message{404, false, QStringLiteral("gone"), {{QStringLiteral("a"), 1}}}.toVariantMap();
     QCOMPARE(map, (QVariantMap{{QStringLiteral("status_code"), 404},
                                {QStringLiteral("status"), false},
                                {QStringLiteral("message"), QStringLiteral("gone")},
@@ -129,7 +133,8 @@ void tst_Http::callsReachTheServer() {
     QVERIFY(server.lastRequest().contains("Authorization: Bearer \r\n"));
 
     server.prepare("200 OK", R"({"status":false,"message":"wrong"})");
-    const Message posted = link.postBlocking(link.httpRequestFor(server.url(), false), {{QStringLiteral("a"), 1}});
+    const Message posted =
+        link.postBlocking(link.httpRequestFor(server.url(), false), {{QStringLiteral("a"), 1}});
     QCOMPARE(posted.message, QStringLiteral("wrong"));
     QVERIFY(!posted.status);
     QVERIFY(server.lastRequest().contains("Content-Type: application/json\r\n"));
@@ -175,20 +180,26 @@ void tst_Http::endpoints_data() {
     QTest::addColumn<QString>("staging");
     QTest::addColumn<QString>("production");
     using S = ServiceConfig::Service;
-    const auto row = [](const char* name, S service, const char* test, const char* staging, const char* production) {
+    const auto row = [](const char* name, S service, const char* test, const char* staging,
+                        const char* production) {
         QTest::newRow(name) << static_cast<int>(service) << test << staging << production;
     };
     row("auth", S::Auth, "http://localhost:8000/v1", "https://h/auth", "https://h/cloud/auth/v1");
-    row("project", S::Project, "http://localhost:8003/v1/projects", "https://h/projects", "https://h/cloud/project/v1/projects");
-    row("version", S::Version, "http://localhost:8004/version", "https://h/cloud/version/", "https://h/cloud/version/");
-    row("service", S::DataService, "http://localhost:8002/v1/kernova", "https://h/v1/kernova", "https://h/cloud/{region}/service/v1/kernova");
-    row("socket", S::Socket, "ws://localhost:8002/v1/kernova", "wss://h:8002/v1/kernova", "wss://h/cloud/{region}/service/connect");
+    row("project", S::Project, "http://localhost:8003/v1/projects", "https://h/projects",
+        "https://h/cloud/project/v1/projects");
+    row("version", S::Version, "http://localhost:8004/version", "https://h/cloud/version/",
+        "https://h/cloud/version/");
+    row("service", S::DataService, "http://localhost:8002/v1/kernova", "https://h/v1/kernova",
+        "https://h/cloud/{region}/service/v1/kernova");
+    row("socket", S::Socket, "ws://localhost:8002/v1/kernova", "wss://h:8002/v1/kernova",
+        "wss://h/cloud/{region}/service/connect");
 }
 
 void tst_Http::endpoints() {
     QFETCH(int, service);
     const auto url = [service](ServiceConfig::Variant variant) {
-        return ServiceConfig::baseUrl(static_cast<ServiceConfig::Service>(service), variant, QStringLiteral("h"));
+        return ServiceConfig::baseUrl(static_cast<ServiceConfig::Service>(service), variant,
+                                      QStringLiteral("h"));
     };
     QTEST(url(ServiceConfig::Variant::Test), "test");
     QTEST(url(ServiceConfig::Variant::Staging), "staging");
@@ -200,7 +211,8 @@ void tst_Http::regionalAddresses() {
     config.setRegionalServiceMap({{QStringLiteral("euv2"), QStringLiteral("eu.example.org")}});
     config.setRegion(QStringLiteral("EU"));
     QCOMPARE(config.ticketUrl(), QUrl(QStringLiteral("https://eu.example.org/v1/kernova/ticket")));
-    QCOMPARE(config.socketUrl(QStringLiteral("a b")), QUrl(QStringLiteral("wss://eu.example.org/v1/kernova?ticket=a%20b")));
+    QCOMPARE(config.socketUrl(QStringLiteral("a b")),
+             QUrl(QStringLiteral("wss://eu.example.org/v1/kernova?ticket=a%20b")));
     config.setRegion({});
     config.setRegionalServiceMap({});
 }

@@ -13,7 +13,9 @@ private slots:
 void tst_ListReads::texts_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
-    const auto row = [](const char* expected, const QString& text) { QTest::newRow(expected) << text << expected; };
+    const auto row = [](const char* expected, const QString& text) {
+        QTest::newRow(expected) << text << expected;
+    };
     row("{highlightQueryList(kernoId:1){H}}", reads::highlightsOfKerno(1));
     row("{highlightQueryList(sourceId:1){H}}", reads::highlightsOfSource(1));
     row("{highlightQueryList(sourceId:1 questionId:2){H}}", reads::highlights(1, 2));
@@ -38,7 +40,8 @@ void tst_ListReads::texts_data() {
     row("{kernoQueryList{parentKernoId}}", reads::parentKernoIds());
     row("{questionQueryList{id}}", reads::questionIds());
     row("{sourceQueryList{id}}", reads::sourceIds());
-    row("{sourceMetadataKeyQueryList(name:\"a\\\"b\"){K}}", reads::metadataKeysByName(QStringLiteral("a\"b")));
+    row("{sourceMetadataKeyQueryList(name:\"a\\\"b\"){K}}",
+        reads::metadataKeysByName(QStringLiteral("a\"b")));
     row("{sourceMetadataValueQueryList(keyId:1){V}}", reads::metadataValuesOfKey(1));
 }
 

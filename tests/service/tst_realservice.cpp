@@ -49,7 +49,8 @@ void tst_RealService::initTestCase() {
 
 void tst_RealService::init() {
     m_folder = std::make_unique<QTemporaryDir>();
-    const QString body = QStringLiteral("echo $$ > '%1'\nexec '%2' \"$@\"").arg(path(QStringLiteral("pid")), QString::fromUtf8(m_program));
+    const QString body = QStringLiteral("echo $$ > '%1'\nexec '%2' \"$@\"")
+                             .arg(path(QStringLiteral("pid")), QString::fromUtf8(m_program));
     qputenv("KERNOVA_SERVICE_PROGRAM", writeProgram(*m_folder, QStringLiteral("service"), body).toUtf8());
     m_helper = std::make_unique<DataHelper>(calmTimings());
     m_project = localProject(path(QStringLiteral("study.krn")));
@@ -78,7 +79,8 @@ void tst_RealService::whatIsSavedIsReadBack() {
     QCOMPARE(kernos.first().color(), QColor(Qt::red));
     QVERIFY(kernos.first().timestamp().isValid());
     QCOMPARE(m_helper->queryAuthors(QStringLiteral("kerno")), QStringList{QStringLiteral("Ann")});
-    QCOMPARE(m_helper->queryIds(reads::kernoIds(), QStringLiteral("kerno"), QStringLiteral("id")), QVariantList{1});
+    QCOMPARE(m_helper->queryIds(reads::kernoIds(), QStringLiteral("kerno"), QStringLiteral("id")),
+             QVariantList{1});
     QVERIFY(m_helper->closeProject());
     QVERIFY(m_helper->openProject(m_project));
     QCOMPARE(m_helper->findAll<Kerno>().size(), 1);
@@ -102,7 +104,8 @@ void tst_RealService::batchesAreAnnouncedByTheirPlaces() {
     QSignalSpy saved(m_helper->notifications(), &WebSocketHandler::batchHighlightsSaved);
     QList<Highlight> highlights;
     for (int i = 1; i <= 3; ++i)
-        highlights << Highlight(i, 1, 7, 2, {}, i * 10, 5, i * 10 + 5, QStringLiteral("Ann"), {}, 0, 0, 0, false);
+        highlights << Highlight(i, 1, 7, 2, {}, i * 10, 5, i * 10 + 5, QStringLiteral("Ann"), {}, 0, 0, 0,
+                                false);
     QVERIFY(m_helper->batchSave(highlights));
     QVERIFY(waitFor([&] { return saved.count() == 1; }));
     const QJsonObject places = saved.first().first().toJsonObject();
@@ -153,7 +156,8 @@ void tst_RealService::aKilledServiceIsRestartedAndReopened() {
 }
 
 void tst_RealService::theWholeProjectTravelsBothWays() {
-    QVERIFY(m_helper->save(Kerno(1, -1, QColor(Qt::blue), QStringLiteral("Trust"), {}, {}, QStringLiteral("Ann"), 3, 4)));
+    QVERIFY(m_helper->save(
+        Kerno(1, -1, QColor(Qt::blue), QStringLiteral("Trust"), {}, {}, QStringLiteral("Ann"), 3, 4)));
     const Message exported = m_helper->exportProjectJson(m_project);
     QVERIFY2(exported.status, qPrintable(exported.message));
     const QJsonValue json = exported.json.value(QStringLiteral("project_json"));

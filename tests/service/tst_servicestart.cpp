@@ -105,7 +105,8 @@ void tst_ServiceStart::aFailedStartCanBeRepeated() {
     ScriptedService service;
     const QByteArray working = qgetenv("KERNOVA_SERVICE_PROGRAM");
     Connection link(shortTimings());
-    qputenv("KERNOVA_SERVICE_PROGRAM", writeProgram(m_folder, QStringLiteral("dead"), QStringLiteral("exit 1")).toUtf8());
+    qputenv("KERNOVA_SERVICE_PROGRAM",
+            writeProgram(m_folder, QStringLiteral("dead"), QStringLiteral("exit 1")).toUtf8());
     QVERIFY(!link.connect(false));
     qputenv("KERNOVA_SERVICE_PROGRAM", working);
     QSignalSpy connected(&link, &Connection::connected);
@@ -116,7 +117,8 @@ void tst_ServiceStart::aFailedStartCanBeRepeated() {
 void tst_ServiceStart::theServiceGetsTheTokenAndTheSocketSendsIt() {
     ScriptedService service;
     const QString file = m_folder.filePath(QStringLiteral("token"));
-    const QString body = QStringLiteral("printf \"$KERNOVA_SERVICE_TOKEN $*\" > '%1'\nexec '%2'").arg(file, service.program());
+    const QString body =
+        QStringLiteral("printf \"$KERNOVA_SERVICE_TOKEN $*\" > '%1'\nexec '%2'").arg(file, service.program());
     qputenv("KERNOVA_SERVICE_PROGRAM", writeProgram(m_folder, QStringLiteral("token.sh"), body).toUtf8());
     Connection link(shortTimings());
     QVERIFY(link.connect(false));
@@ -149,7 +151,8 @@ void tst_ServiceStart::theServiceEndsWithTheLink() {
 }
 
 void tst_ServiceStart::destructionDoesNotWaitForAHangingService() {
-    const QString program = writeProgram(m_folder, QStringLiteral("silent"), QStringLiteral("exec cat > /dev/null"));
+    const QString program =
+        writeProgram(m_folder, QStringLiteral("silent"), QStringLiteral("exec cat > /dev/null"));
     qputenv("KERNOVA_SERVICE_PROGRAM", program.toUtf8());
     QElapsedTimer time;
     {

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QUrl>
 
-/// The data service's executable, run for one test. Named by the environment variable KERNOVA_SERVICE_PROGRAM. It
-/// ends with this object at the latest.
+/// The data service's executable, run for one test. Named by the environment variable
+/// KERNOVA_SERVICE_PROGRAM. It ends with this object at the latest.
 class RealService {
 public:
     /// The executable that the environment names, or an empty text when there is none.

@@ -10,9 +10,10 @@ ScriptedServer::ScriptedServer() {
         client.reply(request, {{wire::name::dbOpen, openedProject(request, QStringLiteral("owner"))}});
     });
     scripts.insert(wire::name::dbClose, [](ScriptedClient& client, const ScriptedRequest& request) {
-        client.reply(request, {{wire::name::dbClose, QJsonObject{{QStringLiteral("name"), QString()},
-                                                                 {QStringLiteral("uuid"), wire::nullUuid},
-                                                                 {QStringLiteral("status"), QStringLiteral("closed")}}}});
+        client.reply(request, {{wire::name::dbClose,
+                                QJsonObject{{QStringLiteral("name"), QString()},
+                                            {QStringLiteral("uuid"), wire::nullUuid},
+                                            {QStringLiteral("status"), QStringLiteral("closed")}}}});
     });
 }
 

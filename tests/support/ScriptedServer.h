@@ -20,10 +20,12 @@ public:
     template <typename Function> auto run(Function function) {
         using Result = decltype(function());
         if constexpr (std::is_void_v<Result>) {
-            QMetaObject::invokeMethod(this, [&] { function(); }, Qt::BlockingQueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [&] { function(); }, Qt::BlockingQueuedConnection);
         } else {
             std::optional<Result> result;
-            QMetaObject::invokeMethod(this, [&] { result = function(); }, Qt::BlockingQueuedConnection);
+            QMetaObject::invokeMethod(
+                this, [&] { result = function(); }, Qt::BlockingQueuedConnection);
             return *result;
         }
     }

@@ -42,7 +42,8 @@ void ScriptedClient::abort() {
     m_socket.abort();
 }
 
-ScriptedService::ScriptedService() : m_server(new ScriptedServer), m_formerProgram(qgetenv("KERNOVA_SERVICE_PROGRAM")) {
+ScriptedService::ScriptedService()
+    : m_server(new ScriptedServer), m_formerProgram(qgetenv("KERNOVA_SERVICE_PROGRAM")) {
     m_server->moveToThread(&m_thread);
     QObject::connect(&m_thread, &QThread::finished, m_server, &QObject::deleteLater);
     m_thread.start();

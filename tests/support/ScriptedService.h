@@ -44,12 +44,13 @@ private:
     QWebSocket& m_socket;
 };
 
-/// A data service that plays what a test tells it: for faults and odd frames. It listens on the loopback on a thread
-/// of its own, so that it answers while the test waits in a blocking call. While it lives, the environment variable
-/// KERNOVA_SERVICE_PROGRAM names a program which prints its port and ends when its input closes: the link
-/// under test reaches it by its usual way.
+/// A data service that plays what a test tells it: for faults and odd frames. It listens on the loopback on a
+/// thread of its own, so that it answers while the test waits in a blocking call. While it lives, the
+/// environment variable KERNOVA_SERVICE_PROGRAM names a program which prints its port and ends when its input
+/// closes: the link under test reaches it by its usual way.
 ///
-/// Left alone it opens and closes every project with access "owner" and answers every other operation with an empty list.
+/// Left alone it opens and closes every project with access "owner" and answers every other operation with an
+/// empty list.
 class ScriptedService {
 public:
     using Script = std::function<void(ScriptedClient&, const ScriptedRequest&)>;
