@@ -64,7 +64,8 @@ QVariant bound(const QVariant& value) {
     // A byte order mark at the start of a text is taken for a mark and dropped: give it one to drop.
     if (!text.isEmpty() && (text[0] == QChar(0xFEFF) || text[0] == QChar(0xFFFE)))
         return QString(QChar(0xFEFF)) + text;
-    return text;
+    // A null string would be bound as NULL: an empty text is a text.
+    return text.isNull() ? QStringLiteral("") : text;
 }
 
 QString beginText() {
