@@ -185,6 +185,12 @@ QtObject {
                 implicitWidth: root.scroll_bar_size
                 implicitHeight: root.scroll_bar_size
                 radius: root.scroll_bar_size / 2
+                // A handle that fills its trough has nothing to scroll.
+                opacity: __needed ? 1 : 0
+                readonly property Item __view: control.flickableItem
+                readonly property bool __needed: !__view || (styleData.horizontal
+                                                             ? __view.contentWidth > __view.width
+                                                             : __view.contentHeight > __view.height)
                 color: styleData.pressed ? Qt.darker(root.orrange_button_color, 1.2) : root.orrange_button_color
             }
         }

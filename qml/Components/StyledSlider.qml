@@ -8,7 +8,7 @@ Slider {
         groove: Rectangle {
             implicitHeight: Units.dp(4)
             radius: height / 2
-            color: ApplicationStyle.dialog_highlight_color
+            color: ApplicationStyle.dark ? ApplicationStyle.dialog_highlight_color : "#9a9ab4"
         }
         handle: Rectangle {
             implicitWidth: Units.dp(14)

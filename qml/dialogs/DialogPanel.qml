@@ -12,6 +12,7 @@ FocusScope {
     property alias headerItems: _header.data
     default property alias content: _layout.data
 
+    focus: true
     implicitWidth: Units.dp(560)
     implicitHeight: _layout.implicitHeight + _heading.height + 3 * ApplicationStyle.default_dialog_margin
     width: implicitWidth

@@ -38,7 +38,7 @@ MouseArea {
         if (kerno === level0Kerno)
             return kerno
         __draggedRow = kerno.dataSource
-        _childDrag.level = kerno.level
+        _childDrag.draggedLevel = kerno.level
         var position = mapToItem(canvas, mouse.x, mouse.y)
         _childDrag.start = Qt.point(position.x - kerno.scaledR, position.y - kerno.scaledR)
         _childDrag.active = true
@@ -120,14 +120,14 @@ MouseArea {
     Loader {
         id: _childDrag
 
-        property int level: 1
+        property int draggedLevel: 1
         property point start
 
         parent: root.canvas
         active: false
         z: 10
         sourceComponent: CircleChildKerno {
-            level: _childDrag.level
+            level: _childDrag.draggedLevel
             dataSource: root.__draggedRow
             isDragging: root.dragging && root.drag.target === this
             x: _childDrag.start.x
