@@ -19,6 +19,7 @@
 #include <QStringList>
 #include <QUrl>
 #include <QVariantList>
+#include <functional>
 #include <memory>
 
 class AnswerCache;
@@ -136,8 +137,8 @@ public:
     Q_INVOKABLE QVariantList kernos(const QVariantList& excludeIds) const;
     Q_INVOKABLE QVariantList kernosWithoutParent() const;
     Q_INVOKABLE QVariantList kernosWithoutParent(const QVariantList& excludeIds) const;
-    QList<Kerno> allKernos() const;
-    QList<Kerno> kernosForParent(int parentKernoId) const;
+    Q_INVOKABLE QList<Kerno> allKernos() const;
+    Q_INVOKABLE QList<Kerno> kernosForParent(int parentKernoId) const;
     /// The kerno of that id, or an empty one.
     Q_INVOKABLE Kerno kerno(int kernoId) const;
     Kerno kernoById(int kernoId) const override { return kerno(kernoId); }
@@ -158,7 +159,7 @@ public:
     Q_INVOKABLE QVariantList highlightIds() const;
     Q_INVOKABLE QVariantList highlights() const;
     Q_INVOKABLE QVariantList highlights(int sourceId) const;
-    QList<Highlight> highlights(int sourceId, int questionId) const;
+    Q_INVOKABLE QList<Highlight> highlights(int sourceId, int questionId) const;
     /// Those that meet the `length` characters from `offset`, with their stored positions; -1 means to the end.
     Q_INVOKABLE QVariantList highlights(int sourceId, int questionId, int offset, int length) const;
     QList<Highlight> highlightsOfKerno(int kernoId) const;
@@ -178,7 +179,7 @@ public:
     Q_INVOKABLE int totalHighlightsCountByKernoIdAndSourceId(int kernoId, int sourceId) const;
     Q_INVOKABLE Memo memo(int memoId) const;
     Q_INVOKABLE QVariantList memos(int sourceId) const;
-    QList<Memo> memos(int sourceId, int questionId) const;
+    Q_INVOKABLE QList<Memo> memos(int sourceId, int questionId) const;
 
     // Reads: sources, answers, questions
 
@@ -265,6 +266,8 @@ public:
     Q_INVOKABLE bool deleteMetadataValue(const SourceMetadataValue& model);
     Q_INVOKABLE bool deleteGroup(const Group& model);
     Q_INVOKABLE bool deleteKernoGroup(const KernoGroup& model);
+    /// The shortcut model is updated at once, as on saving: no notification tells of keys.
+    Q_INVOKABLE bool deleteKernoShortcutKey(const KernoShortcutKey& model);
     Q_INVOKABLE bool deleteChatMessage(const ChatMessage& model);
     Q_INVOKABLE bool deleteKerno(const Kerno& kerno);
     Q_INVOKABLE bool deleteSource(int id);
@@ -348,6 +351,10 @@ private:
     /// Returns when the service has stored everything that was sent before.
     void awaitStored() const;
     void putKerno(const Kerno& kerno);
+    bool isInShownGroup(int kernoId) const;
+    QVariantList readStatistics(const QString& text, const QString& name,
+                                const std::function<QVariantList(const QJsonArray&)>& arithmetic) const;
+    QVariantMap readAnswer(const QJsonObject& element) const;
 
     ProjectTimings m_timings;
     bool m_opened = false;  ///< set by the first project that was opened, and kept

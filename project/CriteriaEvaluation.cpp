@@ -1,0 +1,83 @@
+#include "project/CriteriaEvaluation.h"
+
+#include <QDebug>
+#include <QHash>
+#include <QSet>
+
+namespace criteria {
+namespace {
+
+QVector<int> combineHighlights(const QVector<int>& left, const QVector<int>& right, bool isAnd) {
+    const bool leftIsShorter = left.size() < right.size();
+    const QVector<int>& shorter = leftIsShorter ? left : right;
+    const QVector<int>& longer = leftIsShorter ? right : left;
+    if (shorter.isEmpty())
+        return isAnd ? QVector<int>() : longer;
+    const QSet<int> known(longer.constBegin(), longer.constEnd());
+    QVector<int> result = isAnd ? QVector<int>() : longer;
+    for (int highlight : shorter) {
+        if (known.contains(highlight) == isAnd)
+            result.append(highlight);
+    }
+    return result;
+}
+
+// Joins row `index` to the one before it, which takes the result.
+void joinToPrevious(QVector<Term>& terms, int index) {
+    Term& previous = terms[index - 1];
+    previous.results = combine(previous.results, terms.at(index).results, previous.isAnd);
+    terms.remove(index);
+}
+
+}  // namespace
+
+Results combine(const Results& left, const Results& right, bool isAnd) {
+    if (left.size() != right.size()) {
+        qDebug() << "Criterion results mismatch. Invalid data from server.";
+        return {};
+    }
+    QHash<int, int> places;
+    places.reserve(right.size());
+    for (int i = right.size() - 1; i >= 0; --i)
+        places.insert(right.at(i).kerno, i);
+    Results result;
+    result.reserve(left.size());
+    for (const Item& item : left) {
+        const auto place = places.constFind(item.kerno);
+        if (place != places.constEnd())
+            result.append({item.kerno, combineHighlights(item.highlights, right.at(*place).highlights, isAnd)});
+    }
+    return result;
+}
+
+void dropSingleBrackets(QVector<Term>& terms) {
+    int run = 0;
+    for (int i = 0; i < terms.size(); ++i) {
+        if (terms.at(i).level != 0) {
+            const bool isLast = i == terms.size() - 1;
+            if (isLast && run == 0)
+                terms[i].level = 0;
+            else
+                ++run;
+        } else {
+            if (run == 1)
+                terms[i - 1].level = 0;
+            run = 0;
+        }
+    }
+}
+
+Results evaluate(QVector<Term> terms) {
+    if (terms.isEmpty())
+        return {};
+    dropSingleBrackets(terms);
+    for (int i = terms.size() - 1; i > 0; --i) {
+        if (terms.at(i).level == 1 && terms.at(i - 1).level == 1)
+            joinToPrevious(terms, i);
+    }
+    for (int i = terms.size() - 1; i > 0; --i)
+        joinToPrevious(terms, i);
+    return terms.first().results;
+}
+
+}  // namespace criteria

@@ -1,0 +1,224 @@
+#include "project/CriteriaEvaluation.h"
+#include "project/QueryCriterion.h"
+#include "project/RecordNumbers.h"
+#include "records/Highlight.h"
+#include "records/Kerno.h"
+#include "tests_support/TestMain.h"
+
+#include <QRandomGenerator>
+
+using criteria::Item;
+using criteria::Results;
+using criteria::Term;
+
+namespace {
+
+QVariantMap row(const QVariant& property, const QString& op, const QVariant& value,
+                const QString& junction = QStringLiteral(" AND"), int level = 0) {
+    return {{"property", property}, {"operator", op}, {"value", value}, {"junctionOperator", junction}, {"level", level}};
+}
+
+Term term(const QVector<int>& highlights, bool isAnd, int level) {
+    return {level, isAnd, {{1, highlights}}};
+}
+
+/// Combining as it is told: item by item, compared in turn.
+Results naiveCombine(const Results& left, const Results& right, bool isAnd) {
+    Results result;
+    if (left.size() != right.size())
+        return result;
+    for (const Item& item : left) {
+        for (const Item& other : right) {
+            if (other.kerno != item.kerno)
+                continue;
+            const bool leftShorter = item.highlights.size() < other.highlights.size();
+            const QVector<int>& shorter = leftShorter ? item.highlights : other.highlights;
+            const QVector<int>& longer = leftShorter ? other.highlights : item.highlights;
+            QVector<int> list = isAnd ? QVector<int>() : longer;
+            for (int highlight : shorter) {
+                if (longer.contains(highlight) == isAnd)
+                    list.append(highlight);
+            }
+            result.append({item.kerno, list});
+            break;
+        }
+    }
+    return result;
+}
+
+Results naiveEvaluate(QVector<Term> terms) {
+    int run = 0;
+    for (int i = 0; i < terms.size(); ++i) {
+        if (terms[i].level != 0) {
+            if (i == terms.size() - 1 && run == 0)
+                terms[i].level = 0;
+            else
+                ++run;
+        }
+        if (terms[i].level == 0) {
+            if (run == 1)
+                terms[i - 1].level = 0;
+            run = 0;
+        }
+    }
+    for (int pass = 1; pass >= 0; --pass) {
+        for (int i = terms.size() - 1; i >= 1; --i) {
+            if (pass == 1 && (terms[i].level != 1 || terms[i - 1].level != 1))
+                continue;
+            terms[i - 1].results = naiveCombine(terms[i - 1].results, terms[i].results, terms[i - 1].isAnd);
+            terms.removeAt(i);
+        }
+    }
+    return terms.first().results;
+}
+
+Results randomResults(QRandomGenerator& random) {
+    QVector<int> kernos{1, 2, 3, 4};
+    std::shuffle(kernos.begin(), kernos.end(), random);
+    Results results;
+    for (int kerno : qAsConst(kernos)) {
+        Item item{kerno, {}};
+        for (int i = random.bounded(8); i > 0; --i)
+            item.highlights.append(random.bounded(6));
+        results.append(item);
+    }
+    if (random.bounded(20) == 0)
+        results.removeLast();
+    return results;
+}
+
+}  // namespace
+
+class TestCriteria : public QObject {
+    Q_OBJECT
+
+private slots:
+    void readsRows_data() {
+        QTest::addColumn<QVariantMap>("map");
+        QTest::addColumn<bool>("valid");
+        QTest::addColumn<bool>("isAnd");
+        QTest::addColumn<bool>("ordered");
+        QTest::newRow("plain") << row("HA", "=", "Ann") << true << true << false;
+        QTest::newRow("ordered") << row(7, ">=", 3, " or") << true << false << true;
+        QTest::newRow("less") << row(7, "<", 3) << true << true << true;
+        QTest::newRow("unequal") << row(7, "!=", 3) << true << true << false;
+        QTest::newRow("empty value counts") << row("HA", "=", "") << true << true << false;
+        QTest::newRow("unknown operator") << row("HA", "~", "Ann") << false << false << false;
+        QTest::newRow("junction without its blank") << row("HA", "<", "Ann", "AND") << false << false << true;
+        QTest::newRow("no value") << QVariantMap{{"property", "HA"}, {"operator", "="}, {"junctionOperator", " AND"}}
+                                  << false << true << false;
+        QTest::newRow("no property") << row("", "=", "Ann") << false << true << false;
+        QTest::newRow("level 2") << row("HA", "=", "Ann", " AND", 2) << false << true << false;
+    }
+
+    void readsRows() {
+        QFETCH(QVariantMap, map);
+        const QueryCriterion criterion(map);
+        QTEST(criterion.isValid(), "valid");
+        QTEST(criterion.isAnd(), "isAnd");
+        QTEST(criterion.isOrderedComparison(), "ordered");
+    }
+
+    void asksTheService_data() {
+        QTest::addColumn<QVariantMap>("map");
+        QTest::addColumn<QString>("arguments");
+        QTest::newRow("key") << row(7, ">", 30) << "(fieldName: \"value\" operator: \">\" value: \"30\" keyId: 7)";
+        QTest::newRow("key as text") << row("7", "=", "x")
+                                     << "(fieldName: \"value\" operator: \"=\" value: \"x\" keyId: 7)";
+        QTest::newRow("HA") << row("HA", "=", "Ann") << "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"Ann\")";
+        QTest::newRow("QA") << row("QA", "!=", "Ann") << "(fieldName: \"kernoAuthor\" operator: \"!=\" value: \"Ann\")";
+        QTest::newRow("HD") << row("HD", "<", "2020-01-01")
+                            << "(fieldName: \"highlightDate\" operator: \"<\" value: \"2020-01-01\")";
+        QTest::newRow("QD") << row("QD", "<=", "2020-01-01")
+                            << "(fieldName: \"kernoDate\" operator: \"<=\" value: \"2020-01-01\")";
+        QTest::newRow("GR") << row("GR", "=", 4) << "(fieldName: \"level\" operator: \"=\" value: \"4\")";
+        QTest::newRow("ST") << row("ST", "=", 5) << "(fieldName: \"sourceId\" operator: \"=\" value: \"5\")";
+        QTest::newRow("unescaped") << row("HA", "=", "a\"%1")
+                                   << "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"a\"%1\")";
+        QTest::newRow("everything") << row("HA", "!=", "") << "";
+    }
+
+    void asksTheService() {
+        QFETCH(QVariantMap, map);
+        QFETCH(QString, arguments);
+        QCOMPARE(QueryCriterion(map).queryText(),
+                 "{kernoQueryListWithHighlightsAndCriteria" + arguments +
+                     "{id parentKernoId color title description timestamp author x y  highlights{ "
+                     "id kernoId sourceId questionId color start length author timestamp }}}");
+    }
+
+    void evaluatesFromTheRight() {
+        const QVector<int> a{1, 2}, b{2, 3}, c{3, 4, 1};
+        // A OR (B AND C), A AND (B OR C), (A OR B) AND C
+        QCOMPARE(criteria::evaluate({term(a, false, 0), term(b, true, 0), term(c, true, 0)}), Results({{1, {1, 2, 3}}}));
+        QCOMPARE(criteria::evaluate({term(a, true, 0), term(b, false, 0), term(c, true, 0)}), Results({{1, {1, 2}}}));
+        QCOMPARE(criteria::evaluate({term(a, false, 1), term(b, true, 1), term(c, true, 0)}), Results({{1, {1, 3}}}));
+        QVERIFY(criteria::evaluate({}).isEmpty());
+    }
+
+    void singleBracketsMeanNothing_data() {
+        QTest::addColumn<QVector<int>>("levels");
+        QTest::addColumn<QVector<int>>("expected");
+        using L = QVector<int>;
+        QTest::newRow("alone") << L{1} << L{0};
+        QTest::newRow("first") << L{1, 0, 0} << L{0, 0, 0};
+        QTest::newRow("middle") << L{0, 1, 0} << L{0, 0, 0};
+        QTest::newRow("last") << L{0, 0, 1} << L{0, 0, 0};
+        QTest::newRow("pair") << L{0, 1, 1} << L{0, 1, 1};
+        QTest::newRow("run and single") << L{1, 1, 0, 1, 0, 1} << L{1, 1, 0, 0, 0, 0};
+    }
+
+    void singleBracketsMeanNothing() {
+        QFETCH(QVector<int>, levels);
+        QVector<Term> terms;
+        for (int level : qAsConst(levels))
+            terms.append({level, true, {}});
+        criteria::dropSingleBrackets(terms);
+        QVector<int> actual;
+        for (const Term& t : qAsConst(terms))
+            actual.append(t.level);
+        QTEST(actual, "expected");
+    }
+
+    void longerListComesFirst() {
+        QCOMPARE(criteria::combine({{1, {5}}}, {{1, {6, 5, 7}}}, false), Results({{1, {6, 5, 7}}}));
+        QCOMPARE(criteria::combine({{1, {1, 2}}}, {{1, {3, 4}}}, false), Results({{1, {1, 2, 3, 4}}}));
+        QVERIFY(criteria::combine({{1, {5}}}, {{1, {5}}, {2, {}}}, true).isEmpty());
+        QVERIFY(criteria::combine({{1, {5}}}, {{2, {5}}}, true).isEmpty());
+    }
+
+    void agreesWithTheDefinition() {
+        QRandomGenerator random(20240229);
+        for (int round = 0; round < 3000; ++round) {
+            QVector<Term> terms;
+            for (int i = 1 + random.bounded(7); i > 0; --i)
+                terms.append({random.bounded(2), random.bounded(2) == 0, randomResults(random)});
+            QCOMPARE(criteria::evaluate(terms), naiveEvaluate(terms));
+        }
+    }
+
+    void numbersRecordsThatAgree() {
+        QJsonObject json{{"id", 4}, {"kernoId", 1}, {"sourceId", 1}, {"questionId", 1}, {"color", "#ff0000"},
+                         {"start", 0}, {"length", 5}, {"author", "Ann"}, {"timestamp", "2024-01-02T03:04:05Z"}};
+        RecordNumbers<Highlight> numbers;
+        QCOMPARE(numbers.numberOf(json), 0);
+        QCOMPARE(numbers.numberOf(json), 0);
+        QJsonObject spelled = json;
+        spelled["start"] = "0";
+        QCOMPARE(numbers.numberOf(spelled), 0);
+        const QList<QPair<QString, QJsonValue>> changes{
+            {"author", "Bob"}, {"color", "#00ff00"}, {"length", 6}, {"timestamp", "2024-01-02T03:04:06Z"}};
+        int next = 1;
+        for (const auto& change : changes) {
+            QJsonObject other = json;
+            other[change.first] = change.second;
+            QCOMPARE(numbers.numberOf(other), next++);
+        }
+        QCOMPARE(numbers.numberOf(json), 0);
+        QCOMPARE(numbers.map(1).value("author").toString(), QStringLiteral("Bob"));
+        QCOMPARE(numbers.map(0), Highlight(json, "").toVariantMap());
+    }
+};
+
+KERNOVA_TEST_MAIN(TestCriteria)
+#include "tst_criteria.moc"

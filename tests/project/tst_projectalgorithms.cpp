@@ -1,0 +1,165 @@
+#include "project/AnswerCache.h"
+#include "project/FileCopies.h"
+#include "project/KernoTree.h"
+#include "project/PassageRanges.h"
+#include "project/SortOrder.h"
+#include "tests_support/TestMain.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+using passages::Range;
+using Ranges = QList<Range>;
+Q_DECLARE_METATYPE(Ranges)
+
+namespace {
+
+Highlight highlight(const Range& range) {
+    return {1, 1, 1, 1, QColor(), range.first, range.second - range.first, range.second, {}, {}, 0, 0, 0, false};
+}
+
+QList<Highlight> highlights(const Ranges& ranges) {
+    QList<Highlight> list;
+    for (const Range& range : ranges)
+        list.append(highlight(range));
+    return list;
+}
+
+Kerno kerno(int id, int parent, const QString& title = {}, int second = 0) {
+    const QDateTime time(QDate(2024, 1, 1), QTime(0, 0, second), Qt::UTC);
+    return {id, parent, QColor(), title, {}, time, {}, 1, 1};
+}
+
+QList<int> ids(const QList<Kerno>& kernos) {
+    QList<int> list;
+    for (const Kerno& k : kernos)
+        list.append(k.kernoId());
+    return list;
+}
+
+void write(const QString& path, const QByteArray& text) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+QByteArray read(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
+}
+
+}  // namespace
+
+class TestProjectAlgorithms : public QObject {
+    Q_OBJECT
+
+private slots:
+    void mergesRanges_data() {
+        QTest::addColumn<Ranges>("ranges");
+        QTest::addColumn<Ranges>("expected");
+        QTest::newRow("none") << Ranges{} << Ranges{};
+        QTest::newRow("apart") << Ranges{{0, 3}, {4, 6}} << Ranges{{0, 3}, {4, 6}};
+        QTest::newRow("touching") << Ranges{{0, 3}, {3, 6}} << Ranges{{0, 6}};
+        QTest::newRow("overlapping") << Ranges{{0, 5}, {3, 6}, {6, 9}, {20, 21}} << Ranges{{0, 9}, {20, 21}};
+        QTest::newRow("inside") << Ranges{{0, 9}, {2, 4}, {3, 5}} << Ranges{{0, 9}};
+        QTest::newRow("only the last one is widened") << Ranges{{5, 9}, {20, 30}, {6, 8}}
+                                                      << Ranges{{5, 9}, {20, 30}, {6, 8}};
+        QTest::newRow("widened to the left") << Ranges{{5, 9}, {3, 5}} << Ranges{{3, 9}};
+    }
+
+    void mergesRanges() {
+        QFETCH(Ranges, ranges);
+        QFETCH(Ranges, expected);
+        QCOMPARE(passages::mergedRanges(ranges), expected);
+        QCOMPARE(passages::mergedRanges(highlights(ranges)), expected);
+    }
+
+    void findsOverlaps_data() {
+        QTest::addColumn<Ranges>("first");
+        QTest::addColumn<Ranges>("second");
+        QTest::addColumn<Ranges>("expected");
+        QTest::newRow("none") << Ranges{{0, 5}} << Ranges{{5, 9}} << Ranges{};
+        QTest::newRow("union") << Ranges{{0, 5}} << Ranges{{4, 9}} << Ranges{{0, 9}};
+        QTest::newRow("chain within the second") << Ranges{{0, 5}} << Ranges{{4, 9}, {8, 12}} << Ranges{{0, 12}};
+        QTest::newRow("an earlier one isn't asked again") << Ranges{{5, 8}} << Ranges{{0, 3}, {2, 6}} << Ranges{{2, 8}};
+        QTest::newRow("merged") << Ranges{{0, 5}, {8, 12}, {30, 31}} << Ranges{{4, 9}} << Ranges{{0, 12}};
+    }
+
+    void findsOverlaps() {
+        QFETCH(Ranges, first);
+        QFETCH(Ranges, second);
+        QTEST(passages::overlapRanges(highlights(first), highlights(second)), "expected");
+    }
+
+    void keepsManualOrder_data() {
+        QTest::addColumn<QVariantList>("manual");
+        QTest::addColumn<QVariantList>("expected");
+        QTest::newRow("none") << QVariantList{} << QVariantList{3, 1, 2};
+        QTest::newRow("gone and twice") << QVariantList{2, 9, 2, 1.0} << QVariantList{2, 1, 3};
+        QTest::newRow("whole") << QVariantList{1, 2, 3} << QVariantList{1, 2, 3};
+    }
+
+    void keepsManualOrder() {
+        QFETCH(QVariantList, manual);
+        QTEST(order::byManualOrder({3, 1, 2}, manual), "expected");
+    }
+
+    void sortsByField() {
+        const QList<Kerno> list{kerno(1, -1, "b", 3), kerno(2, -1, "a", 2), kerno(3, -1, "b", 1)};
+        QCOMPARE(kernotree::sortedIds(list, 260, false), QVariantList({2, 1, 3}));
+        QCOMPARE(kernotree::sortedIds(list, 260, true), QVariantList({1, 3, 2}));
+        QCOMPARE(kernotree::sortedIds(list, 262, false), QVariantList({3, 2, 1}));
+        QCOMPARE(kernotree::sortedIds(list, 999, true), QVariantList({1, 2, 3}));
+        const QVariantMap a{{"key", "a"}}, b{{"key", "b"}};
+        QCOMPARE(order::byMember({b, a}, "key"), QVariantList({a, b}));
+        QVERIFY(order::lessThan(9, 10));
+    }
+
+    void walksTheTree() {
+        const QList<Kerno> list{kerno(1, -1), kerno(2, 1), kerno(3, 2), kerno(4, 0), kerno(5, 1)};
+        QCOMPARE(ids(kernotree::topLevel(list)), QList<int>({1, 4}));
+        QCOMPARE(ids(kernotree::descendants(list, 1)), QList<int>({2, 5, 3}));
+        QVERIFY(kernotree::descendants(list, 3).isEmpty());
+        QCOMPARE(ids(kernotree::without(list, {2, 4, 9})), QList<int>({1, 3, 5}));
+        const QList<Kerno> circle{kerno(1, 2), kerno(2, 1)};
+        QCOMPARE(ids(kernotree::descendants(circle, 1)), QList<int>({2}));
+        QCOMPARE(kernotree::parents({-1, 3, 3, 0, 1}), QVariantList({3, 1}));
+    }
+
+    void replacesBackups() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath("p.krn");
+        write(path, "one");
+        QVERIFY(copies::replaceBackup(path));
+        QCOMPARE(read(path + ".bak"), QByteArray("one"));
+        write(path, "two");
+        write(path + ".bak.tmp", "rest of a crash");
+        QVERIFY(copies::replaceBackup(path));
+        QCOMPARE(read(path + ".bak"), QByteArray("two"));
+        QVERIFY(!QFile::exists(path + ".bak.tmp"));
+        QVERIFY(QFile::remove(path));
+        QVERIFY(!copies::replaceBackup(path));
+        QCOMPARE(read(path + ".bak"), QByteArray("two"));
+        QVERIFY(!QFile::exists(path + ".bak.tmp"));
+    }
+
+    void completesNames() {
+        QCOMPARE(copies::withProjectSuffix("/a/b"), QStringLiteral("/a/b.krn"));
+        QCOMPARE(copies::withProjectSuffix("/a/b.KRN"), QStringLiteral("/a/b.KRN"));
+        QCOMPARE(copies::withProjectSuffix("/a/b.krn.txt"), QStringLiteral("/a/b.krn.txt.krn"));
+    }
+
+    void keepsAHundredAnswers() {
+        AnswerCache cache;
+        for (int i = 1; i <= 101; ++i)
+            cache.insert(i, 1, {{"sourceId", i}});
+        QVERIFY(cache.find(1, 1).isEmpty());
+        QCOMPARE(cache.find(101, 1).value("sourceId").toInt(), 101);
+        QVERIFY(cache.find(101, 2).isEmpty());
+        cache.clear();
+        QVERIFY(cache.find(101, 1).isEmpty());
+    }
+};
+
+KERNOVA_TEST_MAIN(TestProjectAlgorithms)
+#include "tst_projectalgorithms.moc"
