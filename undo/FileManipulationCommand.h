@@ -24,6 +24,8 @@ public:
 protected:
     void invalidate() { m_valid = false; }
     void setData(const QVariant& data) { m_data = data; }
+    /// Working memory for subclasses.
+    QVariantMap& state() { return m_state; }
 
     KRNFile* file() const { return m_file; }
     BatchOperationManager* batches() const;
@@ -41,4 +43,5 @@ private:
     bool m_hasParent;
     bool m_valid = true;
     QVariant m_data;
+    QVariantMap m_state;
 };

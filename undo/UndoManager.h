@@ -133,11 +133,15 @@ signals:
 private:
     using Builder = std::function<FileManipulationCommand*()>;
 
+    /// Whether mutations would be sent; tells the user when only the access level forbids it.
     bool mayChange() const;
-    void pushOrDefer(FileManipulationCommand* command);
+    /// The same as `push`, once it is known that mutations would be sent.
+    bool pushOrDefer(FileManipulationCommand* command);
+    /// Builds and pushes a command unless no mutation would be sent. A builder may give null.
     bool perform(const Builder& build);
     void performAndFinish(const Builder& build);
     void flushMacro();
+    /// What nearly every operation ends with.
     void finish();
 
     QEventLoop* m_eventLoop = nullptr;
@@ -148,5 +152,6 @@ private:
     QString m_macroText;
     bool m_macroPending = false;
     bool m_busy = false;
-    int m_openMacros = 0;
+    bool m_macroRequested = false;  ///< between `beginMacro` and `endMacro`
+    bool m_macroOpen = false;       ///< and something was pushed
 };
