@@ -1,0 +1,90 @@
+#include "import/ImportSourceCommand.h"
+
+#include "models/QuestionModel.h"
+#include "project/KRNFile.h"
+#include "service/IdManager.h"
+#include "undo/SourceCommands.h"
+
+#include <algorithm>
+
+namespace {
+
+QString textOf(const QVariant& pair, const char* key) {
+    return pair.toMap().value(QString::fromLatin1(key)).toString();
+}
+
+}  // namespace
+
+ImportSourceCommand::ImportSourceCommand(const QString& sourceTitle, const QVariantList& questions, KRNFile* file,
+                                         QUndoCommand* parent)
+    : FileManipulationCommand(file, parent) {
+    if (questions.isEmpty())
+        invalidate();
+    else if (file->singleQuestionMode())
+        importWholeText(sourceTitle, textOf(questions.first(), "answer"));
+    else
+        importPairs(questions);
+}
+
+void ImportSourceCommand::importWholeText(const QString& sourceTitle, const QString& text) {
+    const int sourceId = IdManager::instance()->nextSourceId();
+    const int questionId = IdManager::instance()->maxQuestionId();
+    if (questionId < 1) {
+        invalidate();
+        return;
+    }
+    addAnswer(sourceId, questionId, text);
+    addSource(sourceId, sourceTitle);
+}
+
+void ImportSourceCommand::importPairs(const QVariantList& pairs) {
+    const int sourceId = IdManager::instance()->nextSourceId();
+    addSource(sourceId, QString());
+
+    QStringList questions;
+    QStringList answers;
+    for (const QVariant& pair : pairs) {
+        const QString question = textOf(pair, "question");
+        if (question.isEmpty())
+            continue;
+        questions.append(question);
+        answers.append(textOf(pair, "answer"));
+    }
+
+    QList<Question> unanswered = file()->questionListModel()->snapshot();
+    unanswered.append(addMissingQuestions(questions));
+    for (int i = 0; i < questions.size(); ++i) {
+        const QString& text = questions.at(i);
+        const auto found = std::find_if(unanswered.begin(), unanswered.end(),
+                                        [&text](const Question& question) { return question.question() == text; });
+        if (found == unanswered.end())
+            continue;
+        addAnswer(sourceId, found->questionId(), answers.at(i));
+        unanswered.erase(found);
+    }
+    for (const Question& question : qAsConst(unanswered))
+        addAnswer(sourceId, question.questionId(), QString());
+}
+
+QList<Question> ImportSourceCommand::addMissingQuestions(const QStringList& texts) {
+    const QuestionModel* const existing = file()->questionListModel();
+    int order = existing->maxQuestionOrder();
+    QList<Question> added;
+    for (const QString& text : texts) {
+        if (existing->hasQuestion(text))
+            continue;
+        added.append(Question(IdManager::instance()->nextQuestionId(), text, ++order));
+        new AddQuestionCommand(added.last(), file(), this);
+    }
+    return added;
+}
+
+void ImportSourceCommand::addSource(int sourceId, const QString& title) {
+    new AddSourceCommand(Source(sourceId, title, QString(), QString(), now()), file(), false, this);
+}
+
+void ImportSourceCommand::addAnswer(int sourceId, int questionId, const QString& text) {
+    QuestionAnswer answer(-1, questionId, sourceId, QString(), QString(), now());
+    answer.setAnswer(text);
+    new AddAnswerCommand(answer, file(), this);
+}

@@ -1,0 +1,100 @@
+#include "import/SourceImport.h"
+
+#include "import/ImportLog.h"
+#include "import/ImportSourceCommand.h"
+#include "import/QuestionParser.h"
+#include "import/TextFile.h"
+#include "project/KRNFile.h"
+#include "undo/UndoManager.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QProgressDialog>
+
+QVariantList SourceImport::pairsOfFile(const QUrl& file, const QString& questionMarker,
+                                       const QString& answerMarker, bool noLoadedFile) const {
+    QStringList refusals;
+    const QVariantList pairs = read(file, questionMarker, answerMarker, noLoadedFile, refusals);
+    tellRefusals(refusals);
+    return pairs;
+}
+
+QVariantList SourceImport::read(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
+                                bool noLoadedFile, QStringList& refusals) const {
+    const bool needsMarkers = !noLoadedFile && !m_krnFile->singleQuestionMode();
+    if (needsMarkers && (questionMarker.isEmpty() || answerMarker.isEmpty())) {
+        qCDebug(logFileImport) << "Answer and/or question marker is empty!";
+        return {};
+    }
+    const textfile::Reading reading = textfile::read(file);
+    if (!reading.refusal.isEmpty())
+        refusals.append(reading.refusal);
+    return pairsOfText(reading.text, questionMarker, answerMarker, noLoadedFile);
+}
+
+void SourceImport::tellRefusals(const QStringList& refusals) const {
+    if (!refusals.isEmpty())
+        emit m_krnFile->notifyUser(refusals.join(QLatin1Char('\n')));
+}
+
+QVariantList SourceImport::pairsOfText(const QString& text, const QString& questionMarker,
+                                       const QString& answerMarker, bool noLoadedFile) const {
+    return parseQuestions(text, questionMarker, answerMarker, noLoadedFile || m_krnFile->singleQuestionMode());
+}
+
+bool SourceImport::save(const QString& sourceTitle, const QVariantList& questions) const {
+    if (questions.isEmpty()) {
+        qCDebug(logFileImport) << "Cannot save imported questions. Empty list passed!";
+        return false;
+    }
+    return m_undoManager->push(new ImportSourceCommand(sourceTitle, questions, m_krnFile));
+}
+
+int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionMarker, const QString& answerMarker,
+                              bool showInfo) const {
+    QProgressDialog progress(tr("Importing sources..."), tr("Cancel"), 0, files.size());
+    progress.setWindowModality(Qt::WindowModal);
+    m_undoManager->beginMacro(tr("Batch Import Sources"));
+    int imported = 0;
+    QStringList refusals;
+    for (const QUrl& file : files) {
+        progress.setValue(progress.value() + 1);
+        QCoreApplication::processEvents();
+        if (progress.wasCanceled())
+            break;
+        const QVariantList pairs = read(file, questionMarker, answerMarker, false, refusals);
+        QCoreApplication::processEvents();
+        if (save(textfile::titleFor(file), pairs))
+            ++imported;
+        QCoreApplication::processEvents();
+    }
+    m_undoManager->endMacro();
+    progress.setValue(files.size());
+    tellRefusals(refusals);
+    if (showInfo) {
+        QMessageBox::information(nullptr, tr("Information"),
+                                 tr("%1 Source(s) have successfully been imported.").arg(imported),
+                                 QMessageBox::Ok);
+    }
+    return imported;
+}
+
+int SourceImport::importFolder(const QUrl& folder, const QString& questionMarker, const QString& answerMarker,
+                               bool showInfo) const {
+    return importFiles(textfile::importableFiles(folder), questionMarker, answerMarker, showInfo);
+}
+
+void SourceImport::importChosen(bool selectWholeFolder) const {
+    if (selectWholeFolder) {
+        const QUrl folder = QFileDialog::getExistingDirectoryUrl(nullptr, tr("Import Sources from Folder"), QUrl(),
+                                                                 QFileDialog::ShowDirsOnly);
+        if (!folder.isEmpty())
+            importFolder(folder, QString(), QString(), true);
+    } else {
+        const QList<QUrl> files =
+            QFileDialog::getOpenFileUrls(nullptr, tr("Import Multiple Sources"), QUrl(),
+                                         textfile::dialogPatterns().join(QLatin1Char(' ')));
+        if (!files.isEmpty())
+            importFiles(files, QString(), QString(), true);
+    }
+}

@@ -1,0 +1,100 @@
+#include "merge/ProjectMerger.h"
+#include "project/KRNFile.h"
+#include "service/Connection.h"
+#include "service/DataHelper.h"
+#include "tests_support/TestMain.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+/// Looks into project files through the real service.
+class tst_ProjectMerger : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanupTestCase();
+    void aPasswordIsTriedOnAClosedProject();
+    void aReplacedFileIsReadAgain();
+    void theMasterCanBeOfEitherKind();
+    void aMissingOrBrokenFileIsToldApart();
+
+private:
+    QJsonObject make(const QString& name, const QString& password, bool singleQuestion);
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<KRNFile> m_file;
+    std::unique_ptr<ProjectMerger> m_merger;
+};
+
+void tst_ProjectMerger::initTestCase() {
+    ProjectTimings timings;
+    timings.settle = 1;
+    timings.closeSettle = 1;
+    m_file = std::make_unique<KRNFile>(nullptr, timings);
+    m_file->initModels();
+    m_merger = std::make_unique<ProjectMerger>(m_file->dataHelper());
+    QVERIFY2(m_file->dataHelper()->connection()->connect(false),
+             qPrintable(m_file->dataHelper()->connection()->lastError()));
+}
+
+void tst_ProjectMerger::cleanupTestCase() {
+    m_merger.reset();
+    m_file->closeAndReset();
+    m_file.reset();
+}
+
+QJsonObject tst_ProjectMerger::make(const QString& name, const QString& password, bool singleQuestion) {
+    const QJsonObject project{{QStringLiteral("name"), m_folder.filePath(name)}};
+    if (!m_file->openProject(project, true, password, singleQuestion))
+        qFatal("%s", qPrintable(m_file->getLastOpenError()));
+    m_file->close();
+    return project;
+}
+
+void tst_ProjectMerger::aPasswordIsTriedOnAClosedProject() {
+    const QJsonObject open = make(QStringLiteral("open.krn"), QString(), true);
+    const QJsonObject secret = make(QStringLiteral("secret ä&b.krn"), QStringLiteral("s3cret"), true);
+    QVERIFY(m_merger->tryProjectPassword(open, QString()));
+    QVERIFY(m_merger->tryProjectPassword(open, QStringLiteral("anything")));
+    QVERIFY(!m_merger->tryProjectPassword(secret, QString()));
+    QVERIFY(!m_merger->tryProjectPassword(secret, QStringLiteral("wrong")));
+    QVERIFY(m_merger->tryProjectPassword(secret, QStringLiteral("s3cret")));
+    QCOMPARE(m_merger->lastError(), QString());
+    QVERIFY(m_file->openProject(secret, false, QStringLiteral("s3cret"), true));
+    m_file->close();
+}
+
+void tst_ProjectMerger::aReplacedFileIsReadAgain() {
+    const QJsonObject project = make(QStringLiteral("twice.krn"), QString(), true);
+    QVERIFY(m_merger->tryProjectPassword(project, QString()));
+    make(QStringLiteral("twice.krn"), QStringLiteral("now"), true);
+    QVERIFY(!m_merger->tryProjectPassword(project, QString()));
+}
+
+void tst_ProjectMerger::theMasterCanBeOfEitherKind() {
+    const QJsonObject plain = make(QStringLiteral("plain.krn"), QString(), true);
+    const QJsonObject structured = make(QStringLiteral("structured.krn"), QString(), false);
+    for (const QJsonObject& project : {plain, structured}) {
+        QVERIFY(m_merger->tryProjectSingleQuestion(project, true));
+        QVERIFY(m_merger->tryProjectSingleQuestion(project, false));
+    }
+}
+
+void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
+    const QJsonObject missing{{QStringLiteral("name"), m_folder.filePath(QStringLiteral("missing.krn"))}};
+    QVERIFY(!m_merger->tryProjectPassword(missing, QString()));
+    QVERIFY(!m_merger->lastError().isEmpty());
+    QVERIFY(!m_merger->tryProjectSingleQuestion(missing, true));
+    QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("missing.krn"))));
+
+    QFile broken(m_folder.filePath(QStringLiteral("broken.krn")));
+    QVERIFY(broken.open(QIODevice::WriteOnly));
+    broken.write("no database");
+    broken.close();
+    QVERIFY(!m_merger->tryProjectPassword({{QStringLiteral("name"), broken.fileName()}}, QString()));
+    QVERIFY(!m_merger->lastError().isEmpty());
+}
+
+KERNOVA_TEST_MAIN(tst_ProjectMerger)
+#include "tst_projectmerger.moc"

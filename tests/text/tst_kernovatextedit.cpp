@@ -1,0 +1,261 @@
+#include "models/HighlightsModel.h"
+#include "models/MemosModel.h"
+#include "project/KRNFile.h"
+#include "tests_support/TestMain.h"
+#include "tests_support/WaitFor.h"
+#include "text/ContrastColor.h"
+#include "text/HighlightPainting.h"
+#include "text/KernovaTextEdit.h"
+#include "text/SourceHighlighter.h"
+
+#include <QLoggingCategory>
+#include <QQuickTextDocument>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextBlock>
+
+/// The text item with its painter and its models, without a window and without a link to a service.
+class tst_KernovaTextEdit : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void anEditableTextIsAnnouncedInOrder();
+    void onlyWhatChangedIsAnnounced();
+    void theSameAnswerOnlyLoadsAgain();
+    void anAnswerIsLoadedWhenBothBarsAre();
+    void aStaleListDoesNotPaint();
+    void passagesArePainted();
+    void aSavedPassageRepaintsItsRangeAlone();
+    void thePointedAtPassageIsOnTop();
+    void paintingLeavesTextSelectionAndUndoAlone();
+    void aRunningRequestForRepaintingServesAll();
+    void aDisabledPainterTakesItsColoursAway();
+    void anAnswerWithoutIdsIsForgotten();
+    void theLineHeightIsTheModels();
+
+private:
+    QTextDocument* document() const { return m_edit->textDocument()->textDocument(); }
+    HighlightsModel* highlights() const { return qobject_cast<HighlightsModel*>(m_edit->highlightsModel()); }
+    MemosModel* memos() const { return qobject_cast<MemosModel*>(m_edit->memosModel()); }
+    void show(const QList<Highlight>& list);
+    QString painted() const;
+    QStringList recorded(const std::function<void()>& action);
+
+    std::unique_ptr<KRNFile> m_file;
+    std::unique_ptr<KernovaTextEdit> m_edit;
+};
+
+namespace {
+
+const QString text = QStringLiteral("0123456789\nabcdefghij");
+const QColor red(200, 0, 0);
+const QColor green(0, 200, 0);
+
+Highlight highlight(int id, int start, int end, const QColor& color) {
+    return Highlight(id, 1, 3, 2, color, start, end - start, end, {}, {}, 0, 0, 0, false);
+}
+
+}  // namespace
+
+void tst_KernovaTextEdit::init() {
+    QLoggingCategory::setFilterRules(QStringLiteral("highlighter.debug=false"));
+    m_file = std::make_unique<KRNFile>();
+    m_edit = std::make_unique<KernovaTextEdit>();
+    m_edit->setWidth(400);
+}
+
+void tst_KernovaTextEdit::cleanup() {
+    m_edit.reset();
+    m_file.reset();
+}
+
+/// Shows the text as the answer of source 3 to question 2, with its highlights.
+void tst_KernovaTextEdit::show(const QList<Highlight>& list) {
+    m_edit->setReadOnly(true);
+    m_edit->setAnswer(2, 3, QStringLiteral("<body style=\"white-space: pre-wrap;\">%1</body>").arg(text), 0);
+    highlights()->doReloadData(list, 3, 2);
+    memos()->doReloadData({}, 3, 2);
+    QCoreApplication::processEvents();
+}
+
+/// A letter for each character: r and g for the two colours, o for the overlap, . for none; | between blocks.
+QString tst_KernovaTextEdit::painted() const {
+    QStringList blocks;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        QString letters(block.length() - 1, QLatin1Char('.'));
+        for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+            const QColor background = range.format.background().color();
+            const char letter = background == red ? 'r' : background == green ? 'g'
+                              : background == painting::overlapColor() ? 'o' : '?';
+            if (range.format.foreground().color() != contrastFontColor(background))
+                return QStringLiteral("wrong text colour");
+            letters.replace(range.start, range.length, QString(range.length, QLatin1Char(letter)));
+        }
+        blocks << letters;
+    }
+    return blocks.join(QLatin1Char('|'));
+}
+
+/// The names of the item's signals during the action; repetitions of one count once.
+QStringList tst_KernovaTextEdit::recorded(const std::function<void()>& action) {
+    QStringList names;
+    QObject receiver;
+    const auto record = [&](auto signal, const QString& name) {
+        connect(m_edit.get(), signal, &receiver, [&names, name] {
+            if (names.isEmpty() || names.last() != name)
+                names << name;
+        });
+    };
+    record(&KernovaTextEdit::textChanged, QStringLiteral("text"));
+    record(&KernovaTextEdit::questionIdChanged, QStringLiteral("question"));
+    record(&KernovaTextEdit::sourceIdChanged, QStringLiteral("source"));
+    record(&KernovaTextEdit::offsetChanged, QStringLiteral("offset"));
+    record(&KernovaTextEdit::answerLoaded, QStringLiteral("loaded"));
+    record(&KernovaTextEdit::answerPreloaded, QStringLiteral("preloaded"));
+    action();
+    return names;
+}
+
+void tst_KernovaTextEdit::anEditableTextIsAnnouncedInOrder() {
+    const QStringList names = recorded([&] { m_edit->setAnswer(2, 3, QStringLiteral("one"), 4); });
+    QCOMPARE(names, QStringList({"text", "loaded", "preloaded", "text", "question", "source", "offset"}));
+    QCOMPARE(m_edit->questionId(), 2);
+    QCOMPARE(m_edit->sourceId(), 3);
+    QCOMPARE(m_edit->sourceOffset(), 4);
+    QCOMPARE(m_edit->length(), 3);
+}
+
+void tst_KernovaTextEdit::onlyWhatChangedIsAnnounced() {
+    m_edit->setReadOnly(true);
+    m_edit->setAnswer(2, 3, QStringLiteral("one"), 0);
+    QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, QStringLiteral("one"), 0); }),
+             QStringList({"loaded", "source"}));
+    QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, QStringLiteral("two"), 0); }),
+             QStringList({"text", "loaded", "text"}));
+}
+
+void tst_KernovaTextEdit::theSameAnswerOnlyLoadsAgain() {
+    m_edit->setAnswer(2, 3, QStringLiteral("one"), 0);
+    const QStringList names = recorded([&] {
+        m_edit->setAnswer(2, 3, QStringLiteral("one"), 0);
+        m_edit->setAnswer(2, 3, m_edit->convertDocToRichtText(), 0);
+    });
+    QCOMPARE(names, QStringList{"loaded"});
+    QVERIFY(m_edit->highlighter()->isEnabled());
+}
+
+void tst_KernovaTextEdit::anAnswerIsLoadedWhenBothBarsAre() {
+    m_edit->setReadOnly(true);
+    m_edit->setAnswer(2, 3, text, 0);
+    QVERIFY(!m_edit->highlighter()->isEnabled());
+    QSignalSpy loaded(m_edit.get(), &KernovaTextEdit::answerLoaded);
+    memos()->doReloadData({}, 3, 2);
+    QCOMPARE(loaded.count(), 0);
+    highlights()->doReloadData({}, 3, 2);
+    QCOMPARE(loaded.count(), 1);
+    QVERIFY(m_edit->highlighter()->isEnabled());
+}
+
+void tst_KernovaTextEdit::aStaleListDoesNotPaint() {
+    m_edit->setReadOnly(true);
+    m_edit->setAnswer(2, 3, text, 0);
+    emit highlights()->modelReady(8, 2, 0, 500);
+    QVERIFY(!m_edit->highlighter()->isEnabled());
+    emit highlights()->modelReady(3, 2, 0, text.size());
+    QVERIFY(m_edit->highlighter()->isEnabled());
+}
+
+void tst_KernovaTextEdit::passagesArePainted() {
+    show({highlight(1, 0, 4, red), highlight(2, 6, 13, green)});
+    QCOMPARE(painted(), QStringLiteral("rrrr..gggg|gg........"));
+    show({highlight(1, 0, 4, red), highlight(2, 3, 8, green), highlight(3, 14, 16, green)});
+    QCOMPARE(painted(), QStringLiteral("oooooooo..|...gg....."));
+    show({});
+    QCOMPARE(painted(), QStringLiteral("..........|.........."));
+}
+
+void tst_KernovaTextEdit::aSavedPassageRepaintsItsRangeAlone() {
+    Highlight second = highlight(2, 12, 15, green);
+    show({second});
+    second.setColor(red);  // not announced: the second block keeps its colour until it is painted anew
+    const Highlight first = highlight(1, 2, 5, red);
+    emit highlights()->highlightAdded(first, {2, 5});
+    QCOMPARE(painted(), QStringLiteral("..rrr.....|.ggg......"));
+    emit highlights()->highlightRemoved(first, {2, 5});
+    QCOMPARE(painted(), QStringLiteral("..........|.ggg......"));
+    emit highlights()->colorsChanged();
+    QCOMPARE(painted(), QStringLiteral("..........|.rrr......"));
+    emit highlights()->highlightRemoved(second, {12, 15});
+    QCOMPARE(painted(), QStringLiteral("..........|.........."));
+}
+
+void tst_KernovaTextEdit::thePointedAtPassageIsOnTop() {
+    show({highlight(1, 0, 6, red), highlight(2, 4, 8, green), highlight(3, 12, 14, green)});
+    QSignalSpy changed(m_edit->highlighter(), &SourceHighlighter::currentHighlightChanged);
+    m_edit->setCurrentHighlight(1);
+    QCOMPARE(painted(), QStringLiteral("rrrrrroo..|.gg......."));
+    m_edit->setCurrentHighlight(2);
+    QCOMPARE(painted(), QStringLiteral("oooogggg..|.gg......."));
+    m_edit->setCurrentHighlight(3);
+    QCOMPARE(painted(), QStringLiteral("oooooooo..|.gg......."));
+    QCOMPARE(m_edit->currentHighlight(), 3);
+    m_edit->setCurrentHighlight(99);
+    QCOMPARE(m_edit->currentHighlight(), -1);
+    QCOMPARE(changed.count(), 4);
+    m_edit->setCurrentHighlight(-1);
+    QCOMPARE(changed.count(), 4);
+}
+
+void tst_KernovaTextEdit::paintingLeavesTextSelectionAndUndoAlone() {
+    show({highlight(1, 0, 6, red)});
+    m_edit->select(3, 8);
+    m_edit->highlighter()->rehighlight();
+    QCOMPARE(m_edit->selectionStart(), 3);
+    QCOMPARE(m_edit->selectionEnd(), 8);
+    QCOMPARE(document()->toPlainText(), text);
+    QVERIFY(!document()->isUndoAvailable());
+    QCOMPARE(m_edit->convertDocToRichtText(),
+             QStringLiteral("<body style=\"white-space: pre-wrap;\">\n%1\n</body>").arg(text));
+}
+
+void tst_KernovaTextEdit::aRunningRequestForRepaintingServesAll() {
+    show({});
+    QLoggingCategory::setFilterRules(QString());
+    m_edit->highlighter()->setModel({highlight(1, 0, 2, red)});
+    QTest::ignoreMessage(QtDebugMsg, "Rehighlight already pending. Ignoring.");
+    m_edit->highlighter()->setModel({highlight(1, 0, 3, red)});
+    QVERIFY(waitFor([&] { return painted().startsWith(QLatin1String("rrr.")); }));
+}
+
+void tst_KernovaTextEdit::aDisabledPainterTakesItsColoursAway() {
+    show({highlight(1, 0, 6, red)});
+    m_edit->highlighter()->setEnabled(false);
+    QCOMPARE(painted(), QStringLiteral("..........|.........."));
+    m_edit->highlighter()->setEnabled(true);
+    QCOMPARE(painted(), QStringLiteral("rrrrrr....|.........."));
+    m_edit->highlighter()->setTarget(nullptr);
+    QCOMPARE(painted(), QStringLiteral("..........|.........."));
+}
+
+void tst_KernovaTextEdit::anAnswerWithoutIdsIsForgotten() {
+    show({highlight(1, 0, 6, red)});
+    m_edit->rehighlight();
+    QCOMPARE(painted(), QStringLiteral("rrrrrr....|.........."));
+    m_edit->highlighter()->setSourceId(-1);
+    m_edit->rehighlight();
+    m_edit->highlighter()->rehighlight();
+    QCOMPARE(painted(), QStringLiteral("..........|.........."));
+}
+
+void tst_KernovaTextEdit::theLineHeightIsTheModels() {
+    QSignalSpy changed(m_edit.get(), &KernovaTextEdit::lineHeightChanged);
+    m_edit->setLineHeight(17.5);
+    m_edit->setLineHeight(17.5);
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(highlights()->lineHeight(), 17.5);
+}
+
+KERNOVA_GUI_TEST_MAIN(tst_KernovaTextEdit)
+#include "tst_kernovatextedit.moc"

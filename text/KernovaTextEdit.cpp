@@ -1,0 +1,203 @@
+#include "text/KernovaTextEdit.h"
+
+#include "models/HighlightsModel.h"
+#include "models/MemosModel.h"
+#include "project/KRNFile.h"
+#include "text/DisplayText.h"
+#include "text/RichText.h"
+#include "text/SourceHighlighter.h"
+#include "text/TextLog.h"
+
+#include <QQuickTextDocument>
+
+namespace {
+
+constexpr int layoutNudge = 10;  ///< pixels
+
+DataHelper* linkOfProject() {
+    const ProjectEvents* project = ProjectEvents::current();
+    return project ? project->dataHelper() : nullptr;
+}
+
+}  // namespace
+
+KernovaTextEdit::KernovaTextEdit(QQuickItem* parent)
+    : QQuickTextEdit(parent), m_highlighter(std::make_unique<SourceHighlighter>()),
+      m_highlightsModel(std::make_unique<HighlightsModel>(this, linkOfProject())),
+      m_memosModel(std::make_unique<MemosModel>(this, linkOfProject())) {
+    setTextFormat(RichText);
+    m_highlighter->setTarget(this);
+
+    HighlightsModel* const highlights = m_highlightsModel.get();
+    SourceHighlighter* const painter = m_highlighter.get();
+    connect(highlights, &HighlightsModel::modelReady, this, &KernovaTextEdit::takeHighlights);
+    connect(highlights, &HighlightsModel::highlightAdded, painter, &SourceHighlighter::highlightAdded);
+    connect(highlights, &HighlightsModel::highlightRemoved, painter, &SourceHighlighter::highlightRemoved);
+    connect(highlights, &HighlightsModel::colorsChanged, painter, &SourceHighlighter::rehighlight);
+    connect(m_memosModel.get(), &MemosModel::modelReady, this, &KernovaTextEdit::takeMemos);
+    connect(highlights, &HighlightsModel::lineHeightChanged, this, &KernovaTextEdit::lineHeightChanged);
+    connect(painter, &SourceHighlighter::autoRefreshHighlightsChanged, this,
+            &KernovaTextEdit::autoRefreshHighlightsChanged);
+}
+
+KernovaTextEdit::~KernovaTextEdit() {
+    m_highlighter->setEnabled(false);
+}
+
+QTextDocument* KernovaTextEdit::document() {
+    return textDocument()->textDocument();
+}
+
+QAbstractItemModel* KernovaTextEdit::highlightsModel() const {
+    return m_highlightsModel.get();
+}
+
+QAbstractItemModel* KernovaTextEdit::memosModel() const {
+    return m_memosModel.get();
+}
+
+int KernovaTextEdit::currentHighlight() const {
+    return m_highlighter->currentHighlight();
+}
+
+void KernovaTextEdit::setCurrentHighlight(int id) {
+    qCDebug(logHighlighter) << "setCurrentHighlight";
+    if (id != m_highlighter->currentHighlight())
+        m_highlighter->setCurrentHighlight(id);
+}
+
+bool KernovaTextEdit::autoRefreshHighlights() const {
+    return m_highlighter->autoRefreshHighlights();
+}
+
+void KernovaTextEdit::setAutoRefreshHighlights(bool on) {
+    m_highlighter->setAutoRefreshHighlights(on);
+}
+
+double KernovaTextEdit::lineHeight() const {
+    return m_highlightsModel->lineHeight();
+}
+
+void KernovaTextEdit::setLineHeight(double value) {
+    qCDebug(logHighlighter) << "setLineHeight";
+    if (value != lineHeight())
+        m_highlightsModel->setLineHeight(value);
+}
+
+void KernovaTextEdit::setAnswer(int questionId, int sourceId, const QString& answer, int offset) {
+    m_pendingAnswer = {questionId, sourceId, answer, offset};
+    doSetAnswer();
+}
+
+void KernovaTextEdit::doSetAnswer() {
+    qCDebug(logHighlighter) << "doSetAnswer";
+    const PendingAnswer pending = m_pendingAnswer;
+    setHighlightEnabled(false);
+
+    const bool textChanges =
+        pending.answer != document()->toPlainText() && pending.answer != convertDocToRichtText();
+    if (textChanges)
+        setText(displayHtml(pending.answer));
+    const bool questionChanges = pending.questionId != m_questionId;
+    const bool sourceChanges = pending.sourceId != m_sourceId;
+    const bool offsetChanges = pending.offset != m_sourceOffset;
+    m_questionId = pending.questionId;
+    m_sourceId = pending.sourceId;
+    m_sourceOffset = pending.offset;
+    m_highlighter->setQuestionId(m_questionId);
+    m_highlighter->setSourceId(m_sourceId);
+    m_highlighter->setOffset(m_sourceOffset);
+    qCDebug(logHighlighter, "%i %i %i %i", textChanges, questionChanges, sourceChanges, offsetChanges);
+
+    if (!textChanges && !questionChanges && !sourceChanges && !offsetChanges) {
+        setHighlightEnabled(true);
+        emit answerLoaded();
+        return;
+    }
+    m_highlightsModel->setData(QList<Highlight>());
+    m_memosModel->setData(QList<Memo>());
+    emit answerLoaded();
+    m_memosReady = false;
+    m_highlightsReady = false;
+    m_highlightsModel->setSource(m_sourceId, m_questionId, m_sourceOffset, length());
+    m_memosModel->setSource(m_sourceId, m_questionId, m_sourceOffset, length());
+    if (!isReadOnly())
+        emit answerPreloaded();
+
+    if (textChanges)
+        emit textChanged();
+    if (questionChanges)
+        emit questionIdChanged();
+    if (sourceChanges)
+        emit sourceIdChanged();
+    if (offsetChanges) {
+        emit offsetChanged();
+        emit sourceOffsetChanged();
+    }
+}
+
+void KernovaTextEdit::setHighlightEnabled(bool on) {
+    qCDebug(logHighlighter) << "setHighlightEnabled";
+    m_highlighter->setEnabled(on);
+    // A change of the width makes the document lay itself out anew.
+    setWidth(width() + layoutNudge);
+    setWidth(width() - layoutNudge);
+}
+
+bool KernovaTextEdit::isStale(int sourceId, int questionId, int offset, int length) const {
+    const bool isOther = sourceId != m_sourceId || questionId != m_questionId;
+    return isOther && isReadOnly() && (offset != m_sourceOffset || length != this->length());
+}
+
+void KernovaTextEdit::takeHighlights(int sourceId, int questionId, int offset, int length) {
+    qCDebug(logHighlighter) << "highlightsReady";
+    if (isStale(sourceId, questionId, offset, length))
+        return;
+    m_highlightsReady = true;
+    m_highlighter->setModel(m_highlightsModel->snapshot());
+    setHighlightEnabled(true);
+    if (m_memosReady) {
+        qCDebug(logHighlighter) << "answerloaded";
+        emit answerLoaded();
+    }
+}
+
+void KernovaTextEdit::takeMemos(int sourceId, int questionId, int offset, int length) {
+    qCDebug(logHighlighter) << "memosReady";
+    if (isStale(sourceId, questionId, offset, length))
+        return;
+    m_memosReady = true;
+    if (m_highlightsReady) {
+        qCDebug(logHighlighter) << "answerloaded";
+        emit answerLoaded();
+    }
+}
+
+void KernovaTextEdit::setHighlights(const QList<Highlight>& list) {
+    m_highlighter->setModel(list);
+    m_highlightsModel->setHighlights(list, m_sourceId, m_questionId);
+}
+
+void KernovaTextEdit::rehighlight() {
+    qCDebug(logHighlighter) << "rehighlight";
+    if (isComponentComplete())
+        m_highlighter->reloadModel();
+}
+
+QString KernovaTextEdit::convertDocToRichtText() {
+    return richTextFromDocument(document());
+}
+
+void KernovaTextEdit::setBold(int start, int end) {
+    toggleBold(document(), start, end);
+}
+
+void KernovaTextEdit::setItalic(int start, int end) {
+    toggleItalic(document(), start, end);
+}
+
+void KernovaTextEdit::setUnderline(int start, int end) {
+    toggleUnderline(document(), start, end);
+}
+
+#include "moc_KernovaTextEdit.cpp"

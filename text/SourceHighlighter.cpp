@@ -1,0 +1,226 @@
+#include "text/SourceHighlighter.h"
+
+#include "project/KRNFile.h"
+#include "text/ContrastColor.h"
+#include "text/HighlightPainting.h"
+#include "text/KernovaTextEdit.h"
+#include "text/TextLog.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <algorithm>
+
+SourceHighlighter::SourceHighlighter(QObject* parent)
+    : QSyntaxHighlighter(parent), m_file(qobject_cast<KRNFile*>(ProjectEvents::current())) {
+    QSyntaxHighlighter::setDocument(&m_noDocument);
+    qCDebug(logHighlighter) << "highlighter ctor";
+}
+
+KernovaTextEdit* SourceHighlighter::target() const {
+    return m_target;
+}
+
+void SourceHighlighter::setTarget(KernovaTextEdit* target) {
+    if (m_target == target)
+        return;
+    m_target = target;
+    m_document = target ? target->textDocument()->textDocument() : nullptr;
+    setDocument(m_document ? m_document.data() : &m_noDocument);
+    emit targetChanged();
+}
+
+QObject* SourceHighlighter::file() const {
+    return m_file;
+}
+
+void SourceHighlighter::setFile(QObject* file) {
+    m_file = qobject_cast<KRNFile*>(file);
+    emit fileChanged();
+    reloadModel();
+}
+
+void SourceHighlighter::setQuestionId(int questionId) {
+    if (m_questionId == questionId)
+        return;
+    m_questionId = questionId;
+    emit questionIdChanged();
+}
+
+void SourceHighlighter::setSourceId(int sourceId) {
+    if (m_sourceId == sourceId)
+        return;
+    m_sourceId = sourceId;
+    emit sourceIdChanged();
+}
+
+void SourceHighlighter::setOffset(int offset) {
+    if (m_offset == offset)
+        return;
+    m_offset = offset;
+    emit offsetChanged();
+}
+
+void SourceHighlighter::setCurrentHighlightOnly(bool on) {
+    if (m_currentHighlightOnly == on)
+        return;
+    m_currentHighlightOnly = on;
+    emit currentHighlightOnlyChanged();
+}
+
+void SourceHighlighter::setAutoRefreshHighlights(bool on) {
+    if (m_autoRefreshHighlights == on)
+        return;
+    m_autoRefreshHighlights = on;
+    emit autoRefreshHighlightsChanged();
+    if (on)
+        reloadModel();
+}
+
+void SourceHighlighter::setEnabled(bool on) {
+    if (m_enabled == on)
+        return;
+    m_enabled = on;
+    emit enabledChanged();
+    rehighlight();
+}
+
+int SourceHighlighter::currentHighlight() const {
+    return m_currentHighlight.highlightId();
+}
+
+void SourceHighlighter::setCurrentHighlight(int id) {
+    if (id == currentHighlight())
+        return;
+    const Highlight old = m_currentHighlight;
+    m_currentHighlight = Highlight();
+    if (id >= 1) {
+        const auto found = std::find_if(m_highlights.cbegin(), m_highlights.cend(),
+                                        [id](const Highlight& h) { return h.highlightId() == id; });
+        if (found != m_highlights.cend())
+            m_currentHighlight = *found;
+    }
+    const Highlight& now = m_currentHighlight;
+    if (old.isValid() && now.isValid() && old.overlaps(now)) {
+        repaint(std::min(old.start(), now.start()), std::max(old.end(), now.end()));
+    } else {
+        if (old.isValid())
+            repaint(old.start(), old.end());
+        if (now.isValid())
+            repaint(now.start(), now.end());
+    }
+    emit currentHighlightChanged();
+}
+
+bool SourceHighlighter::canPaint() const {
+    return m_document && m_target && m_file;
+}
+
+void SourceHighlighter::updateOverlaps() {
+    m_overlaps = painting::markOverlaps(m_highlights);
+}
+
+/// Emitting the document's signal by hand makes the base class format just these blocks anew, and the item draw
+/// them: the cost of coding a passage doesn't depend on the length of the text.
+void SourceHighlighter::repaint(int start, int end) {
+    if (m_document)
+        emit m_document->contentsChange(start, end - start, end - start);
+}
+
+void SourceHighlighter::reloadModel() {
+    if (!m_autoRefreshHighlights || !m_enabled || !canPaint())
+        return;
+    if (m_sourceId < 1 || m_questionId < 1) {
+        m_highlights.clear();
+        updateOverlaps();
+        return;
+    }
+    qCDebug(logHighlighter) << "reloadmodel";
+    QElapsedTimer timer;
+    timer.start();
+    updateOverlaps();
+    rehighlight();
+    qCDebug(logHighlighter) << "SourceHighlighter::reloadModel TIME:" << timer.elapsed() << "msec";
+}
+
+void SourceHighlighter::setModel(const QList<Highlight>& highlightsModel) {
+    m_highlights = highlightsModel;
+    updateOverlaps();
+    if (m_enabled && canPaint())
+        requestRehighlight(0);
+}
+
+void SourceHighlighter::requestRehighlight(int milliseconds) {
+    qCDebug(logHighlighter) << "requesting delayed rehighlight";
+    if (m_rehighlightPending) {
+        qCDebug(logHighlighter) << "Rehighlight already pending. Ignoring.";
+        return;
+    }
+    m_rehighlightPending = true;
+    QTimer::singleShot(milliseconds, this, &SourceHighlighter::delayedRehighlight);
+}
+
+void SourceHighlighter::delayedRehighlight() {
+    if (!m_rehighlightPending)
+        return;
+    m_rehighlightPending = false;
+    rehighlight();
+}
+
+void SourceHighlighter::rehighlight() {
+    if (!m_document || !m_target)
+        return;
+    // A selection has a format of its own, which painting would lose.
+    const int selectionStart = m_target->selectionStart();
+    const int selectionEnd = m_target->selectionEnd();
+    const bool hasSelection = selectionStart != selectionEnd;
+    if (hasSelection)
+        m_target->deselect();
+    QElapsedTimer timer;
+    timer.start();
+    qCDebug(logHighlighter) << "REHIGHLIGHT: BEGIN";
+    QSyntaxHighlighter::rehighlight();
+    qCDebug(logHighlighter) << "REHIGHLIGHT: END";
+    qCDebug(logHighlighter) << "REHIGHLIGHT TIME:" << timer.elapsed() << "msec";
+    if (hasSelection)
+        m_target->select(selectionStart, selectionEnd);
+}
+
+void SourceHighlighter::highlightAdded(const Highlight& highlight, const QPair<int, int>& affectedRange) {
+    m_highlights.append(highlight);
+    std::sort(m_highlights.begin(), m_highlights.end(), highlightLessThan);
+    updateOverlaps();
+    repaint(affectedRange.first, affectedRange.second);
+}
+
+void SourceHighlighter::highlightRemoved(const Highlight& highlight, const QPair<int, int>& affectedRange) {
+    const int id = highlight.highlightId();
+    const auto found = std::find_if(m_highlights.begin(), m_highlights.end(),
+                                    [id](const Highlight& h) { return h.highlightId() == id; });
+    if (found == m_highlights.end())
+        return;
+    m_highlights.erase(found);
+    updateOverlaps();
+    repaint(affectedRange.first, affectedRange.second);
+}
+
+void SourceHighlighter::highlightBlock(const QString& text) {
+    if (!m_enabled || !canPaint() || m_highlights.isEmpty())
+        return;
+    const int blockStart = currentBlock().position();
+    const int blockEnd = blockStart + text.length();
+    if (blockStart == blockEnd)
+        return;
+    qCDebug(logHighlighter) << "BLOCK " << blockStart << blockEnd;
+    const QVector<painting::Stroke> strokes =
+        painting::strokesForBlock(m_highlights, m_overlaps, m_currentHighlight, blockStart, blockEnd);
+    for (const painting::Stroke& stroke : strokes) {
+        QTextCharFormat format;
+        format.setBackground(QBrush(stroke.background, Qt::SolidPattern));
+        format.setForeground(QBrush(contrastFontColor(stroke.background), Qt::SolidPattern));
+        setFormat(stroke.start, stroke.count, format);
+        qCDebug(logHighlighter).nospace() << "NO" << blockStart + stroke.start << '\t' << stroke.count << "\t("
+                                          << blockStart + stroke.start + stroke.count << ")";
+    }
+}
+
+#include "moc_SourceHighlighter.cpp"

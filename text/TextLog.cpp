@@ -1,0 +1,3 @@
+#include "text/TextLog.h"
+
+Q_LOGGING_CATEGORY(logHighlighter, "highlighter")

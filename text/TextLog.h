@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+/// The category "highlighter".
+Q_DECLARE_LOGGING_CATEGORY(logHighlighter)
