@@ -2,8 +2,7 @@
 
 #include "models/PassageModel.h"
 #include "records/Highlight.h"
-
-class Kerno;
+#include "records/Kerno.h"
 
 extern template class IModelList<Highlight, int, HighlightField>;
 extern template class PassageModel<Highlight, HighlightField>;

@@ -68,6 +68,9 @@ protected:
     void fetchAndPublish() override;
     void onVariantData(const QVariant& data) override;
 
+    /// Empties the model, so that the next project starts from nothing.
+    void beforeFileClosed() override { setData(QList<T>()); }
+
     /// Where a new record goes: by default after the last row.
     virtual int insertionRow(const T& record) const;
 
@@ -81,7 +84,7 @@ protected:
     /// Keeps `index`, a member of the derived class, in step with the rows.
     void addIndex(RowIndexBase<T>* index) { m_indices.push_back(index); }
 
-    /// The rows themselves; valid under the mutex. Use `changeRow` for a change that an index may notice.
+    /// The rows themselves; valid under the mutex. Fields that are keys of an index change through `addOrUpdate` alone.
     const QList<Row*>& items() const { return m_items; }
     Row* rowOf(const K& key) const;
 

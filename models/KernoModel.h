@@ -33,7 +33,7 @@ public:
     void filterByName(const QString& name);
 
     bool hasChildren(const Kerno& kerno) const;
-    using IModelListBase::hasChildren;
+    bool hasChildren(const QModelIndex& parent) const override { return !parent.isValid() && rowCount() > 0; }
     bool hasGrandChildren(const Kerno& kerno) const;
 
     /// Whether the kerno may move below another one without making the tree too deep.

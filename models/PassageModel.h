@@ -47,13 +47,12 @@ protected:
     void layOutRows(bool notifyChanges);
 
     /// One timer for all models of a kind; it stays connected to the first model that needed it.
-    void restartPositionTimer(QTimer*& shared);
+    void restartPositionTimer(QPointer<QTimer>& shared);
     DelayedSignalTrigger* reloadTrigger() const { return m_reloadTrigger; }
 
     TextGeometry* textEdit() const { return m_item ? m_textEdit : nullptr; }
     bool isIdleFor(int sourceId, int questionId) const;
 
-    void beforeFileClosed() override { this->setData(QList<P>()); }
     void onModelRemoved(const P& passage, int row) override;
 
     /// The read of the window's records.

@@ -30,6 +30,7 @@ public:
 
     /// Replaces the list and tells the model.
     void replace(const QList<KeyVariantValue<int>>& values);
+    const QList<KeyVariantValue<int>>& entries() const { return m_entries; }
 
     /// The elements of a reply's array.
     static QList<KeyVariantValue<int>> fromJson(const QJsonArray& array);

@@ -1,0 +1,88 @@
+#include "models/KernoOverlapModel.h"
+
+#include "models/DelayedSignalTrigger.h"
+#include "models/KernoLevels.h"
+#include "models/ProjectEvents.h"
+
+KernoOverlapModel::KernoOverlapModel(QObject* parent)
+    : BaseProxyModelWithManualSortOrder(parent), m_trigger(new DelayedSignalTrigger(0, this)) {
+    setDynamicSortFilter(false);
+    connect(this, &KernoOverlapModel::newAsyncResultComputed, this, [this] { sort(0, Qt::DescendingOrder); });
+    connect(m_trigger, &QTimer::timeout, this, &KernoOverlapModel::recompute);
+    if (ProjectEvents* project = ProjectEvents::current())
+        setRecords(project->kernoModel());
+    // Every count is a blocking read, so a burst of changes in one pass of the event loop is counted once.
+    if (records())
+        connect(records(), &IModelListBase::modelUpdated, m_trigger, &DelayedSignalTrigger::restart);
+}
+
+void KernoOverlapModel::setKernoId(int kernoId) {
+    if (m_kernoId == kernoId)
+        return;
+    m_kernoId = kernoId;
+    emit kernoIdChanged();
+    recompute();
+}
+
+QVariant KernoOverlapModel::data(const QModelIndex& index, int role) const {
+    if (role != OverlapsRole && role != OverlapFactorRole)
+        return BaseProxyModelWithManualSortOrder::data(index, role);
+    const QModelIndex source = mapToSource(index);
+    if (!source.isValid())
+        return {};
+    const int overlaps = m_overlaps.value(idAt(source.row()), 0);
+    if (role == OverlapsRole)
+        return overlaps;
+    return m_maxOverlap < 1 ? 0.0 : static_cast<double>(overlaps) / m_maxOverlap;
+}
+
+QHash<int, QByteArray> KernoOverlapModel::roleNames() const {
+    QHash<int, QByteArray> names = BaseProxyModelWithManualSortOrder::roleNames();
+    names.insert(OverlapsRole, "overlaps");
+    names.insert(OverlapFactorRole, "overlapFactor");
+    return names;
+}
+
+int KernoOverlapModel::getAngleForOverlap(int overlap) const {
+    return angleForOverlap(m_overlaps, overlap, m_kernoId);
+}
+
+bool KernoOverlapModel::lessThan(const QModelIndex& left, const QModelIndex& right) const {
+    return m_overlaps.value(idAt(left.row()), 0) < m_overlaps.value(idAt(right.row()), 0);
+}
+
+int KernoOverlapModel::idAt(int sourceRow) const {
+    return records() ? records()->kernoIdAt(sourceRow) : Kerno().id();
+}
+
+void KernoOverlapModel::recompute() {
+    if (m_kernoId < 1 || !records() || !ProjectEvents::current())
+        return;
+    if (m_computing) {
+        // The main kerno or the list changed while a read waited.
+        m_trigger->restart();
+        return;
+    }
+    m_computing = true;
+    QHash<int, int> overlaps;
+    int largest = 0;
+    const QList<Kerno> kernos = records()->snapshot();
+    const int mainId = m_kernoId;
+    for (const Kerno& kerno : kernos) {
+        if (kerno.kernoId() == mainId)
+            continue;
+        const int count = ProjectEvents::current()->overlapOf(mainId, kerno.kernoId());
+        overlaps.insert(kerno.kernoId(), count);
+        largest = qMax(largest, count);
+    }
+    m_computing = false;
+    if (mainId != m_kernoId)
+        return;
+    if (overlaps != m_overlaps) {
+        m_overlaps = overlaps;
+        m_maxOverlap = largest;
+        if (rowCount() > 0)
+            emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {OverlapsRole, OverlapFactorRole});
+    }
+    emit newAsyncResultComputed();
+}
