@@ -77,11 +77,11 @@ void tst_HighlightMerge::addingSwallowsTheOverlappingRun_data() {
     QTest::newRow("two overlap")
         << Ranges{{15, 30}, {18, 40}} << QStringList{ann, ann} << ann << added << false << Range(10, 40) << Ids{1, 2};
     QTest::newRow("swallows what lies within")
-        << Ranges{{12, 14}, {15, 18}} << none << QString() << added << false << added << Ids{1};
+        << Ranges{{12, 14}, {15, 18}} << none << QString() << added << false << added << Ids{1, 2};
     QTest::newRow("the run ends at a gap")
         << Ranges{{5, 12}, {30, 40}, {11, 13}} << none << QString() << added << false << Range(5, 20) << Ids{1};
     QTest::newRow("a widened range reaches further")
-        << Ranges{{8, 25}, {24, 30}} << none << QString() << added << false << Range(8, 30) << Ids{1, 2};
+        << Ranges{{15, 25}, {24, 30}} << none << QString() << added << false << Range(10, 30) << Ids{1, 2};
     QTest::newRow("earlier ones are passed over")
         << Ranges{{0, 5}, {2, 8}, {9, 15}} << none << QString() << added << false << Range(9, 20) << Ids{3};
     QTest::newRow("another author stops the walk")

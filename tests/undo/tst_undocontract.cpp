@@ -19,6 +19,7 @@ QStringList rangesOf(KRNFile& file, int kernoId) {
     QStringList ranges;
     for (const Highlight& h : file.highlightsOfKerno(kernoId))
         ranges << text("%1.%2 %3-%4").arg(h.sourceId()).arg(h.questionId()).arg(h.start()).arg(h.end());
+    ranges.sort();
     return ranges;
 }
 

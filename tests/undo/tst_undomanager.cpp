@@ -2,6 +2,7 @@
 #include "models/KernoModel.h"
 #include "project/KRNFile.h"
 #include "service/DataHelper.h"
+#include "service/IdManager.h"
 #include "service/LinkTimings.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
@@ -102,10 +103,12 @@ void tst_UndoManager::init() {
     m_file->initModels();
     m_undo = std::make_unique<UndoManager>(m_file.get());
     QVERIFY(m_file->dataHelper()->openProject({{text("name"), text("/data/a.krn")}}));
+    IdManager::instance()->init(false, m_file->dataHelper());
     m_service->forgetRequests();
 }
 
 void tst_UndoManager::cleanup() {
+    IdManager::instance()->init(false, nullptr);
     m_undo.reset();
     m_file.reset();
     m_service.reset();
