@@ -65,14 +65,16 @@ QTextCharFormat withUnderline(bool underline) {
 QString richTextFromDocument(QTextDocument* document) {
     QString text = document->toPlainText();
     const int defaultWeight = document->defaultFont().weight();
-    // Backward, so that an insertion never moves a position still to come.
+    // Backward, so that an insertion never moves a position still to come. The iterator itself can't be trusted to go
+    // back over neighbours of one format.
     for (QTextBlock block = document->lastBlock(); block.isValid(); block = block.previous()) {
-        for (QTextBlock::iterator it = block.end(); it != block.begin();) {
-            --it;
-            const QTextFragment fragment = it.fragment();
-            if (fragment.isValid() && fragment.length() > 0)
-                markFragment(text, fragment, defaultWeight);
+        QVector<QTextFragment> fragments;
+        for (QTextBlock::iterator it = block.begin(); it != block.end(); ++it) {
+            if (it.fragment().isValid() && it.fragment().length() > 0)
+                fragments.prepend(it.fragment());
         }
+        for (const QTextFragment& fragment : qAsConst(fragments))
+            markFragment(text, fragment, defaultWeight);
     }
     return QLatin1String("<body style=\"white-space: pre-wrap;\">\n") + text + QLatin1String("\n</body>");
 }
