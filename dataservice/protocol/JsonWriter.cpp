@@ -5,8 +5,9 @@
 
 namespace {
 
+/// The byte order mark is escaped because readers drop it at the start of a string.
 bool needsEscape(ushort unit) {
-    return unit < 0x20 || unit == '"' || unit == '\\' || (unit >= 0xD800 && unit < 0xE000);
+    return unit < 0x20 || unit == '"' || unit == '\\' || (unit >= 0xD800 && unit < 0xE000) || unit == 0xFEFF;
 }
 
 }  // namespace

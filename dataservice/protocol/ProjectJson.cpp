@@ -70,7 +70,8 @@ Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* repl
 }
 
 Outcome readUpload(const QByteArray& body, Upload* upload) {
-    // `status` and the rest may stand around it, but what isn't a project object has no `project_json`.
+    if (jsonscan::nestsDeeperThan(body, jsonscan::maxDepth))
+        return Outcome::refused(QStringLiteral("The body nests deeper than %1 levels.").arg(jsonscan::maxDepth));
     QJsonObject project;
     bool valid = true;
     const bool outlined = jsonscan::eachMember(body, {0, body.size()}, [&](const QByteArray& key, jsonscan::Span value) {

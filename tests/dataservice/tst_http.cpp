@@ -1,0 +1,228 @@
+#include "ServiceClient.h"
+#include "protocol/ProjectJson.h"
+#include "store/Table.h"
+#include "tests_support/RealService.h"
+#include "tests_support/TestMain.h"
+#include "wire/QueryText.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSignalSpy>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QUrlQuery>
+
+using wire::Record;
+
+namespace {
+
+const QString path = QStringLiteral("/v1/projects/json");
+const QByteArray token = QByteArrayLiteral("00112233445566778899aabbccddeeff");
+
+struct HttpAnswer {
+    int status = 0;
+    QJsonObject json;
+};
+
+}  // namespace
+
+class TestHttp : public QObject {
+    Q_OBJECT
+private:
+    QTemporaryDir m_folder;
+    QNetworkAccessManager m_manager;
+    std::unique_ptr<RealService> m_service;
+
+    HttpAnswer wait(QNetworkReply* reply) {
+        QSignalSpy finished(reply, &QNetworkReply::finished);
+        if (!reply->isFinished())
+            finished.wait();
+        reply->deleteLater();
+        return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
+                QJsonDocument::fromJson(reply->readAll()).object()};
+    }
+    HttpAnswer get(const QString& name) {
+        QUrl url = m_service->httpUrl(path);
+        QUrlQuery query;
+        query.addQueryItem(QStringLiteral("name"), QString::fromLatin1(QUrl::toPercentEncoding(name)));
+        url.setQuery(query);
+        return wait(m_manager.get(QNetworkRequest(url)));
+    }
+    HttpAnswer post(const QByteArray& body) {
+        QNetworkRequest request(m_service->httpUrl(path));
+        request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+        return wait(m_manager.post(request, body));
+    }
+    HttpAnswer post(const QJsonObject& body) { return post(QJsonDocument(body).toJson(QJsonDocument::Compact)); }
+
+    /// Sends bytes as they are and gives the first line of the answer.
+    QByteArray firstLine(const QByteArray& request) {
+        QTcpSocket socket;
+        socket.connectToHost(QHostAddress::LocalHost, m_service->port());
+        if (!socket.waitForConnected())
+            return {};
+        socket.write(request);
+        while (!socket.canReadLine() && socket.waitForReadyRead(5000)) {
+        }
+        return socket.readLine().trimmed();
+    }
+    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+
+private slots:
+    void init() {
+        m_service = std::make_unique<RealService>();
+        QVERIFY(m_service->start());
+    }
+
+    void checksWhoAsks_data() {
+        QTest::addColumn<QByteArray>("headers");
+        QTest::addColumn<bool>("withToken");
+        QTest::addColumn<bool>("passes");
+        const QByteArray host = "Host: 127.0.0.1:PORT\r\n";
+        const QByteArray tokenLine = "Kernova-Service-Token: " + token + "\r\n";
+        QTest::newRow("plain") << host << false << true;
+        QTest::newRow("no host") << QByteArray() << false << false;
+        QTest::newRow("other port") << QByteArray("Host: 127.0.0.1:1\r\n") << false << false;
+        QTest::newRow("name") << QByteArray("Host: localhost:PORT\r\n") << false << false;
+        QTest::newRow("rebound name") << QByteArray("Host: evil.example:PORT\r\n") << false << false;
+        QTest::newRow("page") << host + "Origin: http://127.0.0.1:PORT\r\n" << false << false;
+        QTest::newRow("null origin") << host + "Origin: null\r\n" << false << false;
+        QTest::newRow("token missing") << host << true << false;
+        QTest::newRow("token wrong") << host + "Kernova-Service-Token: " + QByteArray(32, '0') + "\r\n" << true << false;
+        QTest::newRow("token right") << host + tokenLine << true << true;
+        QTest::newRow("token and page") << host + tokenLine + "Origin: http://a\r\n" << true << false;
+    }
+
+    void checksWhoAsks() {
+        QFETCH(QByteArray, headers);
+        QFETCH(bool, withToken);
+        QFETCH(bool, passes);
+        if (withToken) {
+            m_service = std::make_unique<RealService>(token);
+            QVERIFY(m_service->start());
+        }
+        headers.replace("PORT", QByteArray::number(m_service->port()));
+        const QByteArray upgrade = "Connection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"
+                                   "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n";
+        QCOMPARE(firstLine("GET / HTTP/1.1\r\n" + headers + upgrade + "\r\n").startsWith("HTTP/1.1 101"), passes);
+        QCOMPARE(firstLine("GET / HTTP/1.1\r\n" + headers + "\r\n"),
+                 passes ? QByteArray("HTTP/1.1 404 Not Found") : QByteArray("HTTP/1.1 403 Forbidden"));
+    }
+
+    void servesOnlyOneAddress() {
+        // The loopback network has more addresses than one; only the named one is listened on.
+        QTcpSocket socket;
+        socket.connectToHost(QStringLiteral("127.0.0.2"), m_service->port());
+        QVERIFY(!socket.waitForConnected(2000));
+    }
+
+    void sendsAndTakesWholeProjects() {
+        const QString first = m_folder.filePath(QStringLiteral("first & + \u00e4.krn"));
+        ServiceClient client;
+        QVERIFY(client.connectTo(m_service->port()) && client.open(first));
+        for (Record record : wire::allRecords()) {
+            QStringList arguments;
+            for (const Column& column : tableOf(record).columns) {
+                if (!column.sent)
+                    continue;
+                const bool number = column.type == FieldType::Integer || column.type == FieldType::Boolean;
+                arguments << (number ? wire::argument(column.name, 1)
+                                     : wire::argument(column.name, QStringLiteral("#\"1\n") + column.name));
+            }
+            client.send(ServiceClient::saving(record, arguments.join(QLatin1Char(' '))));
+        }
+        QVERIFY(client.ask(QStringLiteral("{kernoMaxId(next: false)}")).isDouble());
+        const HttpAnswer open = get(first);
+        QCOMPARE(open.status, 200);
+        QCOMPARE(open.json.value(QStringLiteral("status")), QJsonValue(true));
+        QCOMPARE(open.json.value(QStringLiteral("project"))[QStringLiteral("name")].toString(), first);
+        const QJsonObject project = open.json.value(QStringLiteral("project_json")).toObject();
+        QCOMPARE(project.size(), static_cast<int>(projectjson::parts().size()));
+        for (const projectjson::Part& part : projectjson::parts())
+            QCOMPARE(project.value(part.key).toArray().size(), 1);
+        client.request(wire::closeProject());
+        QCOMPARE(get(first).json, open.json);
+
+        const QString second = m_folder.filePath(QStringLiteral("second.krn"));
+        const HttpAnswer posted = post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), project},
+                                        {QStringLiteral("extra"), QJsonArray{1, QStringLiteral("a")}}});
+        QCOMPARE(posted.status, 200);
+        QCOMPARE(posted.json.value(QStringLiteral("status")), QJsonValue(true));
+        QCOMPARE(posted.json.value(QStringLiteral("project")),
+                 QJsonValue(QJsonObject{{QStringLiteral("name"), second},
+                                        {QStringLiteral("extra"), QJsonArray{1, QStringLiteral("a")}}}));
+        QCOMPARE(get(second).json.value(QStringLiteral("project_json")).toObject(), project);
+        QVERIFY(client.open(second));
+        QCOMPARE(client.ask(QStringLiteral("{highlightMaxId(next: true)}")).toInt(), 2);
+
+        // An open file isn't replaced; a closed one is.
+        QCOMPARE(post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), QJsonObject()}}).status, 409);
+        client.request(wire::closeProject());
+        QCOMPARE(post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), QJsonObject()}}).status, 200);
+        QCOMPARE(get(second).json.value(QStringLiteral("project_json"))[QStringLiteral("kernos")].toArray().size(), 0);
+        QFile::remove(first);
+        QFile::remove(second);
+    }
+
+    void takesRecordsByTheirRoles() {
+        // Records written as maps call some fields by their roles, and hold fields that are the client's own.
+        const QString file = m_folder.filePath(QStringLiteral("roles.krn"));
+        const QByteArray body =
+            "{\"name\":\"" + file.toUtf8() +
+            "\",\"project_json\":{\"groups\":[{\"id\":4,\"title\":\"staff\",\"visible\":true},{\"title\":\"no id\"}],"
+            "\"source_metadata_keys\":[{\"id\":1,\"key\":\"age\",\"multipleChoice\":true}],"
+            "\"unknown\":[1,2],\"highlights\":[{\"id\":3,\"color\":\"#ff0000\",\"start\":2,\"length\":3,\"y1\":7,"
+            "\"timestamp\":\"2024-05-06T10:00:00+02:00\"}]}}";
+        QCOMPARE(post(body).status, 200);
+        const QJsonObject project = get(file).json.value(QStringLiteral("project_json")).toObject();
+        QCOMPARE(project.value(QStringLiteral("groups")).toArray(),
+                 (QJsonArray{QJsonObject{{QStringLiteral("id"), 4}, {QStringLiteral("description"), QStringLiteral("staff")}}}));
+        QCOMPARE(project.value(QStringLiteral("source_metadata_keys"))[0][QStringLiteral("multipleChoice")], QJsonValue(true));
+        QCOMPARE(project.value(QStringLiteral("highlights"))[0][QStringLiteral("timestamp")].toString(),
+                 QStringLiteral("2024-05-06T08:00:00Z"));
+        QFile::remove(file);
+    }
+
+    void leavesNoFileAfterAFailure_data() {
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<int>("status");
+        QTest::newRow("no json") << QByteArray("hello") << 400;
+        QTest::newRow("array") << QByteArray("[1]") << 400;
+        QTest::newRow("no name") << QByteArray("{\"project_json\":{}}") << 400;
+        QTest::newRow("no records") << QByteArray("{\"name\":\"NAME\"}") << 400;
+        QTest::newRow("cut off") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":[{\"id\":1},") << 400;
+        QTest::newRow("bad record") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":[{\"id\":1},{id}]}}") << 400;
+        QTest::newRow("no list") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":7}}") << 400;
+        QTest::newRow("no folder") << QByteArray("{\"name\":\"NAME/x/y.krn\",\"project_json\":{}}") << 500;
+        QTest::newRow("deep") << QByteArray("{\"name\":\"NAME\",\"project_json\":{},\"a\":") + QByteArray(80, '[') + QByteArray(80, ']') + "}" << 400;
+    }
+
+    void leavesNoFileAfterAFailure() {
+        QFETCH(QByteArray, body);
+        QFETCH(int, status);
+        body.replace("NAME", m_folder.filePath(QStringLiteral("failed.krn")).toUtf8());
+        const HttpAnswer answer = post(body);
+        QCOMPARE(answer.status, status);
+        QCOMPARE(answer.json.value(QStringLiteral("status")), QJsonValue(false));
+        QVERIFY(!answer.json.value(QStringLiteral("message")).toString().isEmpty());
+        QCOMPARE(files(), QStringList());
+    }
+
+    void answersForFilesItCannotSend() {
+        QCOMPARE(get(m_folder.filePath(QStringLiteral("none.krn"))).status, 404);
+        const QString foreign = m_folder.filePath(QStringLiteral("foreign.krn"));
+        QFile file(foreign);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("not a project");
+        file.close();
+        const HttpAnswer answer = get(foreign);
+        QCOMPARE(answer.status, 400);
+        QCOMPARE(answer.json.value(QStringLiteral("status")), QJsonValue(false));
+        QFile::remove(foreign);
+    }
+};
+
+KERNOVA_TEST_MAIN(TestHttp)
+#include "tst_http.moc"

@@ -1,0 +1,183 @@
+#include "store/Database.h"
+#include "store/Migrations.h"
+#include "store/ProjectFile.h"
+#include "store/ProjectStore.h"
+#include "tests_support/TestMain.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+namespace {
+
+/// A connection that knows nothing of the store.
+bool runSql(const QString& path, const QStringList& texts) {
+    const QString name = QStringLiteral("stranger");
+    bool ok = true;
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        database.setDatabaseName(path);
+        ok = database.open();
+        QSqlQuery query(database);
+        for (const QString& text : texts)
+            ok = ok && query.exec(text);
+    }
+    QSqlDatabase::removeDatabase(name);
+    return ok;
+}
+
+QByteArray contentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+class TestProjectFile : public QObject {
+    Q_OBJECT
+private:
+    QTemporaryDir m_folder;
+    QString m_path;
+
+    QStringList files() const {
+        return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    }
+
+private slots:
+    void init() {
+        m_path = m_folder.filePath(QStringLiteral("p.krn"));
+        QFile::remove(m_path);
+    }
+
+    void makesAWholeFile() {
+        QString message;
+        std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
+        QVERIFY2(store, qPrintable(message));
+        QCOMPARE(files(), QStringList{QStringLiteral("p.krn")});
+        const QByteArray bytes = contentsOf(m_path);
+        QCOMPARE(bytes.mid(68, 4), QByteArrayLiteral("KRN1"));
+        QCOMPARE(static_cast<int>(bytes[63]), currentSchemaVersion());
+        for (const char* table : {"tbl_kerno", "tbl_source", "tbl_highlight", "tbl_memo", "tbl_source_metadata_key",
+                                  "tbl_source_metadata_value", "tbl_source_metadata", "tbl_kerno_shortcut_key",
+                                  "tbl_question", "tbl_question_answer", "tbl_level", "tbl_level_kerno",
+                                  "tbl_preference", "tbl_chat_message"}) {
+            Statement statement =
+                store->database().statement(QStringLiteral("SELECT COUNT(*) FROM ") + QLatin1String(table));
+            QVERIFY(statement.run() && statement.next());
+        }
+        for (const QString& setting : {QStringLiteral("synchronous"), QStringLiteral("cell_size_check")}) {
+            Statement statement = store->database().statement(QStringLiteral("PRAGMA ") + setting);
+            QVERIFY(statement.run() && statement.next());
+            QCOMPARE(statement.value(0).toInt(), setting == QLatin1String("synchronous") ? 2 : 1);
+        }
+    }
+
+    void refusesAndLeavesUntouched_data() {
+        QTest::addColumn<QStringList>("changes");
+        QTest::addColumn<QString>("reason");
+        const auto row = [](const char* name, const QStringList& changes, const char* reason) {
+            QTest::newRow(name) << changes << QString::fromLatin1(reason);
+        };
+        row("other application", {QStringLiteral("PRAGMA application_id = 77")}, "isn't a Kernova project");
+        row("newer version", {QStringLiteral("PRAGMA user_version = 4000")}, "newer version");
+        row("no version", {QStringLiteral("PRAGMA user_version = 0")}, "isn't complete");
+        row("other journal", {QStringLiteral("PRAGMA journal_mode = WAL")}, "isn't a Kernova project");
+        row("trigger",
+            {QStringLiteral("CREATE TRIGGER t AFTER INSERT ON tbl_kerno BEGIN DELETE FROM tbl_source; END")}, "trigger");
+        row("view", {QStringLiteral("CREATE VIEW v AS SELECT * FROM tbl_kerno")}, "view");
+        row("table", {QStringLiteral("CREATE TABLE other (a INTEGER)")}, "table");
+        row("column", {QStringLiteral("ALTER TABLE tbl_kerno ADD COLUMN more TEXT")}, "tbl_kerno");
+        row("missing index", {QStringLiteral("DROP INDEX idx_memo_sourceId_questionId")}, "missing");
+    }
+
+    void refusesAndLeavesUntouched() {
+        QFETCH(QStringList, changes);
+        QFETCH(QString, reason);
+        QVERIFY(projectfile::create(m_path).ok());
+        QVERIFY(runSql(m_path, changes));
+        const QByteArray before = contentsOf(m_path);
+        QString message;
+        QVERIFY(!ProjectStore::open(m_path, &message));
+        QVERIFY2(message.contains(reason), qPrintable(message));
+        QCOMPARE(contentsOf(m_path), before);
+        QCOMPARE(files(), QStringList{QStringLiteral("p.krn")});
+    }
+
+    void refusesWhatIsNoDatabase_data() {
+        QTest::addColumn<QByteArray>("contents");
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("text") << QByteArray("An interview, but not a project.");
+        QTest::newRow("long text") << QByteArray(5000, 'x');
+    }
+
+    void refusesWhatIsNoDatabase() {
+        QFETCH(QByteArray, contents);
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(contents);
+        file.close();
+        QString message;
+        QVERIFY(!ProjectStore::open(m_path, &message));
+        QVERIFY(!message.isEmpty());
+        QCOMPARE(contentsOf(m_path), contents);
+    }
+
+    void refusesADamagedFile() {
+        QVERIFY(projectfile::create(m_path).ok());
+        QVERIFY(runSql(m_path, {QStringLiteral("INSERT INTO tbl_kerno (id, title) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                                               "SELECT i + 1 FROM n WHERE i < 2000) SELECT i, 'title ' || i FROM n")}));
+        QByteArray bytes = contentsOf(m_path);
+        // Whole pages of rubbish in the middle, the header and the definitions as they were.
+        for (int at = bytes.size() / 2; at < bytes.size() / 2 + 12000; ++at)
+            bytes[at] = static_cast<char>(at * 7);
+        QFile file(m_path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.close();
+        QString message;
+        QVERIFY(!ProjectStore::open(m_path, &message));
+        QVERIFY2(message.contains(QStringLiteral("damaged")) || message.contains(QStringLiteral("malformed")),
+                 qPrintable(message));
+        QCOMPARE(contentsOf(m_path), bytes);
+    }
+
+    void rollsBackWhatWasNotCommitted() {
+        QString message;
+        std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
+        QVERIFY(store);
+        const Table& table = tableOf(wire::Record::Kerno);
+        RecordValues values(table.columns.size());
+        values[static_cast<size_t>(table.idColumn)] = 12;
+        QVERIFY(store->save(table, values).ok());
+        qint64 id = 0;
+        QVERIFY(store->lastId(wire::Record::Kerno, true, &id).ok());
+        QCOMPARE(id, qint64(13));
+        store->rollback();
+        QVERIFY(store->lastId(wire::Record::Kerno, false, &id).ok());
+        QCOMPARE(id, qint64(0));
+        QVERIFY(store->save(table, values).ok());
+        store.reset();
+        store = ProjectStore::open(m_path, &message);
+        int rows = 0;
+        QVERIFY(store->select({&table, {table.idColumn}, {}}, [&](const RowView&) { ++rows; }).ok());
+        QCOMPARE(rows, 0);
+    }
+
+    void noticesIdsOfAnotherProgram() {
+        QString message;
+        const std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
+        const std::unique_ptr<ProjectStore> other = ProjectStore::open(m_path, &message);
+        QVERIFY(store && other);
+        qint64 id = 0;
+        QVERIFY(other->lastId(wire::Record::Memo, true, &id).ok() && other->commit().ok());
+        QVERIFY(store->lastId(wire::Record::Memo, true, &id).ok() && store->commit().ok());
+        QCOMPARE(id, qint64(2));
+    }
+};
+
+KERNOVA_TEST_MAIN(TestProjectFile)
+#include "tst_projectfile.moc"

@@ -1,0 +1,256 @@
+#include "ServiceClient.h"
+#include "tests_support/RealService.h"
+#include "tests_support/TestMain.h"
+#include "wire/QueryText.h"
+
+#include <QDir>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <set>
+
+using wire::Record;
+
+namespace {
+
+const QString kernoSave = QStringLiteral("mutation{kernoCreateOrUpdate(id:%1 title:\"t%1\"){id title timestamp}}");
+const QString kernoRemove = QStringLiteral("mutation{kernoRemove(id:%1){id title timestamp}}");
+const QString connections = QStringLiteral("connection_count");
+const QString kernoMax = QStringLiteral("{kernoMaxId(next: %1)}");
+
+}  // namespace
+
+class TestSessions : public QObject {
+    Q_OBJECT
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<RealService> m_service;
+    QString m_file;
+
+    std::unique_ptr<ServiceClient> openClient() {
+        auto client = std::make_unique<ServiceClient>();
+        if (!client->connectTo(m_service->port()) || !client->open(m_file))
+            return nullptr;
+        // The count of clients follows the answer, and would stand among the frames of a test.
+        const bool counted = client->waitUntil([&] { return count(*client, connections) == 1; });
+        return counted ? std::move(client) : nullptr;
+    }
+    std::set<int> kernoIds(ServiceClient& client) {
+        std::set<int> ids;
+        for (const QJsonValue& kerno : client.ask(QStringLiteral("{kernoQueryList{id}}")).toArray())
+            ids.insert(kerno[QStringLiteral("id")].toInt());
+        return ids;
+    }
+    static int count(const ServiceClient& client, const QString& key) {
+        return static_cast<int>(std::count_if(client.frames.begin(), client.frames.end(), [&](const auto& frame) {
+            return frame.payload.contains(key) ||
+                   frame.payload.value(QStringLiteral("data")).toObject().contains(key);
+        }));
+    }
+
+private slots:
+    void init() {
+        m_service = std::make_unique<RealService>();
+        QVERIFY(m_service->start());
+        m_file = m_folder.filePath(QString::fromLatin1(QTest::currentTestFunction()) + QStringLiteral(".krn"));
+    }
+
+    void opensAndCloses() {
+        ServiceClient client;
+        QVERIFY(client.connectTo(m_service->port()));
+        QVERIFY(!client.errorOf(QStringLiteral("{kernoQueryList{id}}")).isEmpty());
+        const QString uuid = QStringLiteral("6c1b6d1e-0000-4000-8000-000000000001");
+        QJsonObject opened = client.ask(wire::openProject(m_file, uuid)).toObject();
+        QCOMPARE(opened, (QJsonObject{{QStringLiteral("name"), m_file}, {QStringLiteral("uuid"), uuid},
+                                      {QStringLiteral("status"), QStringLiteral("open")},
+                                      {QStringLiteral("access"), QStringLiteral("owner")}}));
+        opened = client.ask(wire::openProject(m_file, {})).toObject();
+        QCOMPARE(opened.value(QStringLiteral("uuid")).toString(), wire::nullUuid);
+        const QJsonObject closed{{QStringLiteral("name"), QString()}, {QStringLiteral("uuid"), wire::nullUuid},
+                                 {QStringLiteral("status"), QStringLiteral("closed")}};
+        QCOMPARE(client.ask(wire::closeProject()).toObject(), closed);
+        QCOMPARE(client.ask(wire::closeProject()).toObject(), closed);
+        QVERIFY(!client.errorOf(kernoSave.arg(1)).isEmpty());
+        QVERIFY(!client.errorOf(wire::openProject(m_folder.filePath(QStringLiteral("no/such/place.krn")), {})).isEmpty());
+        QVERIFY(client.open(m_file));
+        QVERIFY(QDir(m_folder.path()).entryList({QStringLiteral("*journal"), QStringLiteral(".*tmp")},
+                                                QDir::Files | QDir::Hidden).isEmpty());
+    }
+
+    void tellsOtherClients() {
+        const auto first = openClient();
+        const auto second = openClient();
+        QVERIFY(first && second);
+        QVERIFY(first->waitUntil([&] { return count(*first, connections) == 2; }));
+        QCOMPARE(first->frames.back().payload.value(connections).toInt(), 2);
+
+        const QString saved = QStringLiteral("kernoCreateOrUpdate");
+        const QJsonObject reply = first->request(kernoSave.arg(5));
+        QVERIFY(second->waitUntil([&] { return count(*second, saved) == 1; }));
+        QCOMPARE(second->frames.back().payload, reply);
+        QCOMPARE(second->frames.back().messageId, 0);
+        QCOMPARE(count(*first, saved), 1);
+        QCOMPARE(kernoIds(*second), (std::set<int>{5}));
+
+        // Neither reads, failures, preferences nor shortcuts are anyone else's business.
+        const size_t before = second->frames.size();
+        first->request(QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"a\" value:1){key value}}"));
+        first->request(QStringLiteral("mutation{kernoShortcutKeyCreateOrUpdate(shortcutKey:\"a\" kernoId:1){kernoId}}"));
+        first->request(QStringLiteral("mutation{kernoCreateOrUpdate(id:0){id}}"));
+        first->request(QStringLiteral("{kernoQueryList{id}}"));
+        second->request(kernoMax.arg(QStringLiteral("false")));
+        QCOMPARE(second->frames.size(), before + 1);
+
+        first->close();
+        QVERIFY(second->waitUntil([&] { return count(*second, connections) == 2; }));
+        QCOMPARE(second->frames.back().payload.value(connections).toInt(), 1);
+    }
+
+    void answersInOrder() {
+        const auto client = openClient();
+        QVERIFY(client);
+        const size_t before = client->frames.size();
+        constexpr int requests = 1500;
+        for (int id = 1; id <= requests; ++id)
+            client->send(id % 3 == 0 ? QStringLiteral("{kernoMaxId(next: false)}") : kernoSave.arg(id));
+        QVERIFY(client->waitForFrames(before + requests));
+        int last = 0;
+        for (size_t i = before; i < client->frames.size(); ++i) {
+            const ServiceClient::Frame& frame = client->frames[i];
+            QVERIFY(i == before || frame.messageId == client->frames[i - 1].messageId + 1);
+            const QJsonObject data = frame.payload.value(QStringLiteral("data")).toObject();
+            if (data.contains(QStringLiteral("kernoMaxId")))
+                QCOMPARE(data.begin().value().toInt(), last);
+            else
+                last = data.begin().value()[QStringLiteral("id")].toInt();
+        }
+        // A copy of the file, taken after a blocking read, is a whole project.
+        QVERIFY(client->ask(kernoMax.arg(QStringLiteral("false"))).toInt() == last);
+        const QString original = m_file;
+        m_file = m_folder.filePath(QStringLiteral("copy.krn"));
+        QVERIFY(QFile::copy(original, m_file));
+        const auto reader = openClient();
+        QVERIFY(reader);
+        QCOMPARE(kernoIds(*reader).size(), size_t(requests - requests / 3));
+    }
+
+    void reservesIdsForEver() {
+        auto client = openClient();
+        QVERIFY(client);
+        const QString next = kernoMax.arg(QStringLiteral("true"));
+        QCOMPARE(client->ask(kernoMax.arg(QStringLiteral("false"))).toInt(), 0);
+        QCOMPARE(client->ask(next).toInt(), 1);
+        QCOMPARE(client->ask(next).toInt(), 2);
+        client->request(kernoSave.arg(7));
+        client->request(kernoRemove.arg(7));
+        QCOMPARE(m_service->endByInput(), 0);
+        init();
+        client = openClient();
+        QVERIFY(client);
+        QCOMPARE(client->ask(kernoMax.arg(QStringLiteral("false"))).toInt(), 7);
+        QCOMPARE(client->ask(next).toInt(), 8);
+        QCOMPARE(client->ask(QStringLiteral("{sourceMaxId(next: true)}")).toInt(), 1);
+    }
+
+    void restoresTheTimeOfWhatWasRemoved() {
+        // The record comes with an old time from outside, so that no test has to wait for the clock.
+        const QByteArray body = QByteArrayLiteral("{\"name\":\"") + m_file.toUtf8() +
+                                "\",\"project_json\":{\"kernos\":[{\"id\":1,\"title\":\"a\",\"timestamp\":"
+                                "\"2020-02-03T06:05:06+02:00\"}]}}";
+        QNetworkAccessManager manager;
+        QNetworkRequest request(m_service->httpUrl(QStringLiteral("/v1/projects/json")));
+        request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+        QNetworkReply* posted = manager.post(request, body);
+        QSignalSpy finished(posted, &QNetworkReply::finished);
+        QVERIFY(finished.wait());
+        QCOMPARE(posted->error(), QNetworkReply::NoError);
+        delete posted;
+
+        const auto client = openClient();
+        QVERIFY(client);
+        const QString old = QStringLiteral("2020-02-03T04:05:06Z");
+        const auto timestamp = [&](const QString& query) {
+            return client->ask(query)[QStringLiteral("timestamp")].toString();
+        };
+        QCOMPARE(timestamp(kernoSave.arg(1)), old);
+        QCOMPARE(timestamp(kernoRemove.arg(1)), old);
+        QVERIFY(timestamp(kernoSave.arg(2)) > old);
+        QCOMPARE(timestamp(kernoSave.arg(1)), old);
+        QCOMPARE(timestamp(kernoRemove.arg(1)), old);
+        client->request(wire::closeProject());
+        QVERIFY(client->open(m_file));
+        QCOMPARE(timestamp(kernoSave.arg(1)), old);
+    }
+
+    void losesNothingThatWasAnnounced() {
+        // Killed ten times in the middle of a stream; what was answered is there, and so is the order of what isn't.
+        QRandomGenerator random(42);
+        int next = 1;
+        std::set<int> announced;
+        for (int round = 0; round < 10; ++round) {
+            const auto client = openClient();
+            QVERIFY(client);
+            const std::set<int> stored = kernoIds(*client);
+            QVERIFY(std::includes(stored.begin(), stored.end(), announced.begin(), announced.end()));
+            QVERIFY(stored.empty() || *stored.rbegin() == static_cast<int>(stored.size()));
+            next = static_cast<int>(stored.size()) + 1;
+            const size_t enough = client->frames.size() + static_cast<size_t>(random.bounded(1, 200));
+            for (int i = 0; i < 600; ++i)
+                client->send(kernoSave.arg(next++));
+            QVERIFY(client->waitForFrames(enough));
+            m_service->kill();
+            // What still lies in the socket was announced as well.
+            client->waitUntil([&] { return client->socket().state() == QAbstractSocket::UnconnectedState; });
+            for (const ServiceClient::Frame& frame : client->frames) {
+                const QJsonObject data = frame.payload.value(QStringLiteral("data")).toObject();
+                if (data.contains(QStringLiteral("kernoCreateOrUpdate")))
+                    announced.insert(data.begin().value()[QStringLiteral("id")].toInt());
+            }
+            m_service = std::make_unique<RealService>();
+            QVERIFY(m_service->start());
+        }
+        QVERIFY(announced.size() > 100);
+    }
+
+    void carriesOutWhatWasAcceptedBeforeItEnds_data() {
+        QTest::addColumn<bool>("bySignal");
+        QTest::newRow("input closed") << false;
+        QTest::newRow("signal") << true;
+    }
+
+    void carriesOutWhatWasAcceptedBeforeItEnds() {
+        QFETCH(bool, bySignal);
+        QFile::remove(m_file);
+        auto client = openClient();
+        QVERIFY(client);
+        for (int id = 1; id <= 300; ++id)
+            client->send(kernoSave.arg(id));
+        client->socket().flush();
+        QCOMPARE(bySignal ? m_service->terminate() : m_service->endByInput(), 0);
+        QVERIFY(client->waitUntil([&] { return client->socket().state() == QAbstractSocket::UnconnectedState; }));
+        QCOMPARE(static_cast<int>(client->socket().closeCode()), 1001);
+        init();
+        client = openClient();
+        QVERIFY(client);
+        QCOMPARE(kernoIds(*client).size(), size_t(300));
+    }
+
+    void storesNothingInAFileThatWasTakenAway() {
+        const auto client = openClient();
+        QVERIFY(client);
+        QVERIFY(client->ask(kernoSave.arg(1)).isObject());
+        QVERIFY(QFile::rename(m_file, m_file + QStringLiteral(".moved")));
+        QVERIFY(!client->errorOf(kernoSave.arg(2)).isEmpty());
+        // A new project of the name has nothing to do with the old one.
+        const auto other = openClient();
+        QVERIFY(other);
+        QVERIFY(kernoIds(*other).empty());
+        QVERIFY(other->ask(kernoSave.arg(9)).isObject());
+        QCOMPARE(kernoIds(*client), (std::set<int>{1}));
+    }
+};
+
+KERNOVA_TEST_MAIN(TestSessions)
+#include "tst_sessions.moc"
