@@ -45,7 +45,8 @@ Results combine(const Results& left, const Results& right, bool isAnd) {
     for (const Item& item : left) {
         const auto place = places.constFind(item.kerno);
         if (place != places.constEnd())
-            result.append({item.kerno, combineHighlights(item.highlights, right.at(*place).highlights, isAnd)});
+            result.append(
+                {item.kerno, combineHighlights(item.highlights, right.at(*place).highlights, isAnd)});
     }
     return result;
 }

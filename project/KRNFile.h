@@ -28,17 +28,19 @@ class SimpleCipher;
 struct LinkTimings;
 struct ProjectModels;
 
-/// The project as the rest of the program sees it: the context object `krnFile`. It opens and closes projects,
-/// answers reads, sends writes, and turns the service's notifications into changes of the models and into the
-/// signals that it inherits. It holds no project data beside its models.
+/// The project as the rest of the program sees it: the context object `krnFile`. It opens and closes
+/// projects, answers reads, sends writes, and turns the service's notifications into changes of the models
+/// and into the signals that it inherits. It holds no project data beside its models.
 ///
-/// Everything runs on the main thread. Reads block until the service has answered; on a closed project they give
-/// empty results. Ids are those of the records, results for QML are lists of maps with the records' role names.
+/// Everything runs on the main thread. Reads block until the service has answered; on a closed project they
+/// give empty results. Ids are those of the records, results for QML are lists of maps with the records' role
+/// names.
 class KRNFile : public ProjectEvents, public ProjectContext {
     Q_OBJECT
     Q_PROPERTY(bool isOpened READ isOpened NOTIFY isOpenedChanged)
     Q_PROPERTY(bool singleQuestionMode READ singleQuestionMode NOTIFY singleQuestionModeChanged)
-    Q_PROPERTY(bool awaitingOpenConfirmation READ awaitingOpenConfirmation NOTIFY awaitingOpenConfirmationChanged)
+    Q_PROPERTY(
+        bool awaitingOpenConfirmation READ awaitingOpenConfirmation NOTIFY awaitingOpenConfirmationChanged)
     Q_PROPERTY(QJsonObject currentProject READ currentProject NOTIFY isOpenedChanged)
     Q_PROPERTY(bool isOwner READ isOwner NOTIFY isOwnerChanged)
     Q_PROPERTY(bool canMutate READ canMutate NOTIFY canMutateChanged)
@@ -57,8 +59,8 @@ public:
     /// Makes the models, once; later calls do nothing.
     void initModels();
 
-    // Lifecycle. A project object has `name` (of a local project: the path of its file), `project_uuid` (empty for a
-    // local project) and, in the cloud, `region`.
+    // Lifecycle. A project object has `name` (of a local project: the path of its file), `project_uuid`
+    // (empty for a local project) and, in the cloud, `region`.
 
     /// Opens or creates a project. Runs event loops inside, and waits for `confirmOpenAlreadyOpenedFile` when
     /// the project is marked as open elsewhere, unless `ignoreLock`. On false the project is closed and
@@ -160,7 +162,8 @@ public:
     Q_INVOKABLE QVariantList highlights() const;
     Q_INVOKABLE QVariantList highlights(int sourceId) const;
     Q_INVOKABLE QList<Highlight> highlights(int sourceId, int questionId) const;
-    /// Those that meet the `length` characters from `offset`, with their stored positions; -1 means to the end.
+    /// Those that meet the `length` characters from `offset`, with their stored positions; -1 means to the
+    /// end.
     Q_INVOKABLE QVariantList highlights(int sourceId, int questionId, int offset, int length) const;
     QList<Highlight> highlightsOfKerno(int kernoId) const;
     QList<Highlight> highlightsOfKerno(int kernoId, int sourceId, int questionId) const;
@@ -235,8 +238,8 @@ public:
     Q_INVOKABLE QVariantList highlightsCoverageByKernoAndAuthor(int totalLength) const;
     Q_INVOKABLE QVariantList sourceMetadataListForReport(const QVariant& sourceId) const;
 
-    // Writes. The caller has given the record its id. What is only sent takes effect when its notification comes
-    // back; false means that nothing was sent.
+    // Writes. The caller has given the record its id. What is only sent takes effect when its notification
+    // comes back; false means that nothing was sent.
 
     /// Blocks, and updates the kerno model at once.
     Q_INVOKABLE void saveKerno(const Kerno& kerno);

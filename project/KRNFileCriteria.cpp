@@ -43,7 +43,8 @@ struct QueryRecords {
             list.reserve(item.highlights.size());
             for (int number : item.highlights)
                 list.append(highlights.map(number));
-            items.append(QVariantMap{{QStringLiteral("kerno"), kernos.map(item.kerno)}, {highlightsName, list}});
+            items.append(
+                QVariantMap{{QStringLiteral("kerno"), kernos.map(item.kerno)}, {highlightsName, list}});
         }
         return items;
     }

@@ -44,8 +44,8 @@ QVariantList KRNFile::kernoIds(const QVariant& parentKernoId) const {
     return kernoIds(parentKernoId.toInt());
 }
 
-QVariantList KRNFile::kernoIds(const QVariant& parentKernoId, const QVariantList& manualSortOrder, int orderBy,
-                               int order) const {
+QVariantList KRNFile::kernoIds(const QVariant& parentKernoId, const QVariantList& manualSortOrder,
+                               int orderBy, int order) const {
     if (!isOpened())
         return manualSortOrder;
     if (orderBy == orderByNumberOfHighlights)

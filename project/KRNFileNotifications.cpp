@@ -263,10 +263,12 @@ void KRNFile::onAccessChanged(const QString& name) {
     emit isOwnerChanged();
     switch (accessLevelFromName(name)) {
     case AccessLevel::Read:
-        emit notifyUser(tr("Your access has been changed by the project owner. You can now only read the project."));
+        emit notifyUser(
+            tr("Your access has been changed by the project owner. You can now only read the project."));
         break;
     case AccessLevel::Write:
-        emit notifyUser(tr("Your access has been changed by the project owner. You can now write to the project."));
+        emit notifyUser(
+            tr("Your access has been changed by the project owner. You can now write to the project."));
         break;
     default:
         emit notifyUser(tr("Your access has been changed to ") + name);

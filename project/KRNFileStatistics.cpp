@@ -4,9 +4,8 @@
 #include "service/DataHelper.h"
 
 // The answer to a statistics read, after the client's share of the arithmetic; empty on a closed project.
-QVariantList
-KRNFile::readStatistics(const QString& text, const QString& name,
-                        const std::function<QVariantList(const QJsonArray&)>& arithmetic) const {
+QVariantList KRNFile::readStatistics(const QString& text, const QString& name,
+                                     const std::function<QVariantList(const QJsonArray&)>& arithmetic) const {
     return isOpened() ? arithmetic(m_dataHelper->queryValue(text, name).toArray()) : QVariantList();
 }
 
@@ -20,7 +19,8 @@ QVariantList KRNFile::metadataOverviewForKeyId(const QVariant& keyId) const {
                           wire::name::sourceMetadataOverviewForKeyId, arithmetic);
 }
 
-QVariantList KRNFile::metadataOverviewForKeyAndKernoId(const QVariant& keyId, const QList<int>& kernoIds) const {
+QVariantList KRNFile::metadataOverviewForKeyAndKernoId(const QVariant& keyId,
+                                                       const QList<int>& kernoIds) const {
     return readStatistics(wire::sourceMetadataOverviewForKeyAndKernosId(keyId.toInt(), kernoIds),
                           wire::name::sourceMetadataOverviewForKeyAndKernosId,
                           statistics::metadataOverviewForKernos);
@@ -30,8 +30,8 @@ QVariantList KRNFile::highlightsOverviewPerSourceForKerno(const QVariant& kernoI
     if (kernoId.toInt() == -1)
         return {};
     const auto arithmetic = [](const QJsonArray& answer) {
-        return statistics::rows(answer, {QStringLiteral("kernoHighlights"), QStringLiteral("sourceHighlights"),
-                                         QStringLiteral("sourceTitle")});
+        return statistics::rows(answer, {QStringLiteral("kernoHighlights"),
+                                         QStringLiteral("sourceHighlights"), QStringLiteral("sourceTitle")});
     };
     return readStatistics(wire::highlightsOverviewPerSourceForKerno(kernoId.toInt()),
                           wire::name::highlightsOverviewPerSourceForKerno, arithmetic);
@@ -39,12 +39,14 @@ QVariantList KRNFile::highlightsOverviewPerSourceForKerno(const QVariant& kernoI
 
 QVariantList KRNFile::highlightsCoverageByAuthor(int totalLength) const {
     const auto arithmetic = [=](const QJsonArray& a) { return statistics::coverageByAuthor(a, totalLength); };
-    return readStatistics(wire::highlightsCoverageByAuthor(), wire::name::highlightsCoverageByAuthor, arithmetic);
+    return readStatistics(wire::highlightsCoverageByAuthor(), wire::name::highlightsCoverageByAuthor,
+                          arithmetic);
 }
 
 QVariantList KRNFile::highlightsCoverageByKerno(int totalLength) const {
     const auto arithmetic = [=](const QJsonArray& a) { return statistics::coverageByKerno(a, totalLength); };
-    return readStatistics(wire::highlightsCoverageByKerno(), wire::name::highlightsCoverageByKerno, arithmetic);
+    return readStatistics(wire::highlightsCoverageByKerno(), wire::name::highlightsCoverageByKerno,
+                          arithmetic);
 }
 
 QVariantList KRNFile::highlightsCoverageByKernoAndAuthor(int totalLength) const {

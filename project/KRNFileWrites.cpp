@@ -19,16 +19,16 @@ template <typename T> int send(DataHelper* helper, const T& record) {
 }
 
 /// The record of that id, or one that holds the id alone: a removal needs no more.
-template <typename Model> typename Model::RecordType recordToRemove(const Model& model, int id,
-                                                                    void (Model::RecordType::*setId)(int)) {
+template <typename Model>
+typename Model::RecordType recordToRemove(const Model& model, int id, void (Model::RecordType::*setId)(int)) {
     typename Model::RecordType record = model.record(id);
     (record.*setId)(id);
     return record;
 }
 
 /// An empty batch would change nothing.
-template <typename T> bool sendBatch(const QList<T>& records, bool (DataHelper::*batch)(const QList<T>&),
-                                     DataHelper* helper) {
+template <typename T>
+bool sendBatch(const QList<T>& records, bool (DataHelper::*batch)(const QList<T>&), DataHelper* helper) {
     return records.isEmpty() || (helper->*batch)(records);
 }
 

@@ -10,7 +10,8 @@
 
 #include <QObject>
 
-/// Builds empty records for QML, which can't construct value types by itself: the context object `instantiator`.
+/// Builds empty records for QML, which can't construct value types by itself: the context object
+/// `instantiator`.
 class ModelInstantiator : public QObject {
     Q_OBJECT
 

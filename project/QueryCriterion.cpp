@@ -8,8 +8,8 @@
 
 namespace {
 
-const QStringList operators{QStringLiteral("="), QStringLiteral("!="), QStringLiteral("<"),
-                            QStringLiteral("<="), QStringLiteral(">"), QStringLiteral(">=")};
+const QStringList operators{QStringLiteral("="),  QStringLiteral("!="), QStringLiteral("<"),
+                            QStringLiteral("<="), QStringLiteral(">"),  QStringLiteral(">=")};
 
 /// Words of the wire for the properties that aren't metadata keys.
 const QHash<QString, QString> fieldNames{{QStringLiteral("HA"), QStringLiteral("highlightAuthor")},

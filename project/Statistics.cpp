@@ -23,8 +23,9 @@ const QString kernoId = QStringLiteral("kernoId");
 const QString authors = QStringLiteral("authors");
 }  // namespace key
 
-const QStringList overviewNames{key::value,     key::valueFactor,  key::valueOccurrences, key::keyOccurrences,
-                                key::keyFactor, key::sourcesCount, key::sourcesOccurrences};
+const QStringList overviewNames{
+    key::value,     key::valueFactor,  key::valueOccurrences,  key::keyOccurrences,
+    key::keyFactor, key::sourcesCount, key::sourcesOccurrences};
 
 double percentage(double part, double whole) {
     return whole == 0.0 ? 0.0 : part / whole * 100.0;
@@ -40,12 +41,9 @@ QVariantMap authorRow(const QJsonObject& object, int totalLength) {
 
 QVariantMap notDefinedRow(const QVariantMap& first, int missing, int sources, const QString& notDefined) {
     const double factor = static_cast<double>(missing) / sources;
-    return {{key::value, notDefined},
-            {key::valueFactor, factor},
-            {key::valueOccurrences, missing},
-            {key::keyOccurrences, first.value(key::keyOccurrences)},
-            {key::keyFactor, factor},
-            {key::sourcesCount, sources}};
+    return {{key::value, notDefined},         {key::valueFactor, factor},
+            {key::valueOccurrences, missing}, {key::keyOccurrences, first.value(key::keyOccurrences)},
+            {key::keyFactor, factor},         {key::sourcesCount, sources}};
 }
 
 // From here on `keyFactor` is a row's share among all rows. `keyOccurrences` counts one more in every row.

@@ -9,8 +9,8 @@ namespace statistics {
 /// Each object as a map of the named members, as they came.
 QVariantList rows(const QJsonArray& answer, const QStringList& names);
 
-/// The values of a metadata key with their shares. Sources without the key, if there are any, become a last row
-/// titled `notDefined`; a key that no source has gives that row alone, for all `sourcesCount` sources.
+/// The values of a metadata key with their shares. Sources without the key, if there are any, become a last
+/// row titled `notDefined`; a key that no source has gives that row alone, for all `sourcesCount` sources.
 QVariantList metadataOverview(const QJsonArray& answer, const QString& notDefined);
 QVariantList metadataOverviewWithoutValues(int sourcesCount, const QString& notDefined);
 
