@@ -18,7 +18,7 @@ MouseArea {
 
     acceptedButtons: Qt.LeftButton | Qt.RightButton
     cursorShape: __carrying ? Qt.DragMoveCursor : Qt.IBeamCursor
-    preventStealing: __carrying
+    preventStealing: true
     drag.target: __carrying && item ? item.dragItem : null
     drag.smoothed: false
     drag.threshold: 0

@@ -15,28 +15,11 @@ Item {
 
     onHoveredHighlightChanged: CentralManager.notifyHighlightHovered(hoveredHighlight)
 
-    Repeater {
-        id: _stripes
-
-        Rectangle {
-            readonly property int highlightId: model.highlightId
-            readonly property string title: model.title || ""
-
-            x: model.column * root.columnWidth
-            y: model.y1
-            z: 2
-            width: root.columnWidth
-            height: model.y2 - model.y1
-            color: model.color !== undefined ? model.color : "white"
-            border { width: 1; color: Qt.darker(color, 1.3) }
-        }
-    }
-
+    // Comes before the stripes, so that childAt finds them and not this area.
     MouseArea {
         id: _mouse
 
         property Item stripe: null
-        property bool held: false
 
         function stripeAt(x, y) {
             var item = root.childAt(x, y)
@@ -52,26 +35,41 @@ Item {
         }
 
         anchors.fill: parent
-        // Under the stripes, so that childAt finds them first.
-        z: 1
+        z: 3
         hoverEnabled: root.count > 0
         enabled: root.interactive
         acceptedButtons: Qt.LeftButton | Qt.RightButton
         onPositionChanged: stripe = stripeAt(mouse.x, mouse.y)
         onExited: stripe = null
-        onPressed: held = false
-        onPressAndHold: held = true
+        onPressAndHold: showMenu(mouse)
         onClicked: {
-            if (mouse.button === Qt.RightButton || held)
+            if (mouse.button === Qt.RightButton)
                 showMenu(mouse)
+        }
+
+        HighlightToolTip {
+            highlightId: root.hoveredHighlight
+            title: _mouse.stripe ? _mouse.stripe.title : ""
+            x: _mouse.mouseX + Units.dp(40)
+            y: _mouse.mouseY - height + Units.dp(20)
         }
     }
 
-    HighlightToolTip {
-        highlightId: root.hoveredHighlight
-        title: _mouse.stripe ? _mouse.stripe.title : ""
-        x: _mouse.mouseX + Units.dp(40)
-        y: _mouse.mouseY - height + Units.dp(20)
+    Repeater {
+        id: _stripes
+
+        Rectangle {
+            readonly property int highlightId: model.highlightId
+            readonly property string title: model.title || ""
+
+            x: model.column * root.columnWidth
+            y: model.y1
+            z: 2
+            width: root.columnWidth
+            height: model.y2 - model.y1
+            color: model.color !== undefined ? model.color : "white"
+            border { width: 1; color: Qt.darker(color, 1.3) }
+        }
     }
 
     StyledMenu {

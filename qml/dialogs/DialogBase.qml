@@ -26,8 +26,12 @@ Item {
     }
 
     function hide() {
+        var unseen = opacity === 0
         opacity = 0
         __count(false)
+        // Nothing is left to fade, so no change of visibility will follow.
+        if (unseen && completed)
+            closed()
     }
 
     function close() {

@@ -2,7 +2,7 @@ import QtQuick 2.15
 import QtTest 1.15
 import "qrc:/qml/Components"
 
-// The main window as a whole: it loads, and a person comes from the login to a coded passage.
+// The main window as a whole.
 TestCase {
     id: test
     name: "MainWindow"
@@ -16,7 +16,7 @@ TestCase {
         compare(component.status, Component.Ready, component.errorString())
         root = component.createObject(null)
         window = root.mainWindow
-        window.show()
+        root.splash.timeoutInterval = 1
         tryCompare(window, "visible", true)
     }
 
@@ -24,17 +24,60 @@ TestCase {
         root.destroy()
     }
 
-    function grab(name) {
-        wait(350)
-        window.contentItem.grabToImage(function(result) {
-            result.saveToFile("%1/%2.png".arg(screenshots).arg(name))
-            test.grabbed = name
-        })
-        tryCompare(test, "grabbed", name)
+    function test_theWayIn() {
+        CentralManager.cloud = false
+        CentralManager.showLogin = true
+        tryCompare(CentralManager, "overlayCount", 1)
+        appHelper.connectToServer(false)
+        CentralManager.showLogin = false
+        CentralManager.raiseOpenDialog(true)
+        tryCompare(CentralManager, "overlayCount", 1)
+        CentralManager.openProject({ name: "/p/night.krn", project_uuid: "" }, "", true, true, false)
+        compare(CentralManager.showOpenFileDialog, false)
+        tryCompare(CentralManager, "overlayCount", 0)
+        compare(window.title, "Kernova 2.5.3 - /p/night.krn")
     }
-    property string grabbed
 
-    function test_shots() {
-        grab("login")
+    function test_undoWaitsForDialogs() {
+        undoManager.calls = []
+        CentralManager.showAboutDialog = true
+        tryCompare(CentralManager, "overlayCount", 1)
+        keyClickOn(Qt.Key_Z, Qt.ControlModifier)
+        compare(undoManager.names(), [])
+        CentralManager.showAboutDialog = false
+        tryCompare(CentralManager, "overlayCount", 0)
+    }
+
+    function keyClickOn(key, modifiers) {
+        window.requestActivate()
+        qtest_events.keyClick(key, modifiers, -1)
+    }
+
+    function test_aLostLinkBlocks() {
+        CentralManager.showLogin = false
+        krnFile.connected()
+        krnFile.disconnected()
+        tryCompare(window, "blocked", true)
+        krnFile.connected()
+        tryCompare(window, "blocked", false)
+    }
+
+    function test_bothThemes() {
+        CentralManager.darkTheme = false
+        compare(String(ApplicationStyle.canvas_background_color), "#dcdcff")
+        compare(String(ApplicationStyle.highlights_bar_color), "#d1d1d1ff")
+        CentralManager.darkTheme = true
+        compare(String(ApplicationStyle.canvas_background_color), "#0f1140")
+    }
+
+    function test_theColumnWidensForMemos() {
+        var screen = window.mainWindowStack.currentItem
+        window.width = 1400
+        tryCompare(window, "width", 1400)
+        var left = screen.leftColumnWidth
+        CentralManager.showMemosPanel = true
+        compare(screen.leftColumnWidth, left - CentralManager.memoColumnSize)
+        CentralManager.showMemosPanel = false
+        compare(screen.leftColumnWidth, left)
     }
 }

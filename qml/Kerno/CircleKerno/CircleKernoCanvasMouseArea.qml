@@ -24,7 +24,8 @@ MouseArea {
     hoverEnabled: true
     acceptedButtons: Qt.LeftButton | Qt.RightButton
     propagateComposedEvents: true
-    preventStealing: drag.target !== null
+    // Must hold before the press: an area that keeps the mouse only from then on never starts its drag.
+    preventStealing: level0Kerno !== null
     drag.smoothed: false
 
     function topLevelKerno() {
