@@ -1,0 +1,122 @@
+#pragma once
+
+#include "import/SourceImport.h"
+
+#include <QClipboard>
+#include <QColor>
+#include <QObject>
+#include <QQuickItemGrabResult>
+#include <QUrl>
+#include <QVariant>
+
+class KRNFile;
+class QEventLoop;
+class UndoManager;
+
+/// What screens need beside the project itself: clipboard, captures, colours, folders, the vendor's pages, the link
+/// to the service, and the entry points of imports. The context object `appHelper`. Main thread.
+class AppHelper : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(bool clipboardContainsText READ clipboardContainsText NOTIFY clipboardContainsTextChanged)
+    Q_PROPERTY(QString userInvokedFile READ userInvokedFile WRITE setUserInvokedFile NOTIFY userInvokedFileChanged)
+    Q_PROPERTY(bool isTouchEnabledDevice READ isTouchEnabledDevice CONSTANT)
+    Q_PROPERTY(QString region READ region CONSTANT)
+
+public:
+    /// Neither pointer is owned; both outlive the object. Takes a project file from the command line.
+    AppHelper(UndoManager* undoManager, KRNFile* krnFile);
+    ~AppHelper() override;
+
+    bool clipboardContainsText() const { return m_clipboardHasText; }
+
+    /// Path of the project file that the user started the program with; empty for none.
+    QString userInvokedFile() const { return m_userInvokedFile; }
+    void setUserInvokedFile(const QString& file);
+    Q_INVOKABLE void clearUserInvokedFile();
+
+    bool isTouchEnabledDevice() const;
+    /// The cloud region in use.
+    QString region() const;
+
+    /// Black or white, for text on the colour.
+    Q_INVOKABLE QColor contrastFontColor(const QColor& background) const;
+    Q_INVOKABLE QColor memoColor() const;
+    /// A random point on a canvas of that size, as a point; both lengths are at least 2.
+    Q_INVOKABLE QVariant calculateNewKernoPosition(int canvasWidth, int canvasHeight) const;
+
+    Q_INVOKABLE void setClipboardText(const QString& text);
+
+    /// Writes a picture of a window, without its white margins, as a PNG file.
+    Q_INVOKABLE void grab(QObject* window, const QString& outputFile);
+    /// Writes what an item's grab gave, without its transparent margins, as a PNG file.
+    Q_INVOKABLE bool saveGrabbedItem(QQuickItemGrabResult* grabResult, const QString& outputFile);
+
+    /// Makes the directory where it is missing.
+    Q_INVOKABLE bool createPath(const QString& path) const;
+    Q_INVOKABLE bool isDirectoryWritable(const QString& path) const;
+    /// Removes a folder, given as a path or file URL, with all that is in it.
+    Q_INVOKABLE bool deleteFolder(const QString& path) const;
+    /// A new folder under the temporary one, which stays; empty on failure.
+    Q_INVOKABLE QString createReportFolder() const;
+    Q_INVOKABLE QString createWordCloudFolder() const;
+
+    Q_INVOKABLE void processEvents();
+    Q_INVOKABLE QString applicationVersion() const;
+    Q_INVOKABLE QString aboutDialogContent() const;
+    Q_INVOKABLE QString hostNotFoundErrorTr(const QString& host) const;
+    Q_INVOKABLE void setCurrentAuthor(const QString& author);
+    Q_INVOKABLE void dumpObject(const QVariant& o) const;
+
+    // Pages in the system's browser; false when none could be started.
+
+    Q_INVOKABLE bool openUrl(const QUrl& url) const;
+    Q_INVOKABLE bool passwordReset() const;
+    Q_INVOKABLE bool manageAccount() const;
+    Q_INVOKABLE bool manageProjects() const;
+    Q_INVOKABLE bool signUp() const;
+    Q_INVOKABLE bool goToWebsite() const;
+
+    /// Opens the link to the local service or to the cloud. Blocks in an event loop.
+    Q_INVOKABLE bool connectToServer(bool remote);
+    /// Milliseconds of an outage after which a shared project is opened anew.
+    Q_INVOKABLE int wsTimeout() const { return 60000; }
+    Q_INVOKABLE bool isTestMode() const { return false; }
+
+    // Imports: see SourceImport.
+
+    Q_INVOKABLE QVariantList importQuestions(const QUrl& file, const QString& questionMarker,
+                                             const QString& answerMarker, bool noLoadedFile = false);
+    Q_INVOKABLE QVariantList importQuestionsFromClipboard(const QString& questionMarker,
+                                                          const QString& answerMarker);
+    Q_INVOKABLE bool saveImportedQuestions(const QString& sourceTitle, const QVariantList& questions);
+    /// Asks for a folder or for files.
+    Q_INVOKABLE void batchImportQuestions(bool selectWholeFolder);
+    /// Imports the text files of a folder; gives the number of sources that were made.
+    Q_INVOKABLE int batchImportQuestions(const QUrl& folder, const QString& questionMarker,
+                                         const QString& answerMarker, bool showInfo = false);
+    Q_INVOKABLE int batchImportQuestions(const QList<QUrl>& files, const QString& questionMarker,
+                                         const QString& answerMarker, bool showInfo = false);
+
+signals:
+    void searchResultsAvailable(QVariantList results);
+    void searchStarted();
+    void searchFinished();
+    void clipboardContainsTextChanged();
+    void userInvokedFileChanged();
+    void dummySignal();
+    void csvImportProgress(int record, int of, int progress, bool finished);
+
+private slots:
+    void clipboardDataChanged();
+
+private:
+    void openSynonyms() const;
+    SourceImport sourceImport() const { return {m_undoManager, m_krnFile}; }
+
+    UndoManager* m_undoManager;
+    KRNFile* m_krnFile;
+    QEventLoop* m_eventLoop;  ///< stands ready for imports that have to wait
+    QClipboard* m_clipboard = nullptr;
+    bool m_clipboardHasText = false;
+    QString m_userInvokedFile;
+};

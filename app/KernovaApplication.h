@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QApplication>
+
+class AppHelper;
+
+/// The application object. Files that the operating system asks the program to open reach QML through it.
+class KernovaApplication : public QApplication {
+    Q_OBJECT
+
+public:
+    KernovaApplication(int& argc, char** argv);
+
+    /// `appHelper` isn't owned; null, as at the start, when there is none.
+    void setAppHelper(AppHelper* appHelper) { m_appHelper = appHelper; }
+
+    bool event(QEvent* event) override;
+
+private:
+    AppHelper* m_appHelper = nullptr;
+};

@@ -1,0 +1,21 @@
+#include "app/TypeRegistration.h"
+
+#include "models/ChatModel.h"
+#include "models/GroupModel.h"
+#include "models/SourceMetadataKeyModel.h"
+#include "models/SourceMetadataValueModel.h"
+#include "models/SourceModel.h"
+
+#include <QMetaType>
+
+namespace registration {
+
+void registerModelMetaTypes() {
+    qRegisterMetaType<GroupModel*>("GroupModel*");
+    qRegisterMetaType<ChatModel*>("ChatModel*");
+    qRegisterMetaType<SourceMetadataKeyModel*>("SourceMetadataKeyModel*");
+    qRegisterMetaType<SourceMetadataValueModel*>("SourceMetadataValueModel*");
+    qRegisterMetaType<SourceModel*>("SourceModel*");
+}
+
+}  // namespace registration

@@ -1,0 +1,63 @@
+#include "app/Startup.h"
+
+#include "app/KernovaApplication.h"
+#include "app/ProductSettings.h"
+#include "app/Session.h"
+#include "app/TypeRegistration.h"
+#include "app/UpdateCheck.h"
+#include "project/KRNFile.h"
+
+#include <QFontDatabase>
+#include <QLoggingCategory>
+#include <QQuickWindow>
+
+namespace startup {
+
+namespace {
+
+void loadFonts() {
+    for (const char* file : {":/fonts/OpenSans-Regular.ttf", ":/fonts/OpenSans-Semibold.ttf",
+                             ":/fonts/SourceCodePro-Regular.ttf", ":/fonts/SourceCodePro-Bold.ttf",
+                             ":/fonts/Lato-Regular.ttf", ":/fonts/Lato-Bold.ttf"}) {
+        QFontDatabase::addApplicationFont(QString::fromLatin1(file));
+    }
+    QApplication::setFont(QFont(QStringLiteral("Lato")));
+}
+
+}  // namespace
+
+void prepare() {
+    registration::registerEarlyMetaTypes();
+    QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache, true);
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Direct3D12);
+}
+
+KRNFile* setUp() {
+    QApplication::setStyle(QStringLiteral("fusion"));
+    QCoreApplication::setOrganizationName(product::organisationName());
+    QCoreApplication::setOrganizationDomain(product::organisationDomain());
+    QCoreApplication::setApplicationName(QStringLiteral("Kernova"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KERNOVA_VERSION));
+    KRNFile* const krnFile = KRNFile::instance();
+    krnFile->initModels();
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("appHelper.debug=false\n highlighter.debug=false\n documentChangeTracker=false"));
+    loadFonts();
+    registration::registerModelMetaTypes();
+    registration::registerQmlTypes();
+    return krnFile;
+}
+
+int run(int& argc, char** argv) {
+    prepare();
+    KernovaApplication application(argc, argv);
+    if (updatecheck::userLeavesToUpdate())
+        return 0;
+    KRNFile* const krnFile = setUp();
+    Session session(application, krnFile);
+    session.load();
+    return QApplication::exec();
+}
+
+}  // namespace startup

@@ -1,0 +1,127 @@
+#include "app/KernovaApplication.h"
+#include "app/Session.h"
+#include "app/Startup.h"
+#include "project/KRNFile.h"
+#include "tests_support/TestMain.h"
+
+#include <QFontDatabase>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QTest>
+
+/// What stands before the screens are loaded, and the order of its end.
+class tst_Session : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void namesAndFontsAreSet();
+    void typesAreKnownByNameAndVersion_data();
+    void typesAreKnownByNameAndVersion();
+    void newerPropertiesOfBaseItemsAreReachable();
+    void screensReachTheProgramByName();
+    void everythingEndsInTheReverseOrder();
+
+private:
+    QString problemOf(const QString& qml);
+
+    KRNFile* m_file = nullptr;
+};
+
+namespace {
+
+const char* const contextNames[] = {"krnFile", "appHelper", "undoManager", "instantiator", "projectMerger", "idManager"};
+
+QObject* contextObject(Session& session, const char* name) {
+    return session.engine().rootContext()->contextProperty(QString::fromLatin1(name)).value<QObject*>();
+}
+
+}  // namespace
+
+void tst_Session::initTestCase() {
+    m_file = startup::setUp();
+}
+
+/// Why an element can't be made; empty when it can.
+QString tst_Session::problemOf(const QString& qml) {
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData(qml.toUtf8(), QUrl());
+    const std::unique_ptr<QObject> made(component.create());
+    return made ? QString() : component.errorString();
+}
+
+void tst_Session::namesAndFontsAreSet() {
+    QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Kernova"));
+    QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral("2.5.3"));
+    QVERIFY(!QCoreApplication::organizationName().isEmpty());
+    QVERIFY(!QCoreApplication::organizationDomain().isEmpty());
+    QCOMPARE(QApplication::font().family(), QStringLiteral("Lato"));
+    const QStringList families = QFontDatabase().families();
+    for (const char* family : {"Lato", "Open Sans", "Source Code Pro"})
+        QVERIFY2(families.contains(QString::fromLatin1(family)), family);
+    QVERIFY(m_file->kernoModel());
+    QCOMPARE(m_file->parent(), qApp);
+}
+
+void tst_Session::typesAreKnownByNameAndVersion_data() {
+    QTest::addColumn<int>("minor");
+    const QVector<QPair<const char*, int>> types{
+        {"SourceHighlighter", 0},   {"KernovaTextEditBase", 2}, {"KernovaWindow", 2},
+        {"VariantListModel", 0},    {"KernovaQML", 0},          {"KernoProxyModel", 4},
+        {"KernoHierarchyModel", 4}, {"KernoOverlapModel", 4},   {"KernoShortcutKeyProxyModel", 4},
+        {"KernoComboBoxModel", 4},  {"SourceProxyModel", 4},    {"MetadataKeyModel", 4},
+        {"MetadataValueModel", 4},  {"SourceMetadataModel", 4}, {"FetchMoreListModel", 4},
+        {"AnswerModel", 4},         {"SourceMetadataValueComboBoxModelProxy", 4}};
+    for (const auto& type : types)
+        QTest::newRow(type.first) << type.second;
+}
+
+void tst_Session::typesAreKnownByNameAndVersion() {
+    QFETCH(int, minor);
+    const QString qml = QStringLiteral("import Kernova 1.%1\n%2 {}");
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+    QCOMPARE(problemOf(qml.arg(minor).arg(name)), QString());
+    if (minor > 0)
+        QVERIFY(!problemOf(qml.arg(minor - 1).arg(name)).isEmpty());
+}
+
+void tst_Session::newerPropertiesOfBaseItemsAreReachable() {
+    QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
+                                      "KernovaTextEditBase { selectByKeyboard: true; padding: 2; wrapMode: "
+                                      "TextEdit.Wrap; activeFocusOnTab: true; property var doc: textDocument }")),
+             QString());
+    QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
+                                      "KernovaWindow { property bool a: active; opacity: 0.5; "
+                                      "onWindowClosing: close.accepted = false; Item {} }")),
+             QString());
+    QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
+                                      "QtObject { property int o: KernovaQML.OrderDescending }")),
+             QString());
+}
+
+void tst_Session::screensReachTheProgramByName() {
+    Session session(*static_cast<KernovaApplication*>(qApp), m_file);
+    for (const char* name : contextNames)
+        QVERIFY2(contextObject(session, name), name);
+    QCOMPARE(contextObject(session, "krnFile"), m_file);
+}
+
+void tst_Session::everythingEndsInTheReverseOrder() {
+    QStringList ended;
+    {
+        Session session(*static_cast<KernovaApplication*>(qApp), m_file);
+        const auto record = [&ended](QObject* object, const char* name) {
+            connect(object, &QObject::destroyed, object, [&ended, name] { ended << QString::fromLatin1(name); });
+        };
+        for (const char* name : {"undoManager", "appHelper", "instantiator", "projectMerger"})
+            record(contextObject(session, name), name);
+        record(&session.engine(), "engine");
+    }
+    QCOMPARE(ended, QStringList({"engine", "projectMerger", "instantiator", "appHelper", "undoManager"}));
+}
+
+int main(int argc, char** argv) {
+    return runTest<KernovaApplication, tst_Session>(argc, argv);
+}
+#include "tst_session.moc"

@@ -1,0 +1,69 @@
+#include "app/UpdateCheck.h"
+#include "service/ServiceConfig.h"
+#include "tests_support/TestMain.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+
+class tst_UpdateCheck : public QObject {
+    Q_OBJECT
+
+private slots:
+    void versionsMustAllMatch_data();
+    void versionsMustAllMatch();
+    void theServerIsAsked();
+    void anUnreachableServerDoesNotMatch();
+};
+
+void tst_UpdateCheck::versionsMustAllMatch_data() {
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<bool>("match");
+    const QByteArray good(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
+    QTest::newRow("all") << good << true;
+    QTest::newRow("one newer") << QByteArray(good).replace("3", "4") << false;
+    QTest::newRow("one missing") << QByteArray(good).replace("kernova_service", "other") << false;
+    QTest::newRow("as texts") << QByteArray(good).replace("7", "\"7\"") << false;
+    QTest::newRow("not JSON") << QByteArray("<html>") << false;
+    QTest::newRow("empty") << QByteArray() << false;
+}
+
+void tst_UpdateCheck::versionsMustAllMatch() {
+    QFETCH(QByteArray, body);
+    QTEST(updatecheck::versionsMatch(body), "match");
+}
+
+void tst_UpdateCheck::theServerIsAsked() {
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    QByteArray asked;
+    connect(&server, &QTcpServer::newConnection, [&] {
+        QTcpSocket* const socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, socket, [&asked, socket] {
+            asked += socket->readAll();
+            if (!asked.contains("\r\n\r\n"))
+                return;
+            const QByteArray body(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
+            socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " +
+                          QByteArray::number(body.size()) + "\r\n\r\n" + body);
+            socket->disconnectFromHost();
+        });
+    });
+    QVERIFY(updatecheck::serverMatches(QUrl(QStringLiteral("http://127.0.0.1:%1/v").arg(server.serverPort()))));
+    QVERIFY2(asked.startsWith("GET /v HTTP/1.1\r\n"), asked.constData());
+    QVERIFY(asked.contains("User-Agent: KernovaClient/2.5.3 Windows\r\n"));
+    QVERIFY(asked.contains("Content-Type: application/json\r\n"));
+}
+
+void tst_UpdateCheck::anUnreachableServerDoesNotMatch() {
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QUrl url(QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort()));
+    server.close();
+    QVERIFY(!updatecheck::serverMatches(url));
+    if (!ServiceConfig::hasCloud())
+        QVERIFY(!updatecheck::userLeavesToUpdate());
+}
+
+KERNOVA_TEST_MAIN(tst_UpdateCheck)
+#include "tst_updatecheck.moc"
