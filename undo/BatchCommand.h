@@ -12,8 +12,8 @@ void saveBatch(KRNFile& file, const QList<Memo>& memos);
 void removeBatch(KRNFile& file, const QList<Highlight>& highlights);
 void removeBatch(KRNFile& file, const QList<Memo>& memos);
 
-/// Saves or removes many records of one kind, so that a thousand of them cost one mutation. One record that isn't
-/// valid makes the command invalid; an empty list changes nothing.
+/// Saves or removes many records of one kind, so that a thousand of them cost one mutation. One record that
+/// isn't valid makes the command invalid; an empty list changes nothing.
 template <typename T> class BatchCommand : public FileManipulationCommand {
 public:
     void redo() override { run(m_saves); }

@@ -7,15 +7,17 @@
 class BatchOperationManager;
 class KRNFile;
 
-/// Base of every command. It holds what it needs to do its change and to take it back, and talks only to the project.
-/// A constructor prepares and may read, but changes nothing: the work is done by `redo`, which a push calls at once.
+/// Base of every command. It holds what it needs to do its change and to take it back, and talks only to the
+/// project. A constructor prepares and may read, but changes nothing: the work is done by `redo`, which a
+/// push calls at once.
 ///
 /// Children are commands of their own that are created with this one as their parent, which then owns them.
 class FileManipulationCommand : public QUndoCommand {
 public:
     explicit FileManipulationCommand(KRNFile* file, QUndoCommand* parent = nullptr);
 
-    /// False when this command or one below it can't work or would change nothing. It is then thrown away whole.
+    /// False when this command or one below it can't work or would change nothing. It is then thrown away
+    /// whole.
     bool isValid() const;
 
     /// The id of the record that the command is about; invalid when it has none.

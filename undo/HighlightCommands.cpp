@@ -22,8 +22,8 @@ AddHighlightCommand::AddHighlightCommand(const Highlight& highlight, KRNFile* fi
     take(added);
 }
 
-// The author compared is the one of the record that was passed in: a screen's record has none yet, and so joins
-// only with highlights that have none.
+// The author compared is the one of the record that was passed in: a screen's record has none yet, and so
+// joins only with highlights that have none.
 void AddHighlightCommand::merge(Highlight& added) {
     const QList<Highlight> existing =
         file()->highlightsOfKerno(added.kernoId(), added.sourceId(), added.questionId());

@@ -4,8 +4,8 @@
 #include "undo/BatchCommand.h"
 #include "undo/RecordCommands.h"
 
-/// Codes a passage into a kerno. A passage that overlaps others of the kerno in the same answer swallows them; one
-/// that lies within another is coded already, which makes the command invalid.
+/// Codes a passage into a kerno. A passage that overlaps others of the kerno in the same answer swallows
+/// them; one that lies within another is coded already, which makes the command invalid.
 class AddHighlightCommand : public RecordCommand<Highlight> {
 public:
     /// `skipMerge`: for a kerno that can't have highlights yet.
@@ -21,11 +21,13 @@ using DeleteHighlightCommand = DeleteRecordCommand<Highlight>;
 /// Stores many highlights with one mutation. Those without an id get one.
 class BatchCreateHighlightsCommand : public BatchCommand<Highlight> {
 public:
-    BatchCreateHighlightsCommand(const QList<Highlight>& highlights, KRNFile* file, QUndoCommand* parent = nullptr);
+    BatchCreateHighlightsCommand(const QList<Highlight>& highlights, KRNFile* file,
+                                 QUndoCommand* parent = nullptr);
 };
 
 class BatchDeleteHighlightsCommand : public BatchCommand<Highlight> {
 public:
-    BatchDeleteHighlightsCommand(const QList<Highlight>& highlights, KRNFile* file, QUndoCommand* parent = nullptr);
+    BatchDeleteHighlightsCommand(const QList<Highlight>& highlights, KRNFile* file,
+                                 QUndoCommand* parent = nullptr);
     void undo() override;
 };

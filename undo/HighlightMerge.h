@@ -19,12 +19,12 @@ struct Addition {
     QList<Highlight> swallowed;  ///< to be deleted, in their order
 };
 
-/// `existing` in the service's order. Containment is tested against all of them; swallowing begins at the first
-/// one that overlaps, ends after the run of those that overlap, and stops for good at another author.
+/// `existing` in the service's order. Containment is tested against all of them; swallowing begins at the
+/// first one that overlaps, ends after the run of those that overlap, and stops for good at another author.
 Addition add(const QList<Highlight>& existing, const QPair<int, int>& range, const QString& author);
 
-/// The highlights in reading order with every run of overlapping ones joined into its first. Touching ones stay
-/// apart. The result keeps the first one's id and author; the records given are not changed.
+/// The highlights in reading order with every run of overlapping ones joined into its first. Touching ones
+/// stay apart. The result keeps the first one's id and author; the records given are not changed.
 QList<Highlight> joinOverlapping(QList<Highlight> highlights);
 
 /// The highlights by place, each list in the order given.

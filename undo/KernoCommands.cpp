@@ -27,8 +27,8 @@ AddKernoCommand::AddKernoCommand(const Kerno& kerno, KRNFile* file, QUndoCommand
 
 AddKernoCommand::AddKernoCommand(const QString& title, int parentKernoId, int x, int y, KRNFile* file,
                                  QUndoCommand* parent)
-    : AddKernoCommand(Kerno(-1, parentKernoId < 1 ? -1 : parentKernoId, QColor(), title, QString(), QDateTime(),
-                            QString(), x, y),
+    : AddKernoCommand(Kerno(-1, parentKernoId < 1 ? -1 : parentKernoId, QColor(), title, QString(),
+                            QDateTime(), QString(), x, y),
                       file, parent) {}
 
 UpdateKernoCommand::UpdateKernoCommand(const Kerno& kerno, KRNFile* file, QUndoCommand* parent)

@@ -28,7 +28,8 @@ public:
     /// `KeepBelow` is for a command that gives the kernos below it to another parent.
     enum class Cascade { All, KeepBelow };
 
-    DeleteKernoCommand(int kernoId, KRNFile* file, QUndoCommand* parent = nullptr, Cascade cascade = Cascade::All);
+    DeleteKernoCommand(int kernoId, KRNFile* file, QUndoCommand* parent = nullptr,
+                       Cascade cascade = Cascade::All);
 
 protected:
     void run(bool forward) override;

@@ -38,8 +38,9 @@ AddMetadataCommand::AddMetadataCommand(const SourceMetadataKey& key, const Sourc
     take(link);
 }
 
-FileManipulationCommand* newGiveMetadataCommand(const SourceMetadataKey& key, const SourceMetadataValue& value,
-                                                int sourceId, KRNFile* file, QUndoCommand* parent) {
+FileManipulationCommand* newGiveMetadataCommand(const SourceMetadataKey& key,
+                                                const SourceMetadataValue& value, int sourceId, KRNFile* file,
+                                                QUndoCommand* parent) {
     if (!key.multipleChoice()) {
         SourceMetadata link = file->metadataModel()->link(key.id(), sourceId);
         if (isUsable(link) && isUsable(value)) {
@@ -50,8 +51,9 @@ FileManipulationCommand* newGiveMetadataCommand(const SourceMetadataKey& key, co
     return new AddMetadataCommand(key, value, sourceId, file, parent);
 }
 
-AdvancedAddMetadataCommand::AdvancedAddMetadataCommand(const QString& inlineKey, const QVariantList& inlineValues,
-                                                       int sourceId, KRNFile* file, QUndoCommand* parent)
+AdvancedAddMetadataCommand::AdvancedAddMetadataCommand(const QString& inlineKey,
+                                                       const QVariantList& inlineValues, int sourceId,
+                                                       KRNFile* file, QUndoCommand* parent)
     : FileManipulationCommand(file, parent) {
     qDebug() << "init";
     const SourceMetadataKey key = keyFor(inlineKey);

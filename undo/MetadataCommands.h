@@ -23,23 +23,25 @@ public:
     DeleteMetadataValueCommand(int valueId, KRNFile* file, QUndoCommand* parent = nullptr);
 };
 
-/// Gives a value of a property to a source. Key and value need not be stored yet. Invalid when the source has it.
+/// Gives a value of a property to a source. Key and value need not be stored yet. Invalid when the source has
+/// it.
 class AddMetadataCommand : public RecordCommand<SourceMetadata> {
 public:
-    AddMetadataCommand(const SourceMetadataKey& key, const SourceMetadataValue& value, int sourceId, KRNFile* file,
-                       QUndoCommand* parent = nullptr);
+    AddMetadataCommand(const SourceMetadataKey& key, const SourceMetadataValue& value, int sourceId,
+                       KRNFile* file, QUndoCommand* parent = nullptr);
 };
 
 using UpdateMetadataCommand = IModelUpdateFileManipulationCommand<SourceMetadata>;
 using DeleteMetadataCommand = DeleteRecordCommand<SourceMetadata>;
 
-/// The command that gives a value to a source: it replaces the one that the source has of a property that takes a
-/// single one, otherwise it adds it. Owned by `parent`, or by the caller without one.
-FileManipulationCommand* newGiveMetadataCommand(const SourceMetadataKey& key, const SourceMetadataValue& value,
-                                                int sourceId, KRNFile* file, QUndoCommand* parent = nullptr);
+/// The command that gives a value to a source: it replaces the one that the source has of a property that
+/// takes a single one, otherwise it adds it. Owned by `parent`, or by the caller without one.
+FileManipulationCommand* newGiveMetadataCommand(const SourceMetadataKey& key,
+                                                const SourceMetadataValue& value, int sourceId, KRNFile* file,
+                                                QUndoCommand* parent = nullptr);
 
-/// Adds a property and values of it by their texts, as far as they are missing, and with a `sourceId` above 0 gives
-/// the values to the source: all in one step.
+/// Adds a property and values of it by their texts, as far as they are missing, and with a `sourceId` above 0
+/// gives the values to the source: all in one step.
 class AdvancedAddMetadataCommand : public FileManipulationCommand {
 public:
     AdvancedAddMetadataCommand(const QString& inlineKey, const QVariantList& inlineValues, int sourceId,

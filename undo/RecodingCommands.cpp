@@ -34,8 +34,8 @@ void RecodingCommand::run(bool forward) {
         batches()->finishHighlightBatch(place.first, place.second);
 }
 
-// The kernos below the two are only given to the merged one. They keep their own codings, groups, keys and what lies
-// below them, so the two are deleted without them.
+// The kernos below the two are only given to the merged one. They keep their own codings, groups, keys and
+// what lies below them, so the two are deleted without them.
 MergeKernosCommand::MergeKernosCommand(int kernoId1, int kernoId2, const QString& newName, KRNFile* file,
                                        QUndoCommand* parent)
     : RecodingCommand(file, parent) {
@@ -60,13 +60,15 @@ MergeKernosCommand::MergeKernosCommand(int kernoId1, int kernoId2, const QString
     }
 }
 
-Kerno MergeKernosCommand::mergedRecord(const Kerno& first, const Kerno& second, const QString& newName) const {
+Kerno MergeKernosCommand::mergedRecord(const Kerno& first, const Kerno& second,
+                                       const QString& newName) const {
     Kerno merged(second);
     merged.setKernoId(IdManager::instance()->nextKernoId());
     merged.setTitle(newName);
     // Where the second lay below the first, the way up to it vanishes with the first.
     QSet<int> seen;
-    for (int id = second.parentKernoId(); id > 0 && !seen.contains(id); id = file()->kerno(id).parentKernoId()) {
+    for (int id = second.parentKernoId(); id > 0 && !seen.contains(id);
+         id = file()->kerno(id).parentKernoId()) {
         seen.insert(id);
         if (id == first.id())
             merged.setParentKernoId(first.parentKernoId());

@@ -4,8 +4,8 @@
 #include "undo/FileManipulationCommand.h"
 #include "undo/HighlightMerge.h"
 
-/// Base of commands that write the codings of whole kernos anew, over many answers. Listeners keep quiet while it
-/// runs, and each answer's highlights are announced once afterwards.
+/// Base of commands that write the codings of whole kernos anew, over many answers. Listeners keep quiet
+/// while it runs, and each answer's highlights are announced once afterwards.
 class RecodingCommand : public FileManipulationCommand {
 public:
     void redo() override { run(true); }
@@ -24,8 +24,8 @@ private:
     QList<coding::Place> m_affectedPairs;
 };
 
-/// Puts a new kerno in the place of two: it takes over the codings of both, those that overlap joined, and the
-/// kernos below both.
+/// Puts a new kerno in the place of two: it takes over the codings of both, those that overlap joined, and
+/// the kernos below both.
 class MergeKernosCommand : public RecodingCommand {
 public:
     /// The new kerno looks like the second one and stands where it stood.

@@ -18,8 +18,8 @@ template <typename T> T ownCopy(const T& record) {
 template <typename T> class RecordCommand : public FileManipulationCommand {
 public:
     enum class Does { Save, Remove };
-    /// `ChildrenFirst`: `redo` runs the children, then the own mutation, and `undo` the own mutation and then the
-    /// children. `SelfFirst` is the other way round in both.
+    /// `ChildrenFirst`: `redo` runs the children, then the own mutation, and `undo` the own mutation and then
+    /// the children. `SelfFirst` is the other way round in both.
     enum class Order { ChildrenFirst, SelfFirst };
 
     void redo() override { run(true); }
@@ -31,7 +31,8 @@ protected:
     RecordCommand(Does does, KRNFile* file, QUndoCommand* parent, Order order = Order::ChildrenFirst)
         : FileManipulationCommand(file, parent), m_does(does), m_order(order) {}
 
-    /// Takes a copy of its own; a record that can't be worked with makes the command invalid. The result says which.
+    /// Takes a copy of its own; a record that can't be worked with makes the command invalid. The result says
+    /// which.
     bool take(const T& record) {
         m_record = ownCopy(record);
         setData(m_record.id());
@@ -89,13 +90,12 @@ public:
     }
 };
 
-/// Replaces the record that the project has under the same id by a new version. Invalid when there is none, or when
-/// nothing would change.
+/// Replaces the record that the project has under the same id by a new version. Invalid when there is none,
+/// or when nothing would change.
 template <typename T> class IModelUpdateFileManipulationCommand : public FileManipulationCommand {
 public:
     IModelUpdateFileManipulationCommand(const T& model, KRNFile* file, QUndoCommand* parent = nullptr)
-        : FileManipulationCommand(file, parent),
-          m_newModel(ownCopy(model)),
+        : FileManipulationCommand(file, parent), m_newModel(ownCopy(model)),
           m_oldModel(ownCopy(factsOf<T>().stored(*file, model.id()))) {
         setData(m_newModel.id());
         if (!isUsable(m_newModel) || !isUsable(m_oldModel) || m_newModel.equals(m_oldModel))

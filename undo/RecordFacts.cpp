@@ -18,14 +18,13 @@ template <typename T> void assignId(T& record, void (T::*setId)(int), int (IdMan
 }  // namespace
 
 template <> const RecordFacts<Kerno>& factsOf() {
-    static const RecordFacts<Kerno> facts{
-        [](KRNFile& file, const Kerno& kerno) { file.saveKerno(kerno); },
-        [](KRNFile& file, const Kerno& kerno) { file.deleteKerno(kerno); },
-        [](KRNFile& file, const int& id) { return file.kerno(id); },
-        [](Kerno& kerno, const QString& author) {
-            assignId(kerno, &Kerno::setKernoId, &IdManager::nextKernoId);
-            kerno.setAuthor(author);
-        }};
+    static const RecordFacts<Kerno> facts{[](KRNFile& file, const Kerno& kerno) { file.saveKerno(kerno); },
+                                          [](KRNFile& file, const Kerno& kerno) { file.deleteKerno(kerno); },
+                                          [](KRNFile& file, const int& id) { return file.kerno(id); },
+                                          [](Kerno& kerno, const QString& author) {
+                                              assignId(kerno, &Kerno::setKernoId, &IdManager::nextKernoId);
+                                              kerno.setAuthor(author);
+                                          }};
     return facts;
 }
 
@@ -54,14 +53,13 @@ template <> const RecordFacts<Highlight>& factsOf() {
 }
 
 template <> const RecordFacts<Memo>& factsOf() {
-    static const RecordFacts<Memo> facts{
-        [](KRNFile& file, const Memo& memo) { file.saveMemo(memo); },
-        [](KRNFile& file, const Memo& memo) { file.deleteMemo(memo); },
-        [](KRNFile& file, const int& id) { return file.memo(id); },
-        [](Memo& memo, const QString& author) {
-            assignId(memo, &Memo::setMemoId, &IdManager::nextMemoId);
-            memo.setAuthor(author);
-        }};
+    static const RecordFacts<Memo> facts{[](KRNFile& file, const Memo& memo) { file.saveMemo(memo); },
+                                         [](KRNFile& file, const Memo& memo) { file.deleteMemo(memo); },
+                                         [](KRNFile& file, const int& id) { return file.memo(id); },
+                                         [](Memo& memo, const QString& author) {
+                                             assignId(memo, &Memo::setMemoId, &IdManager::nextMemoId);
+                                             memo.setAuthor(author);
+                                         }};
     return facts;
 }
 

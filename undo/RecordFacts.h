@@ -19,8 +19,8 @@ template <typename T> struct RecordFacts {
 /// Defined for every kind of record that commands change.
 template <typename T> const RecordFacts<T>& factsOf();
 
-/// Whether a command can work with the record. The id is asked for on its own, since not every record's own test
-/// looks at it, and a copy of an empty record counts as readable.
+/// Whether a command can work with the record. The id is asked for on its own, since not every record's own
+/// test looks at it, and a copy of an empty record counts as readable.
 template <typename T> bool isUsable(const T& record) {
     if constexpr (std::is_same_v<typename T::Key, int>)
         return record.id() > 0 && record.isValid();

@@ -14,7 +14,8 @@
 namespace {
 
 void addEmptyAnswer(int sourceId, int questionId, KRNFile* file, QUndoCommand* parent) {
-    new AddAnswerCommand(QuestionAnswer(-1, questionId, sourceId, QString(), QString(), QDateTime()), file, parent);
+    new AddAnswerCommand(QuestionAnswer(-1, questionId, sourceId, QString(), QString(), QDateTime()), file,
+                         parent);
 }
 
 }  // namespace

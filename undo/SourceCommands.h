@@ -32,8 +32,8 @@ public:
     DeleteQuestionCommand(int questionId, KRNFile* file, QUndoCommand* parent = nullptr);
 };
 
-/// Adds a source; with `addAnswers` also an empty answer for each question. A blank title becomes "Source" and the
-/// id.
+/// Adds a source; with `addAnswers` also an empty answer for each question. A blank title becomes "Source"
+/// and the id.
 class AddSourceCommand : public RecordCommand<Source> {
 public:
     AddSourceCommand(const Source& source, KRNFile* file, bool addAnswers, QUndoCommand* parent = nullptr);

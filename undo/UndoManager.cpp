@@ -10,10 +10,7 @@
 #include <QUndoStack>
 
 UndoManager::UndoManager(KRNFile* file, QObject* parent)
-    : QObject(parent),
-      m_eventLoop(new QEventLoop(this)),
-      m_undoStack(new QUndoStack(this)),
-      m_file(file),
+    : QObject(parent), m_eventLoop(new QEventLoop(this)), m_undoStack(new QUndoStack(this)), m_file(file),
       m_threadPool(new QThreadPool(this)) {
     m_threadPool->setMaxThreadCount(1);
     connect(m_undoStack, &QUndoStack::canUndoChanged, this, [this] { emit canUndoChanged(); });
@@ -56,8 +53,8 @@ int UndoManager::index() const {
     return m_undoStack->index();
 }
 
-// Mutations are dropped while no project is open, while the link is down and for readers: a step that is recorded
-// all the same, or moved over, would claim a change that never happened.
+// Mutations are dropped while no project is open, while the link is down and for readers: a step that is
+// recorded all the same, or moved over, would claim a change that never happened.
 bool UndoManager::mayChange() const {
     return m_file->isOpened() && m_file->dataHelper()->isConnected() && m_file->canMutate(true);
 }

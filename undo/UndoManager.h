@@ -24,8 +24,9 @@ class QUndoCommand;
 class QUndoStack;
 
 /// The one way in which a user's change reaches the project: each operation builds a command, and pushing the
-/// command runs it. A command that would change nothing, or can't work, is thrown away before it reaches the stack;
-/// so is every command while the project is closed, out of reach or may only be read (the user is told of the last).
+/// command runs it. A command that would change nothing, or can't work, is thrown away before it reaches the
+/// stack; so is every command while the project is closed, out of reach or may only be read (the user is told
+/// of the last).
 ///
 /// Lives on the main thread. Operations block while the commands they build ask the service.
 class UndoManager : public QObject {
@@ -52,7 +53,8 @@ public:
     /// Number of steps that are done; the step below it is the next to be undone.
     int index() const;
 
-    /// Takes the command over and runs it, or throws it away. True when it became a step, or a part of a macro.
+    /// Takes the command over and runs it, or throws it away. True when it became a step, or a part of a
+    /// macro.
     bool push(FileManipulationCommand* command);
 
     /// What is pushed until `endMacro` becomes one step; a macro in which nothing was pushed leaves none.
@@ -107,9 +109,11 @@ public:
     Q_INVOKABLE void addMetadataValue(const SourceMetadataValue& value);
     Q_INVOKABLE void updateMetadataValue(const SourceMetadataValue& value);
     Q_INVOKABLE void deleteMetadataValue(int valueId);
-    /// Makes the property and the value where they are missing; with a `sourceId` above 0 gives them to the source.
+    /// Makes the property and the value where they are missing; with a `sourceId` above 0 gives them to the
+    /// source.
     Q_INVOKABLE void addMetadataKeyAndValue(const QString& key, const QVariant& value, int sourceId = -1);
-    Q_INVOKABLE void addMetadataKeyAndValues(const QString& key, const QVariantList& values, int sourceId = -1);
+    Q_INVOKABLE void addMetadataKeyAndValues(const QString& key, const QVariantList& values,
+                                             int sourceId = -1);
     /// Gives a value to a source. A property that takes one value only has its value replaced.
     Q_INVOKABLE void addMetadata(int keyId, int valueId, int sourceId);
     Q_INVOKABLE void deleteMetadata(int metadataId);

@@ -39,8 +39,8 @@ void UndoManager::addKerno(const QVariantMap& data) {
     performAndFinish([&] {
         return new AddKernoCommand(data.value(QStringLiteral("title")).toString(),
                                    data.value(QStringLiteral("parentKernoId")).toInt(),
-                                   data.value(QStringLiteral("x")).toInt(), data.value(QStringLiteral("y")).toInt(),
-                                   m_file);
+                                   data.value(QStringLiteral("x")).toInt(),
+                                   data.value(QStringLiteral("y")).toInt(), m_file);
     });
 }
 

@@ -39,8 +39,8 @@ void UndoManager::addMetadataKeyAndValues(const QString& key, const QVariantList
 
 void UndoManager::addMetadata(int keyId, int valueId, int sourceId) {
     performAndFinish([&] {
-        return newGiveMetadataCommand(m_file->metadataKey(keyId), m_file->metadataValueModel()->record(valueId), sourceId,
-                                      m_file);
+        return newGiveMetadataCommand(m_file->metadataKey(keyId),
+                                      m_file->metadataValueModel()->record(valueId), sourceId, m_file);
     });
 }
 

@@ -25,8 +25,9 @@
 /// A project at the real service with a little of everything in it, whose records are some years old, and the
 /// manager of its changes.
 ///
-/// Questions 1 and 2; sources 1 to 3 with an answer to each (ids 1 to 6). Kernos 1 ("Trust") with 2 ("Doubt") and
-/// 3 ("Fear") below it, 4 ("Hope") below 2, and 5 ("Care"). Groups 1 and 2, shortcuts A, B and 1, properties 1
+/// Questions 1 and 2; sources 1 to 3 with an answer to each (ids 1 to 6). Kernos 1 ("Trust") with 2 ("Doubt")
+/// and 3 ("Fear") below it, 4 ("Hope") below 2, and 5 ("Care"). Groups 1 and 2, shortcuts A, B and 1,
+/// properties 1
 /// ("Age", one value: 1 "30", 2 "40") and 2 ("Role", several: 3 "Nurse", 4 "Doctor").
 class UndoProject {
 public:
@@ -67,7 +68,9 @@ private:
         error = message.message;
         return message.json.value(QStringLiteral("project_json")).toObject();
     }
-    QJsonObject project(const QString& name) const { return {{QStringLiteral("name"), m_folder.filePath(name)}}; }
+    QJsonObject project(const QString& name) const {
+        return {{QStringLiteral("name"), m_folder.filePath(name)}};
+    }
     bool makeOriginal();
     void fill();
 
@@ -82,7 +85,8 @@ inline const QString ann = QStringLiteral("Ann");
 
 inline Highlight highlight(int id, int kernoId, int sourceId, int questionId, int start, int end,
                            const QString& author = ann) {
-    return Highlight(id, kernoId, sourceId, questionId, {}, start, end - start, end, author, {}, 0, 0, 0, false);
+    return Highlight(id, kernoId, sourceId, questionId, {}, start, end - start, end, author, {}, 0, 0, 0,
+                     false);
 }
 
 inline Memo memo(int id, int sourceId, int questionId, int start, int end, const QString& content) {
@@ -120,7 +124,10 @@ inline QString difference(const QJsonObject& before, const QJsonObject& after) {
         const QJsonArray b = after.value(list).toArray();
         for (int i = 0; i < std::max(a.size(), b.size()); ++i) {
             if (a.at(i) != b.at(i))
-                return QStringLiteral("%1[%2]:\n  was %3\n  is  %4").arg(list).arg(i).arg(text(a.at(i)), text(b.at(i)));
+                return QStringLiteral("%1[%2]:\n  was %3\n  is  %4")
+                    .arg(list)
+                    .arg(i)
+                    .arg(text(a.at(i)), text(b.at(i)));
         }
     }
     return QStringLiteral("other lists");
@@ -132,7 +139,9 @@ inline QString countChanges(const QJsonObject& before, const QJsonObject& after)
     for (const QString& list : before.keys()) {
         const int change = after.value(list).toArray().size() - before.value(list).toArray().size();
         if (change != 0)
-            changes << QStringLiteral("%1 %2%3").arg(list, change > 0 ? QStringLiteral("+") : QString()).arg(change);
+            changes << QStringLiteral("%1 %2%3")
+                           .arg(list, change > 0 ? QStringLiteral("+") : QString())
+                           .arg(change);
     }
     return changes.join(QStringLiteral(", "));
 }
@@ -175,7 +184,8 @@ inline void UndoProject::fill() {
                               text("Short, with \"quotes\", a \\ and\na second line."),
                               text("<p>An answer in <b>HTML</b> &amp; so on</p>"),
                               text("Another with an emoji \xF0\x9F\x98\x80 in it."),
-                              text("The fifth answer of the project."), text("The sixth and last answer.")};
+                              text("The fifth answer of the project."),
+                              text("The sixth and last answer.")};
     for (int source = 1; source <= 3; ++source) {
         file.saveSource(Source(source, text("Interview %1").arg(source), text("md_generic"), ann, {}));
         for (int question = 1; question <= 2; ++question) {
@@ -184,7 +194,8 @@ inline void UndoProject::fill() {
         }
     }
     const auto kerno = [&](int id, int parent, const char* title) {
-        file.saveKerno(Kerno(id, parent, QColor(10 * id, 20, 30), text(title), text("about"), {}, ann, id, 2 * id));
+        file.saveKerno(
+            Kerno(id, parent, QColor(10 * id, 20, 30), text(title), text("about"), {}, ann, id, 2 * id));
     };
     kerno(1, -1, "Trust");
     kerno(2, 1, "Doubt");
@@ -193,9 +204,10 @@ inline void UndoProject::fill() {
     kerno(5, -1, "Care");
     file.batchSaveHighlights({highlight(1, 1, 1, 1, 0, 10), highlight(2, 1, 1, 1, 20, 30),
                               highlight(3, 5, 1, 1, 5, 15), highlight(4, 5, 1, 1, 30, 40),
-                              highlight(5, 2, 2, 1, 0, 8), highlight(6, 4, 3, 2, 1, 4), highlight(7, 5, 2, 2, 0, 5),
-                              highlight(8, 1, 2, 2, 6, 9)});
-    file.batchSaveMemos({memo(1, 1, 1, 0, 5, text("Look \"here\"")), memo(2, 2, 2, 3, 6, text("and\nthere"))});
+                              highlight(5, 2, 2, 1, 0, 8), highlight(6, 4, 3, 2, 1, 4),
+                              highlight(7, 5, 2, 2, 0, 5), highlight(8, 1, 2, 2, 6, 9)});
+    file.batchSaveMemos(
+        {memo(1, 1, 1, 0, 5, text("Look \"here\"")), memo(2, 2, 2, 3, 6, text("and\nthere"))});
     file.saveGroup(Group(1, text("Feelings"), true));
     file.saveGroup(Group(2, text("Acts"), true));
     file.saveKernoGroup(KernoGroup(1, 1, 1));

@@ -8,8 +8,8 @@ using Range = QPair<int, int>;
 namespace {
 
 Highlight highlight(int id, const Range& range, const QString& author = {}, int sourceId = 1) {
-    return Highlight(id, 7, sourceId, 1, {}, range.first, range.second - range.first, range.second, author, {}, 0, 0,
-                     0, false);
+    return Highlight(id, 7, sourceId, 1, {}, range.first, range.second - range.first, range.second, author,
+                     {}, 0, 0, 0, false);
 }
 
 QList<Highlight> highlights(const QList<Range>& ranges) {
@@ -66,20 +66,22 @@ void tst_HighlightMerge::addingSwallowsTheOverlappingRun_data() {
     using Ids = QList<int>;
 
     QTest::newRow("nothing there") << Ranges{} << none << QString() << added << false << added << Ids{};
-    QTest::newRow("within another") << Ranges{{5, 25}} << none << QString() << added << true << added << Ids{};
-    QTest::newRow("the same passage") << Ranges{added} << none << QString() << added << true << added << Ids{};
+    QTest::newRow("within another") << Ranges{{5, 25}} << none << QString() << added << true << added
+                                    << Ids{};
+    QTest::newRow("the same passage")
+        << Ranges{added} << none << QString() << added << true << added << Ids{};
     QTest::newRow("within another's of another author")
         << Ranges{{5, 25}} << QStringList{bob} << ann << added << true << added << Ids{};
     QTest::newRow("contained by a later one, overlapping an earlier")
         << Ranges{{0, 12}, {8, 30}} << none << QString() << added << true << added << Ids{};
     QTest::newRow("touching on both sides")
         << Ranges{{0, 10}, {20, 30}} << none << QString() << added << false << added << Ids{};
-    QTest::newRow("two overlap")
-        << Ranges{{15, 30}, {18, 40}} << QStringList{ann, ann} << ann << added << false << Range(10, 40) << Ids{1, 2};
+    QTest::newRow("two overlap") << Ranges{{15, 30}, {18, 40}} << QStringList{ann, ann} << ann << added
+                                 << false << Range(10, 40) << Ids{1, 2};
     QTest::newRow("swallows what lies within")
         << Ranges{{12, 14}, {15, 18}} << none << QString() << added << false << added << Ids{1, 2};
-    QTest::newRow("the run ends at a gap")
-        << Ranges{{5, 12}, {30, 40}, {11, 13}} << none << QString() << added << false << Range(5, 20) << Ids{1};
+    QTest::newRow("the run ends at a gap") << Ranges{{5, 12}, {30, 40}, {11, 13}} << none << QString()
+                                           << added << false << Range(5, 20) << Ids{1};
     QTest::newRow("a widened range reaches further")
         << Ranges{{15, 25}, {24, 30}} << none << QString() << added << false << Range(10, 30) << Ids{1, 2};
     QTest::newRow("earlier ones are passed over")
@@ -117,7 +119,8 @@ void tst_HighlightMerge::joining_data() {
 
     QTest::newRow("none") << Ranges{} << Ranges{} << Ids{};
     QTest::newRow("one") << Ranges{{3, 5}} << Ranges{{3, 5}} << Ids{1};
-    QTest::newRow("touching stay apart") << Ranges{{10, 20}, {0, 10}} << Ranges{{0, 10}, {10, 20}} << Ids{2, 1};
+    QTest::newRow("touching stay apart")
+        << Ranges{{10, 20}, {0, 10}} << Ranges{{0, 10}, {10, 20}} << Ids{2, 1};
     QTest::newRow("overlapping join") << Ranges{{5, 15}, {0, 10}} << Ranges{{0, 15}} << Ids{2};
     QTest::newRow("contained") << Ranges{{0, 30}, {5, 10}, {12, 14}} << Ranges{{0, 30}} << Ids{1};
     QTest::newRow("the longer comes first") << Ranges{{0, 5}, {0, 9}} << Ranges{{0, 9}} << Ids{2};
@@ -171,8 +174,8 @@ void tst_HighlightMerge::joiningEqualsRepeatedUnions() {
 }
 
 void tst_HighlightMerge::placesKeepTheirOrder() {
-    const auto places = coding::byPlace({highlight(1, {5, 6}, {}, 2), highlight(2, {0, 1}, {}, 1),
-                                         highlight(3, {1, 2}, {}, 2)});
+    const auto places = coding::byPlace(
+        {highlight(1, {5, 6}, {}, 2), highlight(2, {0, 1}, {}, 1), highlight(3, {1, 2}, {}, 2)});
     QCOMPARE(places.size(), 2);
     QCOMPARE(idsOf(places.value({2, 1})), (QList<int>{1, 3}));
     QCOMPARE(idsOf(places.value({1, 1})), QList<int>{2});

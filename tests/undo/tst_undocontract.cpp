@@ -68,7 +68,8 @@ void tst_UndoContract::everyChangeIsTakenBackExactly_data() {
         Kerno kerno(77, -1, {}, text("New"), {}, {}, {}, 3, 4);
         undo.addHighlightToNewKerno(highlight(-1, 77, 1, 1, 0, 10), kerno);
     });
-    row("delete a highlight", text("highlights -1"), [](UndoManager& undo, KRNFile&) { undo.deleteHighlight(3); });
+    row("delete a highlight", text("highlights -1"),
+        [](UndoManager& undo, KRNFile&) { undo.deleteHighlight(3); });
     row("add a memo", text("memos +1"),
         [](UndoManager& undo, KRNFile&) { undo.addMemo(memo(-1, 1, 2, 0, 3, text("new"))); });
     row("update a memo", QString(), [](UndoManager& undo, KRNFile& file) {
@@ -79,7 +80,8 @@ void tst_UndoContract::everyChangeIsTakenBackExactly_data() {
     row("delete a memo", text("memos -1"), [](UndoManager& undo, KRNFile&) { undo.deleteMemo(2); });
 
     row("add a kerno", text("kernos +1"), [](UndoManager& undo, KRNFile&) {
-        undo.addKerno({{text("title"), text("New")}, {text("parentKernoId"), 5}, {text("x"), 7}, {text("y"), 8}});
+        undo.addKerno(
+            {{text("title"), text("New")}, {text("parentKernoId"), 5}, {text("x"), 7}, {text("y"), 8}});
     });
     row("update a kerno", QString(), [](UndoManager& undo, KRNFile& file) {
         Kerno changed = file.kerno(2);
@@ -100,7 +102,8 @@ void tst_UndoContract::everyChangeIsTakenBackExactly_data() {
     row("duplicate a kerno", text("highlights +3, kernos +1"),
         [](UndoManager& undo, KRNFile&) { undo.duplicateKerno(1); });
 
-    row("add a group", text("groups +1"), [](UndoManager& undo, KRNFile&) { undo.addGroup(-1, text("Third")); });
+    row("add a group", text("groups +1"),
+        [](UndoManager& undo, KRNFile&) { undo.addGroup(-1, text("Third")); });
     row("rename a group", QString(), [](UndoManager& undo, KRNFile&) { undo.addGroup(1, text("Renamed")); });
     row("delete a group", text("group_kernos -2, groups -1"),
         [](UndoManager& undo, KRNFile&) { undo.deleteGroup(1); });
@@ -110,17 +113,20 @@ void tst_UndoContract::everyChangeIsTakenBackExactly_data() {
         [](UndoManager& undo, KRNFile&) { undo.deleteKernoGroup(2, 1); });
     row("bind a key", text("kerno_shortcut_keys +1"),
         [](UndoManager& undo, KRNFile&) { undo.setKernoShortcut(text("C"), 3); });
-    row("bind a key otherwise", QString(), [](UndoManager& undo, KRNFile&) { undo.setKernoShortcut(text("A"), 3); });
+    row("bind a key otherwise", QString(),
+        [](UndoManager& undo, KRNFile&) { undo.setKernoShortcut(text("A"), 3); });
     row("free a key", text("kerno_shortcut_keys -1"),
         [](UndoManager& undo, KRNFile&) { undo.setKernoShortcut(text("A"), -1); });
 
-    row("add a source", text("question_answers +2, sources +1"),
-        [](UndoManager& undo, KRNFile&) { undo.addSource(Source(-1, text(" New "), text("md_male"), {}, {})); });
+    row("add a source", text("question_answers +2, sources +1"), [](UndoManager& undo, KRNFile&) {
+        undo.addSource(Source(-1, text(" New "), text("md_male"), {}, {}));
+    });
     row("retitle a source", QString(),
         [](UndoManager& undo, KRNFile&) { undo.updateSourceTitle(1, text("Other title")); });
     row("change a source's icon", QString(),
         [](UndoManager& undo, KRNFile&) { undo.updateSourceIcon(1, text("md_female")); });
-    row("delete a source", text("highlights -4, memos -1, question_answers -2, source_metadatas -3, sources -1"),
+    row("delete a source",
+        text("highlights -4, memos -1, question_answers -2, source_metadatas -3, sources -1"),
         [](UndoManager& undo, KRNFile&) { undo.deleteSource(1); });
     row("add a question", text("question_answers +3, questions +1"),
         [](UndoManager& undo, KRNFile&) { undo.addQuestion(Question(-1, text("Why?"), 3)); });
@@ -137,19 +143,18 @@ void tst_UndoContract::everyChangeIsTakenBackExactly_data() {
         undo.updateAnswer(changed);
     });
 
-    row("add a property", text("source_metadata_keys +1"),
-        [](UndoManager& undo, KRNFile&) { undo.addMetadataKey(SourceMetadataKey(-1, true, false, text("Town"))); });
+    row("add a property", text("source_metadata_keys +1"), [](UndoManager& undo, KRNFile&) {
+        undo.addMetadataKey(SourceMetadataKey(-1, true, false, text("Town")));
+    });
     row("change a property", QString(), [](UndoManager& undo, KRNFile&) {
         undo.updateMetadataKey(SourceMetadataKey(1, true, true, text("Years")));
     });
     row("delete a property", text("source_metadata_keys -1, source_metadata_values -2, source_metadatas -3"),
         [](UndoManager& undo, KRNFile&) { undo.deleteMetadataKey(2); });
-    row("add a value", text("source_metadata_values +1"), [](UndoManager& undo, KRNFile&) {
-        undo.addMetadataValue(SourceMetadataValue(-1, 1, text("50")));
-    });
-    row("change a value", QString(), [](UndoManager& undo, KRNFile&) {
-        undo.updateMetadataValue(SourceMetadataValue(1, 1, text("31")));
-    });
+    row("add a value", text("source_metadata_values +1"),
+        [](UndoManager& undo, KRNFile&) { undo.addMetadataValue(SourceMetadataValue(-1, 1, text("50"))); });
+    row("change a value", QString(),
+        [](UndoManager& undo, KRNFile&) { undo.updateMetadataValue(SourceMetadataValue(1, 1, text("31"))); });
     row("delete a value", text("source_metadata_values -1, source_metadatas -2"),
         [](UndoManager& undo, KRNFile&) { undo.deleteMetadataValue(3); });
     row("add a property with a value to a source",
@@ -159,14 +164,16 @@ void tst_UndoContract::everyChangeIsTakenBackExactly_data() {
         [](UndoManager& undo, KRNFile&) {
             undo.addMetadataKeyAndValues(text("Asked"), {text("Yes"), text("No")});
         });
-    row("add the missing value of a property to a source", text("source_metadata_values +1, source_metadatas +2"),
-        [](UndoManager& undo, KRNFile&) {
+    row("add the missing value of a property to a source",
+        text("source_metadata_values +1, source_metadatas +2"), [](UndoManager& undo, KRNFile&) {
             undo.addMetadataKeyAndValues(text("Role"), {text("Nurse"), text("Cook")}, 3);
         });
-    row("give a value", text("source_metadatas +1"), [](UndoManager& undo, KRNFile&) { undo.addMetadata(2, 3, 3); });
+    row("give a value", text("source_metadatas +1"),
+        [](UndoManager& undo, KRNFile&) { undo.addMetadata(2, 3, 3); });
     row("give another value of a property of one", QString(),
         [](UndoManager& undo, KRNFile&) { undo.addMetadata(1, 2, 1); });
-    row("take a value", text("source_metadatas -1"), [](UndoManager& undo, KRNFile&) { undo.deleteMetadata(4); });
+    row("take a value", text("source_metadatas -1"),
+        [](UndoManager& undo, KRNFile&) { undo.deleteMetadata(4); });
     row("take all values of a property", text("source_metadatas -2"),
         [](UndoManager& undo, KRNFile&) { undo.deleteMetadata(2, 1); });
 }
@@ -212,9 +219,8 @@ void tst_UndoContract::changesThatChangeNothingLeaveNoStep_data() {
     QTest::addColumn<Change>("change");
     const auto row = [](const char* name, Change change) { QTest::newRow(name) << change; };
 
-    row("a passage within a coded one, of whatever author", [](UndoManager& undo, KRNFile&) {
-        undo.addHighlight(highlight(-1, 1, 1, 1, 2, 8, text("Bob")));
-    });
+    row("a passage within a coded one, of whatever author",
+        [](UndoManager& undo, KRNFile&) { undo.addHighlight(highlight(-1, 1, 1, 1, 2, 8, text("Bob"))); });
     row("a passage without length", [](UndoManager& undo, KRNFile&) {
         Highlight empty = highlight(-1, 1, 1, 2, 2, 8);
         empty.setLength(0);
@@ -236,8 +242,10 @@ void tst_UndoContract::changesThatChangeNothingLeaveNoStep_data() {
     row("a merge with nothing", [](UndoManager& undo, KRNFile&) { undo.mergeKernos(1, 99, text("x")); });
     row("a merge with itself", [](UndoManager& undo, KRNFile&) { undo.mergeKernos(1, 1, text("x")); });
     row("a duplicate of nothing", [](UndoManager& undo, KRNFile&) { undo.duplicateKerno(99); });
-    row("the same title", [](UndoManager& undo, KRNFile&) { undo.updateSourceTitle(1, text("Interview 1")); });
-    row("the icon of no source", [](UndoManager& undo, KRNFile&) { undo.updateSourceIcon(99, text("md_male")); });
+    row("the same title",
+        [](UndoManager& undo, KRNFile&) { undo.updateSourceTitle(1, text("Interview 1")); });
+    row("the icon of no source",
+        [](UndoManager& undo, KRNFile&) { undo.updateSourceIcon(99, text("md_male")); });
     row("an unknown source", [](UndoManager& undo, KRNFile&) { undo.deleteSource(99); });
     row("an unknown question", [](UndoManager& undo, KRNFile&) { undo.deleteQuestion(99); });
     row("a group without title", [](UndoManager& undo, KRNFile&) { undo.addGroup(-1, QString()); });
@@ -307,7 +315,8 @@ void tst_UndoContract::mergingJoinsWhatOverlaps() {
     QCOMPARE(merged.color(), QColor(50, 20, 30));
     QCOMPARE(merged.x(), 5);
     QCOMPARE(rangesOf(m_project.file, merged.id()),
-             (QStringList{text("1.1 0-15"), text("1.1 20-30"), text("1.1 30-40"), text("2.2 0-5"), text("2.2 6-9")}));
+             (QStringList{text("1.1 0-15"), text("1.1 20-30"), text("1.1 30-40"), text("2.2 0-5"),
+                          text("2.2 6-9")}));
     const QList<Highlight> highlights = m_project.file.highlightsOfKerno(merged.id());
     QCOMPARE(highlights.first().id(), 1);
     QCOMPARE(highlights.first().author(), ann);

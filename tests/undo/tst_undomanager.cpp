@@ -36,7 +36,9 @@ Kerno kerno(int id) {
 /// Counts what is done to it.
 class CountingCommand : public FileManipulationCommand {
 public:
-    explicit CountingCommand(QUndoCommand* parent = nullptr) : FileManipulationCommand(nullptr, parent) { ++alive; }
+    explicit CountingCommand(QUndoCommand* parent = nullptr) : FileManipulationCommand(nullptr, parent) {
+        ++alive;
+    }
     ~CountingCommand() override { --alive; }
     void redo() override {
         ++done;
@@ -91,11 +93,13 @@ private:
 
 void tst_UndoManager::init() {
     m_service = std::make_unique<ScriptedService>();
-    for (const char* word : {"kerno", "highlight", "memo", "group", "sourceMetadataKey", "sourceMetadataValue"}) {
+    for (const char* word :
+         {"kerno", "highlight", "memo", "group", "sourceMetadataKey", "sourceMetadataValue"}) {
         const QString operation = text(word) + text("MaxId");
-        m_service->on(operation, [operation, last = 0](ScriptedClient& client, const ScriptedRequest& request) mutable {
-            client.reply(request, {{operation, ++last}});
-        });
+        m_service->on(operation,
+                      [operation, last = 0](ScriptedClient& client, const ScriptedRequest& request) mutable {
+                          client.reply(request, {{operation, ++last}});
+                      });
     }
     LinkTimings timings;
     timings.reconnect = 50;
@@ -216,7 +220,8 @@ void tst_UndoManager::anEmptyStackIsSilent() {
     QCOMPARE(canUndo.count() + canRedo.count() + index.count(), 0);
 }
 
-// Five operations don't tell that they have ended. All here change nothing, so that the stack itself is silent.
+// Five operations don't tell that they have ended. All here change nothing, so that the stack itself is
+// silent.
 void tst_UndoManager::operationsEndAlike_data() {
     QTest::addColumn<Operation>("operation");
     QTest::addColumn<int>("told");
@@ -301,8 +306,9 @@ void tst_UndoManager::aMacroEndsWithItsProject() {
 }
 
 void tst_UndoManager::newKernosGoRoundThePalette() {
-    const QStringList palette{text("#e1e120"), text("#81e120"), text("#2081e1"), text("#8120e1"), text("#e120e1"),
-                              text("#e12081"), text("#e12020"), text("#e18120"), text("#e1e120")};
+    const QStringList palette{text("#e1e120"), text("#81e120"), text("#2081e1"),
+                              text("#8120e1"), text("#e120e1"), text("#e12081"),
+                              text("#e12020"), text("#e18120"), text("#e1e120")};
     QStringList colors;
     QList<Kerno> kernos;
     for (int count = 0; count < palette.size(); ++count) {
