@@ -22,10 +22,11 @@ QVector<int> combineHighlights(const QVector<int>& left, const QVector<int>& rig
     return result;
 }
 
-// Joins row `index` to the one before it, which takes the result.
+// Joins row `index` to the one before it, which takes the result, and the junction to what follows.
 void joinToPrevious(QVector<Term>& terms, int index) {
     Term& previous = terms[index - 1];
     previous.results = combine(previous.results, terms.at(index).results, previous.isAnd);
+    previous.isAnd = terms.at(index).isAnd;
     terms.remove(index);
 }
 

@@ -15,7 +15,11 @@ namespace {
 
 QVariantMap row(const QVariant& property, const QString& op, const QVariant& value,
                 const QString& junction = QStringLiteral(" AND"), int level = 0) {
-    return {{"property", property}, {"operator", op}, {"value", value}, {"junctionOperator", junction}, {"level", level}};
+    return {{"property", property},
+            {"operator", op},
+            {"value", value},
+            {"junctionOperator", junction},
+            {"level", level}};
 }
 
 Term term(const QVector<int>& highlights, bool isAnd, int level) {
@@ -66,6 +70,7 @@ Results naiveEvaluate(QVector<Term> terms) {
             if (pass == 1 && (terms[i].level != 1 || terms[i - 1].level != 1))
                 continue;
             terms[i - 1].results = naiveCombine(terms[i - 1].results, terms[i].results, terms[i - 1].isAnd);
+            terms[i - 1].isAnd = terms[i].isAnd;
             terms.removeAt(i);
         }
     }
@@ -105,7 +110,9 @@ private slots:
         QTest::newRow("empty value counts") << row("HA", "=", "") << true << true << false;
         QTest::newRow("unknown operator") << row("HA", "~", "Ann") << false << false << false;
         QTest::newRow("junction without its blank") << row("HA", "<", "Ann", "AND") << false << false << true;
-        QTest::newRow("no value") << QVariantMap{{"property", "HA"}, {"operator", "="}, {"junctionOperator", " AND"}}
+        QTest::newRow("no value") << QVariantMap{{"property", "HA"},
+                                                 {"operator", "="},
+                                                 {"junctionOperator", " AND"}}
                                   << false << true << false;
         QTest::newRow("no property") << row("", "=", "Ann") << false << true << false;
         QTest::newRow("level 2") << row("HA", "=", "Ann", " AND", 2) << false << true << false;
@@ -122,11 +129,14 @@ private slots:
     void asksTheService_data() {
         QTest::addColumn<QVariantMap>("map");
         QTest::addColumn<QString>("arguments");
-        QTest::newRow("key") << row(7, ">", 30) << "(fieldName: \"value\" operator: \">\" value: \"30\" keyId: 7)";
+        QTest::newRow("key") << row(7, ">", 30)
+                             << "(fieldName: \"value\" operator: \">\" value: \"30\" keyId: 7)";
         QTest::newRow("key as text") << row("7", "=", "x")
                                      << "(fieldName: \"value\" operator: \"=\" value: \"x\" keyId: 7)";
-        QTest::newRow("HA") << row("HA", "=", "Ann") << "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"Ann\")";
-        QTest::newRow("QA") << row("QA", "!=", "Ann") << "(fieldName: \"kernoAuthor\" operator: \"!=\" value: \"Ann\")";
+        QTest::newRow("HA") << row("HA", "=", "Ann")
+                            << "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"Ann\")";
+        QTest::newRow("QA") << row("QA", "!=", "Ann")
+                            << "(fieldName: \"kernoAuthor\" operator: \"!=\" value: \"Ann\")";
         QTest::newRow("HD") << row("HD", "<", "2020-01-01")
                             << "(fieldName: \"highlightDate\" operator: \"<\" value: \"2020-01-01\")";
         QTest::newRow("QD") << row("QD", "<=", "2020-01-01")
@@ -150,9 +160,12 @@ private slots:
     void evaluatesFromTheRight() {
         const QVector<int> a{1, 2}, b{2, 3}, c{3, 4, 1};
         // A OR (B AND C), A AND (B OR C), (A OR B) AND C
-        QCOMPARE(criteria::evaluate({term(a, false, 0), term(b, true, 0), term(c, true, 0)}), Results({{1, {1, 2, 3}}}));
-        QCOMPARE(criteria::evaluate({term(a, true, 0), term(b, false, 0), term(c, true, 0)}), Results({{1, {1, 2}}}));
-        QCOMPARE(criteria::evaluate({term(a, false, 1), term(b, true, 1), term(c, true, 0)}), Results({{1, {1, 3}}}));
+        QCOMPARE(criteria::evaluate({term(a, false, 0), term(b, true, 0), term(c, true, 0)}),
+                 Results({{1, {1, 2, 3}}}));
+        QCOMPARE(criteria::evaluate({term(a, true, 0), term(b, false, 0), term(c, true, 0)}),
+                 Results({{1, {1, 2}}}));
+        QCOMPARE(criteria::evaluate({term(a, false, 1), term(b, true, 1), term(c, true, 0)}),
+                 Results({{1, {3, 1}}}));
         QVERIFY(criteria::evaluate({}).isEmpty());
     }
 
@@ -198,8 +211,9 @@ private slots:
     }
 
     void numbersRecordsThatAgree() {
-        QJsonObject json{{"id", 4}, {"kernoId", 1}, {"sourceId", 1}, {"questionId", 1}, {"color", "#ff0000"},
-                         {"start", 0}, {"length", 5}, {"author", "Ann"}, {"timestamp", "2024-01-02T03:04:05Z"}};
+        QJsonObject json{{"id", 4},         {"kernoId", 1},       {"sourceId", 1},
+                         {"questionId", 1}, {"color", "#ff0000"}, {"start", 0},
+                         {"length", 5},     {"author", "Ann"},    {"timestamp", "2024-01-02T03:04:05Z"}};
         RecordNumbers<Highlight> numbers;
         QCOMPARE(numbers.numberOf(json), 0);
         QCOMPARE(numbers.numberOf(json), 0);

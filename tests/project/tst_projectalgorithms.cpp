@@ -15,7 +15,8 @@ Q_DECLARE_METATYPE(Ranges)
 namespace {
 
 Highlight highlight(const Range& range) {
-    return {1, 1, 1, 1, QColor(), range.first, range.second - range.first, range.second, {}, {}, 0, 0, 0, false};
+    return {1,  1,  1, 1, QColor(), range.first, range.second - range.first, range.second,
+            {}, {}, 0, 0, 0,        false};
 }
 
 QList<Highlight> highlights(const Ranges& ranges) {
@@ -62,8 +63,8 @@ private slots:
         QTest::newRow("touching") << Ranges{{0, 3}, {3, 6}} << Ranges{{0, 6}};
         QTest::newRow("overlapping") << Ranges{{0, 5}, {3, 6}, {6, 9}, {20, 21}} << Ranges{{0, 9}, {20, 21}};
         QTest::newRow("inside") << Ranges{{0, 9}, {2, 4}, {3, 5}} << Ranges{{0, 9}};
-        QTest::newRow("only the last one is widened") << Ranges{{5, 9}, {20, 30}, {6, 8}}
-                                                      << Ranges{{5, 9}, {20, 30}, {6, 8}};
+        QTest::newRow("only the last one is widened")
+            << Ranges{{5, 9}, {20, 30}, {6, 8}} << Ranges{{5, 9}, {20, 30}, {6, 8}};
         QTest::newRow("widened to the left") << Ranges{{5, 9}, {3, 5}} << Ranges{{3, 9}};
     }
 
@@ -80,8 +81,10 @@ private slots:
         QTest::addColumn<Ranges>("expected");
         QTest::newRow("none") << Ranges{{0, 5}} << Ranges{{5, 9}} << Ranges{};
         QTest::newRow("union") << Ranges{{0, 5}} << Ranges{{4, 9}} << Ranges{{0, 9}};
-        QTest::newRow("chain within the second") << Ranges{{0, 5}} << Ranges{{4, 9}, {8, 12}} << Ranges{{0, 12}};
-        QTest::newRow("an earlier one isn't asked again") << Ranges{{5, 8}} << Ranges{{0, 3}, {2, 6}} << Ranges{{2, 8}};
+        QTest::newRow("chain within the second")
+            << Ranges{{0, 5}} << Ranges{{4, 9}, {8, 12}} << Ranges{{0, 12}};
+        QTest::newRow("an earlier one isn't asked again")
+            << Ranges{{5, 8}} << Ranges{{0, 3}, {2, 6}} << Ranges{{2, 8}};
         QTest::newRow("merged") << Ranges{{0, 5}, {8, 12}, {30, 31}} << Ranges{{4, 9}} << Ranges{{0, 12}};
     }
 

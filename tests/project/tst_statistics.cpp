@@ -6,8 +6,13 @@
 namespace {
 
 QJsonObject valueRow(const QString& value, int occurrences, int sources, int withKey) {
-    return {{"value", value}, {"valueFactor", 0.5}, {"valueOccurrences", occurrences}, {"keyOccurrences", 3},
-            {"keyFactor", 0.7}, {"sourcesCount", sources}, {"sourcesOccurrences", withKey}};
+    return {{"value", value},
+            {"valueFactor", 0.5},
+            {"valueOccurrences", occurrences},
+            {"keyOccurrences", 3},
+            {"keyFactor", 0.7},
+            {"sourcesCount", sources},
+            {"sourcesOccurrences", withKey}};
 }
 
 QVariantMap at(const QVariantList& list, int row) {
@@ -29,38 +34,58 @@ private slots:
         const QJsonArray answer{valueRow("a", 1, 4, 3), valueRow("b", 2, 4, 3)};
         const QVariantList list = statistics::metadataOverview(answer, "ND");
         QCOMPARE(list.size(), 3);
-        QCOMPARE(at(list, 0), (QVariantMap{{"value", "a"}, {"valueFactor", 0.5}, {"valueOccurrences", 1.0},
-                                           {"keyOccurrences", 4}, {"keyFactor", 0.25}, {"sourcesCount", 4.0},
+        QCOMPARE(at(list, 0), (QVariantMap{{"value", "a"},
+                                           {"valueFactor", 0.5},
+                                           {"valueOccurrences", 1.0},
+                                           {"keyOccurrences", 4},
+                                           {"keyFactor", 0.25},
+                                           {"sourcesCount", 4.0},
                                            {"sourcesOccurrences", 3.0}}));
         QCOMPARE(at(list, 1).value("keyFactor").toDouble(), 0.5);
-        QCOMPARE(at(list, 2), (QVariantMap{{"value", "ND"}, {"valueFactor", 0.25}, {"valueOccurrences", 1},
-                                           {"keyOccurrences", 4}, {"keyFactor", 0.25}, {"sourcesCount", 4}}));
+        QCOMPARE(at(list, 2), (QVariantMap{{"value", "ND"},
+                                           {"valueFactor", 0.25},
+                                           {"valueOccurrences", 1},
+                                           {"keyOccurrences", 4},
+                                           {"keyFactor", 0.25},
+                                           {"sourcesCount", 4}}));
     }
 
     void fillsTheBarWithoutValues() {
         const QVariantList list = statistics::metadataOverviewWithoutValues(5, "ND");
         QCOMPARE(list.size(), 1);
-        QCOMPARE(at(list, 0), (QVariantMap{{"value", "ND"}, {"valueFactor", 1}, {"valueOccurrences", 5},
-                                           {"keyOccurrences", 5}, {"keyFactor", 1}, {"sourcesCount", 5},
+        QCOMPARE(at(list, 0), (QVariantMap{{"value", "ND"},
+                                           {"valueFactor", 1},
+                                           {"valueOccurrences", 5},
+                                           {"keyOccurrences", 5},
+                                           {"keyFactor", 1},
+                                           {"sourcesCount", 5},
                                            {"sourcesOccurrences", 5}}));
     }
 
     void countsSourcesOfKernos() {
         const auto row = [](const QString& value, int occurrences, int sources) {
-            return QJsonObject{{"value", value}, {"valueOccurrences", occurrences}, {"sourcesOccurrences", sources}};
+            return QJsonObject{
+                {"value", value}, {"valueOccurrences", occurrences}, {"sourcesOccurrences", sources}};
         };
         QVERIFY(statistics::metadataOverviewForKernos({}).isEmpty());
         const QVariantList list = statistics::metadataOverviewForKernos({row("a", 1, 4), row("b", 2, 4)});
         QCOMPARE(list.size(), 3);
-        QCOMPARE(at(list, 1), (QVariantMap{{"value", "b"}, {"valueOccurrences", 2}, {"keyFactor", 0.5}, {"valueFactor", 0.5}}));
-        QCOMPARE(at(list, 2), (QVariantMap{{"value", "Not Defined"}, {"valueOccurrences", 1}, {"keyFactor", 0.25}, {"valueFactor", 0.25}}));
+        QCOMPARE(
+            at(list, 1),
+            (QVariantMap{{"value", "b"}, {"valueOccurrences", 2}, {"keyFactor", 0.5}, {"valueFactor", 0.5}}));
+        QCOMPARE(at(list, 2), (QVariantMap{{"value", "Not Defined"},
+                                           {"valueOccurrences", 1},
+                                           {"keyFactor", 0.25},
+                                           {"valueFactor", 0.25}}));
         QCOMPARE(statistics::metadataOverviewForKernos({row("a", 3, 3)}).size(), 1);
-        QVERIFY(qIsInf(at(statistics::metadataOverviewForKernos({row("a", 1, 0)}), 0).value("keyFactor").toDouble()));
+        QVERIFY(qIsInf(
+            at(statistics::metadataOverviewForKernos({row("a", 1, 0)}), 0).value("keyFactor").toDouble()));
     }
 
     void sharesCoverage() {
         const auto row = [](int kerno, const QString& author, int len, int total) {
-            return QJsonObject{{"kernoId", kerno}, {"author", author}, {"len", len}, {"totalLen", total}, {"count", 2}};
+            return QJsonObject{
+                {"kernoId", kerno}, {"author", author}, {"len", len}, {"totalLen", total}, {"count", 2}};
         };
         const QJsonArray answer{row(1, "Ann", 10, 40), row(1, "Bob", 30, 40), row(5, "Ann", 5, 0)};
         const QVariantMap ann{{"author", "Ann"}, {"coverage", 5.0}, {"count", 2.0}, {"share", 25.0}};
@@ -77,8 +102,8 @@ private slots:
     }
 
     void namesTheLinkOfReports() {
-        const QJsonObject link{{"id", 9}, {"key", "Age"}, {"value", "30"}, {"keyId", 1}, {"valueId", 2},
-                               {"sourceId", 3}, {"author", "Ann"}, {"timestamp", "t"}};
+        const QJsonObject link{{"id", 9},      {"key", "Age"},  {"value", "30"},   {"keyId", 1},
+                               {"valueId", 2}, {"sourceId", 3}, {"author", "Ann"}, {"timestamp", "t"}};
         QVariantMap expected = link.toVariantMap();
         expected["metadataId"] = expected.take("id");
         QCOMPARE(statistics::metadataForReport({link}), QVariantList({expected}));

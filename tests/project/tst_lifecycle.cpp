@@ -1,0 +1,295 @@
+#include "ProjectSupport.h"
+#include "tests_support/TestMain.h"
+
+#include <QFile>
+
+namespace {
+
+const QString lock = QStringLiteral("___db_open_lock");
+
+QByteArray contentsOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+class TestLifecycle : public QObject {
+    Q_OBJECT
+
+private slots:
+    void createsClosesAndOpensAgain() {
+        ProjectUnderTest file;
+        QVERIFY(!file->isOpened());
+        QVERIFY(!file->hasBeenOpened());
+        QVERIFY(file.create());
+        QVERIFY(file->isOpened());
+        QVERIFY(file->hasBeenOpened());
+        QVERIFY(file->isOwner());
+        QVERIFY(file->canMutate());
+        QVERIFY(file->singleQuestionMode());
+        QCOMPARE(file->currentProject().value("name").toString(), file.path());
+        QCOMPARE(file->getPreference("___db_version").toInt(), 5);
+        QCOMPARE(file->getPreference("___cloud_version").toInt(), 1);
+        QCOMPARE(file->getPreference("___single_question").toInt(), 1);
+        QCOMPARE(file->getPreference("___db_encrypted", true).toBool(), false);
+        QCOMPARE(file->getPreference(lock).toBool(), true);
+        QCOMPARE(file->questionIds(), QVariantList{1.0});
+        QVERIFY(waitFor([&] { return file->connectedUserCount() == 1; }));
+        QVERIFY(file.addContents("some words"));
+
+        QSignalSpy closed(file.get(), &KRNFile::fileClosed);
+        QSignalSpy openedChanged(file.get(), &KRNFile::isOpenedChanged);
+        file->close();
+        QCOMPARE(closed.count(), 1);
+        QCOMPARE(openedChanged.count(), 1);
+        QVERIFY(!file->isOpened());
+        QVERIFY(!file->canMutate());
+        QCOMPARE(file->connectedUserCount(), 0);
+        QCOMPARE(file->kernoModel()->rowCount(), 0);
+        QCOMPARE(file->answerModel()->rowCount(), 0);
+        QCOMPARE(IdManager::instance()->maxKernoId(), 0);
+
+        QVERIFY(file.open());
+        QCOMPARE(file->kerno(1).title(), QStringLiteral("Trust"));
+        QVERIFY(waitFor([&] { return file->answerModel()->rowCount() == 1 && file->sourceExists(1); }));
+        QCOMPARE(file->questionListModel()->rowCount(), 1);
+        QCOMPARE(file->answer(1, 1).value("question").toString(), QString());
+        QCOMPARE(IdManager::instance()->maxKernoId(), 1);
+    }
+
+    void survivesARestart() {
+        ProjectUnderTest file;
+        QVERIFY(file.create({}, false));
+        QVERIFY(file.addContents("some words"));
+        file.restart();
+        QVERIFY(file.connectLink());
+        QVERIFY(file.open());
+        QVERIFY(!file->singleQuestionMode());
+        QCOMPARE(file->kerno(1).title(), QStringLiteral("Trust"));
+        QCOMPARE(file->answers(1).size(), 1);
+    }
+
+    void announcesInOrder() {
+        ProjectUnderTest file;
+        QVERIFY(file.connectLink());
+        SignalLog log;
+        log.listen(file.get(), &KRNFile::singleQuestionModeChanged, "mode");
+        log.listen(file.get(), &KRNFile::isOpenedChanged, "opened");
+        log.listen(file.get(), &KRNFile::isOwnerChanged, "owner");
+        log.listen(file.get(), &KRNFile::sourcesChanged, "sources");
+        log.listen(file.get(), &KRNFile::kernosUpdated, "kernos");
+        log.listen(file.get(), &KRNFile::metadataUpdated, "metadata");
+        log.listen(file.get(), &KRNFile::highlightsUpdated, "highlights");
+        log.listen(file.get(), &KRNFile::canMutateChanged, "mutate");
+        log.listen(file.get(), &KRNFile::fileOpened, "fileOpened");
+        log.listen(file.get(), &KRNFile::fileClosed, "fileClosed");
+        QVERIFY(file->openProject(localProject(file.path()), true, {}, true));
+        const QStringList opening{"mode",     "opened",     "owner",  "sources",   "kernos",
+                                  "metadata", "highlights", "mutate", "fileOpened"};
+        QCOMPARE(log.names, opening);
+        log.names.clear();
+        QVERIFY(file->openProject(localProject(file.path("other.krn")), true, {}, true));
+        QCOMPARE(log.names,
+                 QStringList({"fileClosed", "opened", "owner", "mutate"}) + opening.mid(1, 6) + opening);
+    }
+
+    void checksPasswords_data() {
+        QTest::addColumn<QString>("made");
+        QTest::addColumn<QString>("given");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("right") << "sesame"
+                               << "sesame"
+                               << "";
+        QTest::newRow("beyond ASCII")
+            << QString::fromUtf8("\xC3\xA4\xE2\x82\xAC") << QString::fromUtf8("\xC3\xA4\xE2\x82\xAC") << "";
+        QTest::newRow("wrong") << "sesame"
+                               << "Sesame"
+                               << "Invalid password supplied!";
+        QTest::newRow("missing") << "sesame"
+                                 << ""
+                                 << "Project is encrypted but no password provided!";
+        QTest::newRow("not needed") << ""
+                                    << "sesame"
+                                    << "Invalid password supplied!";
+    }
+
+    void checksPasswords() {
+        QFETCH(QString, made);
+        QFETCH(QString, given);
+        QFETCH(QString, error);
+        ProjectUnderTest file;
+        QVERIFY(file.create(made));
+        QCOMPARE(file->getPreference("___db_encrypted").toBool(), !made.isEmpty());
+        QVERIFY(file.addContents("a secret passage"));
+        file->close();
+        QCOMPARE(contentsOf(file.path()).contains("secret"), made.isEmpty());
+        QCOMPARE(file.open("study.krn", given), error.isEmpty());
+        QCOMPARE(file->isOpened(), error.isEmpty());
+        QCOMPARE(file->getLastOpenError(), error);
+        if (error.isEmpty()) {
+            QVERIFY(file->answer(1, 1).value("answer").toString().contains("a secret passage"));
+            QVERIFY(waitFor([&] { return file->answerModel()->rowCount() == 1; }));
+            QCOMPARE(file->answerModel()->at(0).plainAnswer(), QStringLiteral("a secret passage"));
+        }
+    }
+
+    void passesTextsWithoutAPassword() {
+        ProjectUnderTest file;
+        QCOMPARE(file->encryptIfNeeded("text"), QStringLiteral("text"));
+        QCOMPARE(file->decryptIfNeeded(QStringLiteral("text")), QStringLiteral("text"));
+        QCOMPARE(file->decryptIfNeeded(QByteArray("\xC3\xA4")), QString::fromUtf8("\xC3\xA4"));
+        QVERIFY(file.create("sesame"));
+        QVERIFY(file->encryptIfNeeded("text") != QStringLiteral("text"));
+        QCOMPARE(file->decryptIfNeeded(file->encryptIfNeeded("text")), QStringLiteral("text"));
+    }
+
+    void asksWhenTheProjectIsMarked_data() {
+        QTest::addColumn<bool>("ignore");
+        QTest::addColumn<bool>("answer");
+        QTest::addColumn<bool>("opens");
+        QTest::addColumn<bool>("markedAfterwards");
+        QTest::newRow("yes") << false << true << true << false;
+        QTest::newRow("no") << false << false << false << true;
+        QTest::newRow("ignored") << true << false << true << true;
+    }
+
+    void asksWhenTheProjectIsMarked() {
+        QFETCH(bool, ignore);
+        QFETCH(bool, answer);
+        QFETCH(bool, opens);
+        QFETCH(bool, markedAfterwards);
+        ProjectUnderTest file;
+        QVERIFY(file.connectLink());
+        QVERIFY(file->openProject(localProject(file.path()), true, {}, true, true));
+        QVERIFY(!file->holdsLock());
+        QVERIFY(file->savePreference(lock, true));
+        file->close();
+
+        int questions = 0;
+        QObject::connect(file.get(), &KRNFile::awaitingOpenConfirmationChanged, this, [&] {
+            if (!file->awaitingOpenConfirmation())
+                return;
+            ++questions;
+            QMetaObject::invokeMethod(
+                file.get(), [&] { file->confirmOpenAlreadyOpenedFile(answer); }, Qt::QueuedConnection);
+        });
+        QCOMPARE(file.open("study.krn", {}, ignore), opens);
+        QCOMPARE(questions, ignore ? 0 : 1);
+        QVERIFY(!file->awaitingOpenConfirmation());
+        QCOMPARE(file->getLastOpenError(), QString());
+        QCOMPARE(file->isOpened(), opens);
+        QCOMPARE(file->holdsLock(), opens && !ignore);
+        file->close();
+        QVERIFY(file.open("study.krn", {}, true));
+        QCOMPARE(file->getPreference(lock).toBool(), markedAfterwards);
+    }
+
+    void anAnswerWithoutAQuestionDoesNothing() {
+        ProjectUnderTest file;
+        file->confirmOpenAlreadyOpenedFile(true);
+        QVERIFY(!file->awaitingOpenConfirmation());
+    }
+
+    void saysWhyOpeningFailed() {
+        ProjectUnderTest file;
+        QVERIFY(!file.open());
+        QCOMPARE(file->getLastOpenError(),
+                 QStringLiteral("Unable to connect to the server, please try again later!"));
+        QVERIFY(file.connectLink());
+        QVERIFY(!file.open());
+        QCOMPARE(file->getLastOpenError(),
+                 QStringLiteral("Failed to read file type (free flow/multiple question)."));
+        QVERIFY(!file->isOpened());
+
+        QSignalSpy errors(file.get(), &KRNFile::errorOccurred);
+        QFile foreign(file.path("foreign.krn"));
+        QVERIFY(foreign.open(QIODevice::WriteOnly));
+        foreign.write("not a database at all");
+        foreign.close();
+        QVERIFY(!file.open("foreign.krn"));
+        QCOMPARE(file->getLastOpenError(), QStringLiteral("Unable to open project."));
+        QVERIFY(waitFor([&] { return errors.count() == 1; }));
+        QVERIFY(errors.first().first().toString().endsWith('\n'));
+
+        QVERIFY(!file->openProject(localProject(QFileInfo(file.path()).path()), true, {}, true));
+        QCOMPARE(file->getLastOpenError(), QStringLiteral("Failed to overwrite existing file!"));
+    }
+
+    void replacesAFileByANewProject() {
+        ProjectUnderTest file;
+        QVERIFY(file.create());
+        QVERIFY(file.addContents("words"));
+        QVERIFY(file.create());
+        QCOMPARE(file->kernoIds(), QVariantList());
+        QCOMPARE(file->kernoModel()->rowCount(), 0);
+    }
+
+    void backupsHoldWhatWasSent() {
+        ProjectUnderTest file;
+        QVERIFY(file.create());
+        QVERIFY(file.addContents("words"));
+        for (int id = 1; id <= 200; ++id)
+            file->saveHighlight(ProjectUnderTest::highlight(id, 0, 3));
+        QVERIFY(file->makeBackup(QUrl::fromLocalFile(file.path())));
+        file->saveHighlight(ProjectUnderTest::highlight(201, 0, 3));
+        file->close();
+        QVERIFY(file.open("study.krn.bak", {}, true));
+        QCOMPARE(file->totalHighlightsCount(), 200);
+        QVERIFY(!file->makeBackup(QUrl::fromLocalFile(file.path("missing.krn"))));
+    }
+
+    void savesUnderAnotherName() {
+        ProjectUnderTest file;
+        QVERIFY(!file->saveAs(file.path("copy")));
+        QVERIFY(file.create());
+        QVERIFY(file.addContents("words"));
+        QVERIFY(!file->saveAs(file.path("study")));
+        QVERIFY(file->isOpened());
+        for (int id = 1; id <= 200; ++id)
+            file->saveHighlight(ProjectUnderTest::highlight(id, 0, 3));
+        QVERIFY(file->saveAs(file.path("copy")));
+        QCOMPARE(file->currentProject().value("name").toString(), file.path("copy.krn"));
+        QCOMPARE(file->totalHighlightsCount(), 200);
+        QVERIFY(!file->holdsLock());
+        file->close();
+        QVERIFY(file.open());
+        QCOMPARE(file->getPreference(lock).toBool(), true);
+    }
+
+    void copiesOfProtectedProjectsDoNotOpen() {
+        ProjectUnderTest file;
+        QVERIFY(file.create("sesame"));
+        QVERIFY(!file->saveAs(file.path("copy.krn")));
+        QCOMPARE(file->getLastOpenError(), QStringLiteral("Project is encrypted but no password provided!"));
+        QVERIFY(!file->isOpened());
+        QVERIFY(file.open("copy.krn", "sesame", true));
+    }
+
+    void cloudCopiesNeedAProjectAndACloud() {
+        ProjectUnderTest file;
+        QCOMPARE(file->saveAsRemote("x"), QVariantList({false, "Original file is not open."}));
+        QVERIFY(file.create());
+        const QVariantList result = file->saveAsRemote("x");
+        QCOMPARE(result.size(), 2);
+        QCOMPARE(result.first().toBool(), false);
+        QVERIFY(!result.last().toString().isEmpty());
+        QVERIFY(file->isOpened());
+    }
+
+    void closesTheLinkWithTheProject() {
+        ProjectUnderTest file;
+        QVERIFY(file.create());
+        QSignalSpy disconnected(file.get(), &KRNFile::disconnected);
+        file->closeAndReset();
+        QVERIFY(!file->isOpened());
+        QVERIFY(waitFor([&] { return disconnected.count() > 0; }));
+        file.restart();
+        QVERIFY(file.connectLink());
+        QVERIFY(file.open());
+        QCOMPARE(file->getPreference(lock).toBool(), true);
+    }
+};
+
+KERNOVA_TEST_MAIN(TestLifecycle)
+#include "tst_lifecycle.moc"

@@ -1,0 +1,284 @@
+#include "ProjectSupport.h"
+#include "models/BatchOperationManager.h"
+#include "models/ChatModel.h"
+#include "models/GroupModel.h"
+#include "models/KernoGroupModel.h"
+#include "models/SourceMetadataKeyModel.h"
+#include "models/SourceMetadataModel.h"
+#include "models/SourceMetadataValueModel.h"
+#include "tests_support/TestMain.h"
+
+#include <functional>
+
+namespace {
+
+const QString stamp = QStringLiteral("2024-01-02T03:04:05Z");
+
+QJsonObject kernoJson(int id, const QString& title) {
+    return {{"id", id},
+            {"parentKernoId", -1},
+            {"color", "#ff0000"},
+            {"title", title},
+            {"description", ""},
+            {"timestamp", stamp},
+            {"author", "Ann"},
+            {"x", 1},
+            {"y", 2}};
+}
+
+QJsonObject highlightJson() {
+    return {{"id", 4},    {"kernoId", 1}, {"sourceId", 2},   {"questionId", 3},  {"color", "#ff0000"},
+            {"start", 0}, {"length", 5},  {"author", "Ann"}, {"timestamp", stamp}};
+}
+
+QJsonObject memoJson() {
+    return {{"id", 4},    {"sourceId", 2}, {"questionId", 3}, {"content", "m"},
+            {"start", 0}, {"length", 5},   {"author", "Ann"}, {"timestamp", stamp}};
+}
+
+struct RecordCase {
+    QJsonObject json;
+    void (KRNFile::*saved)(const QJsonObject&);
+    void (KRNFile::*deleted)(const QJsonObject&);
+    QAbstractItemModel* (*model)(const KRNFile&);
+};
+
+using Start = std::function<void(BatchOperationManager&)>;
+
+}  // namespace
+Q_DECLARE_METATYPE(RecordCase)
+Q_DECLARE_METATYPE(Start)
+
+/// What the slots make of the service's notifications, without a service.
+class TestNotifications : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<KRNFile> m_file;
+
+    BatchOperationManager* batches() const { return m_file->batchOperationManager(); }
+
+private slots:
+    void init() {
+        m_file = std::make_unique<KRNFile>(LinkTimings(), ProjectTimings{1, 1});
+        m_file->initModels();
+        IdManager::instance()->init(false, nullptr);
+    }
+
+    void cleanup() { m_file.reset(); }
+
+    void recordsGoIntoTheirModel_data() {
+        QTest::addColumn<RecordCase>("c");
+        using File = const KRNFile&;
+        using Model = QAbstractItemModel*;
+        QTest::newRow("kerno") << RecordCase{kernoJson(5, "t"), &KRNFile::onKernoSaved,
+                                             &KRNFile::onKernoDeleted,
+                                             [](File f) -> Model { return f.kernoModel(); }};
+        QTest::newRow("source") << RecordCase{
+            {{"id", 5}, {"title", "t"}, {"icon", "i"}, {"author", "a"}, {"timestamp", stamp}},
+            &KRNFile::onSourceSaved,
+            &KRNFile::onSourceDeleted,
+            [](File f) -> Model { return f.sourceModel(); }};
+        QTest::newRow("question") << RecordCase{{{"id", 5}, {"question", "q"}, {"questionOrder", 1}},
+                                                &KRNFile::onQuestionSaved,
+                                                &KRNFile::onQuestionDeleted,
+                                                [](File f) -> Model { return f.questionListModel(); }};
+        QTest::newRow("answer") << RecordCase{{{"id", 5},
+                                               {"questionId", 1},
+                                               {"sourceId", 1},
+                                               {"author", "a"},
+                                               {"answer", "x"},
+                                               {"timestamp", stamp}},
+                                              &KRNFile::onAnswerSaved,
+                                              &KRNFile::onAnswerDeleted,
+                                              [](File f) -> Model { return f.answerModel(); }};
+        QTest::newRow("metadata key") << RecordCase{
+            {{"id", 5}, {"multipleChoice", false}, {"sortValuesAlphabetically", false}, {"key", "k"}},
+            &KRNFile::onMetadataKeySaved,
+            &KRNFile::onMetadataKeyDeleted,
+            [](File f) -> Model { return f.metadataKeyModel(); }};
+        QTest::newRow("metadata value") << RecordCase{{{"id", 5}, {"keyId", 1}, {"value", "v"}},
+                                                      &KRNFile::onMetadataValueSaved,
+                                                      &KRNFile::onMetadataValueDeleted,
+                                                      [](File f) -> Model { return f.metadataValueModel(); }};
+        QTest::newRow("metadata") << RecordCase{
+            {{"id", 5}, {"sourceId", 1}, {"keyId", 1}, {"valueId", 1}, {"author", "a"}, {"timestamp", stamp}},
+            &KRNFile::onMetadataSaved,
+            &KRNFile::onMetadataDeleted,
+            [](File f) -> Model { return f.metadataModel(); }};
+        QTest::newRow("group") << RecordCase{{{"id", 5}, {"description", "g"}},
+                                             &KRNFile::onGroupSaved,
+                                             &KRNFile::onGroupDeleted,
+                                             [](File f) -> Model { return f.groupModel(); }};
+        QTest::newRow("kerno group") << RecordCase{{{"id", 5}, {"groupId", 1}, {"kernoId", 1}},
+                                                   &KRNFile::onKernoGroupSaved,
+                                                   &KRNFile::onKernoGroupDeleted,
+                                                   [](File f) -> Model { return f.kernoGroupModel(); }};
+        QTest::newRow("chat") << RecordCase{
+            {{"id", 5}, {"message", "m"}, {"author", "a"}, {"timestamp", stamp}},
+            &KRNFile::onChatMessageSaved,
+            &KRNFile::onChatMessageDeleted,
+            [](File f) -> Model { return f.chatModel(); }};
+    }
+
+    void recordsGoIntoTheirModel() {
+        QFETCH(RecordCase, c);
+        const QAbstractItemModel* model = c.model(*m_file);
+        (m_file.get()->*c.saved)(c.json);
+        (m_file.get()->*c.saved)(c.json);
+        QCOMPARE(model->rowCount(), 1);
+        QJsonObject other = c.json;
+        other["id"] = 6;
+        (m_file.get()->*c.deleted)(other);
+        QCOMPARE(model->rowCount(), 1);
+        (m_file.get()->*c.deleted)(c.json);
+        QCOMPARE(model->rowCount(), 0);
+    }
+
+    void othersKernosAreNoNewOnes() {
+        SignalLog log;
+        log.listen(m_file.get(), &KRNFile::newKernoAdded, "new");
+        log.listen(m_file.get(), &KRNFile::kernoUpdated, "updated");
+        log.listen(m_file.get(), &KRNFile::kernoDeleted, "deleted");
+        m_file->onKernoSaved(kernoJson(5, "a"));
+        QCOMPARE(log.names, QStringList{"updated"});
+        m_file->onKernoSaved(kernoJson(5, "b"));
+        QCOMPARE(m_file->kerno(5).title(), QStringLiteral("b"));
+        m_file->onKernoDeleted(kernoJson(6, "b"));
+        m_file->onKernoDeleted(kernoJson(5, "b"));
+        m_file->onKernoDeleted(kernoJson(5, "b"));
+        QCOMPARE(log.names, QStringList({"updated", "updated", "deleted"}));
+    }
+
+    void passagesAreAnnouncedUnlessABatchRuns_data() {
+        QTest::addColumn<Start>("start");
+        QTest::addColumn<bool>("announced");
+        QTest::newRow("idle") << Start([](BatchOperationManager&) {}) << true;
+        QTest::newRow("kernos") << Start([](BatchOperationManager& b) { b.startKernoBatch(); }) << false;
+        QTest::newRow("here") << Start([](BatchOperationManager& b) { b.startHighlightBatch(2, 3); })
+                              << false;
+        QTest::newRow("elsewhere") << Start([](BatchOperationManager& b) { b.startHighlightBatch(2, 4); })
+                                   << true;
+        QTest::newRow("edit") << Start([](BatchOperationManager& b) { b.startAnswerEdit(2, 3); }) << false;
+        QTest::newRow("metadata") << Start([](BatchOperationManager& b) { b.startMetadataBatch(); }) << true;
+    }
+
+    void passagesAreAnnouncedUnlessABatchRuns() {
+        QFETCH(Start, start);
+        QFETCH(bool, announced);
+        SignalLog log;
+        log.listen(m_file.get(), &KRNFile::highlightSaved, "highlight saved");
+        log.listen(m_file.get(), &KRNFile::highlightDeleted, "highlight deleted");
+        log.listen(m_file.get(), &KRNFile::memoSaved, "memo saved");
+        log.listen(m_file.get(), &KRNFile::memoDeleted, "memo deleted");
+        start(*batches());
+        m_file->onHighlightSaved(highlightJson());
+        m_file->onHighlightDeleted(highlightJson());
+        m_file->onMemoSaved(memoJson());
+        m_file->onMemoDeleted(memoJson());
+        const QStringList all{"highlight saved", "highlight deleted", "memo saved", "memo deleted"};
+        QCOMPARE(log.names, announced ? all : QStringList(all.first()));
+    }
+
+    void batchesNameTheirPlaces() {
+        QSignalSpy saved(m_file.get(), &KRNFile::batchHighlightSaved);
+        QSignalSpy deleted(m_file.get(), &KRNFile::batchHighlightDeleted);
+        QSignalSpy memosSaved(m_file.get(), &KRNFile::batchMemoSaved);
+        QSignalSpy memosDeleted(m_file.get(), &KRNFile::batchMemoDeleted);
+        const QJsonObject places{{"sourceIds", QJsonArray{1, 2, 2}}, {"questionIds", QJsonArray{7}}};
+        m_file->onBatchHighlightsSaved(places);
+        m_file->onBatchHighlightsDeleted(places);
+        m_file->onBatchMemosSaved(places);
+        m_file->onBatchMemosDeleted(places);
+        for (const QSignalSpy* spy : {&saved, &deleted, &memosSaved, &memosDeleted}) {
+            QCOMPARE(spy->count(), 1);
+            QCOMPARE(spy->first().at(0).value<QSet<int>>(), QSet<int>({1, 2}));
+            QCOMPARE(spy->first().at(1).value<QSet<int>>(), QSet<int>{7});
+        }
+    }
+
+    void batchesOfSourcesAndMetadataWait() {
+        const QJsonObject source{
+            {"id", 5}, {"title", "t"}, {"icon", "i"}, {"author", "a"}, {"timestamp", stamp}};
+        const QJsonObject key{
+            {"id", 5}, {"multipleChoice", false}, {"sortValuesAlphabetically", false}, {"key", "k"}};
+        const QJsonObject link{{"id", 5},      {"sourceId", 1}, {"keyId", 1},
+                               {"valueId", 1}, {"author", "a"}, {"timestamp", stamp}};
+        QSignalSpy added(m_file.get(), &KRNFile::newSourceAdded);
+        QSignalSpy gone(m_file.get(), &KRNFile::sourceDeleted);
+        QSignalSpy metadata(m_file.get(), SIGNAL(metadataUpdated(bool, QVariant)));
+        batches()->startSourcesBatch();
+        batches()->startMetadataBatch();
+        m_file->onSourceSaved(source);
+        m_file->onMetadataKeySaved(key);
+        m_file->onMetadataSaved(link);
+        QCOMPARE(added.count(), 0);
+        QCOMPARE(metadata.count(), 1);
+        QCOMPARE(m_file->sourceModel()->rowCount(), 0);
+        QCOMPARE(m_file->metadataKeyModel()->rowCount(), 0);
+        QCOMPARE(m_file->metadataModel()->rowCount(), 0);
+        m_file->onSourceDeleted(source);
+        QCOMPARE(gone.count(), 1);
+        m_file->onMetadataDeleted(link);
+        QCOMPARE(metadata.count(), 2);
+    }
+
+    void groupsShowTheirKernos() {
+        for (int id = 1; id <= 3; ++id)
+            m_file->onKernoSaved(kernoJson(id, "t"));
+        const auto join = [this](int id, int group, int kerno) {
+            m_file->onKernoGroupSaved({{"id", id}, {"groupId", group}, {"kernoId", kerno}});
+        };
+        join(1, 1, 1);
+        join(2, 1, 2);
+        join(3, 2, 2);
+        QCOMPARE(m_file->getAssociatedGroups(2), QVariantList({1, 2}));
+        const auto visible = [this] {
+            return QList<bool>{m_file->kerno(1).visible(), m_file->kerno(2).visible(),
+                               m_file->kerno(3).visible()};
+        };
+        m_file->applyGroupFilter(true);
+        QCOMPARE(visible(), QList<bool>({false, false, false}));
+        m_file->setGroupVisible(1, true);
+        QCOMPARE(visible(), QList<bool>({true, true, false}));
+        m_file->setGroupVisible(2, true);
+        m_file->setGroupVisible(1, false);
+        QCOMPARE(visible(), QList<bool>({false, true, false}));
+        m_file->setGroupVisible(2, false);
+        QCOMPARE(visible(), QList<bool>({false, false, false}));
+        m_file->applyGroupFilter(false);
+        QCOMPARE(visible(), QList<bool>({true, true, true}));
+    }
+
+    void errorsMakeOneText() {
+        QSignalSpy errors(m_file.get(), &KRNFile::errorOccurred);
+        m_file->onErrorOccurred({QJsonObject{{"message", "one"}}, QJsonObject{{"message", "two"}}});
+        QCOMPARE(errors.count(), 1);
+        QCOMPARE(errors.first().first().toString(), QStringLiteral("one\ntwo\n"));
+    }
+
+    void accessIsToldInWords_data() {
+        QTest::addColumn<QString>("level");
+        QTest::addColumn<QString>("text");
+        const QString start = "Your access has been changed ";
+        QTest::newRow("read") << "read" << start + "by the project owner. You can now only read the project.";
+        QTest::newRow("write") << "write"
+                               << start + "by the project owner. You can now write to the project.";
+        QTest::newRow("owner") << "owner" << start + "to owner";
+        QTest::newRow("unknown") << "guest" << start + "to guest";
+    }
+
+    void accessIsToldInWords() {
+        QFETCH(QString, level);
+        SignalLog log;
+        log.listen(m_file.get(), &KRNFile::canMutateChanged, "mutate");
+        log.listen(m_file.get(), &KRNFile::notifyUser, "notify");
+        QSignalSpy notes(m_file.get(), &KRNFile::notifyUser);
+        m_file->onAccessChanged(level);
+        QCOMPARE(log.names, QStringList({"mutate", "notify"}));
+        QTEST(notes.first().first().toString(), "text");
+    }
+};
+
+KERNOVA_TEST_MAIN(TestNotifications)
+#include "tst_notifications.moc"

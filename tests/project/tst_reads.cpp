@@ -1,0 +1,317 @@
+#include "ProjectSupport.h"
+#include "models/KernoShortcutKeyModel.h"
+#include "models/SourceMetadataKeyModel.h"
+#include "models/SourceMetadataValueModel.h"
+#include "project/ModelInstantiator.h"
+#include "tests_support/TestMain.h"
+
+#include <functional>
+
+/// Reads and writes against the real service.
+class TestReads : public QObject {
+    Q_OBJECT
+
+private:
+    ProjectUnderTest m_file;
+
+    bool storeHighlights(const QList<Highlight>& highlights) {
+        return m_file->batchSaveHighlights(highlights) && m_file->totalHighlightsCount() >= highlights.size();
+    }
+
+    static QList<int> ints(const QVariantList& list) {
+        QList<int> numbers;
+        for (const QVariant& value : list)
+            numbers.append(value.toInt());
+        return numbers;
+    }
+
+    static QList<int> ints(const QVariantList& maps, const QString& name) {
+        QList<int> numbers;
+        for (const QVariant& map : maps)
+            numbers.append(map.toMap().value(name).toInt());
+        return numbers;
+    }
+
+    void addKerno(int id, int parent, const QString& title, const QString& author = "Ann") {
+        m_file->saveKerno(Kerno(id, parent, QColor(Qt::blue), title, {}, {}, author, 1, 1));
+    }
+
+private slots:
+    void init() {
+        m_file.restart();
+        QVERIFY(m_file.create({}, false));
+    }
+
+    void aClosedProjectIsEmpty() {
+        QVERIFY(m_file.addContents("words"));
+        m_file->close();
+        QVERIFY(m_file->sourceIds().isEmpty());
+        QVERIFY(m_file->kernos().isEmpty());
+        QVERIFY(m_file->kernos({}).isEmpty());
+        QCOMPARE(m_file->kernoIds(-1, {4, 5}, 266, 0), QVariantList({4, 5}));
+        QVERIFY(m_file->highlights().isEmpty());
+        QVERIFY(m_file->answer(1, 1).isEmpty());
+        QVERIFY(m_file->groups().isEmpty());
+        QVERIFY(m_file->kernosWithHighlightsAndCriteria({}).isEmpty());
+        QVERIFY(m_file->metadataOverviewForKeyId(1).isEmpty());
+        QVERIFY(m_file->highlightsCoverageByAuthor(9).isEmpty());
+        QVERIFY(m_file->partialAnswersForKernos({1}).isEmpty());
+        QVERIFY(m_file->partialAnswersForOverlapsBetweenKernos(1, 1).isEmpty());
+        QVERIFY(!m_file->kerno(1).isValid());
+        QVERIFY(!m_file->savePreference("a", 1));
+        QVERIFY(!m_file->deleteSource(1));
+        QCOMPARE(m_file->saveQuestion(Question(7, "?", 2)), -1);
+        QCOMPARE(m_file->getPreference("a", 3).toInt(), 3);
+        QCOMPARE(m_file->totalHighlightsCount(), 0);
+    }
+
+    void whatNoServiceAnswers() {
+        QCOMPARE(m_file->getLastModification(), -1);
+        QVERIFY(!m_file->saveQuestionsOrder({1, 2}));
+        addKerno(1, -1, "a");
+        QCOMPARE(m_file->kernoIds(-1, {1}, 266, 1), QVariantList());
+    }
+
+    void preferencesComeBack_data() {
+        QTest::addColumn<QVariant>("value");
+        QTest::newRow("number") << QVariant(42);
+        QTest::newRow("negative") << QVariant(-1);
+        QTest::newRow("fraction") << QVariant(0.25);
+        QTest::newRow("text") << QVariant(QString::fromUtf8("a \"quoted\"\\ line\nand \xF0\x9F\x98\x80"));
+        QTest::newRow("digits") << QVariant(QStringLiteral("007"));
+        QTest::newRow("empty") << QVariant(QString(""));
+    }
+
+    void preferencesComeBack() {
+        QFETCH(QVariant, value);
+        QVERIFY(m_file->savePreference("key", value));
+        QCOMPARE(m_file->getPreference("key", "default").toString(), value.toString());
+        QVERIFY(m_file->savePreference("key", true));
+        QCOMPARE(m_file->getPreference("key").toString(), QStringLiteral("1"));
+        QCOMPARE(m_file->getPreference("key").toBool(), true);
+        QVERIFY(m_file->savePreference("key", false));
+        QCOMPARE(m_file->getPreference("key", true).toBool(), false);
+        QCOMPARE(m_file->getPreference("unknown", 9).toInt(), 9);
+    }
+
+    void kernosAreAnswered() {
+        addKerno(1, -1, "b");
+        addKerno(2, 1, "d", "Bob");
+        addKerno(3, 1, "c");
+        addKerno(4, 2, "e");
+        addKerno(5, -1, "a");
+        QCOMPARE(ints(m_file->kernoIds()), QList<int>({1, 2, 3, 4, 5}));
+        QCOMPARE(ints(m_file->kernoIds(1)), QList<int>({2, 3}));
+        QCOMPARE(ints(m_file->kernoIds(QVariant(-1))), QList<int>({1, 5}));
+        QCOMPARE(ints(m_file->kernoIds(1, {3, 9, 2}, 0, 0)), QList<int>({3, 2}));
+        QCOMPARE(ints(m_file->kernoIds(1, {}, 260, 0)), QList<int>({3, 2}));
+        QCOMPARE(ints(m_file->kernoIds(1, {}, 260, 1)), QList<int>({2, 3}));
+        QCOMPARE(ints(m_file->kernoIdsForKernosWithChildren()), QList<int>({1, 2}));
+        QVERIFY(m_file->kernoHasChildren(2));
+        QVERIFY(!m_file->kernoHasChildren(3));
+        QCOMPARE(ints(m_file->kernos({2, 5}), "kernoId"), QList<int>({1, 3, 4}));
+        QCOMPARE(ints(m_file->kernosWithoutParent(), "kernoId"), QList<int>({1, 5}));
+        QCOMPARE(ints(m_file->kernosWithoutParent({1}), "kernoId"), QList<int>({5}));
+        QCOMPARE(m_file->kernosForParent(1).size(), 2);
+        QCOMPARE(m_file->kernosAuthors(), QStringList({"Ann", "Bob"}));
+        QVERIFY(m_file->anyVisibleChildren(1));
+        m_file->filterKernosByName("e");
+        QVERIFY(m_file->anyVisibleChildren(1));
+        QVERIFY(!m_file->anyVisibleChildren(4));
+        m_file->filterKernosByName("b");
+        QVERIFY(!m_file->anyVisibleChildren(1));
+    }
+
+    void highlightsAreAnswered() {
+        QVERIFY(m_file.addContents("0123456789"));
+        addKerno(2, 1, "child");
+        QVERIFY(
+            storeHighlights({ProjectUnderTest::highlight(1, 0, 4), ProjectUnderTest::highlight(2, 2, 4, 2),
+                             ProjectUnderTest::highlight(3, 6, 2)}));
+        QCOMPARE(ints(m_file->highlightIds()), QList<int>({1, 2, 3}));
+        QCOMPARE(ints(m_file->highlights(1), "highlightId"), QList<int>({1, 2, 3}));
+        QCOMPARE(m_file->highlights(1, 1).size(), 3);
+        QCOMPARE(ints(m_file->highlights(1, 1, 4, 2), "highlightId"), QList<int>({2}));
+        QCOMPARE(m_file->highlight(2).start(), 2);
+        QVERIFY(!m_file->highlight(99).isValid());
+        QCOMPARE(ints(m_file->highlightIdsByKernoId(1)), QList<int>({1, 3}));
+        QCOMPARE(ints(m_file->highlightIdsByQuestionId(1)).size(), 3);
+        QCOMPARE(ints(m_file->highlightIdsByQuestionAndSourceId(1, 1)).size(), 3);
+        QCOMPARE(ints(m_file->highlightIdsByKernoIdAndSourceId(2, 1)), QList<int>({2}));
+        QCOMPARE(m_file->highlightsCount(1), 3);
+        QCOMPARE(m_file->maxHighlightsCount(), 2);
+        QCOMPARE(m_file->totalHighlightsCountByKernoId(1), 2);
+        QCOMPARE(m_file->totalHighlightsCountByKernoIdAndSourceId(1, 1), 2);
+        QCOMPARE(m_file->highlightsOfKerno(1).size(), 2);
+        QCOMPARE(m_file->highlightsOfKerno(2, 1, 1).size(), 1);
+        QCOMPARE(m_file->getOverlap(1, 2), 1);
+        QCOMPARE(m_file->getOverlappingKernosCount(1), 1);
+        QCOMPARE(ints(m_file->kernoIdsForKernosWithOverlaps()), QList<int>({1, 2}));
+        QVERIFY(waitFor([&] { return m_file->highlightsCountForKernoWithChildren(1) == 3; }));
+        QCOMPARE(m_file->highlightsCountForKerno(1), 2);
+        QVERIFY(m_file->batchDeleteHighlights(m_file->highlightsOfKerno(1)));
+        QCOMPARE(m_file->totalHighlightsCount(), 1);
+        QVERIFY(m_file->batchSaveHighlights({}));
+    }
+
+    void passagesAreCut() {
+        QVERIFY(m_file.addContents("0123456789abcdefghij"));
+        addKerno(2, -1, "other");
+        QVERIFY(storeHighlights(
+            {ProjectUnderTest::highlight(1, 0, 4), ProjectUnderTest::highlight(2, 4, 3, 2),
+             ProjectUnderTest::highlight(3, 10, 4), ProjectUnderTest::highlight(4, 12, 4, 2)}));
+        const QVariantList both = m_file->partialAnswersForKernos({1, 2, 1});
+        QCOMPARE(ints(both, "offset"), QList<int>({0, 10}));
+        QVERIFY(both.first().toMap().value("answer").toString().contains(">0123456<"));
+        QCOMPARE(both.first().toMap().value("sourceTitle").toString(), QStringLiteral("Interview"));
+        QVERIFY(m_file->partialAnswersForKernos({}).isEmpty());
+        const QVariantList overlaps = m_file->partialAnswersForOverlapsBetweenKernos(1, 2);
+        QCOMPARE(ints(overlaps, "offset"), QList<int>({10}));
+        QVERIFY(overlaps.first().toMap().value("answer").toString().contains(">abcdef<"));
+        QCOMPARE(ints(m_file->partialAnswersForOverlapsBetweenKernos(1, 1), "offset"), QList<int>({0, 10}));
+        QCOMPARE(m_file->partialAnswer(1, 1, 2, 3).plainAnswer(), QStringLiteral("234"));
+        QCOMPARE(m_file->partialAnswer(QVariant("1"), 1, 2, 3).plainAnswer(), QStringLiteral("234"));
+        QVERIFY(m_file->partialAnswer(1, 1, 20, 3).answerId() < 1);
+    }
+
+    void answersFollowChanges() {
+        QVERIFY(m_file.addContents("before"));
+        QVERIFY(m_file->answer(1, 1).value("answer").toString().contains("before"));
+        QCOMPARE(m_file->answer(1, 1).value("answerId").toInt(), 1);
+        m_file->saveAnswer(QuestionAnswer(1, 1, 1, "Ann", "after", {}));
+        QVERIFY(m_file->answer(1, 1).value("answer").toString().contains("after"));
+        QCOMPARE(m_file->answerAuthors(), QStringList{"Ann"});
+        QVERIFY(m_file->deleteAnswer(1));
+        QVERIFY(m_file->answer(1, 1).isEmpty());
+        QVERIFY(waitFor([&] { return m_file->answerModel()->rowCount() == 0; }));
+        QVERIFY(m_file->deleteSource(1));
+        QVERIFY(waitFor([&] { return !m_file->sourceExists(1); }));
+    }
+
+    void removesWhatHasNotComeBackYet() {
+        m_file->saveSource(ProjectUnderTest::source(4, "new"));
+        QVERIFY(m_file->deleteSource(4));
+        QVERIFY(m_file->sourceIds().isEmpty());
+    }
+
+    void questionsKeepTheirOrder() {
+        QCOMPARE(m_file->saveQuestion(Question(IdManager::instance()->nextQuestionId(), "Why?", 2)), 2);
+        QVERIFY(m_file->hasQuestion("Why?"));
+        QVERIFY(!m_file->hasQuestion("why?"));
+        QCOMPARE(m_file->questionText(2), QStringLiteral("Why?"));
+        QVERIFY(m_file->question(2).questionId() == 2 && m_file->question(9).questionId() == -1);
+        ModelInstantiator instantiator;
+        QCOMPARE(instantiator.question(false).questionOrder(), 3);
+        QCOMPARE(instantiator.question(true).questionId(), 3);
+        QVERIFY(m_file->deleteQuestion(2));
+        QCOMPARE(m_file->questionIds().size(), 1);
+        QVERIFY(waitFor([&] { return !m_file->hasQuestion("Why?"); }));
+    }
+
+    void metadataIsAnswered() {
+        m_file->saveMetadataKey(SourceMetadataKey(1, false, false, "town"));
+        m_file->saveMetadataKey(SourceMetadataKey(2, false, false, "age"));
+        for (const char* value : {"b", "a", "c"})
+            m_file->saveMetadataValue(
+                SourceMetadataValue(IdManager::instance()->nextSourceMetadataValueId(), 1, value));
+        QCOMPARE(ints(m_file->metadataKeys(), "keyId"), QList<int>({1, 2}));
+        QCOMPARE(ints(m_file->metadataKeys(1), "keyId"), QList<int>({2, 1}));
+        QCOMPARE(ints(m_file->metadataKeys(1, 1), "keyId"), QList<int>({1, 2}));
+        QCOMPARE(m_file->metadataKeyByKeyName("age").value("keyId").toInt(), 2);
+        QVERIFY(m_file->metadataKeyByKeyName("size").isEmpty());
+        QCOMPARE(ints(m_file->metadataValues(1), "valueId"), QList<int>({1, 2, 3}));
+        QCOMPARE(ints(m_file->metadataValues(1, true), "valueId"), QList<int>({2, 1, 3}));
+        QVERIFY(waitFor([&] { return m_file->metadataKeyValuesForKey(1).size() == 3; }));
+        QCOMPARE(m_file->metadataKey(2).key(), QStringLiteral("age"));
+
+        for (int id = 1; id <= 4; ++id) {
+            m_file->saveSource(ProjectUnderTest::source(id, QString::number(id)));
+            if (id < 4)
+                m_file->saveMetadata(SourceMetadata(id, id, 1, 1, "Ann", {}));
+        }
+        const QVariantList overview = m_file->metadataOverviewForKeyId(1);
+        QCOMPARE(overview.last().toMap().value("value").toString(), QStringLiteral("Not Defined"));
+        QCOMPARE(overview.last().toMap().value("keyFactor").toDouble(), 0.25);
+        QCOMPARE(m_file->metadataOverviewForKeyId(2).first().toMap().value("sourcesCount").toInt(), 4);
+        QVERIFY(m_file->metadataOverviewForKeyAndKernoId(1, {}).isEmpty());
+        const QVariantMap link = m_file->sourceMetadataListForReport(2).first().toMap();
+        QCOMPARE(link.value("metadataId").toInt(), 2);
+        QCOMPARE(link.value("key").toString(), QStringLiteral("town"));
+    }
+
+    void criteriaAreCombined() {
+        QVERIFY(m_file.addContents("0123456789"));
+        QVERIFY(
+            storeHighlights({ProjectUnderTest::highlight(1, 0, 4), ProjectUnderTest::highlight(2, 4, 2)}));
+        Highlight other = ProjectUnderTest::highlight(3, 6, 2);
+        other.setAuthor("Bob");
+        m_file->saveHighlight(other);
+        const auto ask = [this](const QVariantList& criteria) {
+            const QVariantList items = m_file->kernosWithHighlightsAndCriteria(criteria);
+            return items.isEmpty() ? QList<int>{-1}
+                                   : ints(items.first().toMap().value("highlights").toList(), "highlightId");
+        };
+        const auto author = [](const QString& name, const QString& junction) {
+            return QVariantMap{
+                {"property", "HA"}, {"operator", "="}, {"value", name}, {"junctionOperator", junction}};
+        };
+        QCOMPARE(ask({}), QList<int>({1, 2, 3}));
+        QCOMPARE(ask({QVariantMap{{"property", "HA"}}}), QList<int>({1, 2, 3}));
+        QCOMPARE(ask({author("", " AND")}), QList<int>({1, 2, 3}));
+        QCOMPARE(ask({author("Bob", " AND")}), QList<int>({3}));
+        QCOMPARE(ask({author("Bob", " OR"), author("Ann", " AND")}), QList<int>({1, 2, 3}));
+        QCOMPARE(ask({author("Bob", " AND"), author("Ann", " AND")}), QList<int>());
+        QCOMPARE(m_file->kernosWithHighlightsAndCriteria({}).first().toMap().value("kerno").toMap(),
+                 m_file->kernos().first().toMap());
+        const QVariantMap coverage = m_file->highlightsCoverageByAuthor(16).first().toMap();
+        QCOMPARE(coverage.value("coverage").toDouble(), 37.5);
+        QCOMPARE(coverage.value("share").toDouble(), 75.0);
+        QCOMPARE(
+            m_file->highlightsCoverageByKernoAndAuthor(16).first().toMap().value("authors").toList().size(),
+            2);
+        QCOMPARE(m_file->highlightsOverviewPerSourceForKerno(1).size(), 1);
+        QVERIFY(m_file->highlightsOverviewPerSourceForKerno(-1).isEmpty());
+    }
+
+    void savedKernosAreThereAtOnce() {
+        QSignalSpy added(m_file.get(), &KRNFile::newKernoAdded);
+        QSignalSpy updated(m_file.get(), &KRNFile::kernoUpdated);
+        const int id = IdManager::instance()->nextKernoId();
+        addKerno(id, -1, "mine");
+        QCOMPARE(added.count(), 1);
+        QCOMPARE(updated.count(), 1);
+        QCOMPARE(m_file->kerno(id).title(), QStringLiteral("mine"));
+        QVERIFY(waitFor([&] { return updated.count() == 2; }));
+        QCOMPARE(added.count(), 1);
+        QVERIFY(m_file->kerno(id).timestamp().isValid());
+        QSignalSpy gone(m_file.get(), &KRNFile::kernoDeleted);
+        QVERIFY(m_file->deleteKerno(m_file->kerno(id)));
+        QVERIFY(waitFor([&] { return gone.count() == 1; }));
+    }
+
+    void shortcutsAreThereAtOnce() {
+        addKerno(1, -1, "a");
+        QVERIFY(m_file->saveKernoShortcutKey(KernoShortcutKey("K", 1, {})));
+        QVERIFY(m_file->shortcutKeyModel()->contains("K"));
+        QVERIFY(m_file->saveKernoShortcutKey(KernoShortcutKey("K", -1, {})));
+        QVERIFY(!m_file->shortcutKeyModel()->contains("K"));
+    }
+
+    void emptyRecordsForScreens() {
+        ModelInstantiator instantiator;
+        QCOMPARE(instantiator.kerno(false).title(), QStringLiteral("Untitled"));
+        QCOMPARE(instantiator.kerno(false).kernoId(), -1);
+        const int id = instantiator.kerno(true).kernoId();
+        QCOMPARE(instantiator.kerno(true).kernoId(), id + 1);
+        QCOMPARE(IdManager::instance()->maxKernoId(), id + 1);
+        QCOMPARE(instantiator.highlight().highlightId(), -1);
+        QVERIFY(instantiator.highlight().timestamp().isValid());
+        QVERIFY(instantiator.memo().timestamp().isValid());
+        QCOMPARE(instantiator.sourceMetadataValue().valueId(), 1);
+        QCOMPARE(instantiator.chatMessage().chatMessageId(), 1);
+        QCOMPARE(instantiator.source().sourceId(), -1);
+    }
+};
+
+KERNOVA_TEST_MAIN(TestReads)
+#include "tst_reads.moc"
