@@ -66,6 +66,11 @@ bool DataHelper::closeProject() {
     qDebug() << "closeProject" << m_isOpen;
     if (!m_isOpen)
         return true;
+    // With the link the service has lost this client; a request could only wait for its whole bound.
+    if (!m_connection->isConnected()) {
+        forgetProject();
+        return true;
+    }
     const ReplyBase reply = m_connection->request(wire::closeProject());
     const QJsonObject closed = reply.data().value(wire::name::dbClose).toObject();
     qDebug() << "DB CLOSE" << closed.value(keyStatus).toString();
