@@ -7,12 +7,15 @@
 
 #include <QDebug>
 #include <QEventLoop>
+#include <QSslError>
 
 Connection::Connection(const LinkTimings& timings, QObject* parent)
     : QObject(parent), m_timings(timings), m_reconnectTimer(this), m_httpHandler(new HttpHandler),
       m_webSocketHandler(new WebSocketHandler(timings)),
       m_waiter(new Waiter(m_webSocketHandler, m_httpHandler, this)) {
     qRegisterMetaType<Message>();
+    // Both this thread and the network thread make a network access manager, and each would register this one.
+    qRegisterMetaType<QList<QSslError>>();
     m_thread.setObjectName(QStringLiteral("network"));
     m_httpHandler->moveToThread(&m_thread);
     m_webSocketHandler->moveToThread(&m_thread);

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QDir>
 #include <QFileOpenEvent>
+#include <QLoggingCategory>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -18,6 +19,7 @@ class tst_AppHelper : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLoggingCategory::setFilterRules(QStringLiteral("appHelper.debug=false")); }
     void init();
     void cleanup();
     void theCommandLineNamesAProject_data();
