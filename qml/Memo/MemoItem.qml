@@ -12,7 +12,8 @@ Item {
     property int length: 0
     property bool notesShown: false
     property var siblings: []
-    readonly property bool focused: !CentralManager.hasUserSelectedText && CentralManager.currentMemoId === memoId
+    readonly property bool focused: memoId > 0 && !CentralManager.hasUserSelectedText
+                                    && CentralManager.currentMemoId === memoId
 
     signal menuRequested()
     signal selectRequested()
@@ -30,7 +31,7 @@ Item {
 
     // The memos at the same place, in their order.
     function __stack() {
-        return Utils.filter(siblings, function(item) { return item && item.y === root.y })
+        return Utils.filter(siblings, function(item) { return item && item.memoId > 0 && item.y === root.y })
     }
 
     function __activateNext() {

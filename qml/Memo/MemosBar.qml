@@ -19,12 +19,14 @@ Item {
         id: _memos
 
         MemoItem {
-            y: model.y1
+            // The model may announce rows before it has them; such a row has no values.
+            visible: memoId > 0
+            y: model.y1 || 0
             width: root.width
-            memoId: model.memoId
+            memoId: model.memoId || -1
             content: model.content || ""
-            start: model.start
-            length: model.length
+            start: model.start || 0
+            length: model.length || 0
             notesShown: root.notesShown
             siblings: _memos.allItems
             onMenuRequested: {

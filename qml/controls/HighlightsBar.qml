@@ -59,14 +59,16 @@ Item {
         id: _stripes
 
         Rectangle {
-            readonly property int highlightId: model.highlightId
+            // The model may announce rows before it has them; such a row has no values.
+            readonly property int highlightId: model.highlightId || -1
             readonly property string title: model.title || ""
 
-            x: model.column * root.columnWidth
-            y: model.y1
+            visible: highlightId > 0
+            x: (model.column || 0) * root.columnWidth
+            y: model.y1 || 0
             z: 2
             width: root.columnWidth
-            height: model.y2 - model.y1
+            height: (model.y2 || 0) - y
             color: model.color !== undefined ? model.color : "white"
             border { width: 1; color: Qt.darker(color, 1.3) }
         }

@@ -30,7 +30,10 @@ DialogPanel {
     implicitWidth: Units.dp(720)
     enabled: !isOpening
 
-    Component.onCompleted: _author.text = _recent.lastAuthor
+    Component.onCompleted: {
+        _author.text = _recent.lastAuthor
+        _author.selectAll()
+    }
 
     function validate() {
         _author.text = _author.text.trim()

@@ -135,7 +135,7 @@ Rectangle {
             opacity: root.titleHighlighted ? 1.0 : 0.6
             wrapMode: Text.NoWrap
             textFormat: Text.PlainText
-            font.pixelSize: ApplicationStyle.label_font_size
+            font.pixelSize: Units.dp(15)
         }
     }
 
