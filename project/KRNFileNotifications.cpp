@@ -113,8 +113,12 @@ void KRNFile::onKernoDeleted(const QJsonObject& json) {
         emit kernoDeleted(kerno.kernoId());
 }
 
+// The tick of a group is this client's own.
 void KRNFile::onGroupSaved(const QJsonObject& json) {
-    put(groupModel(), json);
+    Group group(json, saved);
+    if (groupModel()->contains(group.groupId()))
+        group.setVisible(groupModel()->record(group.groupId()).visible());
+    groupModel()->addOrUpdate(group);
 }
 
 void KRNFile::onGroupDeleted(const QJsonObject& json) {

@@ -39,13 +39,19 @@ void KRNFile::saveKerno(const Kerno& kerno) {
         putKerno(kerno);
 }
 
-// A new kerno whose id isn't the latest of this client is somebody else's.
+// A new kerno whose id isn't the latest of this client is somebody else's. What the filters hide stays
+// hidden.
 void KRNFile::putKerno(const Kerno& kerno) {
-    const bool isNew = !kernoModel()->contains(kerno.kernoId());
-    kernoModel()->addOrUpdate(kerno);
-    if (isNew && kerno.kernoId() == IdManager::instance()->maxKernoId())
-        emit newKernoAdded(kerno.kernoId());
-    emit kernoUpdated(kerno.kernoId());
+    const int id = kerno.kernoId();
+    const bool isNew = !kernoModel()->contains(id);
+    const Kerno former = kernoModel()->record(id);
+    Kerno next = kerno;
+    next.setGroupVisible(isNew || former.groupVisible());
+    next.setNameVisible(isNew || former.nameVisible());
+    kernoModel()->addOrUpdate(next);
+    if (isNew && id == IdManager::instance()->maxKernoId())
+        emit newKernoAdded(id);
+    emit kernoUpdated(id);
 }
 
 int KRNFile::saveHighlight(const Highlight& data) {

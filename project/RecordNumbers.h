@@ -10,14 +10,10 @@
 template <typename T> class RecordNumbers {
 public:
     int numberOf(const QJsonObject& json) {
-        const int id = json.value(idName()).toInt(-1);
-        for (auto known = m_byId.constFind(id); known != m_byId.constEnd() && known.key() == id; ++known) {
-            if (m_objects.at(*known) == json || agree(m_objects.at(*known), json))
-                return *known;
-        }
-        m_objects.append(json);
-        m_byId.insert(id, m_objects.size() - 1);
-        return m_objects.size() - 1;
+        // Answers come in one order, so the record after the last one is the likely one.
+        if (m_next >= m_objects.size() || m_objects.at(m_next) != json)
+            m_next = find(json);
+        return m_next++;
     }
 
     int size() const { return m_objects.size(); }
@@ -27,6 +23,17 @@ public:
 
 private:
     static constexpr const char* tag = "kernoWithHighlightsAndCriteria";
+
+    int find(const QJsonObject& json) {
+        const int id = json.value(idName()).toInt(-1);
+        for (auto known = m_byId.constFind(id); known != m_byId.constEnd() && known.key() == id; ++known) {
+            if (m_objects.at(*known) == json || agree(m_objects.at(*known), json))
+                return *known;
+        }
+        m_objects.append(json);
+        m_byId.insert(id, m_objects.size() - 1);
+        return m_objects.size() - 1;
+    }
 
     // The same record can be spelled in two ways, a number as a text for one.
     static bool agree(const QJsonObject& a, const QJsonObject& b) {
@@ -40,4 +47,5 @@ private:
 
     QVector<QJsonObject> m_objects;
     QMultiHash<int, int> m_byId;
+    int m_next = 0;
 };

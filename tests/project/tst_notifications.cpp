@@ -27,7 +27,7 @@ QJsonObject kernoJson(int id, const QString& title) {
 }
 
 QJsonObject highlightJson() {
-    return {{"id", 4},    {"kernoId", 1}, {"sourceId", 2},   {"questionId", 3},  {"color", "#ff0000"},
+    return {{"id", 4},    {"kernoId", 1}, {"sourceId", 2},   {"questionId", 3},   {"color", "#ff0000"},
             {"start", 0}, {"length", 5},  {"author", "Ann"}, {"timestamp", stamp}};
 }
 
@@ -243,6 +243,8 @@ private slots:
         QCOMPARE(visible(), QList<bool>({true, true, false}));
         m_file->setGroupVisible(2, true);
         m_file->setGroupVisible(1, false);
+        QCOMPARE(visible(), QList<bool>({false, true, false}));
+        m_file->onKernoSaved(kernoJson(1, "renamed"));
         QCOMPARE(visible(), QList<bool>({false, true, false}));
         m_file->setGroupVisible(2, false);
         QCOMPARE(visible(), QList<bool>({false, false, false}));
