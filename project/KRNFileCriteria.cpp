@@ -2,53 +2,15 @@
 
 #include "models/QuestionModel.h"
 #include "models/SourceModel.h"
-#include "project/CriteriaEvaluation.h"
 #include "project/PassageRanges.h"
 #include "project/QueryCriterion.h"
-#include "project/RecordNumbers.h"
+#include "project/QueryRecords.h"
 #include "service/DataHelper.h"
 
 #include <QDebug>
 #include <algorithm>
 
 namespace {
-
-const QString highlightsName = QStringLiteral("highlights");
-
-/// The records that a query has met, and what each of its answers says of them.
-struct QueryRecords {
-    RecordNumbers<Kerno> kernos;
-    RecordNumbers<Highlight> highlights;
-
-    criteria::Results read(const QJsonArray& answer) {
-        criteria::Results results;
-        results.reserve(answer.size());
-        for (const QJsonValue& element : answer) {
-            QJsonObject kerno = element.toObject();
-            const QJsonArray list = kerno.take(highlightsName).toArray();
-            criteria::Item item{kernos.numberOf(kerno), {}};
-            item.highlights.reserve(list.size());
-            for (const QJsonValue& highlight : list)
-                item.highlights.append(highlights.numberOf(highlight.toObject()));
-            results.append(item);
-        }
-        return results;
-    }
-
-    QVariantList toMaps(const criteria::Results& results) const {
-        QVariantList items;
-        items.reserve(results.size());
-        for (const criteria::Item& item : results) {
-            QVariantList list;
-            list.reserve(item.highlights.size());
-            for (int number : item.highlights)
-                list.append(highlights.map(number));
-            items.append(
-                QVariantMap{{QStringLiteral("kerno"), kernos.map(item.kerno)}, {highlightsName, list}});
-        }
-        return items;
-    }
-};
 
 QList<QueryCriterion> validCriteria(const QVariantList& maps) {
     QList<QueryCriterion> valid;
