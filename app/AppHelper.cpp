@@ -64,8 +64,9 @@ void AppHelper::clearUserInvokedFile() {
 
 bool AppHelper::isTouchEnabledDevice() const {
     const QList<const QTouchDevice*> devices = QTouchDevice::devices();
-    return std::any_of(devices.cbegin(), devices.cend(),
-                       [](const QTouchDevice* device) { return device->type() == QTouchDevice::TouchScreen; });
+    return std::any_of(devices.cbegin(), devices.cend(), [](const QTouchDevice* device) {
+        return device->type() == QTouchDevice::TouchScreen;
+    });
 }
 
 QString AppHelper::region() const {
@@ -133,7 +134,8 @@ QVariantList AppHelper::importQuestions(const QUrl& file, const QString& questio
     return sourceImport().pairsOfFile(file, questionMarker, answerMarker, noLoadedFile);
 }
 
-QVariantList AppHelper::importQuestionsFromClipboard(const QString& questionMarker, const QString& answerMarker) {
+QVariantList AppHelper::importQuestionsFromClipboard(const QString& questionMarker,
+                                                     const QString& answerMarker) {
     return sourceImport().pairsOfText(m_clipboard->text(), questionMarker, answerMarker, false);
 }
 
@@ -145,8 +147,8 @@ void AppHelper::batchImportQuestions(bool selectWholeFolder) {
     sourceImport().importChosen(selectWholeFolder);
 }
 
-int AppHelper::batchImportQuestions(const QUrl& folder, const QString& questionMarker, const QString& answerMarker,
-                                    bool showInfo) {
+int AppHelper::batchImportQuestions(const QUrl& folder, const QString& questionMarker,
+                                    const QString& answerMarker, bool showInfo) {
     return sourceImport().importFolder(folder, questionMarker, answerMarker, showInfo);
 }
 

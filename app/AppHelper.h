@@ -13,12 +13,13 @@ class KRNFile;
 class QEventLoop;
 class UndoManager;
 
-/// What screens need beside the project itself: clipboard, captures, colours, folders, the vendor's pages, the link
-/// to the service, and the entry points of imports. The context object `appHelper`. Main thread.
+/// What screens need beside the project itself: clipboard, captures, colours, folders, the vendor's pages,
+/// the link to the service, and the entry points of imports. The context object `appHelper`. Main thread.
 class AppHelper : public QObject {
     Q_OBJECT
     Q_PROPERTY(bool clipboardContainsText READ clipboardContainsText NOTIFY clipboardContainsTextChanged)
-    Q_PROPERTY(QString userInvokedFile READ userInvokedFile WRITE setUserInvokedFile NOTIFY userInvokedFileChanged)
+    Q_PROPERTY(
+        QString userInvokedFile READ userInvokedFile WRITE setUserInvokedFile NOTIFY userInvokedFileChanged)
     Q_PROPERTY(bool isTouchEnabledDevice READ isTouchEnabledDevice CONSTANT)
     Q_PROPERTY(QString region READ region CONSTANT)
 

@@ -16,7 +16,8 @@ QImage cropped(const QImage& image, const QColor& background) {
         const QRgb* const first = std::find_if(line, end, differs);
         if (first == end)
             continue;
-        const auto last = std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(first), differs);
+        const auto last =
+            std::find_if(std::make_reverse_iterator(end), std::make_reverse_iterator(first), differs);
         left = std::min(left, int(first - line));
         right = std::max(right, int(last.base() - line) - 1);
         top = std::min(top, y);

@@ -7,8 +7,8 @@
 #include <QQmlContext>
 
 Session::Session(KernovaApplication& application, KRNFile* krnFile)
-    : m_application(application), m_krnFile(krnFile), m_undoManager(krnFile), m_appHelper(&m_undoManager, krnFile),
-      m_projectMerger(krnFile->dataHelper()) {
+    : m_application(application), m_krnFile(krnFile), m_undoManager(krnFile),
+      m_appHelper(&m_undoManager, krnFile), m_projectMerger(krnFile->dataHelper()) {
     m_application.setAppHelper(&m_appHelper);
     QQmlContext* context = m_engine.rootContext();
     context->setContextProperty(QStringLiteral("krnFile"), m_krnFile);

@@ -9,9 +9,9 @@
 
 class KernovaApplication;
 
-/// The objects that QML talks to, and the engine with the screens, from the start of the screens to their end. The
-/// project must exist and outlives the session. On destruction the project is closed first; then go the
-/// engine and the objects, in the reverse order of their making.
+/// The objects that QML talks to, and the engine with the screens, from the start of the screens to their
+/// end. The project must exist and outlives the session. On destruction the project is closed first; then go
+/// the engine and the objects, in the reverse order of their making.
 class Session {
 public:
     /// Makes the objects and offers them to the engine; no screen is loaded yet.

@@ -39,9 +39,10 @@ QString translated(const char* text) {
 
 bool versionsMatch(const QByteArray& body) {
     const QJsonObject versions = QJsonDocument::fromJson(body).object();
-    return std::all_of(std::begin(spokenVersions), std::end(spokenVersions), [&](const SpokenVersion& spoken) {
-        return versions.value(spoken.service).toInt() == spoken.version;
-    });
+    return std::all_of(std::begin(spokenVersions), std::end(spokenVersions),
+                       [&](const SpokenVersion& spoken) {
+                           return versions.value(spoken.service).toInt() == spoken.version;
+                       });
 }
 
 bool serverMatches(const QUrl& versionUrl) {
@@ -61,7 +62,8 @@ bool userLeavesToUpdate() {
     if (!ServiceConfig::hasCloud() || serverMatches(ServiceConfig::instance().versionUrl()))
         return false;
     QMessageBox box(QMessageBox::Warning, translated("Update available!"),
-                    translated("We've got an update for you!\nDownload now?"), QMessageBox::Yes | QMessageBox::No);
+                    translated("We've got an update for you!\nDownload now?"),
+                    QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::Yes);
     if (box.exec() != QMessageBox::Yes)
         return false;

@@ -15,8 +15,8 @@ QString textOf(const QVariant& pair, const char* key) {
 
 }  // namespace
 
-ImportSourceCommand::ImportSourceCommand(const QString& sourceTitle, const QVariantList& questions, KRNFile* file,
-                                         QUndoCommand* parent)
+ImportSourceCommand::ImportSourceCommand(const QString& sourceTitle, const QVariantList& questions,
+                                         KRNFile* file, QUndoCommand* parent)
     : FileManipulationCommand(file, parent) {
     if (questions.isEmpty())
         invalidate();
@@ -55,8 +55,9 @@ void ImportSourceCommand::importPairs(const QVariantList& pairs) {
     unanswered.append(addMissingQuestions(questions));
     for (int i = 0; i < questions.size(); ++i) {
         const QString& text = questions.at(i);
-        const auto found = std::find_if(unanswered.begin(), unanswered.end(),
-                                        [&text](const Question& question) { return question.question() == text; });
+        const auto found =
+            std::find_if(unanswered.begin(), unanswered.end(),
+                         [&text](const Question& question) { return question.question() == text; });
         if (found == unanswered.end())
             continue;
         addAnswer(sourceId, found->questionId(), answers.at(i));

@@ -7,9 +7,9 @@
 #include <QString>
 #include <QVariantList>
 
-/// Makes a source of question and answer pairs, as `parseQuestions` gives them, with the questions that the project
-/// lacks, and an empty answer to each question that the pairs don't cover. In a project in single question mode the
-/// first pair's answer is the source's whole text. An empty list makes the command invalid.
+/// Makes a source of question and answer pairs, as `parseQuestions` gives them, with the questions that the
+/// project lacks, and an empty answer to each question that the pairs don't cover. In a project in single
+/// question mode the first pair's answer is the source's whole text. An empty list makes the command invalid.
 class ImportSourceCommand : public FileManipulationCommand {
 public:
     /// In a project of structured questions the source is named by its id alone; the title isn't used.

@@ -39,7 +39,8 @@ void SourceImport::tellRefusals(const QStringList& refusals) const {
 
 QVariantList SourceImport::pairsOfText(const QString& text, const QString& questionMarker,
                                        const QString& answerMarker, bool noLoadedFile) const {
-    return parseQuestions(text, questionMarker, answerMarker, noLoadedFile || m_krnFile->singleQuestionMode());
+    return parseQuestions(text, questionMarker, answerMarker,
+                          noLoadedFile || m_krnFile->singleQuestionMode());
 }
 
 bool SourceImport::save(const QString& sourceTitle, const QVariantList& questions) const {
@@ -50,8 +51,8 @@ bool SourceImport::save(const QString& sourceTitle, const QVariantList& question
     return m_undoManager->push(new ImportSourceCommand(sourceTitle, questions, m_krnFile));
 }
 
-int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionMarker, const QString& answerMarker,
-                              bool showInfo) const {
+int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionMarker,
+                              const QString& answerMarker, bool showInfo) const {
     QProgressDialog progress(tr("Importing sources..."), tr("Cancel"), 0, files.size());
     progress.setWindowModality(Qt::WindowModal);
     m_undoManager->beginMacro(tr("Batch Import Sources"));
@@ -86,8 +87,8 @@ int SourceImport::importFolder(const QUrl& folder, const QString& questionMarker
 
 void SourceImport::importChosen(bool selectWholeFolder) const {
     if (selectWholeFolder) {
-        const QUrl folder = QFileDialog::getExistingDirectoryUrl(nullptr, tr("Import Sources from Folder"), QUrl(),
-                                                                 QFileDialog::ShowDirsOnly);
+        const QUrl folder = QFileDialog::getExistingDirectoryUrl(nullptr, tr("Import Sources from Folder"),
+                                                                 QUrl(), QFileDialog::ShowDirsOnly);
         if (!folder.isEmpty())
             importFolder(folder, QString(), QString(), true);
     } else {

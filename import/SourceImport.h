@@ -8,17 +8,19 @@
 class KRNFile;
 class UndoManager;
 
-/// Turns files into sources of the open project. Every import is a list of question and answer pairs: in a project in
-/// single question mode it has one pair, with the whole text. Runs on the main thread and processes events between
-/// the files of a batch; neither project nor undo manager is owned.
+/// Turns files into sources of the open project. Every import is a list of question and answer pairs: in a
+/// project in single question mode it has one pair, with the whole text. Runs on the main thread and
+/// processes events between the files of a batch; neither project nor undo manager is owned.
 class SourceImport {
     Q_DECLARE_TR_FUNCTIONS(SourceImport)
 
 public:
-    SourceImport(UndoManager* undoManager, KRNFile* krnFile) : m_undoManager(undoManager), m_krnFile(krnFile) {}
+    SourceImport(UndoManager* undoManager, KRNFile* krnFile)
+        : m_undoManager(undoManager), m_krnFile(krnFile) {}
 
-    /// Reads a file and gives its pairs. Gives none when the project needs markers and one is empty, when the file
-    /// can't be read, or when nothing is found in it; the user is told of a kind of file that isn't supported.
+    /// Reads a file and gives its pairs. Gives none when the project needs markers and one is empty, when the
+    /// file can't be read, or when nothing is found in it; the user is told of a kind of file that isn't
+    /// supported.
     QVariantList pairsOfFile(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
                              bool noLoadedFile) const;
     QVariantList pairsOfText(const QString& text, const QString& questionMarker, const QString& answerMarker,
@@ -27,8 +29,9 @@ public:
     /// Makes a source of the pairs, in one undoable step. False when nothing was saved.
     bool save(const QString& sourceTitle, const QVariantList& questions) const;
 
-    /// Makes a source of each file, all in one undoable step, under a progress dialog with which the user can stop; gives
-    /// their number. Files without a text are passed over. `showInfo` tells the number in a message box.
+    /// Makes a source of each file, all in one undoable step, under a progress dialog with which the user can
+    /// stop; gives their number. Files without a text are passed over. `showInfo` tells the number in a
+    /// message box.
     int importFiles(const QList<QUrl>& files, const QString& questionMarker, const QString& answerMarker,
                     bool showInfo) const;
 

@@ -42,8 +42,8 @@ QStringList folderPatterns() {
 
 QList<QUrl> importableFiles(const QUrl& folder) {
     QList<QUrl> urls;
-    const QFileInfoList files = QDir(folder.toLocalFile())
-                                    .entryInfoList(folderPatterns(), QDir::Files | QDir::Readable, QDir::Name);
+    const QFileInfoList files =
+        QDir(folder.toLocalFile()).entryInfoList(folderPatterns(), QDir::Files | QDir::Readable, QDir::Name);
     for (const QFileInfo& file : files)
         urls.append(QUrl::fromLocalFile(file.absoluteFilePath()));
     return urls;

@@ -10,15 +10,16 @@ namespace textfile {
 /// What a reading gave. The text of a file that can't be opened is empty, as that of an empty file.
 struct Reading {
     QString text;
-    QString refusal;  ///< a sentence for the user when the file's kind isn't supported; the text is then empty
+    QString
+        refusal;  ///< a sentence for the user when the file's kind isn't supported; the text is then empty
 };
 
-/// Reads a local file. The bytes of a text file are decoded as UTF-8, with its line ends turned into line feeds. A file
-/// of a kind that isn't supported is not opened.
+/// Reads a local file. The bytes of a text file are decoded as UTF-8, with its line ends turned into line
+/// feeds. A file of a kind that isn't supported is not opened.
 Reading read(const QUrl& file);
 
-/// The patterns of the files that can be imported, for file dialogs; and of those that an import of a whole folder
-/// takes up.
+/// The patterns of the files that can be imported, for file dialogs; and of those that an import of a whole
+/// folder takes up.
 QStringList dialogPatterns();
 QStringList folderPatterns();
 

@@ -8,7 +8,8 @@
 /// A project in memory, outside the models, read from its full JSON.
 class Project {
 public:
-    /// Reads the preferences from "project_json" of `identity`; the rest of `identity` tells the project from others.
+    /// Reads the preferences from "project_json" of `identity`; the rest of `identity` tells the project from
+    /// others.
     explicit Project(const QJsonObject& identity);
     virtual ~Project() = default;
 

@@ -10,8 +10,9 @@
 
 class DataHelper;
 
-/// Looks into projects that aren't open: the context object `projectMerger`. Every operation that has to read a
-/// project asks the service for all of it and waits, on the main thread; one that can't be read gives false.
+/// Looks into projects that aren't open: the context object `projectMerger`. Every operation that has to read
+/// a project asks the service for all of it and waits, on the main thread; one that can't be read gives
+/// false.
 class ProjectMerger : public QObject {
     Q_OBJECT
 
@@ -29,8 +30,8 @@ public:
     Q_INVOKABLE QString lastError() const { return m_lastError; }
 
 private:
-    /// The project in the scratch slot, read from the service unless it is there already and its file has stayed as it
-    /// was; null when it can't be read.
+    /// The project in the scratch slot, read from the service unless it is there already and its file has
+    /// stayed as it was; null when it can't be read.
     const Project* load(const QJsonObject& identity);
 
     DataHelper* m_helper;

@@ -7,7 +7,8 @@ namespace painting {
 
 namespace {
 
-void addClipped(QVector<Stroke>& strokes, int start, int end, int blockStart, int blockEnd, const QColor& color) {
+void addClipped(QVector<Stroke>& strokes, int start, int end, int blockStart, int blockEnd,
+                const QColor& color) {
     const int from = std::max(start, blockStart);
     const int to = std::min(end, blockEnd);
     if (from < to)

@@ -13,9 +13,9 @@ namespace painting {
 /// The background of stretches on which highlights overlap.
 QColor overlapColor();
 
-/// Sets `overlapping` of each highlight and gives the stretches to paint in the overlap colour. The list is sorted by
-/// `highlightLessThan`. A run of overlapping highlights gives one stretch per step of its growth, all from the run's
-/// start, in no particular order.
+/// Sets `overlapping` of each highlight and gives the stretches to paint in the overlap colour. The list is
+/// sorted by `highlightLessThan`. A run of overlapping highlights gives one stretch per step of its growth,
+/// all from the run's start, in no particular order.
 QList<QPair<int, int>> markOverlaps(QList<Highlight>& highlights);
 
 /// Characters [start, start + count) of a block, counted from the block's start.
@@ -25,8 +25,8 @@ struct Stroke {
     QColor background;
 };
 
-/// What to paint in the block [blockStart, blockEnd), in the order of painting: the highlights that stand alone, then
-/// the overlaps, then the pointed-at highlight on top when it is valid.
+/// What to paint in the block [blockStart, blockEnd), in the order of painting: the highlights that stand
+/// alone, then the overlaps, then the pointed-at highlight on top when it is valid.
 QVector<Stroke> strokesForBlock(const QList<Highlight>& highlights, const QList<QPair<int, int>>& overlaps,
                                 const Highlight& current, int blockStart, int blockEnd);
 

@@ -201,3 +201,14 @@ void KernovaTextEdit::setUnderline(int start, int end) {
 }
 
 #include "moc_KernovaTextEdit.cpp"
+
+bool KernovaTextEdit::event(QEvent* event) {
+    if (isReadOnly() && event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QQuickTextEdit::event(event);
+}

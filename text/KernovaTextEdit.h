@@ -13,8 +13,9 @@ class MemosModel;
 class QTextDocument;
 class SourceHighlighter;
 
-/// Shows and edits the text of an answer, or a window of it. It owns the painting of the coded passages and the models
-/// of the stripes and memos beside the text, and tells when text, highlights and memos are together.
+/// Shows and edits the text of an answer, or a window of it. It owns the painting of the coded passages and
+/// the models of the stripes and memos beside the text, and tells when text, highlights and memos are
+/// together.
 ///
 /// Main thread. Positions count from the start of the window.
 class KernovaTextEdit : public QQuickTextEdit, public TextGeometry {
@@ -36,8 +37,8 @@ public:
     explicit KernovaTextEdit(QQuickItem* parent = nullptr);
     ~KernovaTextEdit() override;
 
-    /// Shows an answer: emits `answerLoaded` when the text is there and the bars are empty, and again when both bars are
-    /// filled. Showing what is shown already only emits `answerLoaded`.
+    /// Shows an answer: emits `answerLoaded` when the text is there and the bars are empty, and again when
+    /// both bars are filled. Showing what is shown already only emits `answerLoaded`.
     Q_INVOKABLE void setAnswer(int questionId, int sourceId, const QString& answer, int offset);
 
     /// The text as it is stored, with bold, italic and underlined runs; all other formats are left out.
@@ -83,6 +84,10 @@ signals:
     void answerLoaded();
     /// The text of an editable item is there; its highlights and memos are to be handed over.
     void answerPreloaded();
+
+protected:
+    /// Leaves the keys of undo and redo to the program while the text can't be edited.
+    bool event(QEvent* event) override;
 
 private:
     struct PendingAnswer {

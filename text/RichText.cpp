@@ -40,7 +40,8 @@ void toggle(QTextDocument* document, int start, int end, const HasStyle& hasStyl
     cursor.beginEditBlock();
     cursor.setPosition(start);
     bool all = true;
-    while (all && cursor.position() < end && cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor))
+    while (all && cursor.position() < end &&
+           cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor))
         all = hasStyle(cursor.charFormat());
     cursor.setPosition(start);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
@@ -65,8 +66,8 @@ QTextCharFormat withUnderline(bool underline) {
 QString richTextFromDocument(QTextDocument* document) {
     QString text = document->toPlainText();
     const int defaultWeight = document->defaultFont().weight();
-    // Backward, so that an insertion never moves a position still to come. The iterator itself can't be trusted to go
-    // back over neighbours of one format.
+    // Backward, so that an insertion never moves a position still to come. The iterator itself can't be
+    // trusted to go back over neighbours of one format.
     for (QTextBlock block = document->lastBlock(); block.isValid(); block = block.previous()) {
         QVector<QTextFragment> fragments;
         for (QTextBlock::iterator it = block.begin(); it != block.end(); ++it) {

@@ -119,8 +119,8 @@ void SourceHighlighter::updateOverlaps() {
     m_overlaps = painting::markOverlaps(m_highlights);
 }
 
-/// Emitting the document's signal by hand makes the base class format just these blocks anew, and the item draw
-/// them: the cost of coding a passage doesn't depend on the length of the text.
+/// Emitting the document's signal by hand makes the base class format just these blocks anew, and the item
+/// draw them: the cost of coding a passage doesn't depend on the length of the text.
 void SourceHighlighter::repaint(int start, int end) {
     if (m_document)
         emit m_document->contentsChange(start, end - start, end - start);
@@ -218,8 +218,8 @@ void SourceHighlighter::highlightBlock(const QString& text) {
         format.setBackground(QBrush(stroke.background, Qt::SolidPattern));
         format.setForeground(QBrush(contrastFontColor(stroke.background), Qt::SolidPattern));
         setFormat(stroke.start, stroke.count, format);
-        qCDebug(logHighlighter).nospace() << "NO" << blockStart + stroke.start << '\t' << stroke.count << "\t("
-                                          << blockStart + stroke.start + stroke.count << ")";
+        qCDebug(logHighlighter).nospace() << "NO" << blockStart + stroke.start << '\t' << stroke.count
+                                          << "\t(" << blockStart + stroke.start + stroke.count << ")";
     }
 }
 

@@ -11,9 +11,9 @@
 class KRNFile;
 class KernovaTextEdit;
 
-/// Paints the coded passages of a text as backgrounds. The formats lie beside the document, so that painting touches
-/// neither its text nor its undo history. Overlapping passages get one colour of their own, in their whole extent; the
-/// passage that the user points at is painted on top, in its own colour.
+/// Paints the coded passages of a text as backgrounds. The formats lie beside the document, so that painting
+/// touches neither its text nor its undo history. Overlapping passages get one colour of their own, in their
+/// whole extent; the passage that the user points at is painted on top, in its own colour.
 ///
 /// Main thread. Positions are those of the target's document.
 class SourceHighlighter : public QSyntaxHighlighter {
@@ -22,7 +22,8 @@ class SourceHighlighter : public QSyntaxHighlighter {
     Q_PROPERTY(QObject* file READ file WRITE setFile NOTIFY fileChanged)
     Q_PROPERTY(int questionId READ questionId WRITE setQuestionId NOTIFY questionIdChanged)
     Q_PROPERTY(int sourceId READ sourceId WRITE setSourceId NOTIFY sourceIdChanged)
-    Q_PROPERTY(int currentHighlight READ currentHighlight WRITE setCurrentHighlight NOTIFY currentHighlightChanged)
+    Q_PROPERTY(
+        int currentHighlight READ currentHighlight WRITE setCurrentHighlight NOTIFY currentHighlightChanged)
     Q_PROPERTY(int offset READ offset WRITE setOffset NOTIFY offsetChanged)
     Q_PROPERTY(bool autoRefreshHighlights READ autoRefreshHighlights WRITE setAutoRefreshHighlights NOTIFY
                    autoRefreshHighlightsChanged)

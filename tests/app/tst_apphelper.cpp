@@ -104,7 +104,8 @@ void tst_AppHelper::theClipboardIsFollowed() {
     m_helper->setClipboardText(QStringLiteral("Q: three A: four"));
     QCOMPARE(changed.count(), 1);
     QVERIFY(m_helper->clipboardContainsText());
-    const QVariantList pairs = m_helper->importQuestionsFromClipboard(QStringLiteral("Q:"), QStringLiteral("A:"));
+    const QVariantList pairs =
+        m_helper->importQuestionsFromClipboard(QStringLiteral("Q:"), QStringLiteral("A:"));
     QCOMPARE(pairs.size(), 1);
     QCOMPARE(pairs.first().toMap().value(QStringLiteral("answer")).toString(), QStringLiteral("four"));
     QGuiApplication::clipboard()->clear();
@@ -144,7 +145,8 @@ void tst_AppHelper::newKernosLieOnTheCanvas() {
         const QRect allowed(0, 0, canvas.width() - qMax(1, canvas.width() / 5),
                             canvas.height() - qMax(1, canvas.height() / 8));
         for (int round = 0; round < 200; ++round) {
-            const QPoint point = m_helper->calculateNewKernoPosition(canvas.width(), canvas.height()).toPoint();
+            const QPoint point =
+                m_helper->calculateNewKernoPosition(canvas.width(), canvas.height()).toPoint();
             QVERIFY(allowed.contains(point));
         }
     }

@@ -29,7 +29,8 @@ private:
 
 namespace {
 
-const char* const contextNames[] = {"krnFile", "appHelper", "undoManager", "instantiator", "projectMerger", "idManager"};
+const char* const contextNames[] = {"krnFile",      "appHelper",     "undoManager",
+                                    "instantiator", "projectMerger", "idManager"};
 
 QObject* contextObject(Session& session, const char* name) {
     return session.engine().rootContext()->contextProperty(QString::fromLatin1(name)).value<QObject*>();
@@ -63,13 +64,23 @@ void tst_Session::namesAreSet() {
 
 void tst_Session::typesAreKnownByNameAndVersion_data() {
     QTest::addColumn<int>("minor");
-    const QVector<QPair<const char*, int>> types{
-        {"SourceHighlighter", 0},   {"KernovaTextEditBase", 2}, {"KernovaWindow", 2},
-        {"VariantListModel", 0},    {"KernovaQML", 0},          {"KernoProxyModel", 4},
-        {"KernoHierarchyModel", 4}, {"KernoOverlapModel", 4},   {"KernoShortcutKeyProxyModel", 4},
-        {"KernoComboBoxModel", 4},  {"SourceProxyModel", 4},    {"MetadataKeyModel", 4},
-        {"MetadataValueModel", 4},  {"SourceMetadataModel", 4}, {"FetchMoreListModel", 4},
-        {"AnswerModel", 4},         {"SourceMetadataValueComboBoxModelProxy", 4}};
+    const QVector<QPair<const char*, int>> types{{"SourceHighlighter", 0},
+                                                 {"KernovaTextEditBase", 2},
+                                                 {"KernovaWindow", 2},
+                                                 {"VariantListModel", 0},
+                                                 {"KernovaQML", 0},
+                                                 {"KernoProxyModel", 4},
+                                                 {"KernoHierarchyModel", 4},
+                                                 {"KernoOverlapModel", 4},
+                                                 {"KernoShortcutKeyProxyModel", 4},
+                                                 {"KernoComboBoxModel", 4},
+                                                 {"SourceProxyModel", 4},
+                                                 {"MetadataKeyModel", 4},
+                                                 {"MetadataValueModel", 4},
+                                                 {"SourceMetadataModel", 4},
+                                                 {"FetchMoreListModel", 4},
+                                                 {"AnswerModel", 4},
+                                                 {"SourceMetadataValueComboBoxModelProxy", 4}};
     for (const auto& type : types)
         QTest::newRow(type.first) << type.second;
 }
@@ -84,10 +95,11 @@ void tst_Session::typesAreKnownByNameAndVersion() {
 }
 
 void tst_Session::newerPropertiesOfBaseItemsAreReachable() {
-    QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
-                                      "KernovaTextEditBase { selectByKeyboard: true; padding: 2; wrapMode: "
-                                      "TextEdit.Wrap; activeFocusOnTab: true; property var doc: textDocument }")),
-             QString());
+    QCOMPARE(
+        problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
+                                 "KernovaTextEditBase { selectByKeyboard: true; padding: 2; wrapMode: "
+                                 "TextEdit.Wrap; activeFocusOnTab: true; property var doc: textDocument }")),
+        QString());
     QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
                                       "KernovaWindow { property bool a: active; opacity: 0.5; "
                                       "onWindowClosing: close.accepted = false; Item {} }")),
@@ -109,7 +121,8 @@ void tst_Session::everythingEndsInTheReverseOrder() {
     {
         Session session(*static_cast<KernovaApplication*>(qApp), m_file);
         const auto record = [&ended](QObject* object, const char* name) {
-            connect(object, &QObject::destroyed, object, [&ended, name] { ended << QString::fromLatin1(name); });
+            connect(object, &QObject::destroyed, object,
+                    [&ended, name] { ended << QString::fromLatin1(name); });
         };
         for (const char* name : {"undoManager", "appHelper", "instantiator", "projectMerger"})
             record(contextObject(session, name), name);

@@ -49,7 +49,8 @@ void tst_UpdateCheck::theServerIsAsked() {
             socket->disconnectFromHost();
         });
     });
-    QVERIFY(updatecheck::serverMatches(QUrl(QStringLiteral("http://127.0.0.1:%1/v").arg(server.serverPort()))));
+    QVERIFY(
+        updatecheck::serverMatches(QUrl(QStringLiteral("http://127.0.0.1:%1/v").arg(server.serverPort()))));
     QVERIFY2(asked.startsWith("GET /v HTTP/1.1\r\n"), asked.constData());
     QVERIFY(asked.contains("User-Agent: KernovaClient/2.5.3 Windows\r\n"));
     QVERIFY(asked.contains("Content-Type: application/json\r\n"));

@@ -35,19 +35,58 @@ void tst_QuestionParser::textsAreCutAtTheMarkers_data() {
     QTest::addColumn<QString>("question");
     QTest::addColumn<QString>("answer");
     QTest::addColumn<QString>("pairs");
-    QTest::newRow("two pairs") << "Q: one A: yes\nQ: two\nA: no\n" << "Q:" << "A:" << "one>yes|two>no";
-    QTest::newRow("text before the first") << "Intro A: x Q: a A: b" << "Q:" << "A:" << "a>b";
-    QTest::newRow("case counts") << "q: a A: b" << "Q:" << "A:" << "";
-    QTest::newRow("no answer marker") << "Q: a" << "Q:" << "A:" << "";
-    QTest::newRow("empty text") << "" << "Q:" << "A:" << "";
-    QTest::newRow("last question without an answer") << "Q: a A: b Q: c" << "Q:" << "A:" << "a>b";
-    QTest::newRow("two questions in a row") << "Q: a Q: b A: c" << "Q:" << "A:" << "a Q: b>c";
-    QTest::newRow("empty question") << "Q: A: text" << "Q:" << "A:" << "";
-    QTest::newRow("empty question between") << "Q: a A: b Q: A: c Q: d A: e" << "Q:" << "A:" << "a>b|d>e";
-    QTest::newRow("empty answer") << "Q: a A: Q: b A:" << "Q:" << "A:" << "a>|b>";
-    QTest::newRow("one string for both") << "* a * b * c * d" << "*" << "*" << "a>b|c>d";
-    QTest::newRow("one string, odd number") << "* a * b * c" << "*" << "*" << "a>b";
-    QTest::newRow("markers inside tags") << "<b>Q:</b> a <b>A:</b> b" << "Q:" << "A:" << "</b> a <b>></b> b";
+    QTest::newRow("two pairs") << "Q: one A: yes\nQ: two\nA: no\n"
+                               << "Q:"
+                               << "A:"
+                               << "one>yes|two>no";
+    QTest::newRow("text before the first") << "Intro A: x Q: a A: b"
+                                           << "Q:"
+                                           << "A:"
+                                           << "a>b";
+    QTest::newRow("case counts") << "q: a A: b"
+                                 << "Q:"
+                                 << "A:"
+                                 << "";
+    QTest::newRow("no answer marker") << "Q: a"
+                                      << "Q:"
+                                      << "A:"
+                                      << "";
+    QTest::newRow("empty text") << ""
+                                << "Q:"
+                                << "A:"
+                                << "";
+    QTest::newRow("last question without an answer") << "Q: a A: b Q: c"
+                                                     << "Q:"
+                                                     << "A:"
+                                                     << "a>b";
+    QTest::newRow("two questions in a row") << "Q: a Q: b A: c"
+                                            << "Q:"
+                                            << "A:"
+                                            << "a Q: b>c";
+    QTest::newRow("empty question") << "Q: A: text"
+                                    << "Q:"
+                                    << "A:"
+                                    << "";
+    QTest::newRow("empty question between") << "Q: a A: b Q: A: c Q: d A: e"
+                                            << "Q:"
+                                            << "A:"
+                                            << "a>b|d>e";
+    QTest::newRow("empty answer") << "Q: a A: Q: b A:"
+                                  << "Q:"
+                                  << "A:"
+                                  << "a>|b>";
+    QTest::newRow("one string for both") << "* a * b * c * d"
+                                         << "*"
+                                         << "*"
+                                         << "a>b|c>d";
+    QTest::newRow("one string, odd number") << "* a * b * c"
+                                            << "*"
+                                            << "*"
+                                            << "a>b";
+    QTest::newRow("markers inside tags") << "<b>Q:</b> a <b>A:</b> b"
+                                         << "Q:"
+                                         << "A:"
+                                         << "</b> a <b>></b> b";
 }
 
 void tst_QuestionParser::textsAreCutAtTheMarkers() {
@@ -67,7 +106,8 @@ void tst_QuestionParser::aWholeTextIsOnePair_data() {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("question");
     const QString hundred(100, QLatin1Char('x'));
-    QTest::newRow("short") << " a\nb " << " a\nb ";
+    QTest::newRow("short") << " a\nb "
+                           << " a\nb ";
     QTest::newRow("100 characters") << hundred << hundred;
     QTest::newRow("101 characters") << hundred + QLatin1Char('y') << hundred + QStringLiteral("...");
 }

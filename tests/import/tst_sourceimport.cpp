@@ -117,7 +117,8 @@ QStringList tst_SourceImport::sources() const {
             if (answer.sourceId() == source.id())
                 answers.insert(answer.questionId(), answer.plainAnswer());
         }
-        lines << source.title() + QStringLiteral(": ") + QStringList(answers.values()).join(QStringLiteral(" | "));
+        lines << source.title() + QStringLiteral(": ") +
+                     QStringList(answers.values()).join(QStringLiteral(" | "));
     }
     return lines;
 }

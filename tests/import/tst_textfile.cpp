@@ -36,7 +36,8 @@ void tst_TextFile::bytesAreReadAsText_data() {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("text");
     QTest::newRow("empty") << QByteArray() << QString();
-    QTest::newRow("UTF-8") << QByteArray("caf\xC3\xA9 \xF0\x9F\x98\x80") << QString::fromUtf8("caf\xC3\xA9 \xF0\x9F\x98\x80");
+    QTest::newRow("UTF-8") << QByteArray("caf\xC3\xA9 \xF0\x9F\x98\x80")
+                           << QString::fromUtf8("caf\xC3\xA9 \xF0\x9F\x98\x80");
     QTest::newRow("Windows line ends") << QByteArray("a\r\nb\r\n") << QStringLiteral("a\nb\n");
     QTest::newRow("blanks stay") << QByteArray("  a \t b\n\n") << QStringLiteral("  a \t b\n\n");
     QTest::newRow("markup stays") << QByteArray("1 < 2 <b>x") << QStringLiteral("1 < 2 <b>x");
@@ -63,7 +64,8 @@ void tst_TextFile::otherKindsAreRefused() {
 }
 
 void tst_TextFile::aMissingFileHasNoText() {
-    const textfile::Reading reading = textfile::read(QUrl::fromLocalFile(m_folder.filePath(QStringLiteral("none.txt"))));
+    const textfile::Reading reading =
+        textfile::read(QUrl::fromLocalFile(m_folder.filePath(QStringLiteral("none.txt"))));
     QVERIFY(reading.text.isEmpty());
     QVERIFY(reading.refusal.isEmpty());
 }
@@ -84,10 +86,14 @@ void tst_TextFile::aFolderOffersItsTextFilesByName() {
 void tst_TextFile::aTitleIsTheNameUpToTheLastDot_data() {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("title");
-    QTest::newRow("suffix") << "/x/Interview 1.txt" << "Interview 1";
-    QTest::newRow("dots") << "/x/a.b.txt" << "a.b";
-    QTest::newRow("no dot") << "/x/notes" << "notes";
-    QTest::newRow("odd characters") << "/x/50% #1?.txt" << "50% #1?";
+    QTest::newRow("suffix") << "/x/Interview 1.txt"
+                            << "Interview 1";
+    QTest::newRow("dots") << "/x/a.b.txt"
+                          << "a.b";
+    QTest::newRow("no dot") << "/x/notes"
+                            << "notes";
+    QTest::newRow("odd characters") << "/x/50% #1?.txt"
+                                    << "50% #1?";
 }
 
 void tst_TextFile::aTitleIsTheNameUpToTheLastDot() {

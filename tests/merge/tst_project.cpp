@@ -28,7 +28,8 @@ QString proofOf(const char* password) {
 Project projectWith(const QVariantMap& preferences) {
     QJsonArray list;
     for (auto it = preferences.cbegin(); it != preferences.cend(); ++it)
-        list.append(QJsonObject{{QStringLiteral("key"), it.key()}, {QStringLiteral("value"), it->toString()}});
+        list.append(
+            QJsonObject{{QStringLiteral("key"), it.key()}, {QStringLiteral("value"), it->toString()}});
     return Project({{QStringLiteral("name"), QStringLiteral("a.krn")},
                     {QStringLiteral("project_json"), QJsonObject{{QStringLiteral("preferences"), list}}}});
 }

@@ -30,8 +30,8 @@ const QColor red(200, 0, 0);
 QList<Highlight> highlightsAt(const Ranges& ranges) {
     QList<Highlight> list;
     for (const auto& range : ranges) {
-        list.append(Highlight(list.size() + 1, 1, 1, 1, red, range.first, range.second - range.first, range.second, {},
-                              {}, 0, 0, 0, false));
+        list.append(Highlight(list.size() + 1, 1, 1, 1, red, range.first, range.second - range.first,
+                              range.second, {}, {}, 0, 0, 0, false));
     }
     std::sort(list.begin(), list.end(), highlightLessThan);
     return list;
@@ -93,8 +93,10 @@ void tst_HighlightPainting::strokesAreClippedToTheBlock() {
     for (const painting::Stroke& stroke : painting::strokesForBlock(list, overlaps, Highlight(), 10, 20)) {
         const bool isOverlap = stroke.background == painting::overlapColor();
         QVERIFY(isOverlap || stroke.background == red);
-        strokes << QStringLiteral("%1+%2 %3").arg(stroke.start).arg(stroke.count).arg(
-            QLatin1String(isOverlap ? "overlap" : "red"));
+        strokes << QStringLiteral("%1+%2 %3")
+                       .arg(stroke.start)
+                       .arg(stroke.count)
+                       .arg(QLatin1String(isOverlap ? "overlap" : "red"));
     }
     QTEST(strokes.join(QStringLiteral(", ")), "strokes");
 }

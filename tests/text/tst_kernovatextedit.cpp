@@ -87,8 +87,10 @@ QString tst_KernovaTextEdit::painted() const {
         QString letters(block.length() - 1, QLatin1Char('.'));
         for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
             const QColor background = range.format.background().color();
-            const char letter = background == red ? 'r' : background == green ? 'g'
-                              : background == painting::overlapColor() ? 'o' : '?';
+            const char letter = background == red                        ? 'r'
+                                : background == green                    ? 'g'
+                                : background == painting::overlapColor() ? 'o'
+                                                                         : '?';
             if (range.format.foreground().color() != contrastFontColor(background))
                 return QStringLiteral("wrong text colour");
             letters.replace(range.start, range.length, QString(range.length, QLatin1Char(letter)));

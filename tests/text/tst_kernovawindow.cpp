@@ -31,7 +31,8 @@ void tst_KernovaWindow::resizingLastsUntilItSettles() {
 void tst_KernovaWindow::aCloseCanBeRefused() {
     KernovaWindow window;
     bool accept = false;
-    connect(&window, &KernovaWindow::windowClosing, [&](QQuickCloseEvent* close) { close->setAccepted(accept); });
+    connect(&window, &KernovaWindow::windowClosing,
+            [&](QQuickCloseEvent* close) { close->setAccepted(accept); });
     QCloseEvent refused;
     QCoreApplication::sendEvent(&window, &refused);
     QVERIFY(!refused.isAccepted());

@@ -32,15 +32,25 @@ Q_DECLARE_METATYPE(Toggle)
 void tst_RichText::onlyThreeStylesAreWritten_data() {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("text");
-    QTest::newRow("plain") << "one two" << "one two";
-    QTest::newRow("paragraphs") << "<p>one</p><p>two</p>" << "one\ntwo";
-    QTest::newRow("bold in the middle") << "a<b>bc</b>d" << "a<b>bc</b>d";
-    QTest::newRow("all three nest") << "<u><i><b>x</b></i></u>" << "<b><i><u>x</u></i></b>";
-    QTest::newRow("runs that share a style") << "<b>a<i>b</i></b>" << "<b>a</b><b><i>b</i></b>";
-    QTest::newRow("several paragraphs") << "<p><b>a</b></p><p>b <i>c</i> d</p>" << "<b>a</b>\nb <i>c</i> d";
-    QTest::newRow("colour and links are lost") << "<a href=\"x\" style=\"color:red;text-decoration:none\">a</a>" << "a";
-    QTest::newRow("nothing is escaped") << "a &lt; b &amp; c" << "a < b & c";
-    QTest::newRow("empty") << "" << "";
+    QTest::newRow("plain") << "one two"
+                           << "one two";
+    QTest::newRow("paragraphs") << "<p>one</p><p>two</p>"
+                                << "one\ntwo";
+    QTest::newRow("bold in the middle") << "a<b>bc</b>d"
+                                        << "a<b>bc</b>d";
+    QTest::newRow("all three nest") << "<u><i><b>x</b></i></u>"
+                                    << "<b><i><u>x</u></i></b>";
+    QTest::newRow("runs that share a style") << "<b>a<i>b</i></b>"
+                                             << "<b>a</b><b><i>b</i></b>";
+    QTest::newRow("several paragraphs") << "<p><b>a</b></p><p>b <i>c</i> d</p>"
+                                        << "<b>a</b>\nb <i>c</i> d";
+    QTest::newRow("colour and links are lost")
+        << "<a href=\"x\" style=\"color:red;text-decoration:none\">a</a>"
+        << "a";
+    QTest::newRow("nothing is escaped") << "a &lt; b &amp; c"
+                                        << "a < b & c";
+    QTest::newRow("empty") << ""
+                           << "";
 }
 
 void tst_RichText::onlyThreeStylesAreWritten() {
@@ -64,7 +74,8 @@ void tst_RichText::aStyleIsToggledOverTheWholeRange_data() {
     QTest::newRow("part of a bold run") << &toggleBold << "<b>abc</b>" << 1 << 2 << "<b>a</b>b<b>c</b>";
     QTest::newRow("empty range") << &toggleBold << "abc" << 1 << 1 << "abc";
     QTest::newRow("beyond the end") << &toggleBold << "abc" << 0 << 3 << "<b>abc</b>";
-    QTest::newRow("over paragraphs") << &toggleItalic << "<p>ab</p><p>cd</p>" << 1 << 4 << "a<i>b</i>\n<i>c</i>d";
+    QTest::newRow("over paragraphs") << &toggleItalic << "<p>ab</p><p>cd</p>" << 1 << 4
+                                     << "a<i>b</i>\n<i>c</i>d";
     QTest::newRow("italic off") << &toggleItalic << "<i>ab</i>" << 0 << 2 << "ab";
     QTest::newRow("underline") << &toggleUnderline << "ab" << 0 << 1 << "<u>a</u>b";
     QTest::newRow("underline off") << &toggleUnderline << "<u>ab</u>" << 0 << 2 << "ab";

@@ -4,6 +4,7 @@
 #include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"
 
+#include <QDir>
 #include <QFontDatabase>
 #include <QQuickWindow>
 #include <QTest>
@@ -45,7 +46,8 @@ void tst_Startup::theScreensAppear() {
     }));
     const QImage picture = shownWindows().first()->grabWindow();
     QVERIFY(picture.width() > 200 && picture.height() > 200);
-    QVERIFY(picture.save(QCoreApplication::applicationDirPath() + QStringLiteral("/startup.png")));
+    QVERIFY(QDir().mkpath(QStringLiteral(KERNOVA_SCREENSHOTS)));
+    QVERIFY(picture.save(QStringLiteral(KERNOVA_SCREENSHOTS "/startup.png")));
 }
 
 void tst_Startup::theFontsAreTheProgramsOwn() {
