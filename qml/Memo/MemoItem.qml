@@ -117,14 +117,8 @@ Item {
             anchors.fill: parent
             hoverEnabled: true
             acceptedButtons: Qt.LeftButton | Qt.RightButton
-            onEntered: {
-                if (!_text.activeFocus)
-                    CentralManager.currentMemoId = root.memoId
-            }
-            onExited: {
-                if (!_text.activeFocus)
-                    CentralManager.currentMemoId = -1
-            }
+            onEntered: CentralManager.currentMemoId = root.memoId
+            onExited: CentralManager.currentMemoId = -1
             onClicked: {
                 if (mouse.button === Qt.RightButton)
                     root.menuRequested()
