@@ -63,7 +63,10 @@ protected:
     bool lessThan(const QModelIndex& left, const QModelIndex& right) const override {
         if (!manualSort())
             return BaseProxyModelWithManualSortBase::lessThan(left, right);
-        return order().lessThan(idAt(left.row()), idAt(right.row()));
+        const int leftPlace = order().place(idAt(left.row()));
+        const int rightPlace = order().place(idAt(right.row()));
+        // Rows without a place keep the order of the source.
+        return leftPlace != rightPlace ? leftPlace < rightPlace : left.row() < right.row();
     }
 
 private:

@@ -45,16 +45,23 @@ QHash<int, QByteArray> FetchMoreListModel::roleNames() const {
 }
 
 bool FetchMoreListModel::canFetchMore(const QModelIndex& parent) const {
-    return !parent.isValid() && m_source && m_shownCount < m_source->rowCount();
+    return !parent.isValid() && !m_announcing && m_source && m_shownCount < m_source->rowCount();
 }
 
 void FetchMoreListModel::fetchMore(const QModelIndex& parent) {
     if (!canFetchMore(parent))
         return;
     const int added = qMin(m_source->rowCount() - m_shownCount, batchSize);
-    beginInsertRows({}, m_shownCount, m_shownCount + added - 1);
-    m_shownCount += added;
+    showRows(m_shownCount + added);
+}
+
+// A listener may ask for more while it is told of a change; that change has to end first.
+void FetchMoreListModel::showRows(int count) {
+    m_announcing = true;
+    beginInsertRows({}, m_shownCount, count - 1);
+    m_shownCount = count;
     endInsertRows();
+    m_announcing = false;
 }
 
 void FetchMoreListModel::resync() {
@@ -67,9 +74,7 @@ void FetchMoreListModel::resync() {
         return;
     }
     if (target > old) {
-        beginInsertRows({}, old, target - 1);
-        m_shownCount = target;
-        endInsertRows();
+        showRows(target);
     } else if (target < old) {
         beginRemoveRows({}, target, old - 1);
         m_shownCount = target;

@@ -28,7 +28,9 @@ signals:
 private:
     int firstBatch() const;
     void resync();
+    void showRows(int count);
 
     QPointer<QAbstractItemModel> m_source;
     int m_shownCount = 0;
+    bool m_announcing = false;
 };

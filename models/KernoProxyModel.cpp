@@ -62,6 +62,13 @@ bool KernoProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex&) const 
     return records() && records()->parentIdAt(sourceRow) == m_parentKernoId;
 }
 
+bool KernoProxyModel::lessThan(const QModelIndex& left, const QModelIndex& right) const {
+    // Without a role all rows are equal, and one that comes back through the filter would land anywhere.
+    if (!manualSort() && sortRole() == 0)
+        return left.row() < right.row();
+    return BaseProxyModelWithManualSortOrder::lessThan(left, right);
+}
+
 int KernoProxyModel::idAt(int sourceRow) const {
     return records() ? records()->kernoIdAt(sourceRow) : Kerno().id();
 }

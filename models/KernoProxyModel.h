@@ -47,6 +47,7 @@ signals:
 
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const override;
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
     int idAt(int sourceRow) const override;
 
 private slots:

@@ -17,10 +17,3 @@ private:
     QList<int> m_ids;
     QHash<int, int> m_places;
 };
-
-namespace manualsort {
-
-/// `held` without the ids that are no longer present, followed by the present ones that it lacks.
-QList<int> updated(const QList<int>& held, const QList<int>& present);
-
-}  // namespace manualsort

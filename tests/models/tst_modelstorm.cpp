@@ -1,0 +1,424 @@
+#include "FakeProject.h"
+#include "models/ComboBoxProxyModel.h"
+#include "models/FetchMoreListModel.h"
+#include "models/KernoHierarchyModel.h"
+#include "models/KernoOverlapModel.h"
+#include "models/KernoProxyModel.h"
+#include "models/KernoShortcutKeyProxyModel.h"
+#include "models/ModelDelays.h"
+#include "models/QuestionAnswerProxyModel.h"
+#include "models/SourceMetadataProxyModels.h"
+#include "models/SourceProxyModel.h"
+#include "tests_support/TestMain.h"
+#include "tests_support/WaitFor.h"
+
+#include <QAbstractItemModelTester>
+#include <QIdentityProxyModel>
+#include <QJsonDocument>
+#include <QLoggingCategory>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+
+namespace {
+
+constexpr int ids = 12;
+constexpr int steps = 1500;
+
+/// A combo box answers every role of its first row with a text, also those where a view expects a size.
+class OwnRolesOnly : public QIdentityProxyModel {
+public:
+    explicit OwnRolesOnly(QAbstractItemModel* model) { setSourceModel(model); }
+    QVariant data(const QModelIndex& index, int role) const override {
+        return role > Qt::UserRole ? QIdentityProxyModel::data(index, role) : QVariant();
+    }
+};
+
+/// Every view over the models that a screen can make, each under a tester of its own.
+class Views {
+public:
+    Views() {
+        watch(&topLevel);
+        watch(&children);
+        children.setParentKernoId(1);
+        children.setSortType(KernoProxyModel::ByTitleDescending);
+        watch(&manual);
+        manual.setManualSort(true);
+        manual.setManualSortOrder({3, 1, 4, 2, 9, 5});
+        hierarchy.setKernoId(1);
+        watch(&hierarchy);
+        overlap.setKernoId(2);
+        watch(&overlap);
+        watch(&combo);
+        watch(&shownKernos);
+        watch(&sources);
+        sources.setSortMode(3);
+        answers.setSourceId(2);
+        watch(&answers);
+        watch(&keys);
+        keys.setSortType(SourceMetadataKeyProxyModel::SortAlphaNumericAscending);
+        values.setKeyId(2);
+        values.setSortAlphabetically(true);
+        watch(&values);
+        watch(&valueChoices);
+        links.setSourceId(2);
+        links.setKeyId(2);
+        watch(&links);
+        watch(&shortcuts);
+        some.setSourceModel(&topLevel);
+        watch(&some);
+    }
+
+    KernoProxyModel topLevel;
+    KernoProxyModel children;
+    KernoProxyModel manual;
+    KernoHierarchyModel hierarchy;
+    KernoOverlapModel overlap;
+    KernoComboBoxModel kernoChoices;
+    OwnRolesOnly combo{&kernoChoices};
+    KernoComboBoxModel shownKernosSource;
+    OwnRolesOnly shownKernos{&shownKernosSource};
+    SourceProxyModel sources;
+    QuestionAnswerProxyModel answers;
+    SourceMetadataKeyProxyModel keys;
+    SourceMetadataValueProxyModel values;
+    SourceMetadataValueComboBoxProxyModel valueRows;
+    OwnRolesOnly valueChoices{&valueRows};
+    SourceMetadataProxyModel links;
+    KernoShortcutKeyProxyModel shortcuts;
+    FetchMoreListModel some;
+
+private:
+    void watch(QAbstractItemModel* model) {
+        testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
+    }
+    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
+};
+
+/// Each row as text, all roles in it.
+QStringList rows(const QAbstractItemModel& model) {
+    QStringList all;
+    const QHash<int, QByteArray> names = model.roleNames();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        QVariantMap map;
+        for (auto name = names.cbegin(); name != names.cend(); ++name)
+            map.insert(QString::fromUtf8(name.value()), model.index(row, 0).data(name.key()));
+        all << QString::fromUtf8(QJsonDocument::fromVariant(map).toJson(QJsonDocument::Compact));
+    }
+    return all;
+}
+
+QJsonObject wireForm(const QVariantMap& byRole, const QMap<int, FieldDescriptor>& fields) {
+    QJsonObject json;
+    for (const FieldDescriptor& field : fields) {
+        const QVariant value = byRole.value(field.roleName);
+        if (field.localOnly)
+            continue;
+        if (value.userType() == QMetaType::QColor)
+            json.insert(field.wireName, value.value<QColor>().name());
+        else if (value.userType() == QMetaType::QDateTime)
+            json.insert(field.wireName, value.toDateTime().toString(Qt::ISODate));
+        else
+            json.insert(field.wireName, QJsonValue::fromVariant(value));
+    }
+    return json;
+}
+
+template <typename T> QVariantMap storedFields(const T& record) {
+    return record.toVariantMap();
+}
+
+template <> QVariantMap storedFields(const QuestionAnswer& answer) {
+    QVariantMap map = answer.toVariantMap();
+    map.insert(QStringLiteral("answer"), answer.storedAnswer());
+    return map;
+}
+
+/// What a service would hold: the records by key, and the order of their first save.
+template <typename Model> class Stored {
+public:
+    using T = typename Model::RecordType;
+    using Key = decltype(T().id());
+
+    /// `place` gives what a list is sorted by; without it, records stand in the order of their first save.
+    Stored(Model* live, std::function<T(QRandomGenerator&)> randomRecord,
+           std::function<int(const T&)> place = [](const T&) { return 0; })
+        : m_live(live), m_random(std::move(randomRecord)), m_place(std::move(place)) {}
+
+    void step(QRandomGenerator& random) {
+        switch (random.bounded(6)) {
+        case 0: {
+            const T record = m_random(random);
+            const bool known = m_records.contains(record.id());
+            m_records.remove(record.id());
+            m_order.removeAll(record.id());
+            QCOMPARE(m_live->removeByKey(record.id()), known);
+            break;
+        }
+        case 1: {
+            QJsonArray batch;
+            for (int i = 0; i < 4; ++i) {
+                const T record = m_random(random);
+                store(record);
+                batch.append(wireForm(storedFields(record), T::descriptors()));
+            }
+            m_live->setFromJson(batch);
+            break;
+        }
+        default: {
+            const T record = m_random(random);
+            store(record);
+            m_live->addOrUpdate(record);
+        }
+        }
+    }
+
+    QList<T> list() const {
+        QList<T> all;
+        for (const Key& key : m_order)
+            all << m_records.value(key);
+        std::stable_sort(all.begin(), all.end(),
+                         [this](const T& a, const T& b) { return m_place(a) < m_place(b); });
+        return all;
+    }
+    void fill(Model* model) const {
+        if (!model)
+            model = m_live;
+        model->setData(list());
+    }
+    /// Each key leads to its row.
+    void checkKeys() const {
+        QCOMPARE(m_live->rowCount(), m_records.size());
+        for (const Key& key : m_order)
+            QCOMPARE(m_live->at(m_live->indexOfKey(key)).id(), key);
+    }
+
+private:
+    void store(const T& record) {
+        if (!m_records.contains(record.id()))
+            m_order << record.id();
+        m_records.insert(record.id(), record);
+    }
+
+    Model* m_live;
+    std::function<T(QRandomGenerator&)> m_random;
+    std::function<int(const T&)> m_place;
+    QMap<Key, T> m_records;
+    QList<Key> m_order;
+};
+
+int anId(QRandomGenerator& random) {
+    return 1 + random.bounded(ids);
+}
+
+QString aText(QRandomGenerator& random, int id) {
+    return QStringLiteral("%1-%2").arg(random.bounded(100)).arg(id);
+}
+
+const QString author = QStringLiteral("Ann");
+const QDateTime time = QDateTime::fromString(QStringLiteral("2024-05-01T10:00:00Z"), Qt::ISODate);
+
+/// The stored records of all models.
+struct Service {
+    explicit Service(FakeProject& p)
+        : kernos(p.kernos.get(),
+                 [](QRandomGenerator& r) {
+                     const int id = anId(r);
+                     // Parents have lower ids, so that there is no circle.
+                     const int parent = r.bounded(2) && id > 1 ? 1 + r.bounded(id - 1) : -1;
+                     return Kerno(id, parent, r.bounded(2) ? Qt::red : Qt::blue, aText(r, id), {}, time, author, 1, 1);
+                 }),
+          sources(p.sources.get(),
+                  [](QRandomGenerator& r) {
+                      const int id = anId(r);
+                      return Source(id, aText(r, id), QString(), author, time);
+                  }),
+          questions(p.questions.get(),
+                    [](QRandomGenerator& r) {
+                        const int id = anId(r);
+                        return Question(id, aText(r, id), r.bounded(1000) * 16 + id);
+                    },
+                    [](const Question& question) { return question.questionOrder(); }),
+          answers(p.answers.get(),
+                  [](QRandomGenerator& r) {
+                      const int id = anId(r);
+                      return QuestionAnswer(id, 1 + id % 4, 1 + id % 3, author, aText(r, id), time);
+                  }),
+          keys(p.keys.get(),
+               [](QRandomGenerator& r) {
+                   const int id = anId(r);
+                   return SourceMetadataKey(id, r.bounded(2), r.bounded(2), aText(r, id));
+               }),
+          values(p.values.get(),
+                 [](QRandomGenerator& r) {
+                     const int id = anId(r);
+                     return SourceMetadataValue(id, 1 + r.bounded(3), aText(r, id));
+                 }),
+          links(p.links.get(),
+                [](QRandomGenerator& r) {
+                    return SourceMetadata(anId(r), 1 + r.bounded(3), 1 + r.bounded(3), anId(r), author, time);
+                }),
+          groups(p.groups.get(),
+                 [](QRandomGenerator& r) {
+                     const int id = anId(r);
+                     return Group(id, aText(r, id), true);
+                 },
+                 [](const Group& group) { return group.groupId(); }),
+          kernoGroups(p.kernoGroups.get(),
+                      [](QRandomGenerator& r) { return KernoGroup(anId(r), 1 + r.bounded(4), 1 + r.bounded(4)); }),
+          shortcuts(p.shortcuts.get(),
+                    [](QRandomGenerator& r) {
+                        return KernoShortcutKey(QString(QLatin1Char(static_cast<char>('A' + r.bounded(6)))), anId(r),
+                                                QString());
+                    }),
+          chat(p.chat.get(), [](QRandomGenerator& r) { return ChatMessage(anId(r), aText(r, 1), author, time); }) {}
+
+    template <typename Visit> void each(Visit visit) {
+        visit(kernos);
+        visit(sources);
+        visit(questions);
+        visit(answers);
+        visit(keys);
+        visit(values);
+        visit(links);
+        visit(groups);
+        visit(kernoGroups);
+        visit(shortcuts);
+        visit(chat);
+    }
+
+    Stored<KernoModel> kernos;
+    Stored<SourceModel> sources;
+    Stored<QuestionModel> questions;
+    Stored<QuestionAnswerMainModel> answers;
+    Stored<SourceMetadataKeyModel> keys;
+    Stored<SourceMetadataValueModel> values;
+    Stored<SourceMetadataModel> links;
+    Stored<GroupModel> groups;
+    Stored<KernoGroupModel> kernoGroups;
+    Stored<KernoShortcutKeyModel> shortcuts;
+    Stored<ChatModel> chat;
+};
+
+}  // namespace
+
+/// All models and views through one random storm of notifications, batches and reopenings: the views' contract holds
+/// at every step, and the end state is that of a fresh fetch.
+class tst_ModelStorm : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theEndStateIsThatOfAFreshFetch_data();
+    void theEndStateIsThatOfAFreshFetch();
+};
+
+void tst_ModelStorm::initTestCase() {
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+    modelDelays().comboBox = 1;
+    modelDelays().hierarchy = 1;
+    modelDelays().codingStats = 1;
+}
+
+void tst_ModelStorm::theEndStateIsThatOfAFreshFetch_data() {
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 4; ++seed)
+        QTest::newRow(QByteArray::number(seed).constData()) << seed;
+}
+
+void tst_ModelStorm::theEndStateIsThatOfAFreshFetch() {
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
+    const auto overlaps = [](int a, int b) { return (a * b) % 7; };
+
+    auto live = std::make_unique<FakeProject>();
+    live->overlap = overlaps;
+    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
+    for (QAbstractItemModel* model :
+         QList<QAbstractItemModel*>{live->kernos.get(), live->sources.get(), live->questions.get(),
+                                    live->answers.get(), live->keys.get(), live->values.get(), live->links.get(),
+                                    live->groups.get(), live->kernoGroups.get(), live->shortcuts.get(),
+                                    live->chat.get()})
+        testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
+    Service service(*live);
+    Views views;
+    views.valueRows.setSourceModel(&views.values);
+
+    for (int step = 0; step < steps; ++step) {
+        const quint32 which = random.bounded(11u);
+        quint32 i = 0;
+        service.each([&](auto& stored) {
+            if (i++ == which)
+                stored.step(random);
+        });
+        if (step % 97 == 0) {
+            views.children.setParentKernoId(anId(random));
+            views.hierarchy.setKernoId(anId(random));
+            views.answers.setSourceId(1 + random.bounded(3));
+            views.manual.setManualSortOrder({anId(random), anId(random), anId(random)});
+        }
+        if (step % 211 == 0) {
+            emit live->fileClosed();
+            service.each([](auto& stored) { stored.fill(nullptr); });
+            emit live->kernoUpdated(1);
+        }
+        if (step % 31 == 0) {
+            for (int kernoId = 1; kernoId <= ids; ++kernoId)
+                emit live->kernoUpdated(kernoId);
+            QCoreApplication::processEvents();
+        }
+        if (QTest::currentTestFailed())
+            return;
+    }
+    service.each([](auto& stored) { stored.checkKeys(); });
+
+    // A second project that fetched everything at once, with the same views.
+    FakeProject fresh;
+    fresh.overlap = overlaps;
+    fresh.kernos->setData(service.kernos.list());
+    fresh.sources->setData(service.sources.list());
+    fresh.questions->setData(service.questions.list());
+    fresh.answers->setData(service.answers.list());
+    fresh.keys->setData(service.keys.list());
+    fresh.values->setData(service.values.list());
+    fresh.links->setData(service.links.list());
+    fresh.groups->setData(service.groups.list());
+    fresh.kernoGroups->setData(service.kernoGroups.list());
+    fresh.shortcuts->setData(service.shortcuts.list());
+    fresh.chat->setData(service.chat.list());
+    Views expected;
+    expected.children.setParentKernoId(views.children.parentKernoId());
+    expected.hierarchy.setKernoId(views.hierarchy.kernoId());
+    expected.answers.setSourceId(views.answers.sourceId());
+    expected.manual.setManualSortOrder(views.manual.manualSortOrder());
+    expected.valueRows.setSourceModel(&expected.values);
+
+    QCOMPARE(rows(*live->kernos), rows(*fresh.kernos));
+    QCOMPARE(rows(*live->sources), rows(*fresh.sources));
+    QCOMPARE(rows(*live->questions), rows(*fresh.questions));
+    QCOMPARE(rows(*live->answers), rows(*fresh.answers));
+    QCOMPARE(rows(*live->keys), rows(*fresh.keys));
+    QCOMPARE(rows(*live->values), rows(*fresh.values));
+    QCOMPARE(rows(*live->links), rows(*fresh.links));
+    QCOMPARE(rows(*live->groups), rows(*fresh.groups));
+    QCOMPARE(rows(*live->kernoGroups), rows(*fresh.kernoGroups));
+    QCOMPARE(rows(*live->shortcuts), rows(*fresh.shortcuts));
+    QCOMPARE(rows(*live->chat), rows(*fresh.chat));
+
+    QCOMPARE(rows(views.topLevel), rows(expected.topLevel));
+    QCOMPARE(rows(views.children), rows(expected.children));
+    QCOMPARE(idsOf(views.manual), idsOf(expected.manual));
+    QVERIFY(waitFor([&] { return rows(views.hierarchy) == rows(expected.hierarchy); }));
+    QVERIFY(waitFor([&] { return idsOf(views.overlap, KernoOverlapModel::OverlapsRole) ==
+                                 idsOf(expected.overlap, KernoOverlapModel::OverlapsRole); }));
+    QVERIFY(waitFor([&] { return rows(views.combo) == rows(expected.combo); }));
+    QCOMPARE(rows(views.sources), rows(expected.sources));
+    QVERIFY(waitFor([&] { return rows(views.answers) == rows(expected.answers); }));
+    QCOMPARE(rows(views.keys), rows(expected.keys));
+    QCOMPARE(rows(views.values), rows(expected.values));
+    QCOMPARE(rows(views.valueRows), rows(expected.valueRows));
+    QCOMPARE(rows(views.links), rows(expected.links));
+    QCOMPARE(rows(views.shortcuts), rows(expected.shortcuts));
+}
+
+KERNOVA_GUI_TEST_MAIN(tst_ModelStorm)
+#include "tst_modelstorm.moc"
