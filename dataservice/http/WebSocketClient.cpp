@@ -1,7 +1,6 @@
 #include "http/WebSocketClient.h"
 
-#include "protocol/FrameText.h"
-
+#include <array>
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/post.hpp>
 
@@ -79,7 +78,7 @@ void WebSocketClient::requestsTaken() {
         read();
 }
 
-void WebSocketClient::send(const QByteArray& frame) {
+void WebSocketClient::send(const frametext::Frame& frame) {
     if (!m_open)
         return;
     m_unsent.push_back(frame);
@@ -91,8 +90,13 @@ void WebSocketClient::send(const QByteArray& frame) {
 }
 
 void WebSocketClient::write() {
-    const QByteArray& frame = m_unsent.front();
-    m_stream.async_write(boost::asio::buffer(frame.constData(), static_cast<size_t>(frame.size())),
+    using boost::asio::buffer;
+    const frametext::Frame& frame = m_unsent.front();
+    const std::array<boost::asio::const_buffer, 3> parts{
+        buffer(frame.head.constData(), static_cast<size_t>(frame.head.size())),
+        buffer(frame.payload.constData(), static_cast<size_t>(frame.payload.size())),
+        buffer(frametext::Frame::tail, sizeof(frametext::Frame::tail) - 1)};
+    m_stream.async_write(parts,
                          [me = self()](beast::error_code error, size_t) {
                              const bool wasCongested = me->isCongested();
                              me->m_unsentBytes -= me->m_unsent.front().size();

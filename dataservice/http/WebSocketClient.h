@@ -18,7 +18,7 @@ public:
     /// Answers the upgrade request and begins to read.
     void accept(const boost::beast::http::request<boost::beast::http::empty_body>& request);
 
-    void send(const QByteArray& frame) override;
+    void send(const frametext::Frame& frame) override;
     bool isCongested() const override;
     void requestsTaken() override;
 
@@ -42,7 +42,7 @@ private:
     Dispatcher& m_dispatcher;
     Stream m_stream;
     boost::beast::flat_buffer m_buffer;
-    std::deque<QByteArray> m_unsent;
+    std::deque<frametext::Frame> m_unsent;
     qint64 m_unsentBytes = 0;
     qint64 m_pendingBytes = 0;
     bool m_open = false;

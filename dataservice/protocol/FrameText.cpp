@@ -34,14 +34,14 @@ Reading read(const QByteArray& bytes) {
     return reading;
 }
 
-QByteArray write(int messageId, bool ok, const QByteArray& payload) {
+Frame write(int messageId, bool ok, const QByteArray& payload) {
     JsonWriter json;
     json.beginObject();
     if (messageId > 0)
         json.key(QStringLiteral("msg_id")).value(wire::messageIdText(messageId));
     json.key(QStringLiteral("status")).value(ok ? statusOk : statusRefused);
-    json.key(QStringLiteral("json_data")).raw(payload).endObject();
-    return json.take();
+    json.key(QStringLiteral("json_data"));
+    return {json.take(), payload};
 }
 
 }  // namespace frametext

@@ -18,7 +18,17 @@ struct Reading {
 
 Reading read(const QByteArray& bytes);
 
+/// A frame on its way out, in the parts that it is sent as. The payload may be long and is shared by all who get it.
+struct Frame {
+    QByteArray head;
+    QByteArray payload;
+
+    /// What stands after the payload.
+    static constexpr char tail[] = "}";
+    qint64 size() const { return qint64(head.size()) + payload.size() + 1; }
+};
+
 /// A reply with its number, or a notification when `messageId` is 0. `payload` is a JSON object.
-QByteArray write(int messageId, bool ok, const QByteArray& payload);
+Frame write(int messageId, bool ok, const QByteArray& payload);
 
 }  // namespace frametext

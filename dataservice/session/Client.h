@@ -1,5 +1,6 @@
 #pragma once
 
+#include "protocol/FrameText.h"
 #include "wire/AccessLevel.h"
 
 #include <QByteArray>
@@ -14,7 +15,7 @@ public:
     virtual ~Client() = default;
 
     /// Hands a frame to the connection, which sends it in its own time.
-    virtual void send(const QByteArray& frame) = 0;
+    virtual void send(const frametext::Frame& frame) = 0;
 
     /// Whether so much waits to be sent that no further requests of this client should be answered now.
     virtual bool isCongested() const = 0;

@@ -88,7 +88,7 @@ void ProjectSession::deliver(const Task& task) {
     task.client->send(frametext::write(task.request.messageId, answer.ok(), answer.payload));
     if (!answer.notifies || m_clients.size() < 2)
         return;
-    const QByteArray notification = frametext::write(0, true, answer.payload);
+    const frametext::Frame notification = frametext::write(0, true, answer.payload);
     for (const std::shared_ptr<Client>& other : m_clients) {
         if (other != task.client)
             other->send(notification);
@@ -96,7 +96,7 @@ void ProjectSession::deliver(const Task& task) {
 }
 
 void ProjectSession::announceCount() {
-    const QByteArray frame =
+    const frametext::Frame frame =
         frametext::write(0, true, connectionCountPayload(static_cast<int>(m_clients.size())));
     for (const std::shared_ptr<Client>& client : m_clients)
         client->send(frame);
