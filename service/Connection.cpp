@@ -14,8 +14,10 @@ Connection::Connection(const LinkTimings& timings, QObject* parent)
       m_webSocketHandler(new WebSocketHandler(timings)),
       m_waiter(new Waiter(m_webSocketHandler, m_httpHandler, this)) {
     qRegisterMetaType<Message>();
-    // Both this thread and the network thread make a network access manager, and each would register this one.
+    // HTTP calls run on this thread and on the network thread; both would register these types at the same time.
     qRegisterMetaType<QList<QSslError>>();
+    qRegisterMetaType<QPair<QByteArray, QByteArray>>();
+    qRegisterMetaType<QList<QPair<QByteArray, QByteArray>>>();
     m_thread.setObjectName(QStringLiteral("network"));
     m_httpHandler->moveToThread(&m_thread);
     m_webSocketHandler->moveToThread(&m_thread);

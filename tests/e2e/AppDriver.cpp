@@ -1,0 +1,288 @@
+#include "AppDriver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCursor>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QQuickWindow>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+constexpr int pollMs = 10;
+constexpr int attemptMs = 50;
+constexpr int frameLimitMs = 2000;
+constexpr int focusLimitMs = 2000;
+constexpr int dragSteps = 12;
+
+bool canBeClicked(const QQuickItem* item) {
+    return item->isVisible() && item->isEnabled() && item->opacity() > 0.01 && item->width() > 0 && item->height() > 0;
+}
+
+bool reads(const QQuickItem* item, const QString& text) {
+    for (const char* property : {"text", "title", "placeholderText"}) {
+        QString shown = item->property(property).toString();
+        if (shown.isEmpty())
+            continue;
+        if (shown == text || shown.remove(QLatin1Char('&')) == text)
+            return true;
+    }
+    return false;
+}
+
+// Items that lie above others come first, as a person would hit them.
+QQuickItem* search(QQuickItem* root, const std::function<bool(QQuickItem*)>& matches) {
+    if (!root->isVisible() || root->opacity() < 0.01)
+        return nullptr;
+    QList<QQuickItem*> children = root->childItems();
+    std::stable_sort(children.begin(), children.end(),
+                     [](const QQuickItem* a, const QQuickItem* b) { return a->z() < b->z(); });
+    for (auto child = children.crbegin(); child != children.crend(); ++child) {
+        if (QQuickItem* found = search(*child, matches))
+            return found;
+    }
+    return matches(root) ? root : nullptr;
+}
+
+void collect(QQuickItem* root, const QString& typeName, QList<QQuickItem*>& found) {
+    if (!root->isVisible())
+        return;
+    if (QString::fromLatin1(root->metaObject()->className()).startsWith(typeName))
+        found.append(root);
+    const QList<QQuickItem*> children = root->childItems();
+    for (QQuickItem* child : children)
+        collect(child, typeName, found);
+}
+
+QList<QQuickWindow*> shownWindows() {
+    QList<QQuickWindow*> windows;
+    const QWindowList all = QGuiApplication::allWindows();
+    for (QWindow* window : all) {
+        auto* quick = qobject_cast<QQuickWindow*>(window);
+        if (quick && quick->isVisible())
+            windows.prepend(quick);
+    }
+    return windows;
+}
+
+QWidget* openDialog(const char* className) {
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget* widget : widgets) {
+        if (widget->isVisible() && widget->inherits(className))
+            return widget;
+    }
+    return nullptr;
+}
+
+// A window manager gives the focus to a window that is clicked; the bare display of the tests has none.
+void giveFocus(QWindow* window) {
+    if (QGuiApplication::focusWindow() == window)
+        return;
+    window->requestActivate();
+    AppDriver::waitFor([window] { return QGuiApplication::focusWindow() == window; }, focusLimitMs);
+}
+
+// Moves the pointer of the display, too: menus open where it is.
+void movePointer(QWindow* window, const QPoint& point) {
+    QCursor::setPos(window->mapToGlobal(point));
+    QTest::mouseMove(window, point);
+    QTest::qWait(pollMs);
+}
+
+}  // namespace
+
+AppDriver::AppDriver(const QString& screenshotFolder) : m_folder(screenshotFolder) {
+    QDir().mkpath(m_folder);
+}
+
+bool AppDriver::waitFor(const std::function<bool()>& condition, int milliseconds) {
+    QDeadlineTimer deadline(milliseconds);
+    while (!condition()) {
+        if (deadline.hasExpired())
+            return false;
+        QTest::qWait(pollMs);
+    }
+    return true;
+}
+
+void AppDriver::settle() {
+    QQuickWindow* window = mainWindow();
+    if (!window)
+        return;
+    // Counted in an object of its own: a frame drawn by the render thread may be reported after the wait.
+    const auto frames = std::make_shared<int>(0);
+    const auto connection = QObject::connect(window, &QQuickWindow::frameSwapped, window, [frames] { ++*frames; });
+    for (int wanted = 1; wanted <= 2; ++wanted) {
+        window->update();
+        waitFor([&] { return *frames >= wanted; }, frameLimitMs);
+    }
+    QObject::disconnect(connection);
+}
+
+QQuickWindow* AppDriver::mainWindow() const {
+    const QList<QQuickWindow*> windows = shownWindows();
+    const auto largest = std::max_element(windows.begin(), windows.end(), [](QQuickWindow* a, QQuickWindow* b) {
+        return a->width() * a->height() < b->width() * b->height();
+    });
+    return largest == windows.end() ? nullptr : *largest;
+}
+
+QQuickItem* AppDriver::find(const std::function<bool(QQuickItem*)>& matches) const {
+    const QList<QQuickWindow*> windows = shownWindows();
+    for (QQuickWindow* window : windows) {
+        if (QQuickItem* found = search(window->contentItem(), matches))
+            return found;
+    }
+    return nullptr;
+}
+
+QQuickItem* AppDriver::itemWithText(const QString& text, int milliseconds) {
+    QQuickItem* found = nullptr;
+    waitFor([&] { return (found = find([&](QQuickItem* item) { return canBeClicked(item) && reads(item, text); })); },
+            milliseconds);
+    return found;
+}
+
+QQuickItem* AppDriver::itemNamed(const QString& objectName, int milliseconds) {
+    QQuickItem* found = nullptr;
+    waitFor([&] { return (found = find([&](QQuickItem* item) { return item->objectName() == objectName; })); },
+            milliseconds);
+    return found;
+}
+
+QList<QQuickItem*> AppDriver::itemsOfType(const QString& typeName) {
+    QList<QQuickItem*> found;
+    const QList<QQuickWindow*> windows = shownWindows();
+    for (QQuickWindow* window : windows)
+        collect(window->contentItem(), typeName, found);
+    return found;
+}
+
+bool AppDriver::isShown(const QString& text) {
+    return find([&](QQuickItem* item) { return item->isVisible() && reads(item, text); });
+}
+
+bool AppDriver::clickAt(QQuickItem* item, const QPointF& position, Qt::MouseButton button) {
+    if (!item)
+        return false;
+    const QPoint point = item->mapToScene(position).toPoint();
+    movePointer(item->window(), point);
+    if (item->window() == mainWindow())
+        giveFocus(item->window());
+    QTest::mouseClick(item->window(), button, Qt::NoModifier, point);
+    settle();
+    return true;
+}
+
+bool AppDriver::click(QQuickItem* item, Qt::MouseButton button) {
+    return item && clickAt(item, QPointF(item->width() / 2, item->height() / 2), button);
+}
+
+bool AppDriver::clickText(const QString& text, Qt::MouseButton button) {
+    return click(itemWithText(text), button);
+}
+
+void AppDriver::hover(QQuickItem* item, const QPointF& position) {
+    movePointer(item->window(), item->mapToScene(position).toPoint());
+    settle();
+}
+
+void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toItem, const QPointF& to) {
+    QQuickWindow* window = fromItem->window();
+    const QPointF start = fromItem->mapToScene(from);
+    const QPointF end = toItem->mapToScene(to);
+    QTest::mouseMove(window, start.toPoint());
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, start.toPoint());
+    for (int step = 1; step <= dragSteps; ++step) {
+        const QPointF point = start + (end - start) * step / dragSteps;
+        QTest::mouseMove(window, point.toPoint());
+        QTest::qWait(pollMs);
+    }
+    QTest::mouseMove(window, end.toPoint() + QPoint(1, 0));
+    settle();
+    QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end.toPoint() + QPoint(1, 0));
+    settle();
+}
+
+void AppDriver::type(const QString& text) {
+    QWindow* window = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : mainWindow();
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, c, Qt::NoModifier);
+    settle();
+}
+
+void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    if (!QGuiApplication::focusWindow())
+        giveFocus(mainWindow());
+    QWindow* window = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : mainWindow();
+    QTest::keyClick(window, key, modifiers);
+    settle();
+}
+
+bool AppDriver::fill(QQuickItem* field, const QString& text) {
+    if (!click(field))
+        return false;
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Delete);
+    type(text);
+    return true;
+}
+
+bool AppDriver::during(const std::function<void()>& action, const std::function<bool()>& answer, int milliseconds) {
+    bool answered = false;
+    QTimer attempts;
+    QObject::connect(&attempts, &QTimer::timeout, [&] {
+        attempts.stop();
+        answered = answer();
+        if (!answered)
+            attempts.start();
+    });
+    attempts.start(attemptMs);
+    action();
+    return waitFor([&] { return answered; }, milliseconds);
+}
+
+bool AppDriver::chooseFiles(const QStringList& paths) {
+    auto* dialog = qobject_cast<QFileDialog*>(openDialog("QFileDialog"));
+    auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
+    if (!name)
+        return false;
+    QStringList quoted;
+    for (const QString& path : paths)
+        quoted << (paths.size() > 1 ? QStringLiteral("\"%1\"").arg(path) : path);
+    name->setFocus();
+    name->selectAll();
+    QTest::keyClicks(name, quoted.join(QLatin1Char(' ')));
+    QTest::keyClick(name, Qt::Key_Return);
+    return true;
+}
+
+bool AppDriver::answerMessageBox(const QString& button) {
+    auto* box = qobject_cast<QMessageBox*>(openDialog("QMessageBox"));
+    const QList<QAbstractButton*> buttons = box ? box->buttons() : QList<QAbstractButton*>();
+    for (QAbstractButton* candidate : buttons) {
+        if (candidate->text().remove(QLatin1Char('&')) == button) {
+            QTest::mouseClick(candidate, Qt::LeftButton);
+            return true;
+        }
+    }
+    return false;
+}
+
+QString AppDriver::screenshot(const QString& name) {
+    settle();
+    const QString path =
+        QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name);
+    // The whole screen, so that menus and dialogs, which are windows of their own, are in the picture.
+    QGuiApplication::primaryScreen()->grabWindow(0).save(path);
+    return path;
+}

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QImage>
+#include <QPointF>
+#include <QQuickItem>
+#include <QString>
+#include <functional>
+
+class QQuickWindow;
+class QWidget;
+
+/// Drives the windows of the running application as a person does: with the mouse and the keys, on what is seen.
+/// Items are found by what a person reads on them, or by their object name. Everything runs on the main thread,
+/// and every wait is bounded.
+class AppDriver {
+public:
+    /// Screenshots go into `screenshotFolder`, numbered in the order in which they are taken.
+    explicit AppDriver(const QString& screenshotFolder);
+
+    /// Waits until `condition` holds; false after `milliseconds`.
+    static bool waitFor(const std::function<bool()>& condition, int milliseconds = 15000);
+
+    /// Lets events be handled until the windows have drawn what changed.
+    void settle();
+
+    /// The topmost visible and enabled item whose `text` (or `title`, or `placeholderText`) reads so; waits for it,
+    /// and gives null when it doesn't come.
+    QQuickItem* itemWithText(const QString& text, int milliseconds = 15000);
+
+    /// The visible item of that object name, or null.
+    QQuickItem* itemNamed(const QString& objectName, int milliseconds = 15000);
+
+    /// All visible items whose QML type begins with `typeName` (such as "CircleParentKerno").
+    QList<QQuickItem*> itemsOfType(const QString& typeName);
+
+    /// Whether a visible item reads so now.
+    bool isShown(const QString& text);
+
+    bool click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton);
+    bool clickAt(QQuickItem* item, const QPointF& position, Qt::MouseButton button = Qt::LeftButton);
+    bool clickText(const QString& text, Qt::MouseButton button = Qt::LeftButton);
+    void hover(QQuickItem* item, const QPointF& position);
+
+    /// Presses at `from`, moves in small steps to `to`, and lets go; both in the items' own coordinates.
+    void drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toItem, const QPointF& to);
+
+    /// Types into whatever has the focus.
+    void type(const QString& text);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+
+    /// Clicks into a field, replaces what it holds and types `text`.
+    bool fill(QQuickItem* field, const QString& text);
+
+    /// Does `action`, and tries `answer` again and again until it gives true: for actions that open a dialog with an
+    /// event loop of its own. False when the answer never succeeded.
+    bool during(const std::function<void()>& action, const std::function<bool()>& answer, int milliseconds = 15000);
+
+    /// Answers the file dialog that is open with these files; false when none is open.
+    bool chooseFiles(const QStringList& paths);
+
+    /// Answers the message box that is open with the button that reads so; false when none is open.
+    bool answerMessageBox(const QString& button);
+
+    /// Saves what the main window shows; the path of the picture.
+    QString screenshot(const QString& name);
+
+    /// The visible window with the largest area.
+    QQuickWindow* mainWindow() const;
+
+private:
+    QQuickItem* find(const std::function<bool(QQuickItem*)>& matches) const;
+
+    QString m_folder;
+    int m_shots = 0;
+};
