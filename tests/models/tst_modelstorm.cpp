@@ -1,4 +1,5 @@
 #include "FakeProject.h"
+#include "OwnRolesOnly.h"
 #include "models/ComboBoxProxyModel.h"
 #include "models/FetchMoreListModel.h"
 #include "models/KernoHierarchyModel.h"
@@ -13,7 +14,6 @@
 #include "tests_support/WaitFor.h"
 
 #include <QAbstractItemModelTester>
-#include <QIdentityProxyModel>
 #include <QJsonDocument>
 #include <QLoggingCategory>
 #include <QRandomGenerator>
@@ -23,15 +23,6 @@ namespace {
 
 constexpr int ids = 12;
 constexpr int steps = 1500;
-
-/// A combo box answers every role of its first row with a text, also those where a view expects a size.
-class OwnRolesOnly : public QIdentityProxyModel {
-public:
-    explicit OwnRolesOnly(QAbstractItemModel* model) { setSourceModel(model); }
-    QVariant data(const QModelIndex& index, int role) const override {
-        return role > Qt::UserRole ? QIdentityProxyModel::data(index, role) : QVariant();
-    }
-};
 
 /// Every view over the models that a screen can make, each under a tester of its own.
 class Views {
