@@ -37,7 +37,8 @@ private:
 /// Sends every text back to its one client, on a thread of its own.
 class EchoServer {
 public:
-    EchoServer() : m_acceptor(m_io, {boost::asio::ip::address_v4::loopback(), 0}), m_thread([this] { run(); }) {}
+    EchoServer()
+        : m_acceptor(m_io, {boost::asio::ip::address_v4::loopback(), 0}), m_thread([this] { run(); }) {}
     /// Waits for the client to go.
     ~EchoServer() { m_thread.join(); }
     quint16 port() const { return m_acceptor.local_endpoint().port(); }

@@ -36,9 +36,9 @@ class Service {
 public:
     Service() {
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kernova-service"), {QStringLiteral("-local")});
-        while (!m_process.canReadLine() && m_process.waitForReadyRead()) {
-        }
+        m_process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kernova-service"),
+                        {QStringLiteral("-local")});
+        while (!m_process.canReadLine() && m_process.waitForReadyRead()) {}
         m_port = static_cast<quint16>(m_process.readLine().mid(6).trimmed().toUInt());
     }
     ~Service() {
@@ -65,7 +65,9 @@ class BareClient {
 public:
     explicit BareClient(quint16 port) : m_socket(port) {}
 
-    QByteArray frame(const QString& query) { return wire::RequestFrame{{}, ++m_lastId, query}.toText().toUtf8(); }
+    QByteArray frame(const QString& query) {
+        return wire::RequestFrame{{}, ++m_lastId, query}.toText().toUtf8();
+    }
 
     QByteArray ask(const QString& query) {
         const QByteArray text = frame(query);
@@ -113,9 +115,10 @@ template <typename Call> double medianOf(Call call) {
     std::vector<double> times;
     for (int round = 0; round < rounds; ++round) {
         times.push_back(timeOf([&] {
-            for (int i = 0; i < calls; ++i)
-                call();
-        }) * 1000 / calls);
+                            for (int i = 0; i < calls; ++i)
+                                call();
+                        }) *
+                        1000 / calls);
     }
     std::sort(times.begin(), times.end());
     return times[rounds / 2];
@@ -124,7 +127,11 @@ template <typename Call> double medianOf(Call call) {
 QString highlight(int id) {
     const int place = id * 7919 % (sourceCount * 80);
     return QStringLiteral("id:%1 kernoId:%2 sourceId:%3 questionId:1 start:%4 length:%5 author:\"Ann\"")
-        .arg(id).arg(id % 150 + 1).arg(place % sourceCount + 1).arg(place * 31 % sourceLength).arg(20 + id % 200);
+        .arg(id)
+        .arg(id % 150 + 1)
+        .arg(place % sourceCount + 1)
+        .arg(place * 31 % sourceLength)
+        .arg(20 + id % 200);
 }
 
 void measureReads(const QString& path) {
@@ -158,7 +165,8 @@ void measureReads(const QString& path) {
     Service service;
     BareClient client(service.port());
     client.open(path);
-    client.ask(QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"___db_version\" value:5){key value}}"));
+    client.ask(
+        QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"___db_version\" value:5){key value}}"));
     const double bare = medianOf([&] { client.ask(query); });
 
     Connection link;
@@ -167,12 +175,13 @@ void measureReads(const QString& path) {
         link.request(wire::openProject(path, {}));
         real = medianOf([&] { link.request(query); });
     }
-    std::printf("Reading one preference, microseconds\n"
-                "  bare echo                                  %8.1f\n"
-                "  service, bare client                       %8.1f   %5.2f x the bare echo\n"
-                "  echo through the link's socket class       %8.1f\n"
-                "  service through the real link, blocking    %8.1f   %5.2f x that echo, %5.2f x the bare echo\n\n",
-                echo, bare, bare / echo, qtEcho, real, real / qtEcho, real / echo);
+    std::printf(
+        "Reading one preference, microseconds\n"
+        "  bare echo                                  %8.1f\n"
+        "  service, bare client                       %8.1f   %5.2f x the bare echo\n"
+        "  echo through the link's socket class       %8.1f\n"
+        "  service through the real link, blocking    %8.1f   %5.2f x that echo, %5.2f x the bare echo\n\n",
+        echo, bare, bare / echo, qtEcho, real, real / qtEcho, real / echo);
 }
 
 /// The same rows by prepared statements alone, one transaction for each batch.
@@ -221,7 +230,8 @@ void measureWrites(const QString& folder) {
         QList<QStringList> batch;
         for (int i = 0; i < batchSize; ++i)
             batch << QStringList{highlight(id++)};
-        frames.push_back(client.frame(wire::batchMutation(Record::Highlight, wire::Operation::BatchCreateOrUpdate, batch)));
+        frames.push_back(client.frame(
+            wire::batchMutation(Record::Highlight, wire::Operation::BatchCreateOrUpdate, batch)));
     }
     const double batches = timeOf([&] { client.stream(frames); });
     const double bare = bareSql(folder + QStringLiteral("/bare.krn"));
@@ -232,19 +242,23 @@ void measureWrites(const QString& folder) {
 
     frames.clear();
     for (int id = 1; id <= singleCount; ++id) {
-        frames.push_back(client.frame(
-            wire::mutation(QStringLiteral("highlightCreateOrUpdate"), {highlight(highlightCount + id)},
-                           {QStringLiteral("id kernoId sourceId questionId color start length author timestamp")})));
+        frames.push_back(client.frame(wire::mutation(
+            QStringLiteral("highlightCreateOrUpdate"), {highlight(highlightCount + id)},
+            {QStringLiteral("id kernoId sourceId questionId color start length author timestamp")})));
     }
     const double singles = timeOf([&] { client.stream(frames); });
-    std::printf("%d single mutations sent without waiting, all notified: %.0f ms (aim: 1500)\n\n", singleCount, singles);
+    std::printf("%d single mutations sent without waiting, all notified: %.0f ms (aim: 1500)\n\n",
+                singleCount, singles);
 
     std::printf("Counts over %d highlights, milliseconds\n", highlightCount + singleCount);
-    for (const QString& query : {wire::kernoIdsForKernosWithOverlap(), wire::kernoOverlapCount(3), wire::highlightOverlapCount(3, 4),
-                                 wire::highlightsCoverageByKernoAndAuthor(), wire::sourceCodedLengthById(),
-                                 wire::quoteCountsInKernos()}) {
+    for (const QString& query :
+         {wire::kernoIdsForKernosWithOverlap(), wire::kernoOverlapCount(3), wire::highlightOverlapCount(3, 4),
+          wire::highlightsCoverageByKernoAndAuthor(), wire::sourceCodedLengthById(),
+          wire::quoteCountsInKernos()}) {
         const double time = timeOf([&] { client.ask(query); });
-        std::printf("  %-42s %8.1f\n", qPrintable(query.mid(1).section(QRegularExpression(QStringLiteral("[({}]")), 0, 0)), time);
+        std::printf("  %-42s %8.1f\n",
+                    qPrintable(query.mid(1).section(QRegularExpression(QStringLiteral("[({}]")), 0, 0)),
+                    time);
     }
     std::printf("\n");
 }
@@ -256,13 +270,16 @@ void measureLargeProject(const QString& path) {
         client.open(path);
         std::vector<QByteArray> frames;
         for (int id = 1; id <= sourceCount; ++id) {
-            frames.push_back(client.frame(wire::mutation(QStringLiteral("sourceCreateOrUpdate"),
-                                                         {QStringLiteral("id:%1 title:\"s\" icon:\"\" author:\"Ann\"").arg(id)},
-                                                         {QStringLiteral("id")})));
-            frames.push_back(client.frame(wire::mutation(
-                QStringLiteral("questionAnswerCreateOrUpdate"),
-                {QStringLiteral("id:%1 questionId:1 sourceId:%1 answer:\"%2\"").arg(id).arg(QString(sourceLength, QLatin1Char('a' + id % 26)))},
-                {QStringLiteral("id")})));
+            frames.push_back(client.frame(
+                wire::mutation(QStringLiteral("sourceCreateOrUpdate"),
+                               {QStringLiteral("id:%1 title:\"s\" icon:\"\" author:\"Ann\"").arg(id)},
+                               {QStringLiteral("id")})));
+            frames.push_back(
+                client.frame(wire::mutation(QStringLiteral("questionAnswerCreateOrUpdate"),
+                                            {QStringLiteral("id:%1 questionId:1 sourceId:%1 answer:\"%2\"")
+                                                 .arg(id)
+                                                 .arg(QString(sourceLength, QLatin1Char('a' + id % 26)))},
+                                            {QStringLiteral("id")})));
         }
         client.stream(frames);
     }
@@ -280,15 +297,16 @@ void measureLargeProject(const QString& path) {
     });
     const double streamed = service.peakMemory();
     qint64 replyBytes = 0;
-    const double wholeRead = timeOf([&] { replyBytes = client.ask(QStringLiteral("{questionAnswerQueryList{id answer}}")).size(); });
+    const double wholeRead = timeOf(
+        [&] { replyBytes = client.ask(QStringLiteral("{questionAnswerQueryList{id answer}}")).size(); });
     std::printf("A project of %d sources of %d characters\n"
                 "  open and first list                        %8.0f ms (aim: 1000)\n"
                 "  every answer by a read of its own          %8.0f ms\n"
                 "  all answers in one reply of %4.0f MiB       %8.0f ms\n"
                 "  peak memory of the service, MiB: started %.0f, opened %.0f, after all single reads %.0f, "
                 "after the large reply %.0f\n",
-                sourceCount, sourceLength, opening, eachRead, static_cast<double>(replyBytes) / (1 << 20), wholeRead, before,
-                opened, streamed, service.peakMemory());
+                sourceCount, sourceLength, opening, eachRead, static_cast<double>(replyBytes) / (1 << 20),
+                wholeRead, before, opened, streamed, service.peakMemory());
 }
 
 }  // namespace

@@ -23,7 +23,8 @@ void Dispatcher::schedule() {
 }
 
 void Dispatcher::gather(quint64 received, int idlePasses) {
-    // Each turn of the loop takes one more frame off a socket. Frames that are there already belong to one group.
+    // Each turn of the loop takes one more frame off a socket. Frames that are there already belong to one
+    // group.
     const quint64 now = m_hub.received();
     const int idle = now == received ? idlePasses + 1 : 0;
     if (idle < enoughIdlePasses && now - received < fullGroup) {

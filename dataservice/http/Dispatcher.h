@@ -10,11 +10,13 @@
 #include <set>
 
 /// A socket of the one thread that serves: needs no locks of its own.
-using TcpSocket = boost::asio::basic_stream_socket<boost::asio::ip::tcp, boost::asio::io_context::executor_type>;
+using TcpSocket =
+    boost::asio::basic_stream_socket<boost::asio::ip::tcp, boost::asio::io_context::executor_type>;
 
 class WebSocketClient;
 
-/// What connections share: the sessions, the checks, the limits, and the moment at which requests are answered.
+/// What connections share: the sessions, the checks, the limits, and the moment at which requests are
+/// answered.
 class Dispatcher {
 public:
     Dispatcher(boost::asio::io_context& io, const RequestGate& gate, const ServerLimits& limits);
@@ -23,7 +25,8 @@ public:
     const RequestGate& gate() const { return m_gate; }
     const ServerLimits& limits() const { return m_limits; }
 
-    /// Has the waiting requests answered, after those that are on their way in have been taken off the sockets.
+    /// Has the waiting requests answered, after those that are on their way in have been taken off the
+    /// sockets.
     void schedule();
 
     void add(WebSocketClient* client) { m_clients.insert(client); }

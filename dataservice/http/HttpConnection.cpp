@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <QUrlQuery>
 #include <boost/beast/http/read.hpp>
+#include <boost/beast/http/span_body.hpp>
 #include <boost/beast/http/write.hpp>
 #include <boost/beast/websocket/rfc6455.hpp>
 
@@ -25,11 +26,16 @@ QByteArray toBytes(beast::string_view text) {
 
 http::status statusOf(SessionHub::FileError error) {
     switch (error) {
-    case SessionHub::FileError::None: return http::status::ok;
-    case SessionHub::FileError::NotFound: return http::status::not_found;
-    case SessionHub::FileError::Unusable: return http::status::bad_request;
-    case SessionHub::FileError::InUse: return http::status::conflict;
-    case SessionHub::FileError::Failed: return http::status::internal_server_error;
+    case SessionHub::FileError::None:
+        return http::status::ok;
+    case SessionHub::FileError::NotFound:
+        return http::status::not_found;
+    case SessionHub::FileError::Unusable:
+        return http::status::bad_request;
+    case SessionHub::FileError::InUse:
+        return http::status::conflict;
+    case SessionHub::FileError::Failed:
+        return http::status::internal_server_error;
     }
     return http::status::internal_server_error;
 }
@@ -69,12 +75,13 @@ void HttpConnection::readHead() {
     m_head->header_limit(maxHeadBytes);
     m_head->body_limit(maxBodyBytes);
     expireAfter(m_dispatcher.limits().requestTime);
-    http::async_read_header(m_socket, m_buffer, *m_head, [me = shared_from_this()](beast::error_code error, size_t) {
-        if (error)
-            me->end();
-        else
-            me->headRead();
-    });
+    http::async_read_header(m_socket, m_buffer, *m_head,
+                            [me = shared_from_this()](beast::error_code error, size_t) {
+                                if (error)
+                                    me->end();
+                                else
+                                    me->headRead();
+                            });
 }
 
 void HttpConnection::headRead() {
@@ -133,16 +140,16 @@ void HttpConnection::bodyRead() {
 
 void HttpConnection::reply(unsigned status, const QByteArray& body) {
     const bool keepAlive = m_body && m_body->is_done() && m_body->get().keep_alive();
-    auto response = std::make_shared<http::response<http::string_body>>();
+    auto response = std::make_shared<http::response<http::span_body<const char>>>();
     response->result(status);
     response->version(11);
     response->keep_alive(keepAlive);
     response->set(http::field::content_type, "application/json");
-    response->body().assign(body.constData(), static_cast<size_t>(body.size()));
+    response->body() = {body.constData(), static_cast<size_t>(body.size())};
     response->prepare_payload();
     expireAfter(m_dispatcher.limits().requestTime);
     http::async_write(m_socket, *response,
-                      [me = shared_from_this(), response, keepAlive](beast::error_code error, size_t) {
+                      [me = shared_from_this(), response, body, keepAlive](beast::error_code error, size_t) {
                           if (error)
                               me->end();
                           else if (keepAlive)

@@ -2,13 +2,13 @@
 
 #include "http/Dispatcher.h"
 
+#include <array>
 #include <boost/asio/steady_timer.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/http/empty_body.hpp>
 #include <boost/beast/http/message.hpp>
 #include <boost/beast/http/parser.hpp>
 #include <boost/beast/http/string_body.hpp>
-#include <array>
 #include <memory>
 #include <optional>
 

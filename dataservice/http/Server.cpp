@@ -77,8 +77,7 @@ private:
     void watchInput() {
         std::thread([weak = weak_from_this()] {
             char byte;
-            while (::read(STDIN_FILENO, &byte, 1) > 0) {
-            }
+            while (::read(STDIN_FILENO, &byte, 1) > 0) {}
             if (const std::shared_ptr<Private> me = weak.lock())
                 asio::post(me->m_io, [me] { me->beginEnd(); });
         }).detach();

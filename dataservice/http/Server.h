@@ -6,16 +6,17 @@
 
 /// Bounds of the connections. Times in milliseconds.
 struct ServerLimits {
-    int requestTime = 30000;         ///< for a request's head and body to arrive
-    int pendingRequests = 4000;      ///< of one client; no more are read until some are answered
+    int requestTime = 30000;     ///< for a request's head and body to arrive
+    int pendingRequests = 4000;  ///< of one client; no more are read until some are answered
     int pendingBytes = 128 * 1024 * 1024;
-    int unsentBytes = 16 * 1024 * 1024;   ///< of one client; no more of its requests are answered until some are sent
-    int droppedBytes = 512 * 1024 * 1024; ///< a client that lets this much wait is disconnected
-    int closingTime = 1000;          ///< for the last answers to leave at the end
+    int unsentBytes =
+        16 * 1024 * 1024;  ///< of one client; no more of its requests are answered until some are sent
+    int droppedBytes = 512 * 1024 * 1024;  ///< a client that lets this much wait is disconnected
+    int closingTime = 1000;                ///< for the last answers to leave at the end
 };
 
-/// The service on its port: listens on the loopback address, checks and upgrades requests, answers the project paths,
-/// and lets the sessions work. Runs on the thread that calls `run`.
+/// The service on its port: listens on the loopback address, checks and upgrades requests, answers the
+/// project paths, and lets the sessions work. Runs on the thread that calls `run`.
 class Server {
 public:
     /// `token` as the environment gave it; empty for none.
@@ -26,8 +27,8 @@ public:
     bool listen(QString* message);
     quint16 port() const;
 
-    /// Serves until SIGTERM, SIGINT or the end of standard input; then everything that arrived is carried out and
-    /// committed, and the files are closed.
+    /// Serves until SIGTERM, SIGINT or the end of standard input; then everything that arrived is carried out
+    /// and committed, and the files are closed.
     void run();
 
 private:

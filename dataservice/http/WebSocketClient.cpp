@@ -53,7 +53,8 @@ void WebSocketClient::received(beast::error_code error) {
         return;
     }
     if (!m_stream.got_text()) {
-        m_stream.async_close(websocket::close_code::unknown_data, [me = self()](beast::error_code) { me->closed(); });
+        m_stream.async_close(websocket::close_code::unknown_data,
+                             [me = self()](beast::error_code) { me->closed(); });
         return;
     }
     const auto bytes = m_buffer.data();
@@ -96,18 +97,17 @@ void WebSocketClient::write() {
         buffer(frame.head.constData(), static_cast<size_t>(frame.head.size())),
         buffer(frame.payload.constData(), static_cast<size_t>(frame.payload.size())),
         buffer(frametext::Frame::tail, sizeof(frametext::Frame::tail) - 1)};
-    m_stream.async_write(parts,
-                         [me = self()](beast::error_code error, size_t) {
-                             const bool wasCongested = me->isCongested();
-                             me->m_unsentBytes -= me->m_unsent.front().size();
-                             me->m_unsent.pop_front();
-                             if (error)
-                                 return;  // the read ends as well, and sees to the rest
-                             if (!me->m_unsent.empty())
-                                 me->write();
-                             if (wasCongested && !me->isCongested())
-                                 me->m_dispatcher.schedule();
-                         });
+    m_stream.async_write(parts, [me = self()](beast::error_code error, size_t) {
+        const bool wasCongested = me->isCongested();
+        me->m_unsentBytes -= me->m_unsent.front().size();
+        me->m_unsent.pop_front();
+        if (error)
+            return;  // the read ends as well, and sees to the rest
+        if (!me->m_unsent.empty())
+            me->write();
+        if (wasCongested && !me->isCongested())
+            me->m_dispatcher.schedule();
+    });
 }
 
 bool WebSocketClient::isCongested() const {

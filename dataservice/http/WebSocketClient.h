@@ -4,8 +4,8 @@
 #include "session/Client.h"
 
 #include <boost/beast/core/flat_buffer.hpp>
-#include <boost/beast/http/message.hpp>
 #include <boost/beast/http/empty_body.hpp>
+#include <boost/beast/http/message.hpp>
 #include <boost/beast/websocket/stream.hpp>
 #include <deque>
 

@@ -18,7 +18,9 @@ struct Answer {
     static Answer refused(const std::vector<Fault>& faults) {
         return {Outcome::Kind::Refused, errorsPayload(faults), false};
     }
-    static Answer from(const Outcome& outcome) { return {outcome.kind, errorsPayload(outcome.message), false}; }
+    static Answer from(const Outcome& outcome) {
+        return {outcome.kind, errorsPayload(outcome.message), false};
+    }
 };
 
 /// Writes `{"data":{"<operation>":<value>}}`: the caller writes one value in between.

@@ -19,11 +19,16 @@ QString wrongType(const QString& name, const QString& wanted) {
 
 QVariant scalarValue(const wire::QueryValue& value) {
     switch (value.kind) {
-    case Kind::Integer: return value.integer;
-    case Kind::Real: return value.real;
-    case Kind::Boolean: return value.integer != 0;
-    case Kind::Text: return value.text;
-    default: return {};
+    case Kind::Integer:
+        return value.integer;
+    case Kind::Real:
+        return value.real;
+    case Kind::Boolean:
+        return value.integer != 0;
+    case Kind::Text:
+        return value.text;
+    default:
+        return {};
     }
 }
 
@@ -126,7 +131,8 @@ std::vector<const std::vector<QueryArgument>*> Arguments::records(const QString&
 bool Arguments::finish() {
     for (const QueryArgument& argument : m_query.arguments) {
         if (!m_known.contains(argument.name))
-            faults.push_back({QStringLiteral("There is no argument \"%1\".").arg(argument.name), argument.position});
+            faults.push_back(
+                {QStringLiteral("There is no argument \"%1\".").arg(argument.name), argument.position});
     }
     return faults.empty();
 }
@@ -143,7 +149,8 @@ QVariant columnValue(const Column& column, const QueryArgument& argument, std::v
     case FieldType::Boolean:
         if (value.kind == Kind::Boolean || value.kind == Kind::Integer)
             return value.integer != 0;
-        if (value.kind == Kind::Text && (value.text == QLatin1String("true") || value.text == QLatin1String("false")))
+        if (value.kind == Kind::Text &&
+            (value.text == QLatin1String("true") || value.text == QLatin1String("false")))
             return value.text == QLatin1String("true");
         wanted = QStringLiteral("true or false");
         break;
@@ -172,12 +179,14 @@ RecordValues recordValues(const Table& table, const std::vector<QueryArgument>& 
     for (const QueryArgument& argument : arguments) {
         const int place = table.indexOf(argument.name);
         if (place < 0 || !table.columns[static_cast<size_t>(place)].sent) {
-            faults->push_back({QStringLiteral("There is no argument \"%1\".").arg(argument.name), argument.position});
+            faults->push_back(
+                {QStringLiteral("There is no argument \"%1\".").arg(argument.name), argument.position});
             continue;
         }
         QVariant& value = values[static_cast<size_t>(place)];
         if (value.isValid())
-            faults->push_back({QStringLiteral("\"%1\" is given twice.").arg(argument.name), argument.position});
+            faults->push_back(
+                {QStringLiteral("\"%1\" is given twice.").arg(argument.name), argument.position});
         value = columnValue(table.columns[static_cast<size_t>(place)], argument, faults);
     }
     if (!values[static_cast<size_t>(table.idColumn)].isValid() && faults->empty())

@@ -46,7 +46,7 @@ QVariant columnValue(const Column& column, const wire::QueryArgument& argument, 
 RecordValues recordValues(const Table& table, const std::vector<wire::QueryArgument>& arguments, int position,
                           std::vector<Fault>* faults);
 
-/// The places of the requested fields in the table's columns; all of them when none are requested. `nested` is the
-/// name of a field that may stand among them with fields of its own, which are left to the caller.
+/// The places of the requested fields in the table's columns; all of them when none are requested. `nested`
+/// is the name of a field that may stand among them with fields of its own, which are left to the caller.
 std::vector<int> requestedColumns(const Table& table, const std::vector<wire::QueryField>& fields,
                                   std::vector<Fault>* faults, const QString& nested = {});

@@ -49,8 +49,8 @@ Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query)
         if (field.name == nested)
             highlightFields = field.fields;
     }
-    Columns kernos(tableOf(wire::Record::Kerno), query.fields, nested, {QStringLiteral("id"), author, timestamp},
-                   &arguments.faults);
+    Columns kernos(tableOf(wire::Record::Kerno), query.fields, nested,
+                   {QStringLiteral("id"), author, timestamp}, &arguments.faults);
     Columns highlights(tableOf(wire::Record::Highlight), highlightFields, {},
                        {QStringLiteral("sourceId"), author, timestamp}, &arguments.faults);
     Criterion criterion;
@@ -74,8 +74,8 @@ Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query)
             writeValue(json, column.type, kerno.value(static_cast<int>(i)));
         }
         json.key(nested).beginArray();
-        if (inner.ok() && criterion.kernoPasses(kernoId, kerno.text(kernos.examined(1)),
-                                                kerno.text(kernos.examined(2)))) {
+        if (inner.ok() &&
+            criterion.kernoPasses(kernoId, kerno.text(kernos.examined(1)), kerno.text(kernos.examined(2)))) {
             highlights.selection.filters = {{kernoIdColumn, kernoId}};
             inner = store.select(highlights.selection, [&](const RowView& row) {
                 if (criterion.highlightPasses(row.integer(highlights.examined(0)),

@@ -18,7 +18,8 @@ struct Reading {
 
 Reading read(const QByteArray& bytes);
 
-/// A frame on its way out, in the parts that it is sent as. The payload may be long and is shared by all who get it.
+/// A frame on its way out, in the parts that it is sent as. The payload may be long and is shared by all who
+/// get it.
 struct Frame {
     QByteArray head;
     QByteArray payload;

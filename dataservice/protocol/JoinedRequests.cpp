@@ -57,18 +57,18 @@ Answer answersWithQuestion(ProjectStore& store, const ParsedQuery& query) {
         return Answer::refused(arguments.faults);
     DataPayload payload(query.operation);
     payload.json.beginArray();
-    const Outcome outcome = joinedreads::answersWithQuestion(store.database(), sourceId, question,
-                                                             [&](const RowView& row) {
-        payload.json.beginObject();
-        payload.json.key(QStringLiteral("id")).value(row.integer(0));
-        payload.json.key(questionId).value(row.integer(1));
-        payload.json.key(QStringLiteral("sourceId")).value(row.integer(2));
-        payload.json.key(QStringLiteral("question")).value(row.text(3));
-        payload.json.key(QStringLiteral("author")).value(row.text(4));
-        payload.json.key(QStringLiteral("timestamp")).value(row.text(5));
-        payload.json.key(QStringLiteral("answer")).value(row.text(6));
-        payload.json.endObject();
-    });
+    const Outcome outcome =
+        joinedreads::answersWithQuestion(store.database(), sourceId, question, [&](const RowView& row) {
+            payload.json.beginObject();
+            payload.json.key(QStringLiteral("id")).value(row.integer(0));
+            payload.json.key(questionId).value(row.integer(1));
+            payload.json.key(QStringLiteral("sourceId")).value(row.integer(2));
+            payload.json.key(QStringLiteral("question")).value(row.text(3));
+            payload.json.key(QStringLiteral("author")).value(row.text(4));
+            payload.json.key(QStringLiteral("timestamp")).value(row.text(5));
+            payload.json.key(QStringLiteral("answer")).value(row.text(6));
+            payload.json.endObject();
+        });
     payload.json.endArray();
     return payload.finish(outcome);
 }
@@ -80,19 +80,20 @@ Answer metadataListForReport(ProjectStore& store, const ParsedQuery& query) {
         return Answer::refused(arguments.faults);
     DataPayload payload(query.operation);
     payload.json.beginArray();
-    const Outcome outcome = joinedreads::metadataOfSource(store.database(), sourceId, [&](const RowView& row) {
-        payload.json.beginObject();
-        payload.json.key(QStringLiteral("id")).value(row.integer(0));
-        payload.json.key(QStringLiteral("key")).value(row.text(1));
-        payload.json.key(QStringLiteral("value"));
-        writeValue(payload.json, FieldType::Scalar, row.value(2));
-        payload.json.key(QStringLiteral("keyId")).value(row.integer(3));
-        payload.json.key(QStringLiteral("valueId")).value(row.integer(4));
-        payload.json.key(QStringLiteral("sourceId")).value(row.integer(5));
-        payload.json.key(QStringLiteral("author")).value(row.text(6));
-        payload.json.key(QStringLiteral("timestamp")).value(row.text(7));
-        payload.json.endObject();
-    });
+    const Outcome outcome =
+        joinedreads::metadataOfSource(store.database(), sourceId, [&](const RowView& row) {
+            payload.json.beginObject();
+            payload.json.key(QStringLiteral("id")).value(row.integer(0));
+            payload.json.key(QStringLiteral("key")).value(row.text(1));
+            payload.json.key(QStringLiteral("value"));
+            writeValue(payload.json, FieldType::Scalar, row.value(2));
+            payload.json.key(QStringLiteral("keyId")).value(row.integer(3));
+            payload.json.key(QStringLiteral("valueId")).value(row.integer(4));
+            payload.json.key(QStringLiteral("sourceId")).value(row.integer(5));
+            payload.json.key(QStringLiteral("author")).value(row.text(6));
+            payload.json.key(QStringLiteral("timestamp")).value(row.text(7));
+            payload.json.endObject();
+        });
     payload.json.endArray();
     return payload.finish(outcome);
 }

@@ -10,7 +10,8 @@ namespace jsonscan {
 /// JSON nested deeper than this is refused.
 constexpr int maxDepth = 64;
 
-/// Whether brackets nest deeper than `limit` anywhere in the text. Doesn't ask whether the text is valid JSON.
+/// Whether brackets nest deeper than `limit` anywhere in the text. Doesn't ask whether the text is valid
+/// JSON.
 bool nestsDeeperThan(const QByteArray& text, int limit);
 
 /// A part of a text.
@@ -22,8 +23,8 @@ struct Span {
 /// Told of a member's or an element's value; false ends the walk.
 using Visit = std::function<bool(const QByteArray& key, Span value)>;
 
-/// Walks the members of the object in `span`. False when it isn't an object or its outline is broken; what is inside
-/// the values isn't looked at.
+/// Walks the members of the object in `span`. False when it isn't an object or its outline is broken; what is
+/// inside the values isn't looked at.
 bool eachMember(const QByteArray& text, Span span, const Visit& visit);
 
 /// Walks the elements of the array in `span`, with an empty key.

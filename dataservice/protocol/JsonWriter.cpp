@@ -97,7 +97,8 @@ void JsonWriter::append(const QString& text) {
     const ushort* run = unit;
     const auto flush = [&] {
         if (unit > run)
-            m_bytes += QString::fromRawData(reinterpret_cast<const QChar*>(run), static_cast<int>(unit - run)).toUtf8();
+            m_bytes += QString::fromRawData(reinterpret_cast<const QChar*>(run), static_cast<int>(unit - run))
+                           .toUtf8();
     };
     for (; unit < end; ++unit) {
         if (!needsEscape(*unit))
@@ -109,12 +110,24 @@ void JsonWriter::append(const QString& text) {
         flush();
         run = unit + 1;
         switch (*unit) {
-        case '"': m_bytes += "\\\""; break;
-        case '\\': m_bytes += "\\\\"; break;
-        case '\n': m_bytes += "\\n"; break;
-        case '\t': m_bytes += "\\t"; break;
-        case '\r': m_bytes += "\\r"; break;
-        default: m_bytes += "\\u" + QByteArray::number(*unit, 16).rightJustified(4, '0'); break;
+        case '"':
+            m_bytes += "\\\"";
+            break;
+        case '\\':
+            m_bytes += "\\\\";
+            break;
+        case '\n':
+            m_bytes += "\\n";
+            break;
+        case '\t':
+            m_bytes += "\\t";
+            break;
+        case '\r':
+            m_bytes += "\\r";
+            break;
+        default:
+            m_bytes += "\\u" + QByteArray::number(*unit, 16).rightJustified(4, '0');
+            break;
         }
     }
     flush();

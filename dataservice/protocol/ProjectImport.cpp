@@ -37,8 +37,10 @@ QVariant columnValue(const Column& column, const QJsonValue& value) {
     case FieldType::Boolean:
         return value.isUndefined() || value.isNull() ? QVariant() : QVariant(variant.toBool());
     case FieldType::Text:
-    case FieldType::Color: return value.isString() ? QVariant(value.toString()) : QVariant();
-    case FieldType::Timestamp: return timestamp(value);
+    case FieldType::Color:
+        return value.isString() ? QVariant(value.toString()) : QVariant();
+    case FieldType::Timestamp:
+        return timestamp(value);
     case FieldType::Scalar:
         return value.isArray() || value.isObject() || value.isUndefined() ? QVariant()
                                                                           : QVariant(scalar::toJson(variant));
@@ -62,13 +64,15 @@ Outcome savePart(ProjectStore& store, const QByteArray& body, jsonscan::Span spa
         QJsonParseError error;
         const QJsonDocument document = QJsonDocument::fromJson(jsonscan::part(body, element), &error);
         if (error.error != QJsonParseError::NoError || !document.isObject())
-            outcome = Outcome::refused(QStringLiteral("A record can't be read (at byte %1).").arg(element.begin));
+            outcome =
+                Outcome::refused(QStringLiteral("A record can't be read (at byte %1).").arg(element.begin));
         else
             outcome = saveRecord(store, table, document.object());
         return outcome.ok();
     });
     if (outcome.ok() && !outlined)
-        outcome = Outcome::refused(QStringLiteral("A list of records can't be read (at byte %1).").arg(span.begin));
+        outcome =
+            Outcome::refused(QStringLiteral("A list of records can't be read (at byte %1).").arg(span.begin));
     return outcome;
 }
 

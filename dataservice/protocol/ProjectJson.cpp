@@ -57,7 +57,11 @@ const std::vector<Part>& parts() {
 Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* reply) {
     JsonWriter json;
     begin(json, true, {}).key(keyProject).beginObject();
-    json.key(QStringLiteral("name")).value(name).key(QStringLiteral("project_uuid")).value(QString()).endObject();
+    json.key(QStringLiteral("name"))
+        .value(name)
+        .key(QStringLiteral("project_uuid"))
+        .value(QString())
+        .endObject();
     json.key(keyProjectJson).beginObject();
     for (const Part& part : parts()) {
         const Outcome outcome = writePart(store, part, json);
@@ -71,22 +75,24 @@ Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* repl
 
 Outcome readUpload(const QByteArray& body, Upload* upload) {
     if (jsonscan::nestsDeeperThan(body, jsonscan::maxDepth))
-        return Outcome::refused(QStringLiteral("The body nests deeper than %1 levels.").arg(jsonscan::maxDepth));
+        return Outcome::refused(
+            QStringLiteral("The body nests deeper than %1 levels.").arg(jsonscan::maxDepth));
     QJsonObject project;
     bool valid = true;
-    const bool outlined = jsonscan::eachMember(body, {0, body.size()}, [&](const QByteArray& key, jsonscan::Span value) {
-        if (key == keyProjectJson.toUtf8()) {
-            upload->begin = value.begin;
-            upload->end = value.end;
-            return true;
-        }
-        QJsonParseError error;
-        const QByteArray wrapped = '[' + jsonscan::part(body, value) + ']';
-        const QJsonDocument document = QJsonDocument::fromJson(wrapped, &error);
-        valid = valid && error.error == QJsonParseError::NoError;
-        project.insert(QString::fromUtf8(key), document.array().at(0));
-        return valid;
-    });
+    const bool outlined =
+        jsonscan::eachMember(body, {0, body.size()}, [&](const QByteArray& key, jsonscan::Span value) {
+            if (key == keyProjectJson.toUtf8()) {
+                upload->begin = value.begin;
+                upload->end = value.end;
+                return true;
+            }
+            QJsonParseError error;
+            const QByteArray wrapped = '[' + jsonscan::part(body, value) + ']';
+            const QJsonDocument document = QJsonDocument::fromJson(wrapped, &error);
+            valid = valid && error.error == QJsonParseError::NoError;
+            project.insert(QString::fromUtf8(key), document.array().at(0));
+            return valid;
+        });
     if (!outlined || !valid)
         return Outcome::refused(QStringLiteral("The body isn't a valid JSON object."));
     upload->name = project.value(QStringLiteral("name")).toString();

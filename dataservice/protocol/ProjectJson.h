@@ -18,22 +18,23 @@ struct Part {
 /// The keys in the order in which they are written.
 const std::vector<Part>& parts();
 
-/// `{"status":true,"message":"","project":{...},"project_json":{...}}` for a project that was opened as `name`.
+/// `{"status":true,"message":"","project":{...},"project_json":{...}}` for a project that was opened as
+/// `name`.
 Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* reply);
 
 /// What a body that brings a project says, without the records.
 struct Upload {
-    QString name;         ///< path of the file to be written
-    QByteArray project;   ///< the project object without `project_json`, as JSON
-    int begin = 0;        ///< where the value of `project_json` stands in the body
+    QString name;        ///< path of the file to be written
+    QByteArray project;  ///< the project object without `project_json`, as JSON
+    int begin = 0;       ///< where the value of `project_json` stands in the body
     int end = 0;
 };
 
 /// Reads the outline of the body; `Refused` with a sentence when it isn't a project.
 Outcome readUpload(const QByteArray& body, Upload* upload);
 
-/// Writes the records of the upload into a new file beside its name, forces it to the disk and renames it into place.
-/// On failure nothing is left behind.
+/// Writes the records of the upload into a new file beside its name, forces it to the disk and renames it
+/// into place. On failure nothing is left behind.
 Outcome importProject(const QByteArray& body, const Upload& upload);
 
 /// `{"status":true,"message":"","project":{...}}`

@@ -16,7 +16,8 @@ std::vector<Selection::Filter> filters(const Table& table, const wire::ParsedQue
             table.record == wire::Record::SourceMetadataKey && argument.name == QLatin1String("name");
         const int place = table.indexOf(keyName ? QStringLiteral("key") : argument.name);
         if (place < 0 || table.columns[static_cast<size_t>(place)].joined) {
-            faults->push_back({QStringLiteral("There is no argument \"%1\".").arg(argument.name), argument.position});
+            faults->push_back(
+                {QStringLiteral("There is no argument \"%1\".").arg(argument.name), argument.position});
             continue;
         }
         found.push_back({place, columnValue(table.columns[static_cast<size_t>(place)], argument, faults)});
@@ -66,7 +67,8 @@ Answer listInWindow(ProjectStore& store, const Table& table, const wire::ParsedQ
 Answer byId(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
     Arguments arguments(query);
     const QString name = table.id().name;
-    const QVariant id = table.hasTextId() ? QVariant(arguments.text(name)) : QVariant(arguments.integer(name));
+    const QVariant id =
+        table.hasTextId() ? QVariant(arguments.text(name)) : QVariant(arguments.integer(name));
     Selection selection;
     selection.table = &table;
     selection.columns = requestedColumns(table, query.fields, &arguments.faults);

@@ -28,7 +28,8 @@ const QVariant& valueOf(const Table& table, const RecordValues& values, const QS
 Outcome addStoredPlace(ProjectStore& store, const Table& table, const QVariant& id, Places* places) {
     Selection selection;
     selection.table = &table;
-    selection.columns = {table.indexOf(QStringLiteral("sourceId")), table.indexOf(QStringLiteral("questionId"))};
+    selection.columns = {table.indexOf(QStringLiteral("sourceId")),
+                         table.indexOf(QStringLiteral("questionId"))};
     selection.filters = {{table.idColumn, id}};
     return store.select(selection, [&](const RowView& row) { places->add(row.value(0), row.value(1)); });
 }
@@ -92,9 +93,8 @@ Answer save(ProjectStore& store, const Table& table, const wire::ParsedQuery& qu
     Outcome outcome = store.save(table, values);
     DataPayload payload(query.operation);
     if (outcome.ok()) {
-        outcome = store.select(selection, [&](const RowView& row) {
-            writeRow(payload.json, table, selection.columns, row);
-        });
+        outcome = store.select(
+            selection, [&](const RowView& row) { writeRow(payload.json, table, selection.columns, row); });
     }
     return payload.finish(outcome);
 }

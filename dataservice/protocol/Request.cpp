@@ -51,7 +51,11 @@ QByteArray openedPayload(const ProjectName& project, const QString& access) {
     DataPayload payload(wire::name::dbOpen);
     payload.json.beginObject().key(keyName).value(project.name);
     payload.json.key(keyUuid).value(project.uuid.isEmpty() ? wire::nullUuid : project.uuid);
-    payload.json.key(keyStatus).value(wire::statusOpen).key(QStringLiteral("access")).value(access).endObject();
+    payload.json.key(keyStatus)
+        .value(wire::statusOpen)
+        .key(QStringLiteral("access"))
+        .value(access)
+        .endObject();
     return payload.finish().payload;
 }
 

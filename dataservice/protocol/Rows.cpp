@@ -8,11 +8,17 @@ void writeValue(JsonWriter& json, FieldType type, const QVariant& value) {
         return;
     }
     switch (type) {
-    case FieldType::Integer: json.value(value.toLongLong()); break;
-    case FieldType::Boolean: json.value(value.toBool()); break;
+    case FieldType::Integer:
+        json.value(value.toLongLong());
+        break;
+    case FieldType::Boolean:
+        json.value(value.toBool());
+        break;
     case FieldType::Text:
     case FieldType::Color:
-    case FieldType::Timestamp: json.value(value.toString()); break;
+    case FieldType::Timestamp:
+        json.value(value.toString());
+        break;
     case FieldType::Scalar:
         // Read and written again: the file is not trusted to hold valid JSON.
         json.raw(scalar::toJson(scalar::fromJson(value.toString())).toUtf8());

@@ -9,7 +9,8 @@
 
 class ProjectSession;
 
-/// One connection to the service, as the sessions see it. The connection derives from it and says how frames go out.
+/// One connection to the service, as the sessions see it. The connection derives from it and says how frames
+/// go out.
 class Client : public std::enable_shared_from_this<Client> {
 public:
     virtual ~Client() = default;

@@ -4,5 +4,6 @@
 struct GroupLimits {
     int milliseconds = 10;
     int frames = 1000;
-    int answerBytes = 16 * 1024 * 1024;  ///< no further request is taken into a group whose answers are this long
+    int answerBytes =
+        16 * 1024 * 1024;  ///< no further request is taken into a group whose answers are this long
 };

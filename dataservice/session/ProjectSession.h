@@ -10,8 +10,8 @@
 #include <memory>
 #include <vector>
 
-/// The clients of one open project: answers their requests in the order of arrival, in groups that are committed as one
-/// before any of their answers goes out, and announces changes to the others.
+/// The clients of one open project: answers their requests in the order of arrival, in groups that are
+/// committed as one before any of their answers goes out, and announces changes to the others.
 class ProjectSession {
 public:
     ProjectSession(std::unique_ptr<ProjectStore> store, const GroupLimits& limits);

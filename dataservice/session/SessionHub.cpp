@@ -164,7 +164,8 @@ void SessionHub::openFor(Client& client, const Request& request) {
         return;
     }
     QString message;
-    const std::shared_ptr<ProjectSession> session = open(QFileInfo(project->name).absoluteFilePath(), &message);
+    const std::shared_ptr<ProjectSession> session =
+        open(QFileInfo(project->name).absoluteFilePath(), &message);
     if (!session) {
         reply(client, request, false, errorsPayload(message));
         return;

@@ -41,7 +41,8 @@ public:
     };
     /// A whole project as JSON, open or not.
     FileError exportProject(const QString& name, QByteArray* reply);
-    /// Makes a project file of a whole project as JSON. Without an error `reply` tells of it, otherwise of the reason.
+    /// Makes a project file of a whole project as JSON. Without an error `reply` tells of it, otherwise of
+    /// the reason.
     FileError importProject(const QByteArray& body, QByteArray* reply);
 
 private:

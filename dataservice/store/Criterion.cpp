@@ -14,12 +14,18 @@ using Operator = Criterion::Operator;
 /// `order` is negative, zero or positive, as the left side is less, equal or greater.
 bool holds(Operator op, int order) {
     switch (op) {
-    case Operator::Equal: return order == 0;
-    case Operator::NotEqual: return order != 0;
-    case Operator::Less: return order < 0;
-    case Operator::LessOrEqual: return order <= 0;
-    case Operator::Greater: return order > 0;
-    case Operator::GreaterOrEqual: return order >= 0;
+    case Operator::Equal:
+        return order == 0;
+    case Operator::NotEqual:
+        return order != 0;
+    case Operator::Less:
+        return order < 0;
+    case Operator::LessOrEqual:
+        return order <= 0;
+    case Operator::Greater:
+        return order > 0;
+    case Operator::GreaterOrEqual:
+        return order >= 0;
     }
     return false;
 }
@@ -73,7 +79,8 @@ Outcome Criterion::read(Database& database, const QString& fieldName, const QStr
         return Outcome::refused(QStringLiteral("There is no operator \"%1\".").arg(op));
     const bool isAuthor = *field == Field::HighlightAuthor || *field == Field::KernoAuthor;
     if (isAuthor && *comparison != Operator::Equal && *comparison != Operator::NotEqual)
-        return Outcome::refused(QStringLiteral("Authors are equal or not; \"%1\" doesn't compare them.").arg(op));
+        return Outcome::refused(
+            QStringLiteral("Authors are equal or not; \"%1\" doesn't compare them.").arg(op));
     criterion->m_field = *field;
     criterion->m_operator = *comparison;
     criterion->m_value = value;
@@ -97,10 +104,11 @@ Outcome Criterion::readGroups(Database& database) {
 }
 
 Outcome Criterion::readValues(Database& database, qint64 keyId) {
-    Statement row = database.statement(
-        QStringLiteral("SELECT l.\"sourceId\", v.\"value\" FROM ") + tableOf(wire::Record::SourceMetadata).name +
-        QStringLiteral(" l JOIN ") + tableOf(wire::Record::SourceMetadataValue).name +
-        QStringLiteral(" v ON v.\"id\" = l.\"valueId\" WHERE l.\"keyId\" = ?"));
+    Statement row =
+        database.statement(QStringLiteral("SELECT l.\"sourceId\", v.\"value\" FROM ") +
+                           tableOf(wire::Record::SourceMetadata).name + QStringLiteral(" l JOIN ") +
+                           tableOf(wire::Record::SourceMetadataValue).name +
+                           QStringLiteral(" v ON v.\"id\" = l.\"valueId\" WHERE l.\"keyId\" = ?"));
     row.bind(keyId);
     // "Not equal" asks for sources that have no equal value, so the equal ones are looked for.
     const Operator searched = m_operator == Operator::NotEqual ? Operator::Equal : m_operator;
@@ -149,10 +157,15 @@ bool Criterion::kernoPasses(qint64 kernoId, const QString& author, const QString
 
 bool Criterion::highlightPasses(qint64 sourceId, const QString& author, const QString& timestamp) const {
     switch (m_field) {
-    case Field::HighlightAuthor: return holds(m_operator, orderOf(author, m_value));
-    case Field::HighlightDate: return datePasses(timestamp);
-    case Field::SourceId: return numberPasses(sourceId);
-    case Field::Value: return (m_sources.count(sourceId) > 0) != (m_operator == Operator::NotEqual);
-    default: return true;
+    case Field::HighlightAuthor:
+        return holds(m_operator, orderOf(author, m_value));
+    case Field::HighlightDate:
+        return datePasses(timestamp);
+    case Field::SourceId:
+        return numberPasses(sourceId);
+    case Field::Value:
+        return (m_sources.count(sourceId) > 0) != (m_operator == Operator::NotEqual);
+    default:
+        return true;
     }
 }

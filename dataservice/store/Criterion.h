@@ -12,14 +12,16 @@
 
 class Database;
 
-/// One condition that highlights, or the kernos that they belong to, have to meet. Without a field it is met by all.
+/// One condition that highlights, or the kernos that they belong to, have to meet. Without a field it is met
+/// by all.
 class Criterion {
 public:
     enum class Operator { Equal, NotEqual, Less, LessOrEqual, Greater, GreaterOrEqual };
 
     Criterion() = default;
 
-    /// Reads the condition and what it needs of the project. `Refused` with a sentence when it makes no sense.
+    /// Reads the condition and what it needs of the project. `Refused` with a sentence when it makes no
+    /// sense.
     static Outcome read(Database& database, const QString& fieldName, const QString& op, const QString& value,
                         qint64 keyId, Criterion* criterion);
 
@@ -44,6 +46,6 @@ private:
     std::set<qint64> m_sources;                   ///< sources with a value for which the comparison holds
 };
 
-/// Whether a comparison holds between a stored value and a typed one: as numbers when both are, otherwise as texts
-/// without regard to case.
+/// Whether a comparison holds between a stored value and a typed one: as numbers when both are, otherwise as
+/// texts without regard to case.
 bool compareValues(const QVariant& stored, Criterion::Operator op, const QString& typed);

@@ -37,7 +37,8 @@ Outcome Statement::outcome() const {
     const QSqlError error = m_query->lastError();
     if (m_prepared && !error.isValid())
         return Outcome::done();
-    return Outcome::failed(QStringLiteral("The project file could not be used: %1.").arg(error.databaseText()));
+    return Outcome::failed(
+        QStringLiteral("The project file could not be used: %1.").arg(error.databaseText()));
 }
 
 std::unique_ptr<Database> Database::open(const QString& path, QString* message) {

@@ -39,7 +39,8 @@ private:
 /// One connection to a database of the store, with its prepared statements. Bound to one thread.
 class Database {
 public:
-    /// Opens the file; null with a sentence in `message` when that fails. The dialect's settings are in force.
+    /// Opens the file; null with a sentence in `message` when that fails. The dialect's settings are in
+    /// force.
     static std::unique_ptr<Database> open(const QString& path, QString* message);
     ~Database();
     Database(const Database&) = delete;

@@ -86,7 +86,8 @@ Header readHeader(const QString& path) {
         bytes[readVersionAt] != rollbackJournal ||
         qFromBigEndian<quint32>(bytes.constData() + applicationIdAt) != applicationId)
         return {Header::Kind::Foreign, 0};
-    return {Header::Kind::Project, static_cast<int>(qFromBigEndian<qint32>(bytes.constData() + userVersionAt))};
+    return {Header::Kind::Project,
+            static_cast<int>(qFromBigEndian<qint32>(bytes.constData() + userVersionAt))};
 }
 
 Outcome markAsProject(Database& database) {

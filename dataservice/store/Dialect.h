@@ -19,7 +19,8 @@ QString driverName();
 /// Durability and trust of a connection that was just opened.
 Outcome applySettings(Database& database);
 
-/// The value in the form in which it comes back unchanged. Only half surrogate pairs, which are no text, are replaced.
+/// The value in the form in which it comes back unchanged. Only half surrogate pairs, which are no text, are
+/// replaced.
 QVariant bound(const QVariant& value);
 
 /// Starts a transaction that may write. Waits a bounded time for another program that holds the file.

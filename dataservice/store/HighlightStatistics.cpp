@@ -40,8 +40,8 @@ Outcome coverage(Database& database, bool byKerno, bool byAuthor, std::vector<Co
     const QString author = QStringLiteral("\"author\", ");
     const QString order = (byKerno ? QStringLiteral("\"kernoId\", ") : QString()) +
                           (byAuthor ? author : QString()) + placeOrder;
-    Statement row = database.statement(
-        highlights(byAuthor ? QStringLiteral("\"kernoId\", \"author\"") : QStringLiteral("\"kernoId\""), {}, order));
+    Statement row = database.statement(highlights(
+        byAuthor ? QStringLiteral("\"kernoId\", \"author\"") : QStringLiteral("\"kernoId\""), {}, order));
     CoveredLength covered;
     Place place;
     if (row.run()) {
@@ -113,8 +113,8 @@ Outcome coverageByKernoAndAuthor(Database& database, std::vector<CoverageRow>* r
 }
 
 Outcome codedLengths(Database& database, std::map<qint64, qint64>* lengths) {
-    Statement source = database.statement(QStringLiteral("SELECT \"id\" FROM ") +
-                                          tableOf(wire::Record::Source).name);
+    Statement source =
+        database.statement(QStringLiteral("SELECT \"id\" FROM ") + tableOf(wire::Record::Source).name);
     if (source.run()) {
         while (source.next())
             lengths->emplace(source.value(0).toLongLong(), 0);
@@ -145,8 +145,8 @@ Outcome overlapCount(Database& database, qint64 kernoId1, qint64 kernoId2, qint6
         if ((kernoId == kernoId1 && other == kernoId2) || (kernoId == kernoId2 && other == kernoId1))
             *count += pairs;
     });
-    Statement row = database.statement(
-        highlights(QStringLiteral("\"kernoId\""), QStringLiteral(" WHERE \"kernoId\" IN (?, ?)"), placeOrder));
+    Statement row = database.statement(highlights(
+        QStringLiteral("\"kernoId\""), QStringLiteral(" WHERE \"kernoId\" IN (?, ?)"), placeOrder));
     row.bind(kernoId1).bind(kernoId2);
     *count = 0;
     return sweep(row, overlaps);

@@ -21,8 +21,9 @@ Outcome visitAll(Statement& statement, const RowVisitor& visit) {
 }  // namespace
 
 Outcome childCount(Database& database, qint64 parentKernoId, qint64* count) {
-    Statement statement = database.statement(QStringLiteral("SELECT COUNT(*) FROM ") + name(wire::Record::Kerno) +
-                                             QStringLiteral(" WHERE \"parentKernoId\" = ?"));
+    Statement statement =
+        database.statement(QStringLiteral("SELECT COUNT(*) FROM ") + name(wire::Record::Kerno) +
+                           QStringLiteral(" WHERE \"parentKernoId\" = ?"));
     statement.bind(parentKernoId);
     return visitAll(statement, [&](const RowView& row) { *count = row.integer(0); });
 }
@@ -30,8 +31,9 @@ Outcome childCount(Database& database, qint64 parentKernoId, qint64* count) {
 Outcome answersWithQuestion(Database& database, qint64 sourceId, std::optional<qint64> questionId,
                             const RowVisitor& visit) {
     Statement statement = database.statement(
-        QStringLiteral("SELECT a.\"id\", a.\"questionId\", a.\"sourceId\", COALESCE(q.\"question\", ''), a.\"author\", "
-                       "a.\"timestamp\", a.\"answer\" FROM ") +
+        QStringLiteral(
+            "SELECT a.\"id\", a.\"questionId\", a.\"sourceId\", COALESCE(q.\"question\", ''), a.\"author\", "
+            "a.\"timestamp\", a.\"answer\" FROM ") +
         name(wire::Record::QuestionAnswer) + QStringLiteral(" a LEFT JOIN ") + name(wire::Record::Question) +
         QStringLiteral(" q ON q.\"id\" = a.\"questionId\" WHERE a.\"sourceId\" = ?") +
         (questionId ? QStringLiteral(" AND a.\"questionId\" = ?") : QString()) +
@@ -44,8 +46,9 @@ Outcome answersWithQuestion(Database& database, qint64 sourceId, std::optional<q
 
 Outcome metadataOfSource(Database& database, qint64 sourceId, const RowVisitor& visit) {
     Statement statement = database.statement(
-        QStringLiteral("SELECT l.\"id\", COALESCE(k.\"key\", ''), COALESCE(v.\"value\", 'null'), l.\"keyId\", "
-                       "l.\"valueId\", l.\"sourceId\", l.\"author\", l.\"timestamp\" FROM ") +
+        QStringLiteral(
+            "SELECT l.\"id\", COALESCE(k.\"key\", ''), COALESCE(v.\"value\", 'null'), l.\"keyId\", "
+            "l.\"valueId\", l.\"sourceId\", l.\"author\", l.\"timestamp\" FROM ") +
         name(wire::Record::SourceMetadata) + QStringLiteral(" l LEFT JOIN ") +
         name(wire::Record::SourceMetadataKey) + QStringLiteral(" k ON k.\"id\" = l.\"keyId\" LEFT JOIN ") +
         name(wire::Record::SourceMetadataValue) +

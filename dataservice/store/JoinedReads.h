@@ -11,8 +11,8 @@ namespace joinedreads {
 /// The number of kernos under another one.
 Outcome childCount(Database& database, qint64 parentKernoId, qint64* count);
 
-/// Answers of a source with their questions' texts, by id. Columns: id, questionId, sourceId, question, author,
-/// timestamp, answer.
+/// Answers of a source with their questions' texts, by id. Columns: id, questionId, sourceId, question,
+/// author, timestamp, answer.
 Outcome answersWithQuestion(Database& database, qint64 sourceId, std::optional<qint64> questionId,
                             const RowVisitor& visit);
 

@@ -61,9 +61,10 @@ std::unique_ptr<Database> open(const QString& path, QString* message) {
     if (header.kind == Kind::Empty || header.kind == Kind::Foreign)
         return refuse(path, QStringLiteral("It isn't a Kernova project, or it can't be read."), message);
     if (header.version > currentSchemaVersion()) {
-        return refuse(path, QStringLiteral("It was written by a newer version of Kernova (%1; this one knows %2).")
-                                .arg(header.version)
-                                .arg(currentSchemaVersion()),
+        return refuse(path,
+                      QStringLiteral("It was written by a newer version of Kernova (%1; this one knows %2).")
+                          .arg(header.version)
+                          .arg(currentSchemaVersion()),
                       message);
     }
     if (header.version < 1)

@@ -11,8 +11,8 @@ class Database;
 /// Making, checking and opening project files.
 namespace projectfile {
 
-/// Opens an existing project file after it passed every check, and brings it to the current version. A file that
-/// is refused is left as it is. Null with a sentence in `message` on any failure.
+/// Opens an existing project file after it passed every check, and brings it to the current version. A file
+/// that is refused is left as it is. Null with a sentence in `message` on any failure.
 std::unique_ptr<Database> open(const QString& path, QString* message);
 
 /// Makes an empty project in a new file, to be filled and then moved into place. Fails when the file exists.

@@ -201,8 +201,8 @@ Outcome ProjectStore::loadCounters() {
             continue;
         // Files that weren't written by this program's own counting still never get an id twice.
         Statement statement = m_database->statement(
-            QStringLiteral("SELECT COALESCE(MAX(\"id\"), 0), COALESCE((SELECT \"lastId\" FROM ") + sql::counterTable +
-            QStringLiteral(" WHERE \"record\" = ?), 0) FROM ") + table.name);
+            QStringLiteral("SELECT COALESCE(MAX(\"id\"), 0), COALESCE((SELECT \"lastId\" FROM ") +
+            sql::counterTable + QStringLiteral(" WHERE \"record\" = ?), 0) FROM ") + table.name);
         if (statement.bind(wire::word(record)).run() && statement.next()) {
             m_counters[static_cast<size_t>(record)] = {
                 qMax(statement.value(0).toLongLong(), statement.value(1).toLongLong()), false};
@@ -221,8 +221,9 @@ Outcome ProjectStore::storeCounters() {
             continue;
         Statement statement = m_database->statement(
             QStringLiteral("INSERT INTO ") + sql::counterTable +
-            QStringLiteral(" (\"record\", \"lastId\") VALUES (?, ?) ON CONFLICT(\"record\") DO UPDATE SET \"lastId\" = "
-                           "excluded.\"lastId\""));
+            QStringLiteral(
+                " (\"record\", \"lastId\") VALUES (?, ?) ON CONFLICT(\"record\") DO UPDATE SET \"lastId\" = "
+                "excluded.\"lastId\""));
         statement.bind(wire::word(record)).bind(counter.lastId).run();
         const Outcome outcome = statement.outcome();
         if (!outcome.ok())

@@ -40,16 +40,18 @@ struct Selection {
         int column;
         QVariant value;
     };
-    std::vector<Filter> filters;     ///< all must be met
-    bool windowed = false;           ///< only passages that intersect the window
+    std::vector<Filter> filters;  ///< all must be met
+    bool windowed = false;        ///< only passages that intersect the window
     qint64 windowStart = 0;
-    qint64 windowLength = -1;        ///< -1 for up to the end
+    qint64 windowLength = -1;  ///< -1 for up to the end
 };
 
-/// A project in its file: reads, writes and transactions of records. Knows nothing of who asks. Bound to one thread.
+/// A project in its file: reads, writes and transactions of records. Knows nothing of who asks. Bound to one
+/// thread.
 class ProjectStore {
 public:
-    /// Opens the file, or makes a new project where there is none. Null with a sentence in `message` on failure.
+    /// Opens the file, or makes a new project where there is none. Null with a sentence in `message` on
+    /// failure.
     static std::unique_ptr<ProjectStore> open(const QString& path, QString* message);
     /// Opens the file; a missing one is a failure.
     static std::unique_ptr<ProjectStore> openExisting(const QString& path, QString* message);
@@ -72,8 +74,8 @@ public:
     // Writes begin a transaction when none is open; the caller commits.
 
     /// Writes the given columns by the record's id and keeps all others. A new record is stamped: with the
-    /// time it had before if the id was removed once, otherwise with the present. A timestamp that is given is
-    /// taken for a new record.
+    /// time it had before if the id was removed once, otherwise with the present. A timestamp that is given
+    /// is taken for a new record.
     Outcome save(const Table& table, const RecordValues& values);
 
     /// Removes the record and keeps its timestamp in memory of its id. No failure when there is none.

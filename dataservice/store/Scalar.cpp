@@ -12,7 +12,8 @@ QString toJson(const QVariant& value) {
 }
 
 QVariant fromJson(const QString& json) {
-    const QJsonDocument document = QJsonDocument::fromJson((QLatin1Char('[') + json + QLatin1Char(']')).toUtf8());
+    const QJsonDocument document =
+        QJsonDocument::fromJson((QLatin1Char('[') + json + QLatin1Char(']')).toUtf8());
     const QJsonValue value = document.array().at(0);
     return value.isNull() || value.isUndefined() ? QVariant() : value.toVariant();
 }

@@ -14,12 +14,17 @@ QString places(int count) {
 
 QString columnType(const Column& column) {
     switch (column.type) {
-    case FieldType::Integer: return QStringLiteral("INTEGER NOT NULL DEFAULT -1");
-    case FieldType::Boolean: return QStringLiteral("BOOLEAN NOT NULL DEFAULT FALSE");
-    case FieldType::Color: return QStringLiteral("TEXT NOT NULL DEFAULT '#ffffff'");
+    case FieldType::Integer:
+        return QStringLiteral("INTEGER NOT NULL DEFAULT -1");
+    case FieldType::Boolean:
+        return QStringLiteral("BOOLEAN NOT NULL DEFAULT FALSE");
+    case FieldType::Color:
+        return QStringLiteral("TEXT NOT NULL DEFAULT '#ffffff'");
     case FieldType::Text:
-    case FieldType::Timestamp: return QStringLiteral("TEXT NOT NULL DEFAULT ''");
-    case FieldType::Scalar: return QStringLiteral("TEXT NOT NULL DEFAULT 'null'");
+    case FieldType::Timestamp:
+        return QStringLiteral("TEXT NOT NULL DEFAULT ''");
+    case FieldType::Scalar:
+        return QStringLiteral("TEXT NOT NULL DEFAULT 'null'");
     }
     return {};
 }
@@ -89,16 +94,17 @@ QString upsert(const Table& table, const std::vector<int>& given, bool restore) 
             values += QLatin1Char('?');
         }
     }
-    const QString action = updates.isEmpty() ? QStringLiteral("NOTHING")
-                                             : QStringLiteral("UPDATE SET ") + updates.join(comma);
+    const QString action =
+        updates.isEmpty() ? QStringLiteral("NOTHING") : QStringLiteral("UPDATE SET ") + updates.join(comma);
     return QStringLiteral("INSERT INTO ") + table.name + QStringLiteral(" (") + names.join(comma) +
-           QStringLiteral(") VALUES (") + values + QStringLiteral(") ON CONFLICT(") + quoted(table.id().name) +
-           QStringLiteral(") DO ") + action;
+           QStringLiteral(") VALUES (") + values + QStringLiteral(") ON CONFLICT(") +
+           quoted(table.id().name) + QStringLiteral(") DO ") + action;
 }
 
 QString rememberTimestamp(const Table& table) {
     return QStringLiteral("INSERT INTO ") + removedTable +
-           QStringLiteral(" (\"record\", \"id\", \"timestamp\") SELECT ?, \"id\", \"timestamp\" FROM ") + table.name +
+           QStringLiteral(" (\"record\", \"id\", \"timestamp\") SELECT ?, \"id\", \"timestamp\" FROM ") +
+           table.name +
            QStringLiteral(" WHERE \"id\" = ? ON CONFLICT(\"record\", \"id\") DO UPDATE SET \"timestamp\" = "
                           "excluded.\"timestamp\"");
 }
@@ -127,8 +133,8 @@ QString createIndex(const TableIndex& index) {
     QStringList columns;
     for (const QString& column : index.columns)
         columns << quoted(column);
-    return QStringLiteral("CREATE INDEX ") + index.name + QStringLiteral(" ON ") + tableOf(index.record).name +
-           QStringLiteral(" (") + columns.join(comma) + QLatin1Char(')');
+    return QStringLiteral("CREATE INDEX ") + index.name + QStringLiteral(" ON ") +
+           tableOf(index.record).name + QStringLiteral(" (") + columns.join(comma) + QLatin1Char(')');
 }
 
 QString createCounterTable() {

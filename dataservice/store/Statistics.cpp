@@ -29,8 +29,9 @@ Outcome sourceIds(Database& database, std::set<qint64>* ids) {
 
 Outcome kernoSources(Database& database, const std::vector<qint64>& kernoIds, std::set<qint64>* ids) {
     for (qint64 kernoId : kernoIds) {
-        Statement statement = database.statement(QStringLiteral("SELECT DISTINCT \"sourceId\" FROM ") +
-                                                 name(Record::Highlight) + QStringLiteral(" WHERE \"kernoId\" = ?"));
+        Statement statement =
+            database.statement(QStringLiteral("SELECT DISTINCT \"sourceId\" FROM ") +
+                               name(Record::Highlight) + QStringLiteral(" WHERE \"kernoId\" = ?"));
         statement.bind(kernoId);
         const Outcome outcome =
             forEach(statement, [&](Statement& row) { ids->insert(row.value(0).toLongLong()); });
@@ -72,8 +73,8 @@ Outcome maxHighlightsCount(Database& database, qint64* count) {
 
 Outcome quoteCounts(Database& database, std::vector<QuoteCount>* rows) {
     Statement statement = database.statement(
-        QStringLiteral("SELECT \"kernoId\", COUNT(*), COUNT(DISTINCT \"sourceId\") FROM ") + name(Record::Highlight) +
-        QStringLiteral(" GROUP BY \"kernoId\" ORDER BY \"kernoId\""));
+        QStringLiteral("SELECT \"kernoId\", COUNT(*), COUNT(DISTINCT \"sourceId\") FROM ") +
+        name(Record::Highlight) + QStringLiteral(" GROUP BY \"kernoId\" ORDER BY \"kernoId\""));
     return forEach(statement, [&](Statement& row) {
         rows->push_back({row.value(0).toLongLong(), row.value(1).toLongLong(), row.value(2).toLongLong()});
     });
@@ -84,8 +85,9 @@ Outcome overviewPerSource(Database& database, qint64 kernoId, std::vector<Source
         QStringLiteral("SELECT c.n, (SELECT COUNT(*) FROM ") + name(Record::Highlight) +
         QStringLiteral(" a WHERE a.\"sourceId\" = c.\"sourceId\"), COALESCE(s.\"title\", '') FROM "
                        "(SELECT \"sourceId\", COUNT(*) AS n FROM ") +
-        name(Record::Highlight) + QStringLiteral(" WHERE \"kernoId\" = ? GROUP BY \"sourceId\") c LEFT JOIN ") +
-        name(Record::Source) + QStringLiteral(" s ON s.\"id\" = c.\"sourceId\" ORDER BY c.\"sourceId\""));
+        name(Record::Highlight) +
+        QStringLiteral(" WHERE \"kernoId\" = ? GROUP BY \"sourceId\") c LEFT JOIN ") + name(Record::Source) +
+        QStringLiteral(" s ON s.\"id\" = c.\"sourceId\" ORDER BY c.\"sourceId\""));
     statement.bind(kernoId);
     return forEach(statement, [&](Statement& row) {
         rows->push_back({row.value(0).toLongLong(), row.value(1).toLongLong(), row.value(2).toString()});

@@ -9,7 +9,8 @@
 
 class Database;
 
-/// Counts over a project. None of these holds more of it in memory than its answer and the highlights of one text.
+/// Counts over a project. None of these holds more of it in memory than its answer and the highlights of one
+/// text.
 namespace statistics {
 
 struct CoverageRow {
@@ -63,7 +64,8 @@ struct MetadataOverview {
 };
 /// A row for each value of the key that some source has, by the value's id.
 Outcome metadataOverview(Database& database, qint64 keyId, std::vector<MetadataOverview>* rows);
-/// The same over the sources in which one of the kernos has a highlight; `sourcesOccurrences` is their number.
+/// The same over the sources in which one of the kernos has a highlight; `sourcesOccurrences` is their
+/// number.
 Outcome metadataOverview(Database& database, qint64 keyId, const std::vector<qint64>& kernoIds,
                          std::vector<MetadataOverview>* rows);
 

@@ -4,8 +4,8 @@
 #include <functional>
 #include <vector>
 
-/// Counts over the highlights of texts, in one pass. Ranges are half open, and within one text they come ordered by
-/// start, longer ones first.
+/// Counts over the highlights of texts, in one pass. Ranges are half open, and within one text they come
+/// ordered by start, longer ones first.
 
 /// The number of characters under at least one range.
 class CoveredLength {
@@ -23,7 +23,8 @@ private:
 /// Finds which kernos' highlights overlap: each starts before the other ends.
 class OverlapSweep {
 public:
-    /// Told for each highlight: it overlaps `count` earlier highlights of `other`, which may be the same kerno.
+    /// Told for each highlight: it overlaps `count` earlier highlights of `other`, which may be the same
+    /// kerno.
     using Found = std::function<void(qint64 kernoId, qint64 other, qint64 count)>;
 
     explicit OverlapSweep(Found found) : m_found(std::move(found)) {}
@@ -35,9 +36,9 @@ private:
     /// The highlights of one kerno that reach beyond the present start.
     struct OpenKerno {
         qint64 kernoId = 0;
-        std::vector<qint64> ends;       ///< a heap, the nearest end first
+        std::vector<qint64> ends;  ///< a heap, the nearest end first
         qint64 latestStart = 0;
-        qint64 startedAtLatest = 0;     ///< how many of them begin there
+        qint64 startedAtLatest = 0;  ///< how many of them begin there
     };
 
     Found m_found;

@@ -6,20 +6,34 @@ using wire::Record;
 
 QString tableName(Record record) {
     switch (record) {
-    case Record::Kerno: return QStringLiteral("tbl_kerno");
-    case Record::Source: return QStringLiteral("tbl_source");
-    case Record::Highlight: return QStringLiteral("tbl_highlight");
-    case Record::Memo: return QStringLiteral("tbl_memo");
-    case Record::Question: return QStringLiteral("tbl_question");
-    case Record::QuestionAnswer: return QStringLiteral("tbl_question_answer");
-    case Record::SourceMetadata: return QStringLiteral("tbl_source_metadata");
-    case Record::SourceMetadataKey: return QStringLiteral("tbl_source_metadata_key");
-    case Record::SourceMetadataValue: return QStringLiteral("tbl_source_metadata_value");
-    case Record::Group: return QStringLiteral("tbl_level");
-    case Record::KernoGroup: return QStringLiteral("tbl_level_kerno");
-    case Record::KernoShortcutKey: return QStringLiteral("tbl_kerno_shortcut_key");
-    case Record::Preference: return QStringLiteral("tbl_preference");
-    case Record::ChatMessage: return QStringLiteral("tbl_chat_message");
+    case Record::Kerno:
+        return QStringLiteral("tbl_kerno");
+    case Record::Source:
+        return QStringLiteral("tbl_source");
+    case Record::Highlight:
+        return QStringLiteral("tbl_highlight");
+    case Record::Memo:
+        return QStringLiteral("tbl_memo");
+    case Record::Question:
+        return QStringLiteral("tbl_question");
+    case Record::QuestionAnswer:
+        return QStringLiteral("tbl_question_answer");
+    case Record::SourceMetadata:
+        return QStringLiteral("tbl_source_metadata");
+    case Record::SourceMetadataKey:
+        return QStringLiteral("tbl_source_metadata_key");
+    case Record::SourceMetadataValue:
+        return QStringLiteral("tbl_source_metadata_value");
+    case Record::Group:
+        return QStringLiteral("tbl_level");
+    case Record::KernoGroup:
+        return QStringLiteral("tbl_level_kerno");
+    case Record::KernoShortcutKey:
+        return QStringLiteral("tbl_kerno_shortcut_key");
+    case Record::Preference:
+        return QStringLiteral("tbl_preference");
+    case Record::ChatMessage:
+        return QStringLiteral("tbl_chat_message");
     }
     return {};
 }
@@ -41,7 +55,8 @@ Table makeTable(Record record) {
 }
 
 TableIndex makeIndex(Record record, const QStringList& columns) {
-    return {QStringLiteral("idx_") + tableName(record).mid(4) + QLatin1Char('_') + columns.join(QLatin1Char('_')),
+    return {QStringLiteral("idx_") + tableName(record).mid(4) + QLatin1Char('_') +
+                columns.join(QLatin1Char('_')),
             record, columns};
 }
 

@@ -94,7 +94,8 @@ QString ServiceClient::saving(wire::Record record, const QString& arguments) {
 }
 
 QString ServiceClient::removing(wire::Record record, const QString& arguments) {
-    return wire::mutation(wire::operationName(record, wire::Operation::Remove), {arguments}, {allFields(record)});
+    return wire::mutation(wire::operationName(record, wire::Operation::Remove), {arguments},
+                          {allFields(record)});
 }
 
 QString ServiceClient::listing(wire::Record record, const QString& arguments) {

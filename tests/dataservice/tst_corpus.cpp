@@ -31,9 +31,15 @@ private slots:
                 const int at = random.bounded(changed.size());
                 const char letter = alphabet[random.bounded(alphabet.size())];
                 switch (random.bounded(3)) {
-                case 0: changed[at] = letter; break;
-                case 1: changed.insert(at, letter); break;
-                default: changed.remove(at, changed.size() > 1 ? 1 : 0); break;
+                case 0:
+                    changed[at] = letter;
+                    break;
+                case 1:
+                    changed.insert(at, letter);
+                    break;
+                default:
+                    changed.remove(at, changed.size() > 1 ? 1 : 0);
+                    break;
                 }
             }
             const QString fault = exerciseFrame(changed);

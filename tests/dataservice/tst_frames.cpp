@@ -68,7 +68,8 @@ private slots:
         QFETCH(QString, query);
         QFETCH(QString, position);
         ServiceClient client;
-        QVERIFY(client.connectTo(m_service.port()) && client.open(m_folder.filePath(QStringLiteral("a.krn"))));
+        QVERIFY(client.connectTo(m_service.port()) &&
+                client.open(m_folder.filePath(QStringLiteral("a.krn"))));
         const QString error = client.errorOf(query);
         QVERIFY2(error.endsWith(QStringLiteral("(at character %1)").arg(position)), qPrintable(error));
         QCOMPARE(client.frames.back().status, 400);
@@ -113,7 +114,8 @@ private slots:
         QFETCH(QByteArray, bytes);
         QFETCH(int, code);
         ServiceClient witness;
-        QVERIFY(witness.connectTo(m_service.port()) && witness.open(m_folder.filePath(QStringLiteral("c.krn"))));
+        QVERIFY(witness.connectTo(m_service.port()) &&
+                witness.open(m_folder.filePath(QStringLiteral("c.krn"))));
         QTcpSocket socket;
         socket.connectToHost(QHostAddress::LocalHost, m_service.port());
         QVERIFY(socket.waitForConnected());
@@ -137,8 +139,10 @@ private slots:
         QTest::addColumn<QByteArray>("text");
         QTest::addColumn<bool>("valid");
         QTest::addColumn<QByteArrayList>("parts");
-        QTest::newRow("plain") << QByteArray(" {\"a\" : 1 , \"b\":[2,\"}\"]} ") << true << QByteArrayList{"a", "1", "b", "[2,\"}\"]"};
-        QTest::newRow("escapes") << QByteArray("{\"a\\\"\":\"\\\\\"}") << true << QByteArrayList{"a\\\"", "\"\\\\\""};
+        QTest::newRow("plain") << QByteArray(" {\"a\" : 1 , \"b\":[2,\"}\"]} ") << true
+                               << QByteArrayList{"a", "1", "b", "[2,\"}\"]"};
+        QTest::newRow("escapes") << QByteArray("{\"a\\\"\":\"\\\\\"}") << true
+                                 << QByteArrayList{"a\\\"", "\"\\\\\""};
         QTest::newRow("empty") << QByteArray("{}") << true << QByteArrayList{};
         QTest::newRow("open string") << QByteArray("{\"a\":\"}") << false << QByteArrayList{};
         QTest::newRow("open object") << QByteArray("{\"a\":{}") << false << QByteArrayList{"a", "{}"};
@@ -152,10 +156,11 @@ private slots:
         QFETCH(bool, valid);
         QFETCH(QByteArrayList, parts);
         QByteArrayList found;
-        const bool read = jsonscan::eachMember(text, {0, text.size()}, [&](const QByteArray& key, jsonscan::Span value) {
-            found << key << jsonscan::part(text, value);
-            return true;
-        });
+        const bool read =
+            jsonscan::eachMember(text, {0, text.size()}, [&](const QByteArray& key, jsonscan::Span value) {
+                found << key << jsonscan::part(text, value);
+                return true;
+            });
         QCOMPARE(read, valid);
         QCOMPARE(found, parts);
     }

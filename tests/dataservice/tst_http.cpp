@@ -55,7 +55,9 @@ private:
         request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
         return wait(m_manager.post(request, body));
     }
-    HttpAnswer post(const QJsonObject& body) { return post(QJsonDocument(body).toJson(QJsonDocument::Compact)); }
+    HttpAnswer post(const QJsonObject& body) {
+        return post(QJsonDocument(body).toJson(QJsonDocument::Compact));
+    }
 
     /// Sends bytes as they are and gives the first line of the answer.
     QByteArray firstLine(const QByteArray& request) {
@@ -64,11 +66,12 @@ private:
         if (!socket.waitForConnected())
             return {};
         socket.write(request);
-        while (!socket.canReadLine() && socket.waitForReadyRead(5000)) {
-        }
+        while (!socket.canReadLine() && socket.waitForReadyRead(5000)) {}
         return socket.readLine().trimmed();
     }
-    QStringList files() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    QStringList files() const {
+        return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
 
 private slots:
     void init() {
@@ -90,7 +93,8 @@ private slots:
         QTest::newRow("page") << host + "Origin: http://127.0.0.1:PORT\r\n" << false << false;
         QTest::newRow("null origin") << host + "Origin: null\r\n" << false << false;
         QTest::newRow("token missing") << host << true << false;
-        QTest::newRow("token wrong") << host + "Kernova-Service-Token: " + QByteArray(32, '0') + "\r\n" << true << false;
+        QTest::newRow("token wrong") << host + "Kernova-Service-Token: " + QByteArray(32, '0') + "\r\n"
+                                     << true << false;
         QTest::newRow("token right") << host + tokenLine << true << true;
         QTest::newRow("token and page") << host + tokenLine + "Origin: http://a\r\n" << true << false;
     }
@@ -104,9 +108,11 @@ private slots:
             QVERIFY(m_service->start());
         }
         headers.replace("PORT", QByteArray::number(m_service->port()));
-        const QByteArray upgrade = "Connection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"
-                                   "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n";
-        QCOMPARE(firstLine("GET / HTTP/1.1\r\n" + headers + upgrade + "\r\n").startsWith("HTTP/1.1 101"), passes);
+        const QByteArray upgrade =
+            "Connection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"
+            "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n";
+        QCOMPARE(firstLine("GET / HTTP/1.1\r\n" + headers + upgrade + "\r\n").startsWith("HTTP/1.1 101"),
+                 passes);
         QCOMPARE(firstLine("GET / HTTP/1.1\r\n" + headers + "\r\n"),
                  passes ? QByteArray("HTTP/1.1 404 Not Found") : QByteArray("HTTP/1.1 403 Forbidden"));
     }
@@ -146,7 +152,8 @@ private slots:
         QCOMPARE(get(first).json, open.json);
 
         const QString second = m_folder.filePath(QStringLiteral("second.krn"));
-        const HttpAnswer posted = post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), project},
+        const HttpAnswer posted = post({{QStringLiteral("name"), second},
+                                        {QStringLiteral("project_json"), project},
                                         {QStringLiteral("extra"), QJsonArray{1, QStringLiteral("a")}}});
         QCOMPARE(posted.status, 200);
         QCOMPARE(posted.json.value(QStringLiteral("status")), QJsonValue(true));
@@ -158,10 +165,16 @@ private slots:
         QCOMPARE(client.ask(QStringLiteral("{highlightMaxId(next: true)}")).toInt(), 2);
 
         // An open file isn't replaced; a closed one is.
-        QCOMPARE(post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), QJsonObject()}}).status, 409);
+        QCOMPARE(
+            post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), QJsonObject()}}).status,
+            409);
         client.request(wire::closeProject());
-        QCOMPARE(post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), QJsonObject()}}).status, 200);
-        QCOMPARE(get(second).json.value(QStringLiteral("project_json"))[QStringLiteral("kernos")].toArray().size(), 0);
+        QCOMPARE(
+            post({{QStringLiteral("name"), second}, {QStringLiteral("project_json"), QJsonObject()}}).status,
+            200);
+        QCOMPARE(
+            get(second).json.value(QStringLiteral("project_json"))[QStringLiteral("kernos")].toArray().size(),
+            0);
         QFile::remove(first);
         QFile::remove(second);
     }
@@ -171,15 +184,19 @@ private slots:
         const QString file = m_folder.filePath(QStringLiteral("roles.krn"));
         const QByteArray body =
             "{\"name\":\"" + file.toUtf8() +
-            "\",\"project_json\":{\"groups\":[{\"id\":4,\"title\":\"staff\",\"visible\":true},{\"title\":\"no id\"}],"
+            "\",\"project_json\":{\"groups\":[{\"id\":4,\"title\":\"staff\",\"visible\":true},{\"title\":"
+            "\"no id\"}],"
             "\"source_metadata_keys\":[{\"id\":1,\"key\":\"age\",\"multipleChoice\":true}],"
-            "\"unknown\":[1,2],\"highlights\":[{\"id\":3,\"color\":\"#ff0000\",\"start\":2,\"length\":3,\"y1\":7,"
+            "\"unknown\":[1,2],\"highlights\":[{\"id\":3,\"color\":\"#ff0000\",\"start\":2,\"length\":3,"
+            "\"y1\":7,"
             "\"timestamp\":\"2024-05-06T10:00:00+02:00\"}]}}";
         QCOMPARE(post(body).status, 200);
         const QJsonObject project = get(file).json.value(QStringLiteral("project_json")).toObject();
         QCOMPARE(project.value(QStringLiteral("groups")).toArray(),
-                 (QJsonArray{QJsonObject{{QStringLiteral("id"), 4}, {QStringLiteral("description"), QStringLiteral("staff")}}}));
-        QCOMPARE(project.value(QStringLiteral("source_metadata_keys"))[0][QStringLiteral("multipleChoice")], QJsonValue(true));
+                 (QJsonArray{QJsonObject{{QStringLiteral("id"), 4},
+                                         {QStringLiteral("description"), QStringLiteral("staff")}}}));
+        QCOMPARE(project.value(QStringLiteral("source_metadata_keys"))[0][QStringLiteral("multipleChoice")],
+                 QJsonValue(true));
         QCOMPARE(project.value(QStringLiteral("highlights"))[0][QStringLiteral("timestamp")].toString(),
                  QStringLiteral("2024-05-06T08:00:00Z"));
         QFile::remove(file);
@@ -192,11 +209,15 @@ private slots:
         QTest::newRow("array") << QByteArray("[1]") << 400;
         QTest::newRow("no name") << QByteArray("{\"project_json\":{}}") << 400;
         QTest::newRow("no records") << QByteArray("{\"name\":\"NAME\"}") << 400;
-        QTest::newRow("cut off") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":[{\"id\":1},") << 400;
-        QTest::newRow("bad record") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":[{\"id\":1},{id}]}}") << 400;
+        QTest::newRow("cut off") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":[{\"id\":1},")
+                                 << 400;
+        QTest::newRow("bad record")
+            << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":[{\"id\":1},{id}]}}") << 400;
         QTest::newRow("no list") << QByteArray("{\"name\":\"NAME\",\"project_json\":{\"kernos\":7}}") << 400;
         QTest::newRow("no folder") << QByteArray("{\"name\":\"NAME/x/y.krn\",\"project_json\":{}}") << 500;
-        QTest::newRow("deep") << QByteArray("{\"name\":\"NAME\",\"project_json\":{},\"a\":") + QByteArray(80, '[') + QByteArray(80, ']') + "}" << 400;
+        QTest::newRow("deep") << QByteArray("{\"name\":\"NAME\",\"project_json\":{},\"a\":") +
+                                     QByteArray(80, '[') + QByteArray(80, ']') + "}"
+                              << 400;
     }
 
     void leavesNoFileAfterAFailure() {

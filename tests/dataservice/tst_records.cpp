@@ -17,19 +17,27 @@ const QString awkward = QStringLiteral("quote \" back \\ line\nemoji \U0001F600 
 /// A value for a column, other for each `variant`.
 QString argumentFor(const Column& column, int variant) {
     switch (column.type) {
-    case FieldType::Integer: return wire::argument(column.name, variant + 10);
-    case FieldType::Boolean: return wire::argument(column.name, variant % 2);
-    case FieldType::Color: return wire::argument(column.name, QStringLiteral("#00ff%1").arg(variant + 10));
-    default: return wire::argument(column.name, awkward + QString::number(variant));
+    case FieldType::Integer:
+        return wire::argument(column.name, variant + 10);
+    case FieldType::Boolean:
+        return wire::argument(column.name, variant % 2);
+    case FieldType::Color:
+        return wire::argument(column.name, QStringLiteral("#00ff%1").arg(variant + 10));
+    default:
+        return wire::argument(column.name, awkward + QString::number(variant));
     }
 }
 
 QJsonValue expectedFor(const Column& column, int variant) {
     switch (column.type) {
-    case FieldType::Integer: return variant + 10;
-    case FieldType::Boolean: return variant % 2 == 1;
-    case FieldType::Color: return QStringLiteral("#00ff%1").arg(variant + 10);
-    default: return awkward + QString::number(variant);
+    case FieldType::Integer:
+        return variant + 10;
+    case FieldType::Boolean:
+        return variant % 2 == 1;
+    case FieldType::Color:
+        return QStringLiteral("#00ff%1").arg(variant + 10);
+    default:
+        return awkward + QString::number(variant);
     }
 }
 
@@ -66,7 +74,8 @@ private:
     QList<int> ids(const QString& query) {
         QList<int> found;
         for (const QJsonValue& value : m_client->ask(query).toArray())
-            found << (value.isObject() ? value.toObject().value(QStringLiteral("id")).toInt() : value.toInt());
+            found << (value.isObject() ? value.toObject().value(QStringLiteral("id")).toInt()
+                                       : value.toInt());
         return found;
     }
 
@@ -128,9 +137,11 @@ private slots:
     }
 
     void keepsWhatIsNotSent() {
-        save(Record::Kerno, QStringLiteral("id:1 parentKernoId:3 color:\"#102030\" title:\"a\" description:\"b\" x:5 y:6"));
+        save(Record::Kerno,
+             QStringLiteral("id:1 parentKernoId:3 color:\"#102030\" title:\"a\" description:\"b\" x:5 y:6"));
         const QJsonObject reply =
-            m_client->ask(ServiceClient::saving(Record::Kerno, QStringLiteral("id:1 title:\"c\""))).toObject();
+            m_client->ask(ServiceClient::saving(Record::Kerno, QStringLiteral("id:1 title:\"c\"")))
+                .toObject();
         QCOMPARE(reply.value(QStringLiteral("title")).toString(), QStringLiteral("c"));
         QCOMPARE(reply.value(QStringLiteral("description")).toString(), QStringLiteral("b"));
         QCOMPARE(reply.value(QStringLiteral("parentKernoId")).toInt(), 3);
@@ -142,14 +153,16 @@ private slots:
         QTest::addColumn<QString>("stored");
         const QString half(QChar(0xD800));
         QTest::newRow("empty") << QString() << QStringLiteral("");
-        QTest::newRow("byte order mark") << QString(QChar(0xFEFF)) + QStringLiteral("a")
-                                         << QString(QChar(0xFEFF)) + QStringLiteral("a");
-        QTest::newRow("swapped mark") << QString(QChar(0xFFFE)) + QStringLiteral("a")
-                                      << QString(QChar(0xFFFD)) + QStringLiteral("a");
-        QTest::newRow("nul") << QString(QChar(0)) + QStringLiteral("a") << QString(QChar(0)) + QStringLiteral("a");
+        QTest::newRow("byte order mark")
+            << QString(QChar(0xFEFF)) + QStringLiteral("a") << QString(QChar(0xFEFF)) + QStringLiteral("a");
+        QTest::newRow("swapped mark")
+            << QString(QChar(0xFFFE)) + QStringLiteral("a") << QString(QChar(0xFFFD)) + QStringLiteral("a");
+        QTest::newRow("nul") << QString(QChar(0)) + QStringLiteral("a")
+                             << QString(QChar(0)) + QStringLiteral("a");
         QTest::newRow("half a pair") << QStringLiteral("a") + half + QStringLiteral("b")
                                      << QStringLiteral("a") + QChar(0xFFFD) + QStringLiteral("b");
-        QTest::newRow("sql") << QStringLiteral("'; DROP TABLE tbl_kerno; --") << QStringLiteral("'; DROP TABLE tbl_kerno; --");
+        QTest::newRow("sql") << QStringLiteral("'; DROP TABLE tbl_kerno; --")
+                             << QStringLiteral("'; DROP TABLE tbl_kerno; --");
     }
 
     void keepsTextsExactly() {
@@ -159,8 +172,11 @@ private slots:
         QString escaped;
         for (QChar c : sent)
             escaped += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-        m_client->sendRaw(QStringLiteral("{\"auth\":\"\",\"msg_id\":\"i_900\",\"json_data\":\"mutation{sourceCreateOrUpdate("
-                                         "id:1 title:\\\"%1\\\"){id title}}\"}").arg(escaped));
+        m_client->sendRaw(
+            QStringLiteral(
+                "{\"auth\":\"\",\"msg_id\":\"i_900\",\"json_data\":\"mutation{sourceCreateOrUpdate("
+                "id:1 title:\\\"%1\\\"){id title}}\"}")
+                .arg(escaped));
         QVERIFY(m_client->waitUntil([&] { return m_client->reply(900) != nullptr; }));
         QCOMPARE(list(Record::Source).at(0).toObject().value(QStringLiteral("title")).toString(), stored);
     }
@@ -200,9 +216,11 @@ private slots:
         QCOMPARE(ids(QStringLiteral("{kernoQueryList{id}}")), (QList<int>{2, 9}));
         QCOMPARE(ids(QStringLiteral("{kernoQueryList(parentKernoId:9){id}}")), (QList<int>{2}));
         QCOMPARE(ids(QStringLiteral("{highlightQueryList{id}}")), (QList<int>{2, 3, 4, 1, 5}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryList(sourceId:1 questionId:1){id}}")), (QList<int>{3, 1, 5}));
+        QCOMPARE(ids(QStringLiteral("{highlightQueryList(sourceId:1 questionId:1){id}}")),
+                 (QList<int>{3, 1, 5}));
         QCOMPARE(ids(QStringLiteral("{highlightQueryList(kernoId:9){id}}")), (QList<int>{3, 4}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryList(sourceId:1 questionId:1 kernoId:2){id}}")), (QList<int>{1}));
+        QCOMPARE(ids(QStringLiteral("{highlightQueryList(sourceId:1 questionId:1 kernoId:2){id}}")),
+                 (QList<int>{1}));
         QCOMPARE(ids(QStringLiteral("{highlightQueryListBySourceQuestionAndKernos(sourceId:1 questionId:1 "
                                     "kernoIds:\"2,7\"){id}}")),
                  (QList<int>{1, 5}));
@@ -222,15 +240,19 @@ private slots:
         QHash<int, QString> found;
         for (const QJsonValue& value : m_client->ask(colors).toArray())
             found.insert(value[QStringLiteral("id")].toInt(), value[QStringLiteral("color")].toString());
-        QCOMPARE(found, (QHash<int, QString>{{1, QStringLiteral("#0000ff")}, {2, QStringLiteral("#0000ff")},
-                                             {3, QStringLiteral("#ff0000")}, {5, QStringLiteral("#000000")}}));
+        QCOMPARE(found, (QHash<int, QString>{{1, QStringLiteral("#0000ff")},
+                                             {2, QStringLiteral("#0000ff")},
+                                             {3, QStringLiteral("#ff0000")},
+                                             {5, QStringLiteral("#000000")}}));
     }
 
     void joinsQuestionsAndMetadata() {
         save(Record::Question, QStringLiteral("id:4 question:\"Why?\" questionOrder:1"));
         // An answer may come before its source, and before its question.
-        save(Record::QuestionAnswer, QStringLiteral("id:2 questionId:4 sourceId:8 author:\"A\" answer:\"so\""));
-        save(Record::QuestionAnswer, QStringLiteral("id:1 questionId:5 sourceId:8 author:\"B\" answer:\"thus\""));
+        save(Record::QuestionAnswer,
+             QStringLiteral("id:2 questionId:4 sourceId:8 author:\"A\" answer:\"so\""));
+        save(Record::QuestionAnswer,
+             QStringLiteral("id:1 questionId:5 sourceId:8 author:\"B\" answer:\"thus\""));
         const QJsonArray both = m_client->ask(wire::answersWithQuestion(8)).toArray();
         QCOMPARE(both.size(), 2);
         QCOMPARE(both[0][QStringLiteral("question")].toString(), QString());
@@ -238,12 +260,14 @@ private slots:
         QCOMPARE(both[1][QStringLiteral("answer")].toString(), QStringLiteral("so"));
         QCOMPARE(m_client->ask(wire::answersWithQuestion(8, 4)).toArray().size(), 1);
 
-        save(Record::SourceMetadataKey, QStringLiteral("id:1 multipleChoice:0 sortValuesAlphabetically:1 key:\"age\""));
+        save(Record::SourceMetadataKey,
+             QStringLiteral("id:1 multipleChoice:0 sortValuesAlphabetically:1 key:\"age\""));
         save(Record::SourceMetadataValue, QStringLiteral("id:3 keyId:1 value:30"));
         save(Record::SourceMetadata, QStringLiteral("id:6 sourceId:8 keyId:1 valueId:3 author:\"A\""));
         QCOMPARE(ids(QStringLiteral("{sourceMetadataKeyQueryList(name:\"age\"){id}}")), (QList<int>{1}));
         QCOMPARE(ids(QStringLiteral("{sourceMetadataKeyQueryList(name:\"Age\"){id}}")), (QList<int>{}));
-        const QJsonObject row = m_client->ask(wire::sourceMetadataListForReport(8)).toArray().at(0).toObject();
+        const QJsonObject row =
+            m_client->ask(wire::sourceMetadataListForReport(8)).toArray().at(0).toObject();
         QCOMPARE(row.value(QStringLiteral("key")).toString(), QStringLiteral("age"));
         QCOMPARE(row.value(QStringLiteral("value")), QJsonValue(30));
         QCOMPARE(row.value(QStringLiteral("valueId")).toInt(), 3);
@@ -252,14 +276,17 @@ private slots:
 
     void namesTouchedPlacesOnce() {
         const QString batch = QStringLiteral(
-            "mutation{memoBatchCreateOrUpdate(memos:[{id:1 sourceId:3 questionId:1 content:\"a\" start:0 length:1},"
+            "mutation{memoBatchCreateOrUpdate(memos:[{id:1 sourceId:3 questionId:1 content:\"a\" start:0 "
+            "length:1},"
             "{id:2 sourceId:3 questionId:2 content:\"b\" start:0 length:1}]){sourceIds questionIds}}");
         QJsonObject places = m_client->ask(batch).toObject();
         QCOMPARE(places.value(QStringLiteral("sourceIds")).toArray(), (QJsonArray{3}));
         QCOMPARE(places.value(QStringLiteral("questionIds")).toArray(), (QJsonArray{1, 2}));
         QCOMPARE(list(Record::Memo).size(), 2);
-        places = m_client->ask(QStringLiteral(
-            "mutation{memoBatchRemove(memos:[{id:2 sourceId:3},{id:77 sourceId:5}]){sourceIds questionIds}}")).toObject();
+        places = m_client
+                     ->ask(QStringLiteral("mutation{memoBatchRemove(memos:[{id:2 sourceId:3},{id:77 "
+                                          "sourceId:5}]){sourceIds questionIds}}"))
+                     .toObject();
         QCOMPARE(places.value(QStringLiteral("sourceIds")).toArray(), (QJsonArray{3, 5}));
         QCOMPARE(places.value(QStringLiteral("questionIds")).toArray(), (QJsonArray{2}));
         QCOMPARE(list(Record::Memo).size(), 1);
@@ -267,7 +294,8 @@ private slots:
 
     void refusesABatchAsAWhole() {
         const QString error = m_client->errorOf(QStringLiteral(
-            "mutation{highlightBatchCreateOrUpdate(highlights:[{id:1 kernoId:1 sourceId:1 questionId:1 start:0 length:1},"
+            "mutation{highlightBatchCreateOrUpdate(highlights:[{id:1 kernoId:1 sourceId:1 questionId:1 "
+            "start:0 length:1},"
             "{id:2 kernoId:\"x\" sourceId:1 questionId:1 start:0 length:1}]){sourceIds questionIds}}"));
         QVERIFY2(error.contains(QStringLiteral("kernoId")), qPrintable(error));
         QVERIFY(list(Record::Highlight).isEmpty());

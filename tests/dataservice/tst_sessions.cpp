@@ -15,7 +15,8 @@ using wire::Record;
 
 namespace {
 
-const QString kernoSave = QStringLiteral("mutation{kernoCreateOrUpdate(id:%1 title:\"t%1\"){id title timestamp}}");
+const QString kernoSave =
+    QStringLiteral("mutation{kernoCreateOrUpdate(id:%1 title:\"t%1\"){id title timestamp}}");
 const QString kernoRemove = QStringLiteral("mutation{kernoRemove(id:%1){id title timestamp}}");
 const QString connections = QStringLiteral("connection_count");
 const QString kernoMax = QStringLiteral("{kernoMaxId(next: %1)}");
@@ -44,17 +45,19 @@ private:
         return ids;
     }
     static int count(const ServiceClient& client, const QString& key) {
-        return static_cast<int>(std::count_if(client.frames.begin(), client.frames.end(), [&](const auto& frame) {
-            return frame.payload.contains(key) ||
-                   frame.payload.value(QStringLiteral("data")).toObject().contains(key);
-        }));
+        return static_cast<int>(
+            std::count_if(client.frames.begin(), client.frames.end(), [&](const auto& frame) {
+                return frame.payload.contains(key) ||
+                       frame.payload.value(QStringLiteral("data")).toObject().contains(key);
+            }));
     }
 
 private slots:
     void init() {
         m_service = std::make_unique<RealService>();
         QVERIFY(m_service->start());
-        m_file = m_folder.filePath(QString::fromLatin1(QTest::currentTestFunction()) + QStringLiteral(".krn"));
+        m_file =
+            m_folder.filePath(QString::fromLatin1(QTest::currentTestFunction()) + QStringLiteral(".krn"));
     }
 
     void opensAndCloses() {
@@ -63,20 +66,25 @@ private slots:
         QVERIFY(!client.errorOf(QStringLiteral("{kernoQueryList{id}}")).isEmpty());
         const QString uuid = QStringLiteral("6c1b6d1e-0000-4000-8000-000000000001");
         QJsonObject opened = client.ask(wire::openProject(m_file, uuid)).toObject();
-        QCOMPARE(opened, (QJsonObject{{QStringLiteral("name"), m_file}, {QStringLiteral("uuid"), uuid},
+        QCOMPARE(opened, (QJsonObject{{QStringLiteral("name"), m_file},
+                                      {QStringLiteral("uuid"), uuid},
                                       {QStringLiteral("status"), QStringLiteral("open")},
                                       {QStringLiteral("access"), QStringLiteral("owner")}}));
         opened = client.ask(wire::openProject(m_file, {})).toObject();
         QCOMPARE(opened.value(QStringLiteral("uuid")).toString(), wire::nullUuid);
-        const QJsonObject closed{{QStringLiteral("name"), QString()}, {QStringLiteral("uuid"), wire::nullUuid},
+        const QJsonObject closed{{QStringLiteral("name"), QString()},
+                                 {QStringLiteral("uuid"), wire::nullUuid},
                                  {QStringLiteral("status"), QStringLiteral("closed")}};
         QCOMPARE(client.ask(wire::closeProject()).toObject(), closed);
         QCOMPARE(client.ask(wire::closeProject()).toObject(), closed);
         QVERIFY(!client.errorOf(kernoSave.arg(1)).isEmpty());
-        QVERIFY(!client.errorOf(wire::openProject(m_folder.filePath(QStringLiteral("no/such/place.krn")), {})).isEmpty());
+        QVERIFY(!client.errorOf(wire::openProject(m_folder.filePath(QStringLiteral("no/such/place.krn")), {}))
+                     .isEmpty());
         QVERIFY(client.open(m_file));
-        QVERIFY(QDir(m_folder.path()).entryList({QStringLiteral("*journal"), QStringLiteral(".*tmp")},
-                                                QDir::Files | QDir::Hidden).isEmpty());
+        QVERIFY(
+            QDir(m_folder.path())
+                .entryList({QStringLiteral("*journal"), QStringLiteral(".*tmp")}, QDir::Files | QDir::Hidden)
+                .isEmpty());
     }
 
     void tellsOtherClients() {
@@ -97,7 +105,8 @@ private slots:
         // Neither reads, failures, preferences nor shortcuts are anyone else's business.
         const size_t before = second->frames.size();
         first->request(QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"a\" value:1){key value}}"));
-        first->request(QStringLiteral("mutation{kernoShortcutKeyCreateOrUpdate(shortcutKey:\"a\" kernoId:1){kernoId}}"));
+        first->request(
+            QStringLiteral("mutation{kernoShortcutKeyCreateOrUpdate(shortcutKey:\"a\" kernoId:1){kernoId}}"));
         first->request(QStringLiteral("mutation{kernoCreateOrUpdate(id:0){id}}"));
         first->request(QStringLiteral("{kernoQueryList{id}}"));
         second->request(kernoMax.arg(QStringLiteral("false")));
@@ -185,7 +194,8 @@ private slots:
     }
 
     void losesNothingThatWasAnnounced() {
-        // Killed ten times in the middle of a stream; what was answered is there, and so is the order of what isn't.
+        // Killed ten times in the middle of a stream; what was answered is there, and so is the order of what
+        // isn't.
         QRandomGenerator random(42);
         int next = 1;
         std::set<int> announced;
@@ -229,7 +239,8 @@ private slots:
             client->send(kernoSave.arg(id));
         client->socket().flush();
         QCOMPARE(bySignal ? m_service->terminate() : m_service->endByInput(), 0);
-        QVERIFY(client->waitUntil([&] { return client->socket().state() == QAbstractSocket::UnconnectedState; }));
+        QVERIFY(
+            client->waitUntil([&] { return client->socket().state() == QAbstractSocket::UnconnectedState; }));
         QCOMPARE(static_cast<int>(client->socket().closeCode()), 1001);
         init();
         client = openClient();

@@ -114,21 +114,34 @@ private:
             add(Record::Source, QStringLiteral("id:%1 title:\"Source %1\"").arg(id));
         for (int id = 1; id <= project.keys * project.valuesOfKey; ++id) {
             add(Record::SourceMetadataValue, QStringLiteral("id:%1 keyId:%2 value:\"%3\"")
-                                                 .arg(id).arg((id - 1) / project.valuesOfKey + 1).arg(valueText(id)));
+                                                 .arg(id)
+                                                 .arg((id - 1) / project.valuesOfKey + 1)
+                                                 .arg(valueText(id)));
         }
         for (const Link& link : project.links) {
             add(Record::SourceMetadata, QStringLiteral("id:%1 sourceId:%2 keyId:%3 valueId:%4")
-                                            .arg(link.id).arg(link.sourceId).arg(link.keyId).arg(link.valueId));
+                                            .arg(link.id)
+                                            .arg(link.sourceId)
+                                            .arg(link.keyId)
+                                            .arg(link.valueId));
         }
         int id = 0;
         for (const auto& membership : project.memberships) {
             add(Record::KernoGroup, QStringLiteral("id:%1 kernoId:%2 groupId:%3")
-                                        .arg(++id).arg(membership.first).arg(membership.second));
+                                        .arg(++id)
+                                        .arg(membership.first)
+                                        .arg(membership.second));
         }
         for (const Passage& each : project.highlights) {
-            add(Record::Highlight, QStringLiteral("id:%1 kernoId:%2 sourceId:%3 questionId:%4 start:%5 length:%6 author:\"%7\"")
-                                       .arg(each.id).arg(each.kernoId).arg(each.sourceId).arg(each.questionId)
-                                       .arg(each.start).arg(each.length).arg(each.author));
+            add(Record::Highlight,
+                QStringLiteral("id:%1 kernoId:%2 sourceId:%3 questionId:%4 start:%5 length:%6 author:\"%7\"")
+                    .arg(each.id)
+                    .arg(each.kernoId)
+                    .arg(each.sourceId)
+                    .arg(each.questionId)
+                    .arg(each.start)
+                    .arg(each.length)
+                    .arg(each.author));
         }
         for (const QString& query : queries)
             m_client.send(query);
@@ -187,7 +200,9 @@ private slots:
         const QJsonArray byAuthor = rows(wire::highlightsCoverageByAuthor());
         QCOMPARE(byAuthor.size(), 3);
         for (const QJsonValue& row : byAuthor) {
-            const auto counts = [&](const Passage& each) { return each.author == row[QStringLiteral("author")].toString(); };
+            const auto counts = [&](const Passage& each) {
+                return each.author == row[QStringLiteral("author")].toString();
+            };
             QCOMPARE(row[QStringLiteral("len")].toInt(), covered(project, counts));
             QCOMPARE(row[QStringLiteral("count")].toInt(), number(project, counts));
             QCOMPARE(row[QStringLiteral("totalLen")].toInt(), total);
@@ -210,7 +225,9 @@ private slots:
         QCOMPARE(rows(wire::quoteCountsInKernos()).size(), project.kernos);
         QVERIFY(static_cast<int>(sums.size()) == project.kernos);
         for (const QJsonValue& row : rows(wire::highlightsCoverageByKerno())) {
-            const auto counts = [&](const Passage& each) { return each.kernoId == row[QStringLiteral("kernoId")].toInt(); };
+            const auto counts = [&](const Passage& each) {
+                return each.kernoId == row[QStringLiteral("kernoId")].toInt();
+            };
             QCOMPARE(row[QStringLiteral("len")].toInt(), covered(project, counts));
             QCOMPARE(row[QStringLiteral("count")].toInt(), number(project, counts));
             most = std::max(most, number(project, counts));
@@ -246,7 +263,8 @@ private slots:
             const int kernoId = row[QStringLiteral("key")].toInt();
             QCOMPARE(row[QStringLiteral("value")].toInt(),
                      number(project, [&](const Passage& each) { return each.kernoId == kernoId; }));
-            QCOMPARE(row[QStringLiteral("subvalue")].toInt(), static_cast<int>(project.sourcesOfKernos({kernoId}).size()));
+            QCOMPARE(row[QStringLiteral("subvalue")].toInt(),
+                     static_cast<int>(project.sourcesOfKernos({kernoId}).size()));
         }
         for (int kernoId = 1; kernoId <= project.kernos; ++kernoId) {
             const QJsonArray overview = rows(wire::highlightsOverviewPerSourceForKerno(kernoId));
@@ -255,7 +273,8 @@ private slots:
                 const int source = row[QStringLiteral("sourceTitle")].toString().mid(7).toInt();
                 QCOMPARE(row[QStringLiteral("sourceHighlights")].toInt(),
                          number(project, [&](const Passage& each) { return each.sourceId == source; }));
-                QCOMPARE(row[QStringLiteral("kernoHighlights")].toInt(), number(project, [&](const Passage& each) {
+                QCOMPARE(row[QStringLiteral("kernoHighlights")].toInt(),
+                         number(project, [&](const Passage& each) {
                              return each.sourceId == source && each.kernoId == kernoId;
                          }));
             }
@@ -314,7 +333,8 @@ private:
                 QCOMPARE(row[QStringLiteral("keyOccurrences")].toInt(), links);
                 QCOMPARE(row[QStringLiteral("sourcesCount")].toInt(), project.sources);
                 QCOMPARE(row[QStringLiteral("sourcesOccurrences")].toInt(), static_cast<int>(sources.size()));
-                QCOMPARE(row[QStringLiteral("valueFactor")].toDouble(), double(use->second) / project.sources);
+                QCOMPARE(row[QStringLiteral("valueFactor")].toDouble(),
+                         double(use->second) / project.sources);
                 QCOMPARE(row[QStringLiteral("keyFactor")].toDouble(), double(use->second) / links);
                 ++use;
             }
@@ -337,7 +357,8 @@ private:
     }
 
     /// Compares with a plain filter over all highlights.
-    template <typename Passes> void compareCriteria(const Project& project, const QString& arguments, Passes passes) {
+    template <typename Passes>
+    void compareCriteria(const Project& project, const QString& arguments, Passes passes) {
         std::map<int, std::set<int>> expected;
         for (int kernoId = 1; kernoId <= project.kernos; ++kernoId)
             expected[kernoId];
@@ -369,16 +390,22 @@ private:
                         [](const Passage& each) { return each.author == QLatin1String("Bo"); });
         compareCriteria(project, criterion("kernoAuthor", "!=", "Ann"),
                         [&](const Passage& each) { return kernoAuthor(each) != QLatin1String("Ann"); });
-        compareCriteria(project, criterion("sourceId", ">=", "3"), [](const Passage& each) { return each.sourceId >= 3; });
+        compareCriteria(project, criterion("sourceId", ">=", "3"),
+                        [](const Passage& each) { return each.sourceId >= 3; });
         compareCriteria(project, criterion("sourceId", "!=", "x"), [](const Passage&) { return true; });
-        compareCriteria(project, criterion("level", "=", "2"),
-                        [&](const Passage& each) { return inGroup(each.kernoId, [](int group) { return group == 2; }); });
-        compareCriteria(project, criterion("level", "!=", "2"),
-                        [&](const Passage& each) { return !inGroup(each.kernoId, [](int group) { return group == 2; }); });
-        compareCriteria(project, criterion("level", "<", "3"),
-                        [&](const Passage& each) { return inGroup(each.kernoId, [](int group) { return group < 3; }); });
-        compareCriteria(project, criterion("highlightDate", "<=", "2999-01-01"), [](const Passage&) { return true; });
-        compareCriteria(project, criterion("kernoDate", "<", "1999-01-01"), [](const Passage&) { return false; });
+        compareCriteria(project, criterion("level", "=", "2"), [&](const Passage& each) {
+            return inGroup(each.kernoId, [](int group) { return group == 2; });
+        });
+        compareCriteria(project, criterion("level", "!=", "2"), [&](const Passage& each) {
+            return !inGroup(each.kernoId, [](int group) { return group == 2; });
+        });
+        compareCriteria(project, criterion("level", "<", "3"), [&](const Passage& each) {
+            return inGroup(each.kernoId, [](int group) { return group < 3; });
+        });
+        compareCriteria(project, criterion("highlightDate", "<=", "2999-01-01"),
+                        [](const Passage&) { return true; });
+        compareCriteria(project, criterion("kernoDate", "<", "1999-01-01"),
+                        [](const Passage&) { return false; });
         compareCriteria(project, criterion("value", "=", "tOWN") + withKey, [&](const Passage& each) {
             return hasValue(each, 1, [](const QString& text) { return text == QLatin1String("Town"); });
         });
@@ -389,8 +416,9 @@ private:
         compareCriteria(project, criterion("value", "<", "8") + withKey, [&](const Passage& each) {
             return hasValue(each, 1, [](const QString& text) { return text == QLatin1String("7"); });
         });
-        QCOMPARE(m_client.errorOf(wire::read(wire::name::kernoQueryListWithHighlightsAndCriteria,
-                                             criterion("author", "=", "x"), QStringLiteral("id highlights{id}")))
+        QCOMPARE(m_client
+                     .errorOf(wire::read(wire::name::kernoQueryListWithHighlightsAndCriteria,
+                                         criterion("author", "=", "x"), QStringLiteral("id highlights{id}")))
                      .isEmpty(),
                  false);
     }
