@@ -38,6 +38,8 @@ ComboBox {
             verticalAlignment: Text.AlignVCenter
             elide: Text.ElideRight
         }
+        // The field of an editable box: what is behind it is the background above.
+        __editor: Item { implicitWidth: Units.dp(100); implicitHeight: Units.dp(28) }
         __dropDownStyle: Component { ThemedMenuStyle { __menuItemType: "comboboxitem" } }
     }
 

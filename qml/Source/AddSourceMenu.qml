@@ -14,16 +14,26 @@ StyledMenu {
         }
     }
     MenuItem {
+        text: qsTr("Import Source: Single File")
+        visible: !CentralManager.singleQuestionMode
+        enabled: CentralManager.canMutate
+        onTriggered: CentralManager.showImportDialog = 1
+    }
+    MenuItem {
         text: qsTr("Import Source: Select File(s)")
         visible: CentralManager.singleQuestionMode
         enabled: CentralManager.canMutate
         onTriggered: appHelper.batchImportQuestions(false)
     }
-    MenuSeparator { visible: CentralManager.singleQuestionMode }
+    MenuItem {
+        text: qsTr("Import Source: From Clipboard")
+        enabled: CentralManager.canMutate && appHelper.clipboardContainsText
+        onTriggered: CentralManager.showImportDialog = 2
+    }
+    MenuSeparator {}
     MenuItem {
         text: qsTr("Import Sources: Entire Folder")
-        visible: CentralManager.singleQuestionMode
-        enabled: CentralManager.canMutate
+        enabled: CentralManager.canMutate && CentralManager.singleQuestionMode
         onTriggered: appHelper.batchImportQuestions(true)
     }
 }

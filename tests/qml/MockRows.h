@@ -125,6 +125,21 @@ signals:
     void sourceIdChanged();
 };
 
+/// The kernos behind the dummy row of a combo box.
+class MockKernoChoice : public MockKernos {
+    Q_OBJECT
+    Q_PROPERTY(QString dummyEntryText MEMBER m_dummyEntryText)
+
+public:
+    using MockKernos::MockKernos;
+
+    Q_INVOKABLE int findIndex(int kernoId) const { return currentSortOrder().indexOf(kernoId); }
+    Q_INVOKABLE int getKernoId(int index) const { return currentSortOrder().value(index, -1); }
+
+private:
+    QString m_dummyEntryText;
+};
+
 /// The enumerations that screens use by name.
 class MockKernovaQml : public QObject {
     Q_OBJECT

@@ -39,6 +39,8 @@ public:
         qmlRegisterType(mock("KernovaWindow"), "Kernova", 1, 2, "KernovaWindow");
         qmlRegisterType<MockKernovaQml>("Kernova", 1, 0, "KernovaQML");
         qmlRegisterType<MockKernos>("Kernova", 1, 4, "KernoProxyModel");
+        qmlRegisterType<MockKernoChoice>("Kernova", 1, 4, "KernoComboBoxModel");
+        qmlRegisterType<MockRows>("Kernova", 1, 4, "KernoShortcutKeyProxyModel");
         qmlRegisterType<MockSources>("Kernova", 1, 4, "SourceProxyModel");
         qmlRegisterType<MockAnswers>("Kernova", 1, 4, "AnswerModel");
     }
@@ -49,7 +51,6 @@ public slots:
         if (current != countMessages)
             testHandler = current;
         QQmlContext* context = engine->rootContext();
-        context->setContextProperty(QStringLiteral("screenshots"), QStringLiteral(KERNOVA_SCREENSHOTS));
         context->setContextProperty(QStringLiteral("mockKernos"), MockKernos::source());
         context->setContextProperty(QStringLiteral("mockSources"), MockSources::source());
         context->setContextProperty(QStringLiteral("mockAnswers"), MockAnswers::source());

@@ -34,6 +34,11 @@ StyledMenu {
     }
     MenuSeparator {}
     MenuItem {
+        text: qsTr("Merge")
+        enabled: CentralManager.canMutate
+        onTriggered: CentralManager.showMergeDialogForKernoId = root.kernoId
+    }
+    MenuItem {
         text: qsTr("Duplicate")
         enabled: CentralManager.canMutate
         onTriggered: undoManager.duplicateKerno(root.kernoId)

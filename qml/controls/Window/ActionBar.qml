@@ -133,5 +133,10 @@ Rectangle {
             text: qsTr("General Project Preferences")
             onTriggered: CentralManager.showGeneralPreferencesDialog = true
         }
+        MenuItem {
+            text: qsTr("Kerno Coding Shortcut Keys")
+            enabled: CentralManager.canMutate
+            onTriggered: CentralManager.showKernoShortcutKeyEditorDialog = true
+        }
     }
 }

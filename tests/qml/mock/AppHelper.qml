@@ -18,5 +18,10 @@ QtObject {
     function clearUserInvokedFile() { userInvokedFile = "" }
     function goToWebsite() { return true }
     function manageProjects() { return true }
+    property var found: []
+    property var saved: []
+    function importQuestions(file, questionMarker, answerMarker) { return found }
+    function importQuestionsFromClipboard(questionMarker, answerMarker) { return found }
+    function saveImportedQuestions(title, items) { saved.push([title, items.length]); return items.length > 0 }
     function batchImportQuestions(files) { imported.push(files) }
 }

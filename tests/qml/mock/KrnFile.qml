@@ -58,6 +58,14 @@ QtObject {
     function totalHighlightsCountByKernoId(id) { return id }
     function totalHighlightsCountByKernoIdAndSourceId(id, sourceId) { return 1 }
     function kerno(id) { return mockKernos.row(mockKernos.find("kernoId", id)) }
+    function kernos(excludeIds) {
+        var found = []
+        for (var i = 0; i < mockKernos.rowCount(); ++i) {
+            if (excludeIds.indexOf(mockKernos.row(i).kernoId) < 0)
+                found.push(mockKernos.row(i))
+        }
+        return found
+    }
     function children(id) {
         var found = []
         for (var i = 0; i < mockKernos.rowCount(); ++i) {

@@ -23,6 +23,7 @@ QtObject {
         mockKernos.change(mockKernos.find("kernoId", kerno.kernoId), kerno)
     }
     function deleteKerno(id) { record("deleteKerno", [id]) }
+    function mergeKernos(id1, id2, name) { record("mergeKernos", [id1, id2, name]) }
     function duplicateKerno(id) { record("duplicateKerno", [id]) }
     function addHighlight(highlight) { record("addHighlight", [highlight]) }
     function addHighlightToNewKerno(highlight, kerno) { record("addHighlightToNewKerno", [highlight, kerno]) }

@@ -1,0 +1,172 @@
+import QtQuick 2.15
+import QtQuick.Controls 1.4
+import QtQuick.Dialogs 1.3
+import QtQuick.Layouts 1.15
+import "../../Components"
+import "../../Utils.js" as Utils
+import ".."
+
+// Makes one source of a file or of the clipboard, with a look at what will be imported.
+DialogPanel {
+    id: root
+
+    readonly property bool fromClipboard: CentralManager.showImportDialog === 2
+    readonly property bool structured: !CentralManager.singleQuestionMode
+    property url file
+    property var items: []
+    property string message
+    readonly property int __longestPreview: 2000
+
+    heading: qsTr("Import Source")
+    implicitWidth: Units.dp(720)
+
+    Component.onCompleted: {
+        _title.text = qsTr("Source %1").arg(idManager.maxSourceId() + 1)
+        if (fromClipboard)
+            refresh()
+    }
+
+    Keys.onEscapePressed: dialogBase.close()
+
+    function __markersGiven() {
+        return !structured || (_questionMarker.text !== "" && _answerMarker.text !== "")
+    }
+
+    function refresh() {
+        message = ""
+        items = []
+        if (!__markersGiven()) {
+            message = qsTr("Question and answer markers are required!")
+            return
+        }
+        if (fromClipboard)
+            items = appHelper.importQuestionsFromClipboard(_questionMarker.text, _answerMarker.text)
+        else if (file.toString() !== "")
+            items = appHelper.importQuestions(file, _questionMarker.text, _answerMarker.text)
+        else
+            return
+        if (items.length === 0) {
+            message = /\.pdf$/i.test(file.toString())
+                    ? qsTr("The file has no text to import. A PDF file must contain text, not only pictures of it.")
+                    : qsTr("There is no text to import. Please check the file and the markers.")
+        }
+    }
+
+    function importNow() {
+        var title = _title.text.trim()
+        message = title === "" ? qsTr("Please provide a source title!") : ""
+        if (message === "" && appHelper.saveImportedQuestions(title, items))
+            dialogBase.close()
+    }
+
+    function __preview(text) {
+        return text.length > __longestPreview ? text.substring(0, __longestPreview) + " [...]" : text
+    }
+
+    GridLayout {
+        columns: 2
+        columnSpacing: ApplicationStyle.default_dialog_margin
+        rowSpacing: ApplicationStyle.default_margin
+
+        DialogLabel { visible: !root.fromClipboard; text: qsTr("File:") }
+        RowLayout {
+            visible: !root.fromClipboard
+            spacing: ApplicationStyle.default_margin
+
+            DialogLabel {
+                Layout.fillWidth: true
+                text: Utils.getFileName(Utils.filePathFromUrl(root.file))
+                elide: Text.ElideMiddle
+                color: ApplicationStyle.dialog_text_color_alternative
+            }
+            StyledButton { text: qsTr("Select File"); onClicked: _fileDialog.open() }
+        }
+
+        DialogLabel { text: qsTr("Source Title:") }
+        DialogTextField { id: _title; Layout.fillWidth: true; focus: true }
+
+        DialogLabel { visible: root.structured; text: qsTr("Question Marker:") }
+        DialogTextField {
+            id: _questionMarker
+            Layout.fillWidth: true
+            visible: root.structured
+            text: "Question:"
+        }
+
+        DialogLabel { visible: root.structured; text: qsTr("Answer Marker:") }
+        DialogTextField {
+            id: _answerMarker
+            Layout.fillWidth: true
+            visible: root.structured
+            text: "Answer:"
+        }
+    }
+
+    Rectangle {
+        Layout.fillWidth: true
+        Layout.preferredHeight: Units.dp(260)
+        radius: Units.dp(4)
+        color: ApplicationStyle.textfield_background_color
+        border { width: 1; color: ApplicationStyle.border_color }
+
+        DialogLabel {
+            anchors.centerIn: parent
+            visible: root.items.length === 0
+            text: qsTr("No imported data to preview.")
+            color: ApplicationStyle.dialog_text_color_alternative
+            opacity: 0.7
+        }
+
+        ScrollView {
+            anchors { fill: parent; margins: 2 }
+            style: ApplicationStyle.scroll_view_style
+
+            ListView {
+                model: root.items
+                clip: true
+                boundsBehavior: Flickable.StopAtBounds
+                spacing: ApplicationStyle.default_margin
+                delegate: ImportPreviewRow {
+                    width: ListView.view.width
+                    question: root.structured ? root.__preview(modelData.question) : ""
+                    answer: root.__preview(modelData.answer)
+                }
+            }
+        }
+    }
+
+    DialogLabel {
+        Layout.fillWidth: true
+        visible: root.message !== ""
+        text: root.message
+        wrapMode: Text.Wrap
+        color: ApplicationStyle.dark ? "#ff8a80" : "#b00020"
+    }
+
+    RowLayout {
+        Layout.topMargin: ApplicationStyle.default_margin
+        spacing: ApplicationStyle.default_margin
+
+        StyledButton { text: qsTr("Refresh"); onClicked: root.refresh() }
+        Item { Layout.fillWidth: true }
+        StyledButton { text: qsTr("Cancel"); onClicked: root.dialogBase.close() }
+        StyledButton {
+            primary: true
+            enabled: CentralManager.canMutate && root.items.length > 0
+            text: qsTr("Import")
+            onClicked: root.importNow()
+        }
+    }
+
+    FileDialog {
+        id: _fileDialog
+        title: qsTr("Import Source")
+        folder: shortcuts.documents
+        nameFilters: ["*.txt *.docx *.rtf *.pdf"]
+        onAccepted: {
+            root.file = fileUrl
+            _title.text = Utils.getFileName(Utils.filePathFromUrl(fileUrl), false)
+            root.refresh()
+        }
+    }
+}

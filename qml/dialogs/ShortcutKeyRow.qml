@@ -1,0 +1,47 @@
+import QtQuick 2.15
+import "../Components"
+
+// One key, and the kerno that it is bound to.
+Item {
+    id: root
+
+    property string shortcutKey
+    property int kernoId: -1
+    property var kernos: null
+
+    height: Units.dp(38)
+
+    function showBinding() {
+        _choice.currentIndex = kernos.findIndex(kernoId)
+    }
+
+    onKernoIdChanged: showBinding()
+    Component.onCompleted: showBinding()
+
+    Connections {
+        target: root.kernos
+        function onModelReset() { root.showBinding() }
+    }
+
+    DialogLabel {
+        anchors { left: parent.left; verticalCenter: parent.verticalCenter }
+        text: qsTr("Key\t<b>%1</b>:").arg(root.shortcutKey.toUpperCase())
+        textFormat: Text.StyledText
+    }
+
+    ArrowComboBox {
+        id: _choice
+        anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+        width: parent.width - Units.dp(110)
+        model: root.kernos
+        textRole: "title"
+        onActivated: undoManager.setKernoShortcut(root.shortcutKey, root.kernos.getKernoId(index))
+
+        // Scrolling the list must not change a choice.
+        MouseArea {
+            anchors.fill: parent
+            acceptedButtons: Qt.NoButton
+            onWheel: wheel.accepted = true
+        }
+    }
+}
