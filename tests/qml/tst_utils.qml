@@ -47,7 +47,7 @@ TestCase {
     }
 
     function test_pathsAndUrlsAgree_data() {
-        return ["/home/ana/night.krn", "/a b/c#1?.krn", "/ä/100%.krn"].map(function(path) {
+        return ["/projects/night.krn", "/a b/c#1?.krn", "/ä/100%.krn"].map(function(path) {
             return { tag: path, path: path }
         })
     }
