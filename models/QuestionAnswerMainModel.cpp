@@ -9,19 +9,18 @@
 
 QuestionAnswerMainModel::QuestionAnswerMainModel(DataHelper* helper, QObject* parent)
     : QuestionAnswerModelBase(helper, parent),
-      m_byPair([](const QuestionAnswer& answer) { return qMakePair(answer.sourceId(), answer.questionId()); }),
       m_bySource([](const QuestionAnswer& answer) { return answer.sourceId(); }) {
-    addIndex(&m_byPair);
     addIndex(&m_bySource);
     connect(this, &QuestionAnswerMainModel::dataFetched, this, &QuestionAnswerMainModel::onDataFetched);
 }
 
 QuestionAnswer QuestionAnswerMainModel::answer(int sourceId, int questionId) const {
     const QMutexLocker lock(&m_mutex);
-    const auto& rows = m_byPair.rows({sourceId, questionId});
-    if (rows.isEmpty())
-        return QuestionAnswer();
-    return *rows.first();
+    for (const Row* row : m_bySource.rows(sourceId)) {
+        if (row->questionId() == questionId)
+            return *row;
+    }
+    return QuestionAnswer();
 }
 
 QList<QuestionAnswer> QuestionAnswerMainModel::answers(int sourceId) const {

@@ -34,6 +34,5 @@ protected:
     void onModelUpdated(int row, const QuestionAnswer& answer, const QVector<int>& changedRoles) override;
 
 private:
-    RowIndex<QuestionAnswer, QPair<int, int>> m_byPair;
-    RowIndex<QuestionAnswer, int> m_bySource;
+    RowIndex<QuestionAnswer, int> m_bySource;  ///< a source has few answers, so its question is sought among them
 };

@@ -37,7 +37,6 @@ private slots:
     void onValueUpdated(SourceMetadataValue model);
 
 private:
-    RowIndex<SourceMetadata, QPair<int, int>> m_byKeyAndSource;
     RowIndex<SourceMetadata, int> m_byValue;
-    RowIndex<SourceMetadata, int> m_bySource;
+    RowIndex<SourceMetadata, int> m_bySource;  ///< a source has few links, so its key is sought among them
 };

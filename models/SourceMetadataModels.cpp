@@ -81,10 +81,8 @@ void SourceMetadataValueModel::onModelUpdated(int, const SourceMetadataValue& va
 
 SourceMetadataModel::SourceMetadataModel(DataHelper* helper, QObject* parent)
     : IModelList(helper, parent),
-      m_byKeyAndSource([](const SourceMetadata& link) { return qMakePair(link.keyId(), link.sourceId()); }),
       m_byValue([](const SourceMetadata& link) { return link.valueId(); }),
       m_bySource([](const SourceMetadata& link) { return link.sourceId(); }) {
-    addIndex(&m_byKeyAndSource);
     addIndex(&m_byValue);
     addIndex(&m_bySource);
     refreshAfterBatch(this, project());
@@ -111,15 +109,21 @@ QHash<int, QByteArray> SourceMetadataModel::roleNames() const {
 
 SourceMetadata SourceMetadataModel::link(int keyId, int sourceId) const {
     const QMutexLocker lock(&m_mutex);
-    const auto& rows = m_byKeyAndSource.rows({keyId, sourceId});
-    if (rows.isEmpty())
-        return SourceMetadata();
-    return *rows.first();
+    for (const Row* row : m_bySource.rows(sourceId)) {
+        if (row->keyId() == keyId)
+            return *row;
+    }
+    return SourceMetadata();
 }
 
 QList<SourceMetadata> SourceMetadataModel::links(int keyId, int sourceId) const {
     const QMutexLocker lock(&m_mutex);
-    return linksIn(m_byKeyAndSource.rows({keyId, sourceId}));
+    QList<SourceMetadata> list;
+    for (const Row* row : m_bySource.rows(sourceId)) {
+        if (row->keyId() == keyId)
+            list.append(*row);
+    }
+    return list;
 }
 
 QList<SourceMetadata> SourceMetadataModel::linksOfValue(int valueId) const {
@@ -134,8 +138,10 @@ QList<SourceMetadata> SourceMetadataModel::linksOfSource(int sourceId) const {
 
 bool SourceMetadataModel::hasLink(int keyId, int valueId, int sourceId) const {
     const QMutexLocker lock(&m_mutex);
-    const auto& rows = m_byKeyAndSource.rows({keyId, sourceId});
-    return std::any_of(rows.begin(), rows.end(), [valueId](const Row* row) { return row->valueId() == valueId; });
+    const auto& rows = m_bySource.rows(sourceId);
+    return std::any_of(rows.begin(), rows.end(), [keyId, valueId](const Row* row) {
+        return row->keyId() == keyId && row->valueId() == valueId;
+    });
 }
 
 QList<SourceMetadataValue> SourceMetadataModel::valuesOf(int sourceId, int keyId) const {
