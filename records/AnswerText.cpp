@@ -27,17 +27,6 @@ QString wrapped(const QString& text) {
     return wrapperStart + frame + text + frame + wrapperEnd;
 }
 
-// A rich text fragment has its text between two line breaks, which belong to the frame and not to the text.
-HtmlDocument parse(const QString& stored) {
-    if (!stored.startsWith(wrapperStart) || !stored.endsWith(wrapperEnd))
-        return HtmlDocument::parse(stored);
-    QString inner = stored.mid(wrapperStart.size(), stored.size() - wrapperStart.size() - wrapperEnd.size());
-    if (isFramed(inner))
-        inner = inner.mid(1, inner.size() - 2);
-    return HtmlDocument::isPlain(inner) ? HtmlDocument::fromPlainText(inner)
-                                        : HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
-}
-
 void remove(QString& text, std::initializer_list<char16_t> characters) {
     for (char16_t c : characters)
         text.remove(QChar(c));
@@ -45,26 +34,51 @@ void remove(QString& text, std::initializer_list<char16_t> characters) {
 
 }  // namespace
 
+// A rich text fragment has its text between two line breaks, which belong to the frame and not to the text.
 AnswerText AnswerText::prepare(const QString& text) {
     AnswerText answer;
-    answer.isHtml = looksLikeHtml(text);
-    answer.stored = answer.isHtml ? text : wrapped(text);
-    answer.document = parse(answer.stored);
-    if (!answer.document.isParsed())
-        qDebug() << "Failed to parse HTML" << answer.stored.size();
-    answer.serialized = answer.document.serialized();
-    answer.plain = answer.document.plainText();
+    answer.m_isHtml = looksLikeHtml(text);
+    answer.m_stored = answer.m_isHtml ? text : wrapped(text);
+    if (answer.m_stored.startsWith(wrapperStart) && answer.m_stored.endsWith(wrapperEnd)) {
+        QString inner = answer.m_stored.mid(wrapperStart.size(),
+                                            answer.m_stored.size() - wrapperStart.size() - wrapperEnd.size());
+        const bool framed = isFramed(inner);
+        if (framed)
+            inner = inner.mid(1, inner.size() - 2);
+        if (HtmlDocument::isPlain(inner)) {
+            answer.m_held = framed ? Held::FramedPlainText : Held::PlainText;
+            answer.m_stored.clear();
+            answer.m_plain = inner;
+            return answer;
+        }
+        answer.m_document = HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
+    } else {
+        answer.m_document = HtmlDocument::parse(answer.m_stored);
+    }
+    if (!answer.m_document.isParsed())
+        qDebug() << "Failed to parse HTML" << answer.m_stored.size();
+    answer.m_plain = answer.m_document.plainText();
     return answer;
 }
 
 AnswerText AnswerText::part(const AnswerText& whole, int start, int length) {
     AnswerText answer;
-    answer.isHtml = whole.isHtml;
-    answer.document = whole.document.window(start, length);
-    answer.serialized = answer.document.serialized();
-    answer.stored = answer.serialized;
-    answer.plain = answer.document.plainText();
+    answer.m_isHtml = whole.m_isHtml;
+    answer.m_document = whole.document().window(start, length);
+    answer.m_stored = answer.m_document.serialized();
+    answer.m_plain = answer.m_document.plainText();
     return answer;
+}
+
+QString AnswerText::stored() const {
+    if (m_held == Held::Document)
+        return m_stored;
+    const QString frame = m_held == Held::FramedPlainText ? QStringLiteral("\n") : QString();
+    return wrapperStart + frame + m_plain + frame + wrapperEnd;
+}
+
+HtmlDocument AnswerText::document() const {
+    return m_held == Held::Document ? m_document : HtmlDocument::fromPlainText(m_plain);
 }
 
 QString normalizedFromService(QString text) {

@@ -5,19 +5,33 @@
 #include <QString>
 
 /// The text of an answer in all its forms: what is stored, what is shown, and the plain text on which positions
-/// count. Made once for a stored text and then shared by all copies of the answer.
-struct AnswerText {
-    QString stored;      ///< HTML, or a plain text inside the pre-wrap body
-    bool isHtml = false;   ///< written as a document of its own, by the web client
-    HtmlDocument document;
-    QString plain;
-    QString serialized;
+/// count. Made once for a stored text and then shared by all copies of the answer. A text without markup is held
+/// once, as the plain text, and its other forms are made when they are asked for: a project is mostly such texts.
+class AnswerText {
+public:
+    /// HTML, or a plain text inside the pre-wrap body.
+    QString stored() const;
+    /// Whether it was written as a document of its own, by the web client.
+    bool isHtml() const { return m_isHtml; }
+    HtmlDocument document() const;
+    const QString& plain() const { return m_plain; }
+    /// The whole document.
+    QString serialized() const { return document().serialized(); }
 
     /// Classifies and parses a text. A text that can't be parsed keeps its stored form and has no plain text.
     static AnswerText prepare(const QString& text);
 
     /// The part [start, start + length) of another text, counted in its plain text.
     static AnswerText part(const AnswerText& whole, int start, int length);
+
+private:
+    enum class Held { Document, PlainText, FramedPlainText };
+
+    Held m_held = Held::Document;
+    bool m_isHtml = false;
+    QString m_plain;
+    QString m_stored;         ///< empty for a plain text
+    HtmlDocument m_document;  ///< empty for a plain text
 };
 
 /// The clean-up of a text that the service delivers, before positions are counted.

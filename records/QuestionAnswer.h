@@ -81,27 +81,27 @@ public:
     void setTimestamp(const QDateTime& value) { set(&State::timestamp, value); }
 
     /// The whole document as HTML: what is shown.
-    QString answer() const { return state().text->serialized; }
+    QString answer() const { return state().text->serialized(); }
 
     /// Cleans the text up and prepares it; every import and edit passes through here.
     void setAnswer(const QString& text);
 
     /// The text as it is stored in the project, before any cipher.
-    QString storedAnswer() const { return state().text->stored; }
+    QString storedAnswer() const { return state().text->stored(); }
 
     /// The text on which positions count.
-    QString plainAnswer() const { return state().text->plain; }
+    QString plainAnswer() const { return state().text->plain(); }
 
     /// The plain text with `<b>`, `<i>` and `<u>`.
-    QString richAnswer() const { return state().text->document.richText(); }
+    QString richAnswer() const { return state().text->document().richText(); }
 
     /// Length of the plain text, in UTF-16 units.
-    int answerLength() const { return state().text->plain.size(); }
+    int answerLength() const { return state().text->plain().size(); }
 
     /// Where a part begins in the whole answer's plain text; 0 for a whole answer.
     int offset() const { return state().offset; }
 
-    bool isHtml() const { return state().text->isHtml; }
+    bool isHtml() const { return state().text->isHtml(); }
 
     /// Looked up in the open project; empty without one.
     QString question() const;
