@@ -33,7 +33,7 @@ void ImportSourceCommand::importWholeText(const QString& sourceTitle, const QStr
         invalidate();
         return;
     }
-    addAnswer(sourceId, questionId, text);
+    addAnswer(-1, sourceId, questionId, text);
     addSource(sourceId, sourceTitle);
 }
 
@@ -53,6 +53,11 @@ void ImportSourceCommand::importPairs(const QVariantList& pairs) {
 
     QList<Question> unanswered = file()->questionListModel()->snapshot();
     unanswered.append(addMissingQuestions(questions));
+    QList<int> answerIds = IdManager::instance()->nextAnswerIds(unanswered.size());
+    if (answerIds.size() < unanswered.size()) {
+        invalidate();
+        return;
+    }
     for (int i = 0; i < questions.size(); ++i) {
         const QString& text = questions.at(i);
         const auto found =
@@ -60,21 +65,29 @@ void ImportSourceCommand::importPairs(const QVariantList& pairs) {
                          [&text](const Question& question) { return question.question() == text; });
         if (found == unanswered.end())
             continue;
-        addAnswer(sourceId, found->questionId(), answers.at(i));
+        addAnswer(answerIds.takeFirst(), sourceId, found->questionId(), answers.at(i));
         unanswered.erase(found);
     }
     for (const Question& question : qAsConst(unanswered))
-        addAnswer(sourceId, question.questionId(), QString());
+        addAnswer(answerIds.takeFirst(), sourceId, question.questionId(), QString());
 }
 
 QList<Question> ImportSourceCommand::addMissingQuestions(const QStringList& texts) {
     const QuestionModel* const existing = file()->questionListModel();
+    QStringList missing;
+    for (const QString& text : texts) {
+        if (!existing->hasQuestion(text))
+            missing.append(text);
+    }
+    QList<int> ids = IdManager::instance()->nextQuestionIds(missing.size());
+    if (ids.size() < missing.size()) {
+        invalidate();
+        return {};
+    }
     int order = existing->maxQuestionOrder();
     QList<Question> added;
-    for (const QString& text : texts) {
-        if (existing->hasQuestion(text))
-            continue;
-        added.append(Question(IdManager::instance()->nextQuestionId(), text, ++order));
+    for (const QString& text : qAsConst(missing)) {
+        added.append(Question(ids.takeFirst(), text, ++order));
         new AddQuestionCommand(added.last(), file(), this);
     }
     return added;
@@ -84,8 +97,8 @@ void ImportSourceCommand::addSource(int sourceId, const QString& title) {
     new AddSourceCommand(Source(sourceId, title, QString(), QString(), now()), file(), false, this);
 }
 
-void ImportSourceCommand::addAnswer(int sourceId, int questionId, const QString& text) {
-    QuestionAnswer answer(-1, questionId, sourceId, QString(), QString(), now());
+void ImportSourceCommand::addAnswer(int answerId, int sourceId, int questionId, const QString& text) {
+    QuestionAnswer answer(answerId, questionId, sourceId, QString(), QString(), now());
     answer.setAnswer(text);
     new AddAnswerCommand(answer, file(), this);
 }

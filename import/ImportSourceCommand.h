@@ -22,5 +22,6 @@ private:
     /// The new questions among the texts, with a child command for each.
     QList<Question> addMissingQuestions(const QStringList& texts);
     void addSource(int sourceId, const QString& title);
-    void addAnswer(int sourceId, int questionId, const QString& text);
+    /// An `answerId` below 1 has the answer take an id of its own.
+    void addAnswer(int answerId, int sourceId, int questionId, const QString& text);
 };

@@ -198,6 +198,21 @@ ReplyBase Connection::request(const QString& text) {
     return m_waiter->awaitReply(m_timings.request);
 }
 
+QVector<ReplyBase> Connection::requests(const QString& text, int count) {
+    QMutexLocker locker(&m_callMutex);
+    if (count < 1)
+        return {};
+    if (!ensureFreshToken()) {
+        qDebug() << "NO CONNECTION";
+        return {};
+    }
+    const int first = m_messageId.fetch_add(count) + 1;
+    m_waiter->expectReplies(first, count);
+    for (int id = first; id < first + count; ++id)
+        transmit(id, text);
+    return m_waiter->awaitReplies(m_timings.request);
+}
+
 void Connection::transmit(int id, const QString& text) {
     emit sendWS(wire::RequestFrame{accessToken(), id, text}.toText());
 }

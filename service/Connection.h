@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QThread>
 #include <QTimer>
+#include <QVector>
 #include <atomic>
 
 class HttpHandler;
@@ -50,6 +51,11 @@ public:
     /// `LinkTimings::request`. When the time runs out it gives the reply of the request before; a null reply
     /// when it could not be sent.
     ReplyBase request(const QString& text);
+
+    /// Sends the same request `count` times without waiting in between, and blocks the calling thread until
+    /// all replies have come, at most `LinkTimings::request`. They are in the order of the requests, with null
+    /// replies for those that didn't come in time; empty when the requests could not be sent.
+    QVector<ReplyBase> requests(const QString& text, int count);
 
     /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must
     /// not call.

@@ -5,6 +5,14 @@
 
 #include <QDebug>
 #include <QNetworkAccessManager>
+#include <algorithm>
+
+namespace {
+
+/// Requests that are on their way at one time, each burst with the bound of one request.
+constexpr int reservationsAtOnce = 1000;
+
+}  // namespace
 
 DataHelper::DataHelper(QObject* parent) : DataHelper(LinkTimings(), parent) {}
 
@@ -133,6 +141,29 @@ QStringList DataHelper::queryAuthors(const QString& word) {
 
 int DataHelper::maxId(const QString& word, bool next) {
     return queryInt(wire::maxId(word, next), word + wire::suffix(wire::Operation::MaxId));
+}
+
+QList<int> DataHelper::nextIds(const QString& word, int count) {
+    QMutexLocker locker(&m_mutex);
+    if (count < 1 || !mayRead(Log::Refusal))
+        return {};
+    const QString text = wire::maxId(word, true);
+    const QString key = word + wire::suffix(wire::Operation::MaxId);
+    QList<int> ids;
+    ids.reserve(count);
+    while (ids.size() < count) {
+        const int wanted = std::min(count - ids.size(), reservationsAtOnce);
+        const QVector<ReplyBase> replies = m_connection->requests(text, wanted);
+        if (replies.size() < wanted)
+            return {};
+        for (const ReplyBase& reply : replies) {
+            const int id = reply.data().value(key).toInt();
+            if (id < 1)
+                return {};
+            ids.append(id);
+        }
+    }
+    return ids;
 }
 
 bool DataHelper::savesBlocking(wire::Record record) {

@@ -110,6 +110,9 @@ public:
     /// The highest id of that word; with `next` a new id that the service reserves. 0 when refused.
     int maxId(const QString& word, bool next);
     int nextId(const QString& word, bool reserve) { return maxId(word, reserve); }
+    /// Reserves `count` ids of that word, ascending; between them may lie ids that other clients have taken.
+    /// Costs about one round trip for many. Empty when refused, or when not all could be reserved.
+    QList<int> nextIds(const QString& word, int count);
 
     // Writes: false when refused. A write that is only sent learns its outcome from the notification.
 

@@ -43,3 +43,10 @@ int IdManager::next(wire::Record record) {
     m_counters.insert(static_cast<int>(record), id);
     return id;
 }
+
+QList<int> IdManager::nextIds(wire::Record record, int count) {
+    const QList<int> ids = m_helper ? m_helper->nextIds(wire::word(record), count) : QList<int>();
+    if (!ids.isEmpty())
+        m_counters.insert(static_cast<int>(record), ids.last());
+    return ids;
+}

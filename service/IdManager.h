@@ -35,6 +35,12 @@ public:
     Q_INVOKABLE int nextGroupId() { return next(wire::Record::Group); }
     Q_INVOKABLE int nextChatMessageId() { return next(wire::Record::ChatMessage); }
 
+    /// Reserves `count` ids at the service in one go, ascending; empty when not all can be had.
+    QList<int> nextIds(wire::Record record, int count);
+    QList<int> nextHighlightIds(int count) { return nextIds(wire::Record::Highlight, count); }
+    QList<int> nextQuestionIds(int count) { return nextIds(wire::Record::Question, count); }
+    QList<int> nextAnswerIds(int count) { return nextIds(wire::Record::QuestionAnswer, count); }
+
     /// The last id that is known; asks nobody.
     Q_INVOKABLE int maxKernoId() const { return max(wire::Record::Kerno); }
     Q_INVOKABLE int maxHighlightId() const { return max(wire::Record::Highlight); }

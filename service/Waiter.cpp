@@ -12,10 +12,13 @@ Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QOb
         webSocketHandler, &WebSocketHandler::messageReceived, this,
         [this](int id, int status, const QJsonObject& payload) {
             QMutexLocker locker(&m_mutex);
-            if (m_expectedId <= 0 || id != m_expectedId)
+            const int place = id - m_firstId;
+            if (m_missing == 0 || place < 0 || place >= m_replies.size() || m_replies.at(place).id() != 0)
                 return;
-            m_expectedId = 0;
-            m_reply = ReplyBase(id, status, payload);
+            m_replies[place] = ReplyBase(id, status, payload);
+            if (--m_missing > 0)
+                return;
+            m_reply = m_replies.last();
             quit();
         },
         Qt::DirectConnection);
@@ -37,20 +40,33 @@ void Waiter::run() {
 }
 
 void Waiter::expectReply(int id) {
-    start(QThread::InheritPriority);
-    QMutexLocker locker(&m_mutex);
-    m_expectedId = id;
+    expectReplies(id, 1);
 }
 
 ReplyBase Waiter::awaitReply(int milliseconds) {
+    awaitReplies(milliseconds);
+    QMutexLocker locker(&m_mutex);
+    return m_reply;
+}
+
+void Waiter::expectReplies(int firstId, int count) {
+    start(QThread::InheritPriority);
+    QMutexLocker locker(&m_mutex);
+    m_replies.fill(ReplyBase(), count);
+    m_firstId = firstId;
+    m_missing = count;
+}
+
+QVector<ReplyBase> Waiter::awaitReplies(int milliseconds) {
     wait(static_cast<unsigned long>(milliseconds));
     QMutexLocker locker(&m_mutex);
-    const bool released = m_expectedId == 0;
-    m_expectedId = 0;
-    const ReplyBase reply = m_reply;
+    const bool released = m_missing == 0;
+    m_missing = 0;
+    QVector<ReplyBase> replies;
+    replies.swap(m_replies);
     locker.unlock();
     finishIf(released);
-    return reply;
+    return replies;
 }
 
 void Waiter::expectMessage() {

@@ -5,6 +5,7 @@
 
 #include <QMutex>
 #include <QThread>
+#include <QVector>
 
 class HttpHandler;
 class WebSocketHandler;
@@ -12,7 +13,7 @@ class WebSocketHandler;
 /// What a blocking call waits on: a thread that only sits in an event loop, so that the caller can wait for
 /// its end with a bound on the time, and the network thread can release the caller by ending it.
 ///
-/// One call at a time: `expectReply` or `expectMessage`, then send, then `await...`. Callers of different
+/// One call at a time: `expectReply`, `expectReplies` or `expectMessage`, then send, then `await...`. Callers of different
 /// threads exclude each other by the query layer's lock.
 class Waiter : public QThread {
     Q_OBJECT
@@ -27,6 +28,14 @@ public:
     /// and a reply that comes later is dropped.
     ReplyBase awaitReply(int milliseconds);
 
+    /// From now on the frames with the `count` numbers from `firstId` are collected, and the last of them to
+    /// come ends the wait. `count` is at least 1. Called before the requests are sent.
+    void expectReplies(int firstId, int count);
+
+    /// Waits at most `milliseconds` and gives the replies in the order of their numbers; in the places of
+    /// those that have not come stand null replies.
+    QVector<ReplyBase> awaitReplies(int milliseconds);
+
     /// From now on the next finished HTTP call ends the wait. Called before the request is sent.
     void expectMessage();
 
@@ -40,8 +49,10 @@ private:
     void finishIf(bool released);
 
     QMutex m_mutex;  ///< over the members below: the caller and the network thread use them
-    ReplyBase m_reply;
+    ReplyBase m_reply;             ///< of the last wait that was not in vain
+    QVector<ReplyBase> m_replies;  ///< of the present wait
     Message m_message;
-    int m_expectedId = 0;  ///< 0: no reply is awaited
+    int m_firstId = 0;
+    int m_missing = 0;  ///< replies that are still awaited
     bool m_expectsMessage = false;
 };

@@ -1,9 +1,11 @@
 #include "undo/HighlightCommands.h"
 
 #include "project/KRNFile.h"
+#include "service/IdManager.h"
 #include "undo/HighlightMerge.h"
 
 #include <QDebug>
+#include <algorithm>
 
 AddHighlightCommand::AddHighlightCommand(const Highlight& highlight, KRNFile* file, bool skipMerge,
                                          QUndoCommand* parent)
@@ -45,9 +47,16 @@ BatchCreateHighlightsCommand::BatchCreateHighlightsCommand(const QList<Highlight
     : BatchCommand(Does::Save, highlights, file, parent) {
     if (!isValid())
         return;
+    const auto isNew = [](const Highlight& highlight) { return highlight.id() < 1; };
+    const auto count = static_cast<int>(std::count_if(records().cbegin(), records().cend(), isNew));
+    QList<int> ids = IdManager::instance()->nextHighlightIds(count);
+    if (ids.size() < count) {
+        invalidate();
+        return;
+    }
     for (Highlight& highlight : records()) {
-        if (highlight.id() < 1)
-            factsOf<Highlight>().create(highlight, highlight.author());
+        if (isNew(highlight))
+            highlight.setHighlightId(ids.takeFirst());
     }
 }
 

@@ -5,6 +5,7 @@
 #include "models/SourceMetadataModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "service/IdManager.h"
 #include "undo/HighlightCommands.h"
 #include "undo/MemoCommands.h"
 #include "undo/MetadataCommands.h"
@@ -13,9 +14,21 @@
 
 namespace {
 
-void addEmptyAnswer(int sourceId, int questionId, KRNFile* file, QUndoCommand* parent) {
-    new AddAnswerCommand(QuestionAnswer(-1, questionId, sourceId, QString(), QString(), QDateTime()), file,
-                         parent);
+struct Place {
+    int sourceId;
+    int questionId;
+};
+
+/// False when there are no ids for them.
+bool addEmptyAnswers(const QVector<Place>& places, KRNFile* file, QUndoCommand* parent) {
+    QList<int> ids = IdManager::instance()->nextAnswerIds(places.size());
+    if (ids.size() < places.size())
+        return false;
+    for (const Place& place : places)
+        new AddAnswerCommand(QuestionAnswer(ids.takeFirst(), place.questionId, place.sourceId, QString(),
+                                            QString(), QDateTime()),
+                             file, parent);
+    return true;
 }
 
 }  // namespace
@@ -45,8 +58,11 @@ AddQuestionCommand::AddQuestionCommand(const Question& question, KRNFile* file, 
     factsOf<Question>().create(added, currentAuthor());
     if (!take(added))
         return;
+    QVector<Place> places;
     for (const Source& source : file->sourceModel()->snapshot())
-        addEmptyAnswer(source.id(), added.id(), file, this);
+        places.append({source.id(), added.id()});
+    if (!addEmptyAnswers(places, file, this))
+        invalidate();
 }
 
 DeleteQuestionCommand::DeleteQuestionCommand(int questionId, KRNFile* file, QUndoCommand* parent)
@@ -72,8 +88,11 @@ AddSourceCommand::AddSourceCommand(const Source& source, KRNFile* file, bool add
         added.setTitle(QCoreApplication::translate("AddSourceCommand", "Source %1").arg(added.id()));
     if (!take(added) || !addAnswers)
         return;
+    QVector<Place> places;
     for (const Question& question : file->questionListModel()->snapshot())
-        addEmptyAnswer(added.id(), question.id(), file, this);
+        places.append({added.id(), question.id()});
+    if (!addEmptyAnswers(places, file, this))
+        invalidate();
 }
 
 DeleteSourceCommand::DeleteSourceCommand(int sourceId, KRNFile* file, QUndoCommand* parent)

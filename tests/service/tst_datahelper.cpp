@@ -64,6 +64,7 @@ private slots:
     void revokedAccessForgetsTheProject();
 
     void idsAreReservedAtTheService();
+    void aReservationIsWholeOrEmpty();
 
 private:
     QStringList texts() const { return m_service->requestTexts(); }
@@ -402,10 +403,32 @@ void tst_DataHelper::idsAreReservedAtTheService() {
     QCOMPARE(ids->nextKernoId(), 7);
     QCOMPARE(ids->nextKernoId(), 8);
     QCOMPARE(ids->maxKernoId(), 8);
+    QCOMPARE(ids->nextIds(wire::Record::Kerno, 3), QList<int>({9, 10, 11}));
+    QCOMPARE(ids->maxKernoId(), 11);
     ids->init(false, m_helper.get());
     QCOMPARE(ids->maxKernoId(), 0);
     m_helper.reset();
     QCOMPARE(ids->nextKernoId(), 0);
+}
+
+// Part of a reservation is of no use to anyone who needs an id for each of his records.
+void tst_DataHelper::aReservationIsWholeOrEmpty() {
+    LinkTimings timings = calmTimings();
+    timings.request = 300;
+    m_helper = std::make_unique<DataHelper>(timings);
+    QVERIFY(m_helper->openProject(m_project));
+    IdManager* ids = IdManager::instance();
+    ids->init(false, m_helper.get());
+    const auto last = std::make_shared<int>(0);
+    m_service->on(QStringLiteral("memoMaxId"),
+                  [last](ScriptedClient& client, const ScriptedRequest& request) {
+                      if (++*last != 2)
+                          client.reply(request, {{QStringLiteral("memoMaxId"), *last}});
+                  });
+    QVERIFY(ids->nextIds(wire::Record::Memo, 3).isEmpty());
+    QCOMPARE(ids->maxMemoId(), 0);
+    QCOMPARE(ids->nextIds(wire::Record::Memo, 3), QList<int>({4, 5, 6}));
+    QCOMPARE(ids->nextMemoId(), 7);
 }
 
 KERNOVA_TEST_MAIN(tst_DataHelper)

@@ -14,6 +14,8 @@
 #include "tests_support/TestMain.h"
 
 #include <QSignalSpy>
+#include <algorithm>
+#include <functional>
 #include <signal.h>
 
 /// The link and the data service together.
@@ -29,6 +31,7 @@ private slots:
     void batchesAreAnnouncedByTheirPlaces();
     void errorsAreReported();
     void idsAreUniqueAcrossReopening();
+    void manyIdsAreReservedAtOnce();
     void aKilledServiceIsRestartedAndReopened();
     void theWholeProjectTravelsBothWays();
 
@@ -136,6 +139,22 @@ void tst_RealService::idsAreUniqueAcrossReopening() {
     QVERIFY(m_helper->closeProject());
     QVERIFY(m_helper->openProject(m_project));
     QVERIFY(ids->nextKernoId() > second);
+}
+
+// More than one burst of requests, and single reservations around it.
+void tst_RealService::manyIdsAreReservedAtOnce() {
+    constexpr int count = 2500;
+    IdManager* ids = IdManager::instance();
+    ids->init(true, m_helper.get());
+    const int before = ids->nextHighlightId();
+    const QList<int> many = ids->nextHighlightIds(count);
+    QCOMPARE(many.size(), count);
+    QVERIFY(many.first() > before);
+    QVERIFY(std::adjacent_find(many.begin(), many.end(), std::greater_equal<int>()) == many.end());
+    QCOMPARE(ids->maxHighlightId(), many.last());
+    QVERIFY(ids->nextHighlightId() > many.last());
+    QCOMPARE(ids->nextKernoId(), 1);
+    QVERIFY(ids->nextHighlightIds(0).isEmpty());
 }
 
 void tst_RealService::aKilledServiceIsRestartedAndReopened() {
