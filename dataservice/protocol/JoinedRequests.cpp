@@ -4,6 +4,7 @@
 #include "store/JoinedReads.h"
 
 #include <QHash>
+#include <set>
 
 namespace {
 

@@ -117,7 +117,7 @@ Outcome ProjectStore::save(const Table& table, const RecordValues& values) {
     const QVariant timestamp =
         table.hasTimestamp() ? values[static_cast<size_t>(table.timestampColumn)] : QVariant();
     const bool restore = table.hasTimestamp() && !timestamp.isValid() && mayExist(table, id);
-    Statement statement = m_database->statement(sql::upsert(table, given, restore));
+    Statement statement = m_database->statement(upsertText(table, given, restore));
     for (int place : given)
         statement.bind(values[static_cast<size_t>(place)]);
     if (restore)
@@ -231,6 +231,18 @@ Outcome ProjectStore::storeCounters() {
         counter.changed = false;
     }
     return Outcome::done();
+}
+
+const QString& ProjectStore::upsertText(const Table& table, const std::vector<int>& given, bool restore) {
+    // Building the text takes longer than running it.
+    quint64 key = restore ? 1 : 0;
+    for (int place : given)
+        key |= quint64(2) << place;
+    key |= static_cast<quint64>(table.record) << 32;
+    QString& text = m_upsertTexts[key];
+    if (text.isEmpty())
+        text = sql::upsert(table, given, restore);
+    return text;
 }
 
 QString ProjectStore::now() {

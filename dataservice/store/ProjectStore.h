@@ -3,12 +3,11 @@
 #include "store/Outcome.h"
 #include "store/Table.h"
 
+#include <QHash>
 #include <QString>
 #include <QVariant>
-#include <array>
 #include <functional>
 #include <memory>
-#include <set>
 #include <vector>
 
 class Database;
@@ -100,6 +99,7 @@ private:
     Outcome storeCounters();
     Outcome ensureTransaction();
     QString now();
+    const QString& upsertText(const Table& table, const std::vector<int>& given, bool restore);
 
     QString m_path;
     QByteArray m_identity;
@@ -112,6 +112,8 @@ private:
         bool changed = false;
     };
     std::vector<Counter> m_counters;  ///< by record
+
+    QHash<quint64, QString> m_upsertTexts;  ///< by table, given columns and restoring
 
     qint64 m_nowSecond = -1;
     QString m_now;
