@@ -10,8 +10,9 @@
 #include <QTextStream>
 #include <malloc.h>
 
-// What the models cost a client with 2,000 kernos, 1,000 sources and 5 properties: time from JSON to filled models,
-// memory against that JSON, the refresh after a count, a storm of kerno notifications, and the layout of stripes.
+// What the models cost a client with 2,000 kernos, 1,000 sources and 5 properties: time from JSON to filled
+// models, memory against that JSON, the refresh after a count, a storm of kerno notifications, and the layout
+// of stripes.
 
 namespace {
 
@@ -78,7 +79,8 @@ struct Replies {
                                 {"sortValuesAlphabetically", false},
                                 {"key", QStringLiteral("Property %1").arg(keyId)}}));
             for (int i = 0; i < 10; ++i)
-                values.append(object({{"id", keyId * 10 + i}, {"keyId", keyId}, {"value", QStringLiteral("v%1").arg(i)}}));
+                values.append(object(
+                    {{"id", keyId * 10 + i}, {"keyId", keyId}, {"value", QStringLiteral("v%1").arg(i)}}));
         }
         for (const QJsonArray& array : {kernos, sources, answers, keys, values, links})
             bytes += QJsonDocument(array).toJson(QJsonDocument::Compact).size();
@@ -127,12 +129,10 @@ int main(int argc, char** argv) {
         fillAll(warm, replies);
     }
 
-    out << "filling the models from JSON: "
-        << milliseconds([&replies] {
-               FakeProject project;
-               fillAll(project, replies);
-           })
-        << " ms\n";
+    out << "filling the models from JSON: " << milliseconds([&replies] {
+        FakeProject project;
+        fillAll(project, replies);
+    }) << " ms\n";
 
     const size_t before = mallinfo2().uordblks;
     FakeProject project;
@@ -158,7 +158,8 @@ int main(int argc, char** argv) {
         for (int i = 1; i <= stormSize; ++i) {
             // Every tenth is new, the others change their title.
             const int id = i % 10 ? i : kernoCount + round * stormSize + i;
-            project.kernos->addOrUpdate(Kerno(kerno(id, QStringLiteral("Topic %1-%2").arg(id).arg(round)), "onSaved"));
+            project.kernos->addOrUpdate(
+                Kerno(kerno(id, QStringLiteral("Topic %1-%2").arg(id).arg(round)), "onSaved"));
             emit project.kernoUpdated(id);
         }
     }) << " ms\n";
@@ -170,8 +171,8 @@ int main(int argc, char** argv) {
         stripes.append({y, y + 16 * (1 + random.bounded(10))});
     }
     int columns = 0;
-    out << "layout of " << stripeCount << " stripes: "
-        << milliseconds([&stripes, &columns] { columns = stripeColumns(stripes).count; }) << " ms, " << columns
-        << " columns\n";
+    out << "layout of " << stripeCount
+        << " stripes: " << milliseconds([&stripes, &columns] { columns = stripeColumns(stripes).count; })
+        << " ms, " << columns << " columns\n";
     return 0;
 }

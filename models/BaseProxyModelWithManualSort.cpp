@@ -1,6 +1,7 @@
 #include "models/BaseProxyModelWithManualSort.h"
 
-BaseProxyModelWithManualSortBase::BaseProxyModelWithManualSortBase(QObject* parent) : BaseProxyModel(parent) {}
+BaseProxyModelWithManualSortBase::BaseProxyModelWithManualSortBase(QObject* parent)
+    : BaseProxyModel(parent) {}
 
 void BaseProxyModelWithManualSortBase::setManualSort(bool manualSort) {
     if (m_manualSort == manualSort)

@@ -3,11 +3,13 @@
 #include "models/BaseProxyModel.h"
 #include "models/ManualSort.h"
 
-/// A view whose rows can be put in an order made by hand. The order isn't stored in the project; the owner keeps it.
+/// A view whose rows can be put in an order made by hand. The order isn't stored in the project; the owner
+/// keeps it.
 class BaseProxyModelWithManualSortBase : public BaseProxyModel {
     Q_OBJECT
     Q_PROPERTY(bool manualSort READ manualSort WRITE setManualSort NOTIFY manualSortChanged)
-    Q_PROPERTY(QList<int> manualSortOrder READ manualSortOrder WRITE setManualSortOrder NOTIFY manualSortOrderChanged)
+    Q_PROPERTY(QList<int> manualSortOrder READ manualSortOrder WRITE setManualSortOrder NOTIFY
+                   manualSortOrderChanged)
 
 public:
     explicit BaseProxyModelWithManualSortBase(QObject* parent = nullptr);
@@ -33,7 +35,8 @@ private:
 };
 
 /// The step that knows the source model and its record.
-template <typename Model, typename T> class BaseProxyModelWithManualSortOrder : public BaseProxyModelWithManualSortBase {
+template <typename Model, typename T>
+class BaseProxyModelWithManualSortOrder : public BaseProxyModelWithManualSortBase {
 public:
     using BaseProxyModelWithManualSortBase::BaseProxyModelWithManualSortBase;
 

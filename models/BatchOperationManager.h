@@ -5,8 +5,8 @@
 #include <QPair>
 #include <QRecursiveMutex>
 
-/// Tells that a bulk change is running, so that listeners keep quiet and catch up once at its end. Its state may be
-/// read from any thread; it changes, and signals fire, on the main thread.
+/// Tells that a bulk change is running, so that listeners keep quiet and catch up once at its end. Its state
+/// may be read from any thread; it changes, and signals fire, on the main thread.
 class BatchOperationManager : public QObject {
     Q_OBJECT
 

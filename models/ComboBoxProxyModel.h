@@ -4,11 +4,12 @@
 
 class DelayedSignalTrigger;
 
-/// Puts a row that stands for no choice in front of a model, for combo boxes. A burst of changes of the source makes
-/// one reset.
+/// Puts a row that stands for no choice in front of a model, for combo boxes. A burst of changes of the
+/// source makes one reset.
 class ComboBoxProxyModel : public QAbstractProxyModel {
     Q_OBJECT
-    Q_PROPERTY(QString dummyEntryText READ dummyEntryText WRITE setDummyEntryText NOTIFY dummyEntryTextChanged)
+    Q_PROPERTY(
+        QString dummyEntryText READ dummyEntryText WRITE setDummyEntryText NOTIFY dummyEntryTextChanged)
 
 public:
     explicit ComboBoxProxyModel(QObject* parent = nullptr);

@@ -2,7 +2,8 @@
 
 #include <QTimer>
 
-/// A single-shot timer that gathers a burst of changes: it fires once, its interval after the last `restart()`.
+/// A single-shot timer that gathers a burst of changes: it fires once, its interval after the last
+/// `restart()`.
 class DelayedSignalTrigger : public QTimer {
     Q_OBJECT
 

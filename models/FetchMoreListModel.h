@@ -6,7 +6,8 @@
 /// Shows a large model in growing batches.
 class FetchMoreListModel : public QAbstractListModel {
     Q_OBJECT
-    Q_PROPERTY(QAbstractItemModel* sourceModel READ sourceModel WRITE setSourceModel NOTIFY sourceModelChanged)
+    Q_PROPERTY(
+        QAbstractItemModel* sourceModel READ sourceModel WRITE setSourceModel NOTIFY sourceModelChanged)
 
 public:
     explicit FetchMoreListModel(QObject* parent = nullptr);

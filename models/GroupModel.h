@@ -11,7 +11,8 @@ class GroupModel : public IModelList<Group, int, GroupField> {
 
 public:
     enum Role {
-        AssociatedKernosCountRole = static_cast<int>(GroupField::visible) + 1  ///< number of kernos in the group
+        AssociatedKernosCountRole =
+            static_cast<int>(GroupField::visible) + 1  ///< number of kernos in the group
     };
 
     explicit GroupModel(DataHelper* helper, QObject* parent = nullptr);

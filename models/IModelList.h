@@ -11,12 +11,12 @@
 #include <QVector>
 #include <vector>
 
-/// A list model over records of type `T` with keys of type `K` and field numbers `F`, which double as roles. Changes
-/// are applied row by row, so that views keep their delegates.
+/// A list model over records of type `T` with keys of type `K` and field numbers `F`, which double as roles.
+/// Changes are applied row by row, so that views keep their delegates.
 ///
-/// Every public operation takes the model's recursive mutex, so rows may be read from other threads; they change on
-/// the main thread. Records are found by key without a search. The bodies stand in IModelListRows.h; the
-/// instantiations in IModelList.cpp.
+/// Every public operation takes the model's recursive mutex, so rows may be read from other threads; they
+/// change on the main thread. Records are found by key without a search. The bodies stand in
+/// IModelListRows.h; the instantiations in IModelList.cpp.
 template <typename T, typename K, typename F> class IModelList : public IModelListBase {
 public:
     using RecordType = T;
@@ -32,12 +32,13 @@ public:
     /// A copy of the record of a row; an empty record for a row out of range.
     virtual T at(int row) const;
 
-    /// Replaces all rows, and announces only what has to be: added or removed rows at the end, and a change of the
-    /// others. An empty list on an empty model does nothing.
+    /// Replaces all rows, and announces only what has to be: added or removed rows at the end, and a change
+    /// of the others. An empty list on an empty model does nothing.
     virtual void setData(const QList<T>& list);
     using IModelListBase::setData;
 
-    /// Adds or updates the records of a JSON array, or of a single object. Elements that can't be read are skipped.
+    /// Adds or updates the records of a JSON array, or of a single object. Elements that can't be read are
+    /// skipped.
     virtual void setFromJson(const QJsonValue& value);
     virtual void addFromJson(const QJsonObject& object);
 
@@ -84,7 +85,8 @@ protected:
     /// Keeps `index`, a member of the derived class, in step with the rows.
     void addIndex(RowIndexBase<T>* index) { m_indices.push_back(index); }
 
-    /// The rows themselves; valid under the mutex. Fields that are keys of an index change through `addOrUpdate` alone.
+    /// The rows themselves; valid under the mutex. Fields that are keys of an index change through
+    /// `addOrUpdate` alone.
     const QList<Row*>& items() const { return m_items; }
     Row* rowOf(const K& key) const;
 

@@ -8,8 +8,8 @@ class DataHelper;
 class ProjectEvents;
 class QThreadPool;
 
-/// What all list models of the project share that doesn't depend on their record: they follow the opening and closing
-/// of the project and answer QML's questions for rows. A model outlives project files. Main thread.
+/// What all list models of the project share that doesn't depend on their record: they follow the opening and
+/// closing of the project and answer QML's questions for rows. A model outlives project files. Main thread.
 class IModelListBase : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(int count READ count NOTIFY modelUpdated)
@@ -58,7 +58,6 @@ protected:
 
     /// Emits `initialDataSet()` unless it was emitted since the project was opened.
     void announceInitialData();
-    bool isInitialDataSet() const { return m_initialDataSet; }
 
 private slots:
     void onFileClosedInternal();

@@ -16,7 +16,8 @@ template <typename T, typename K, typename F> IModelList<T, K, F>::~IModelList()
     qDeleteAll(m_items);
 }
 
-template <typename T, typename K, typename F> int IModelList<T, K, F>::rowCount(const QModelIndex& parent) const {
+template <typename T, typename K, typename F>
+int IModelList<T, K, F>::rowCount(const QModelIndex& parent) const {
     const QMutexLocker lock(&m_mutex);
     return parent.isValid() ? 0 : m_items.size();
 }
@@ -86,7 +87,8 @@ template <typename T, typename K, typename F> void IModelList<T, K, F>::setFromJ
     announceInitialData();
 }
 
-template <typename T, typename K, typename F> void IModelList<T, K, F>::addFromJson(const QJsonObject& object) {
+template <typename T, typename K, typename F>
+void IModelList<T, K, F>::addFromJson(const QJsonObject& object) {
     const QJsonValue key = object.value(T::wireName(static_cast<F>(firstFieldNumber)));
     if (key.isUndefined() || (key.toInt() == 0 && key.toString().isNull()))
         return;
@@ -131,8 +133,7 @@ template <typename T, typename K, typename F> void IModelList<T, K, F>::addOrUpd
         emitRowsChanged(row, row, changedRoles);
 }
 
-template <typename T, typename K, typename F>
-void IModelList<T, K, F>::insertRow(int row, const T& record) {
+template <typename T, typename K, typename F> void IModelList<T, K, F>::insertRow(int row, const T& record) {
     beginInsertRows({}, row, row);
     Row* added = new Row(record);
     m_items.insert(row, added);

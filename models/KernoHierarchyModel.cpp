@@ -12,8 +12,9 @@ KernoHierarchyModel::KernoHierarchyModel(QObject* parent)
     connect(this, &QAbstractItemModel::rowsInserted, m_trigger, &DelayedSignalTrigger::restart);
     connect(this, &QAbstractItemModel::rowsRemoved, m_trigger, &DelayedSignalTrigger::restart);
     connect(this, &QAbstractItemModel::modelReset, m_trigger, &DelayedSignalTrigger::restart);
-    connect(this, &QAbstractItemModel::dataChanged, this,
-            [this](const QModelIndex&, const QModelIndex&, const QVector<int>& roles) { onDataChanged(roles); });
+    connect(
+        this, &QAbstractItemModel::dataChanged, this,
+        [this](const QModelIndex&, const QModelIndex&, const QVector<int>& roles) { onDataChanged(roles); });
     if (ProjectEvents* project = ProjectEvents::current()) {
         setRecords(project->kernoModel());
         connect(project, &ProjectEvents::kernoUpdated, this, &KernoHierarchyModel::onKernoUpdated);

@@ -57,7 +57,8 @@ QVariant KernoModel::data(const QModelIndex& index, int role) const {
     case ScaleRole:
         if (m_maxQuoteCount < 2)
             return smallestScale;
-        return static_cast<double>(highlightsCount(kerno.kernoId())) / m_maxQuoteCount * scaleSpread + smallestScale;
+        return static_cast<double>(highlightsCount(kerno.kernoId())) / m_maxQuoteCount * scaleSpread +
+               smallestScale;
     case HasChildrenRole:
         return hasChildren(kerno);
     default:
@@ -107,7 +108,8 @@ bool KernoModel::hasChildren(const Kerno& kerno) const {
     const QMutexLocker lock(&m_mutex);
     const int id = kerno.kernoId();
     const auto& children = m_byParent.rows(id);
-    return std::any_of(children.begin(), children.end(), [id](const Row* row) { return row->kernoId() != id; });
+    return std::any_of(children.begin(), children.end(),
+                       [id](const Row* row) { return row->kernoId() != id; });
 }
 
 bool KernoModel::hasGrandChildren(const Kerno& kerno) const {
@@ -217,7 +219,8 @@ void KernoModel::takeCounts(ReplyBase* reply) {
     if (reply != m_countReply)
         return;
     m_countReply = nullptr;
-    m_quoteCounts.replace(QuoteCounts::fromJson(reply->data().value(wire::name::quoteCountsInKernos).toArray()));
+    m_quoteCounts.replace(
+        QuoteCounts::fromJson(reply->data().value(wire::name::quoteCountsInKernos).toArray()));
     if (m_countAgain) {
         m_countAgain = false;
         onHighlightsChanged();

@@ -17,7 +17,7 @@ class KernoModel : public IModelList<Kerno, int, KernoField>, public KeyVariantV
 public:
     enum Role {
         HighlightsCountRole = static_cast<int>(KernoField::visible) + 1,  ///< number of codings
-        ScaleRole,        ///< size of the bubble, 0.7 to 1.5
+        ScaleRole,                                                        ///< size of the bubble, 0.7 to 1.5
         HasChildrenRole
     };
 
@@ -26,7 +26,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// With the filter on, the kernos of the groups made visible since are shown; switching it hides or shows all.
+    /// With the filter on, the kernos of the groups made visible since are shown; switching it hides or shows
+    /// all.
     void applyGroupFilter(bool apply);
     void setGroupVisible(int kernoId, bool visible);
     /// Shows the kernos whose title contains `name`, ignoring case; all for an empty name.

@@ -8,7 +8,8 @@ namespace {
 
 const QStringList& offeredKeys() {
     static const QStringList keys =
-        QStringLiteral("0,1,2,3,4,5,6,7,8,9,A,B,C,D,E,F,G,H,I,J,K,L,M,N,O,P,Q,R,S,T,U,V,W,X,Y,Z").split(QLatin1Char(','));
+        QStringLiteral("0,1,2,3,4,5,6,7,8,9,A,B,C,D,E,F,G,H,I,J,K,L,M,N,O,P,Q,R,S,T,U,V,W,X,Y,Z")
+            .split(QLatin1Char(','));
     return keys;
 }
 

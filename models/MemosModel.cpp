@@ -22,7 +22,8 @@ MemosModel::MemosModel(TextGeometry* textEdit, DataHelper* helper, QObject* pare
     connect(events, &ProjectEvents::batchMemoDeleted, this, &MemosModel::onBatchMemoChanged);
     if (BatchOperationManager* batches = events->batchOperationManager()) {
         connect(batches, &BatchOperationManager::editAnswerFinished, this, &MemosModel::maybeReloadData);
-        connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, this, &MemosModel::maybeReloadData);
+        connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, this,
+                &MemosModel::maybeReloadData);
         connect(batches, &BatchOperationManager::batchUpdateKernosFinished, this, &MemosModel::reload);
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-/// How long models gather changes before they act, in milliseconds. The defaults are the program's; tests shorten them
-/// before they create a model.
+/// How long models gather changes before they act, in milliseconds. The defaults are the program's; tests
+/// shorten them before they create a model.
 struct ModelDelays {
     int positions = 50;    ///< layout of stripes and memo icons after the text changed its size
     int reload = 50;       ///< fetch of an answer's highlights or memos that was asked for with a delay

@@ -10,9 +10,9 @@ class DelayedSignalTrigger;
 class QTimer;
 class ReplyBase;
 
-/// What the models beside a text have in common: the highlights or memos of one answer, clipped to the window of it
-/// that is shown, and relative to that window. On a read-only text the model fetches its rows and follows the
-/// project's notifications; on an editable one the tracker of edits hands them over.
+/// What the models beside a text have in common: the highlights or memos of one answer, clipped to the window
+/// of it that is shown, and relative to that window. On a read-only text the model fetches its rows and
+/// follows the project's notifications; on an editable one the tracker of edits hands them over.
 template <typename P, typename F> class PassageModel : public IModelList<P, int, F> {
 public:
     using Rows = QList<ModelRow<P>*>;

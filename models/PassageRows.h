@@ -19,7 +19,8 @@
 
 template <typename P, typename F>
 PassageModel<P, F>::PassageModel(TextGeometry* textEdit, DataHelper* helper, QObject* parent)
-    : IModelList<P, int, F>(helper, parent), m_textEdit(textEdit), m_item(textEdit ? textEdit->item() : nullptr),
+    : IModelList<P, int, F>(helper, parent), m_textEdit(textEdit),
+      m_item(textEdit ? textEdit->item() : nullptr),
       m_reloadTrigger(new DelayedSignalTrigger(modelDelays().reload, this)),
       m_readOnly(textEdit && textEdit->isReadOnlyText()) {}
 
@@ -79,7 +80,8 @@ template <typename P, typename F> void PassageModel<P, F>::fetch() {
     const int questionId = m_questionId;
     const int offset = m_sourceOffset;
     const int length = m_sourceLength;
-    QObject::connect(reply, &ReplyBase::finished, this, [=] { takeReply(reply, sourceId, questionId, offset, length); });
+    QObject::connect(reply, &ReplyBase::finished, this,
+                     [=] { takeReply(reply, sourceId, questionId, offset, length); });
 }
 
 template <typename P, typename F>
@@ -150,7 +152,8 @@ template <typename P, typename F> void PassageModel<P, F>::passageSaved(const P&
     const int row = passages::insertionRow(this->items(), clipped, passage::lessThan<P>);
     const QPair<int, int> range = passages::affectedRange(this->items(), row, clipped);
     const int count = this->items().size();
-    // Views are told of one row more than arrives: the bars beside a text have always been told so and depend on it.
+    // Views are told of one row more than arrives: the bars beside a text have always been told so and depend
+    // on it.
     this->beginInsertRows({}, count, count + 1);
     this->appendRow(clipped);
     this->endInsertRows();

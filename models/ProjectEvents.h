@@ -24,8 +24,8 @@ class SourceMetadataModel;
 class SourceMetadataValueModel;
 class SourceModel;
 
-/// What the models know of the project: the signals of its changes, and the look-ups that they need. The project
-/// facade derives from it. All of it lives on the main thread.
+/// What the models know of the project: the signals of its changes, and the look-ups that they need. The
+/// project facade derives from it. All of it lives on the main thread.
 class ProjectEvents : public QObject {
     Q_OBJECT
 

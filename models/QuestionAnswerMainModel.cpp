@@ -39,7 +39,8 @@ QHash<int, int> QuestionAnswerMainModel::lengthsBySource() const {
     return lengths;
 }
 
-QuestionAnswer QuestionAnswerMainModel::partialAnswer(int sourceId, int questionId, int start, int length) const {
+QuestionAnswer QuestionAnswerMainModel::partialAnswer(int sourceId, int questionId, int start,
+                                                      int length) const {
     const QuestionAnswer whole = answer(sourceId, questionId);
     if (whole.answerId() > 0 && start >= 0 && start < whole.answerLength() && length != 0)
         return QuestionAnswer(whole, start, length);

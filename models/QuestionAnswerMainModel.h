@@ -34,5 +34,6 @@ protected:
     void onModelUpdated(int row, const QuestionAnswer& answer, const QVector<int>& changedRoles) override;
 
 private:
-    RowIndex<QuestionAnswer, int> m_bySource;  ///< a source has few answers, so its question is sought among them
+    RowIndex<QuestionAnswer, int>
+        m_bySource;  ///< a source has few answers, so its question is sought among them
 };

@@ -12,7 +12,8 @@ QuestionAnswerModel::QuestionAnswerModel(DataHelper* helper, QObject* parent)
     connect(this, &QuestionAnswerModelBase::sourceIdChanged, this, &QuestionAnswerModel::updateFromMainModel);
     if (m_mainModel) {
         const auto later = &QuestionAnswerModel::delayedUpdateFromMainModel;
-        connect(m_mainModel, &QuestionAnswerMainModel::dataFetched, this, &QuestionAnswerModel::onDataFetched);
+        connect(m_mainModel, &QuestionAnswerMainModel::dataFetched, this,
+                &QuestionAnswerModel::onDataFetched);
         connect(m_mainModel, &QuestionAnswerMainModel::modelAdded, this,
                 &QuestionAnswerModel::onModelAddedToMainModel);
         connect(m_mainModel, &QuestionAnswerMainModel::modelUpdated, this,
@@ -24,7 +25,8 @@ QuestionAnswerModel::QuestionAnswerModel(DataHelper* helper, QObject* parent)
         connect(m_mainModel, &QAbstractItemModel::rowsRemoved, this, later);
     }
     if (QuestionModel* questions = questionModel())
-        connect(questions, &QuestionModel::questionsOrderChanged, this, &QuestionAnswerModel::onQuestionsOrderChanged);
+        connect(questions, &QuestionModel::questionsOrderChanged, this,
+                &QuestionAnswerModel::onQuestionsOrderChanged);
 }
 
 void QuestionAnswerModel::onDataFetched(QList<QuestionAnswer> data) {

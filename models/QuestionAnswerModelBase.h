@@ -13,10 +13,7 @@ class QuestionAnswerModelBase : public IModelList<QuestionAnswer, int, QuestionA
     Q_PROPERTY(int sourceId READ sourceId WRITE setSourceId NOTIFY sourceIdChanged)
 
 public:
-    enum Role {
-        QuestionRole = static_cast<int>(QuestionAnswerField::isHtml) + 1,
-        QuestionOrderRole
-    };
+    enum Role { QuestionRole = static_cast<int>(QuestionAnswerField::isHtml) + 1, QuestionOrderRole };
 
     explicit QuestionAnswerModelBase(DataHelper* helper, QObject* parent = nullptr);
 

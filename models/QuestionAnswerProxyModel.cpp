@@ -7,7 +7,8 @@ QuestionAnswerProxyModel::QuestionAnswerProxyModel(QObject* parent)
     : QSortFilterProxyModel(parent),
       m_answers(new QuestionAnswerModel(
           ProjectEvents::current() ? ProjectEvents::current()->dataHelper() : nullptr, this)) {
-    connect(m_answers, &QuestionAnswerModel::sourceIdChanged, this, &QuestionAnswerProxyModel::sourceIdChanged);
+    connect(m_answers, &QuestionAnswerModel::sourceIdChanged, this,
+            &QuestionAnswerProxyModel::sourceIdChanged);
     setSortRole(QuestionAnswerModelBase::QuestionOrderRole);
     setSourceModel(m_answers);
     sort(0, Qt::AscendingOrder);

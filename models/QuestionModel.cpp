@@ -26,7 +26,8 @@ int QuestionModel::questionOrder(int questionId) const {
 
 bool QuestionModel::hasQuestion(const QString& text) const {
     const QMutexLocker lock(&m_mutex);
-    return std::any_of(items().cbegin(), items().cend(), [&text](const Row* row) { return row->question() == text; });
+    return std::any_of(items().cbegin(), items().cend(),
+                       [&text](const Row* row) { return row->question() == text; });
 }
 
 int QuestionModel::maxQuestionOrder() const {

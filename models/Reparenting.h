@@ -2,7 +2,7 @@
 
 /// What decides whether a kerno may move below another one.
 struct ReparentingFacts {
-    bool same = false;          ///< the kerno itself is the new parent
+    bool same = false;  ///< the kerno itself is the new parent
     bool bothExist = false;
     bool hasChildren = false;
     bool hasGrandChildren = false;

@@ -25,7 +25,8 @@ template <typename Rows> QList<SourceMetadata> linksIn(const Rows& rows) {
 
 }  // namespace
 
-SourceMetadataKeyModel::SourceMetadataKeyModel(DataHelper* helper, QObject* parent) : IModelList(helper, parent) {
+SourceMetadataKeyModel::SourceMetadataKeyModel(DataHelper* helper, QObject* parent)
+    : IModelList(helper, parent) {
     refreshAfterBatch(this, project());
 }
 
@@ -80,8 +81,7 @@ void SourceMetadataValueModel::onModelUpdated(int, const SourceMetadataValue& va
 }
 
 SourceMetadataModel::SourceMetadataModel(DataHelper* helper, QObject* parent)
-    : IModelList(helper, parent),
-      m_byValue([](const SourceMetadata& link) { return link.valueId(); }),
+    : IModelList(helper, parent), m_byValue([](const SourceMetadata& link) { return link.valueId(); }),
       m_bySource([](const SourceMetadata& link) { return link.sourceId(); }) {
     addIndex(&m_byValue);
     addIndex(&m_bySource);

@@ -59,7 +59,8 @@ SourceMetadataKey SourceMetadataKeyProxyModel::findKeyWithId(int keyId) const {
 
 QVariantList SourceMetadataKeyProxyModel::getSortTypesDropDown() const {
     const auto entry = [](const QString& name, SortType value) {
-        return QVariantMap{{QStringLiteral("name"), name}, {QStringLiteral("value"), static_cast<int>(value)}};
+        return QVariantMap{{QStringLiteral("name"), name},
+                           {QStringLiteral("value"), static_cast<int>(value)}};
     };
     if (m_sortTypes.isEmpty()) {
         m_sortTypes = {entry(tr("Default", "sort type"), SortDefault),

@@ -37,7 +37,8 @@ SourceModel::SourceModel(DataHelper* helper, QObject* parent) : IModelList(helpe
     if (BatchOperationManager* batches = events->batchOperationManager()) {
         connect(batches, &BatchOperationManager::editAnswerFinished, this, later);
         connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, this, later);
-        connect(batches, &BatchOperationManager::sourcesBatchUpdateFinished, this, &SourceModel::refreshAsync);
+        connect(batches, &BatchOperationManager::sourcesBatchUpdateFinished, this,
+                &SourceModel::refreshAsync);
     }
     connect(events, &ProjectEvents::highlightSaved, this, &SourceModel::onHighlightDeletedOrUpdated);
     connect(events, &ProjectEvents::highlightDeleted, this, &SourceModel::onHighlightDeletedOrUpdated);
@@ -48,7 +49,8 @@ QVariant SourceModel::data(const QModelIndex& index, int role) const {
         return IModelList::data(index, role);
     const QMutexLocker lock(&m_mutex);
     const int row = index.row();
-    return row >= 0 && row < items().size() ? QVariant(percentageCoded(items().at(row)->sourceId())) : QVariant();
+    return row >= 0 && row < items().size() ? QVariant(percentageCoded(items().at(row)->sourceId()))
+                                            : QVariant();
 }
 
 QHash<int, QByteArray> SourceModel::roleNames() const {
@@ -111,7 +113,8 @@ QHash<int, int> SourceModel::codedLengthsFromJson(const QJsonArray& array) {
     QHash<int, int> lengths;
     for (const QJsonValue& element : array) {
         const QJsonObject object = element.toObject();
-        lengths.insert(object.value(QLatin1String("id")).toInt(), object.value(QLatin1String("coded_length")).toInt());
+        lengths.insert(object.value(QLatin1String("id")).toInt(),
+                       object.value(QLatin1String("coded_length")).toInt());
     }
     return lengths;
 }
@@ -121,9 +124,9 @@ void SourceModel::updateAllCodingStats(bool notify) {
         emit globalPercentageCodedChanged();
         return;
     }
-    const QJsonValue reply = dataHelper()
-                                 ? dataHelper()->queryValue(wire::sourceCodedLengthById(), wire::name::sourceCodedLengthById)
-                                 : QJsonValue();
+    const QJsonValue reply = dataHelper() ? dataHelper()->queryValue(wire::sourceCodedLengthById(),
+                                                                     wire::name::sourceCodedLengthById)
+                                          : QJsonValue();
     qDebug() << reply;
     applyCodedLengths(codedLengthsFromJson(reply.toArray()), notify);
 }
@@ -133,7 +136,8 @@ void SourceModel::updateAllCodingStatsAsync() {
         emit globalPercentageCodedChanged();
         return;
     }
-    ReplyBase* reply = dataHelper() ? dataHelper()->queryListAsync(wire::sourceCodedLengthById(), this) : nullptr;
+    ReplyBase* reply =
+        dataHelper() ? dataHelper()->queryListAsync(wire::sourceCodedLengthById(), this) : nullptr;
     if (!reply)
         return;
     m_reply = reply;
@@ -147,7 +151,8 @@ void SourceModel::takeReply(ReplyBase* reply) {
     m_reply = nullptr;
     qDebug() << reply->data();
     if (takeTextLengths())
-        applyCodedLengths(codedLengthsFromJson(reply->data().value(wire::name::sourceCodedLengthById).toArray()));
+        applyCodedLengths(
+            codedLengthsFromJson(reply->data().value(wire::name::sourceCodedLengthById).toArray()));
 }
 
 void SourceModel::applyCodedLengths(const QHash<int, int>& codedLengths, bool notify) {
@@ -171,7 +176,8 @@ void SourceModel::delayedUpdateAllCodingStatsAsync() {
         m_statsTimer = new QTimer(this);
         m_statsTimer->setSingleShot(true);
         m_statsTimer->setInterval(modelDelays().codingStats);
-        connect(m_statsTimer, &QTimer::timeout, this, &SourceModel::updateAllCodingStatsAsync, Qt::QueuedConnection);
+        connect(m_statsTimer, &QTimer::timeout, this, &SourceModel::updateAllCodingStatsAsync,
+                Qt::QueuedConnection);
     }
     m_statsTimer->stop();
     m_statsTimer->start();

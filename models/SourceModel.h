@@ -18,8 +18,9 @@ class SourceModel : public IModelList<Source, int, SourceField> {
 
 public:
     enum Role {
-        SourcePercentageCodedRole = static_cast<int>(SourceField::timestamp) + 1,  ///< share of the row's source
-        GlobalPercentageCodedRole  ///< the same; the project's share is the property
+        SourcePercentageCodedRole =
+            static_cast<int>(SourceField::timestamp) + 1,  ///< share of the row's source
+        GlobalPercentageCodedRole                          ///< the same; the project's share is the property
     };
 
     explicit SourceModel(DataHelper* helper, QObject* parent = nullptr);

@@ -49,8 +49,8 @@ int SourceProxyModel::globalPercentageCoded() const {
 }
 
 QVariantList SourceProxyModel::getSortModes() const {
-    return {tr("Default - Ascending"),          tr("Default - Descending"), tr("Title - Ascending"),
-            tr("Title - Descending"),           tr("Author - Ascending"),   tr("Author - Descending"),
+    return {tr("Default - Ascending"),          tr("Default - Descending"),         tr("Title - Ascending"),
+            tr("Title - Descending"),           tr("Author - Ascending"),           tr("Author - Descending"),
             tr("Percentage Coded - Ascending"), tr("Percentage Coded - Descending")};
 }
 

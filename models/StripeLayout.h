@@ -13,6 +13,6 @@ struct StripeColumns {
     int count = 1;         ///< at least 1
 };
 
-/// Puts each stripe into the first column whose last stripe ends above it, or into a new one. So stripes that touch
-/// the same line of text never share a column.
+/// Puts each stripe into the first column whose last stripe ends above it, or into a new one. So stripes that
+/// touch the same line of text never share a column.
 StripeColumns stripeColumns(const QVector<StripeExtent>& stripes);

@@ -3,8 +3,8 @@
 #include <QAbstractListModel>
 #include <QVariant>
 
-/// A list of any values that QML fills and edits. A view keeps its delegates when a list of the same length is
-/// assigned.
+/// A list of any values that QML fills and edits. A view keeps its delegates when a list of the same length
+/// is assigned.
 class VariantListModel : public QAbstractListModel {
     Q_OBJECT
     Q_PROPERTY(int count READ count NOTIFY countChanged)
@@ -13,8 +13,8 @@ class VariantListModel : public QAbstractListModel {
     Q_PROPERTY(bool duplicatesAllowed READ duplicatesAllowed WRITE setDuplicatesAllowed NOTIFY
                    duplicatesAllowedChanged)
     Q_PROPERTY(bool dummy READ dummy WRITE setDummy NOTIFY dummyChanged)
-    Q_PROPERTY(bool simplifiedItemManagement READ simplifiedItemManagement WRITE setSimplifiedItemManagement NOTIFY
-                   simplifiedItemManagementChanged)
+    Q_PROPERTY(bool simplifiedItemManagement READ simplifiedItemManagement WRITE setSimplifiedItemManagement
+                   NOTIFY simplifiedItemManagementChanged)
 
 public:
     enum Role { ModelDataRole = Qt::UserRole + 1 };

@@ -18,7 +18,8 @@
 #include <functional>
 #include <memory>
 
-/// A project with all its models and without a service of its own: tests fill the models and emit its signals.
+/// A project with all its models and without a service of its own: tests fill the models and emit its
+/// signals.
 class FakeProject : public ProjectEvents {
 public:
     explicit FakeProject(DataHelper* helper = nullptr)
@@ -75,7 +76,8 @@ inline Kerno testKerno(int id, int parentId = -1, const QString& title = {}) {
                  QStringLiteral("Ann"), 1, 1);
 }
 
-inline Highlight testHighlight(int id, int kernoId, int start, int length, int sourceId = 1, int questionId = 1) {
+inline Highlight testHighlight(int id, int kernoId, int start, int length, int sourceId = 1,
+                               int questionId = 1) {
     return Highlight(id, kernoId, sourceId, questionId, Qt::red, start, length, start + length,
                      QStringLiteral("Ann"), {}, 0, 0, 0, false);
 }

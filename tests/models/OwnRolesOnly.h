@@ -2,8 +2,8 @@
 
 #include <QIdentityProxyModel>
 
-/// Lets a model tester watch a model that answers every role with its value, also those where a view expects a size:
-/// only the model's own roles pass.
+/// Lets a model tester watch a model that answers every role with its value, also those where a view expects
+/// a size: only the model's own roles pass.
 class OwnRolesOnly : public QIdentityProxyModel {
 public:
     explicit OwnRolesOnly(QAbstractItemModel* model) { setSourceModel(model); }

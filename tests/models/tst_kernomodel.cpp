@@ -16,9 +16,9 @@ namespace {
 
 /// 1 has 2 and 3, 3 has 4, 5 and 6 stand alone.
 QList<Kerno> tree() {
-    return {testKerno(1, -1, QStringLiteral("Work")),    testKerno(2, 1, QStringLiteral("cabin")),
-            testKerno(3, 1, QStringLiteral("Boss")),     testKerno(4, 3, QStringLiteral("Praise")),
-            testKerno(5, -1, QStringLiteral("Home")),    testKerno(6, -1, QStringLiteral("apple"))};
+    return {testKerno(1, -1, QStringLiteral("Work")), testKerno(2, 1, QStringLiteral("cabin")),
+            testKerno(3, 1, QStringLiteral("Boss")),  testKerno(4, 3, QStringLiteral("Praise")),
+            testKerno(5, -1, QStringLiteral("Home")), testKerno(6, -1, QStringLiteral("apple"))};
 }
 
 QVector<int> rolesOf(const QSignalSpy& changed, int i) {
@@ -215,7 +215,8 @@ void tst_KernoModel::proxySorts() {
     kernos()->quoteCounts()->replace({{1, 9, {}}, {6, 4, {}}});
     KernoProxyModel proxy;
     QSignalSpy changed(&proxy, &KernoProxyModel::sortTypeChanged);
-    proxy.setSortType(sortType == KernoProxyModel::NoSort ? KernoProxyModel::ByTitle : KernoProxyModel::NoSort);
+    proxy.setSortType(sortType == KernoProxyModel::NoSort ? KernoProxyModel::ByTitle
+                                                          : KernoProxyModel::NoSort);
     proxy.setSortType(sortType);
     QTEST(proxy.sortRole(), "role");
     QTEST(proxy.currentSortOrder(), "order");

@@ -51,8 +51,8 @@ void tst_ModelAlgorithms::stripesTakeTheFirstFreeColumn_data() {
     QTest::newRow("lines one and three") << QVector<StripeExtent>{{0, 16}, {32, 48}} << Numbers{0, 0} << 1;
     QTest::newRow("a freed column is used again")
         << QVector<StripeExtent>{{0, 64}, {0, 16}, {16, 32}, {16, 48}} << Numbers{0, 1, 1, 2} << 3;
-    QTest::newRow("the first of two free ones") << QVector<StripeExtent>{{0, 16}, {0, 16}, {16, 32}}
-                                                << Numbers{0, 1, 0} << 2;
+    QTest::newRow("the first of two free ones")
+        << QVector<StripeExtent>{{0, 16}, {0, 16}, {16, 32}} << Numbers{0, 1, 0} << 2;
 }
 
 void tst_ModelAlgorithms::stripesTakeTheFirstFreeColumn() {
@@ -110,9 +110,10 @@ void tst_ModelAlgorithms::repaintRangeTakesInNeighbours() {
     QFETCH(int, length);
     QFETCH(int, row);
     QList<Highlight> stored;
-    for (const QPair<int, int>& range : QList<QPair<int, int>>{{0, 10}, {5, 30}, {40, 50}, {45, 48}, {60, 70}})
-        stored.append(Highlight(1, 1, 1, 1, {}, range.first, range.second - range.first, range.second, {}, {}, 0, 0,
-                                0, false));
+    for (const QPair<int, int>& range :
+         QList<QPair<int, int>>{{0, 10}, {5, 30}, {40, 50}, {45, 48}, {60, 70}})
+        stored.append(Highlight(1, 1, 1, 1, {}, range.first, range.second - range.first, range.second, {}, {},
+                                0, 0, 0, false));
     QList<const Highlight*> rows;
     for (const Highlight& highlight : qAsConst(stored))
         rows.append(&highlight);

@@ -37,7 +37,9 @@ public:
         connect(model, &QAbstractItemModel::rowsRemoved, this, rows("remove"));
         connect(model, &QAbstractItemModel::modelReset, this, [this] { entries << QStringLiteral("reset"); });
         connect(model, &QAbstractItemModel::dataChanged, this,
-                [this](const QModelIndex& first, const QModelIndex& last) { add("change", first.row(), last.row()); });
+                [this](const QModelIndex& first, const QModelIndex& last) {
+                    add("change", first.row(), last.row());
+                });
     }
     QStringList entries;
 
@@ -139,14 +141,16 @@ void tst_ModelFrame::jsonElementsAreMerged() {
         QCOMPARE(log.entries, (QStringList{"insert 0-0", "insert 1-1"}));
     }
     const RowLog log(&model);
-    model.setFromJson(QJsonArray{kernoJson(2, QStringLiteral("B")), QJsonValue(7), kernoJson(3, QStringLiteral("c"))});
+    model.setFromJson(
+        QJsonArray{kernoJson(2, QStringLiteral("B")), QJsonValue(7), kernoJson(3, QStringLiteral("c"))});
     QCOMPARE(log.entries, (QStringList{"change 1-1", "insert 2-2", "change 0-1"}));
     QCOMPARE(model.record(2).title(), QStringLiteral("B"));
     model.setFromJson(kernoJson(4, QStringLiteral("d")));
     QCOMPARE(idsOf(model), (QList<int>{1, 2, 3, 4}));
     QCOMPARE(first.count(), 1);
     QCOMPARE(model.toJson().size(), 4);
-    QCOMPARE(model.toVariantList().at(3).toMap().value(QStringLiteral("title")).toString(), QStringLiteral("d"));
+    QCOMPARE(model.toVariantList().at(3).toMap().value(QStringLiteral("title")).toString(),
+             QStringLiteral("d"));
 }
 
 void tst_ModelFrame::oddJsonIsIgnored_data() {
@@ -154,7 +158,8 @@ void tst_ModelFrame::oddJsonIsIgnored_data() {
     QTest::addColumn<int>("rows");
     QTest::newRow("no key") << QJsonObject{{QStringLiteral("kernoId"), 3}} << 0;
     QTest::newRow("null") << QJsonObject{{QStringLiteral("shortcutKey"), QJsonValue()}} << 0;
-    QTest::newRow("zero") << QJsonObject{{QStringLiteral("shortcutKey"), 0}, {QStringLiteral("kernoId"), 3}} << 0;
+    QTest::newRow("zero") << QJsonObject{{QStringLiteral("shortcutKey"), 0}, {QStringLiteral("kernoId"), 3}}
+                          << 0;
     QTest::newRow("invalid record") << QJsonObject{{QStringLiteral("shortcutKey"), QStringLiteral("A")}} << 0;
     QTest::newRow("a text of 0") << QJsonObject{{QStringLiteral("shortcutKey"), QStringLiteral("0")},
                                                 {QStringLiteral("kernoId"), 3}}
@@ -193,7 +198,8 @@ void tst_ModelFrame::outOfRangeGivesEmptyRecords() {
 
 void tst_ModelFrame::theLastOfEqualKeysIsFound() {
     KernoModel model(nullptr);
-    model.setData({testKerno(1, -1, QStringLiteral("a")), testKerno(2), testKerno(1, -1, QStringLiteral("b"))});
+    model.setData(
+        {testKerno(1, -1, QStringLiteral("a")), testKerno(2), testKerno(1, -1, QStringLiteral("b"))});
     QCOMPARE(model.indexOfKey(1), 2);
     QVERIFY(model.removeByKey(1));
     QCOMPARE(model.indexOfKey(1), 0);

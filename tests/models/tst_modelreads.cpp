@@ -118,8 +118,9 @@ void tst_ModelReads::countsWaitForTheEndOfABulkChange() {
 }
 
 void tst_ModelReads::sharesAreCountedOncePerBurst() {
-    m_service->answer(QStringLiteral("sourceCodedLengthById"),
-                      QJsonArray{QJsonObject{{QStringLiteral("id"), 1}, {QStringLiteral("coded_length"), 3}}});
+    m_service->answer(
+        QStringLiteral("sourceCodedLengthById"),
+        QJsonArray{QJsonObject{{QStringLiteral("id"), 1}, {QStringLiteral("coded_length"), 3}}});
     m_project->answers->setData({testAnswer(1, 1, 1, QStringLiteral("1234567890"))});
     m_project->sources->setData({Source(1, QStringLiteral("S"), {}, {}, {})});
     for (int i = 0; i < 20; ++i) {
@@ -132,14 +133,15 @@ void tst_ModelReads::sharesAreCountedOncePerBurst() {
 
 void tst_ModelReads::windowsAreCutAndSorted() {
     m_service->answer(QStringLiteral("highlightQueryListWithOffset"),
-                      QJsonArray{highlightJson(1, 1, 130, 10), highlightJson(2, 1, 90, 20), highlightJson(3, 1, 50, 50),
-                                 highlightJson(4, 1, 130, 15)});
+                      QJsonArray{highlightJson(1, 1, 130, 10), highlightJson(2, 1, 90, 20),
+                                 highlightJson(3, 1, 50, 50), highlightJson(4, 1, 130, 15)});
     StillText text;
     HighlightsModel model(&text, m_helper.get());
     QSignalSpy ready(&model, &HighlightsModel::modelReady);
     model.setSource(1, 1, 100, 400);
     QVERIFY(waitFor([&] { return ready.count() == 1; }));
-    QCOMPARE(asked("highlightQueryListWithOffset(sourceId:1 questionId:1 sourceOffset:100 sourceLength:400)"), 1);
+    QCOMPARE(asked("highlightQueryListWithOffset(sourceId:1 questionId:1 sourceOffset:100 sourceLength:400)"),
+             1);
     QCOMPARE(idsOf(model), (QList<int>{2, 4, 1}));
     QCOMPARE(model.at(0).start(), 0);
     QCOMPARE(model.at(0).end(), 10);
@@ -180,12 +182,25 @@ void tst_ModelReads::openingFillsTheModels() {
     const QString timestamp = QStringLiteral("timestamp");
     const QString time = QStringLiteral("2024-05-01T10:00:00Z");
     m_service->answer(QStringLiteral("questionQueryList"),
-                      QJsonArray{QJsonObject{{QStringLiteral("id"), 1}, {QStringLiteral("question"), QStringLiteral("a")}, {QStringLiteral("questionOrder"), 2}},
-                                 QJsonObject{{QStringLiteral("id"), 2}, {QStringLiteral("question"), QStringLiteral("b")}, {QStringLiteral("questionOrder"), 1}}});
+                      QJsonArray{QJsonObject{{QStringLiteral("id"), 1},
+                                             {QStringLiteral("question"), QStringLiteral("a")},
+                                             {QStringLiteral("questionOrder"), 2}},
+                                 QJsonObject{{QStringLiteral("id"), 2},
+                                             {QStringLiteral("question"), QStringLiteral("b")},
+                                             {QStringLiteral("questionOrder"), 1}}});
     m_service->answer(QStringLiteral("questionAnswerQueryList"),
-                      record({{QStringLiteral("id"), 1}, {QStringLiteral("questionId"), 1}, {QStringLiteral("sourceId"), 1}, {author, author}, {QStringLiteral("answer"), QStringLiteral("text")}, {timestamp, time}}));
+                      record({{QStringLiteral("id"), 1},
+                              {QStringLiteral("questionId"), 1},
+                              {QStringLiteral("sourceId"), 1},
+                              {author, author},
+                              {QStringLiteral("answer"), QStringLiteral("text")},
+                              {timestamp, time}}));
     m_service->answer(QStringLiteral("sourceQueryList"),
-                      record({{QStringLiteral("id"), 1}, {QStringLiteral("title"), QStringLiteral("S")}, {QStringLiteral("icon"), QString()}, {author, author}, {timestamp, time}}));
+                      record({{QStringLiteral("id"), 1},
+                              {QStringLiteral("title"), QStringLiteral("S")},
+                              {QStringLiteral("icon"), QString()},
+                              {author, author},
+                              {timestamp, time}}));
     QSignalSpy first(m_project->answers.get(), &IModelListBase::initialDataSet);
     emit m_project->fileOpened();
     QVERIFY(waitFor([&] { return first.count() == 1; }));

@@ -131,8 +131,9 @@ public:
     using Key = decltype(T().id());
 
     /// `place` gives what a list is sorted by; without it, records stand in the order of their first save.
-    Stored(Model* live, std::function<T(QRandomGenerator&)> randomRecord,
-           std::function<int(const T&)> place = [](const T&) { return 0; })
+    Stored(
+        Model* live, std::function<T(QRandomGenerator&)> randomRecord,
+        std::function<int(const T&)> place = [](const T&) { return 0; })
         : m_live(live), m_random(std::move(randomRecord)), m_place(std::move(place)) {}
 
     void step(QRandomGenerator& random) {
@@ -216,19 +217,21 @@ struct Service {
                      const int id = anId(r);
                      // Parents have lower ids, so that there is no circle.
                      const int parent = r.bounded(2) && id > 1 ? 1 + r.bounded(id - 1) : -1;
-                     return Kerno(id, parent, r.bounded(2) ? Qt::red : Qt::blue, aText(r, id), {}, time, author, 1, 1);
+                     return Kerno(id, parent, r.bounded(2) ? Qt::red : Qt::blue, aText(r, id), {}, time,
+                                  author, 1, 1);
                  }),
           sources(p.sources.get(),
                   [](QRandomGenerator& r) {
                       const int id = anId(r);
                       return Source(id, aText(r, id), QString(), author, time);
                   }),
-          questions(p.questions.get(),
-                    [](QRandomGenerator& r) {
-                        const int id = anId(r);
-                        return Question(id, aText(r, id), r.bounded(1000) * 16 + id);
-                    },
-                    [](const Question& question) { return question.questionOrder(); }),
+          questions(
+              p.questions.get(),
+              [](QRandomGenerator& r) {
+                  const int id = anId(r);
+                  return Question(id, aText(r, id), r.bounded(1000) * 16 + id);
+              },
+              [](const Question& question) { return question.questionOrder(); }),
           answers(p.answers.get(),
                   [](QRandomGenerator& r) {
                       const int id = anId(r);
@@ -248,20 +251,23 @@ struct Service {
                 [](QRandomGenerator& r) {
                     return SourceMetadata(anId(r), 1 + r.bounded(3), 1 + r.bounded(3), anId(r), author, time);
                 }),
-          groups(p.groups.get(),
-                 [](QRandomGenerator& r) {
-                     const int id = anId(r);
-                     return Group(id, aText(r, id), true);
-                 },
-                 [](const Group& group) { return group.groupId(); }),
-          kernoGroups(p.kernoGroups.get(),
-                      [](QRandomGenerator& r) { return KernoGroup(anId(r), 1 + r.bounded(4), 1 + r.bounded(4)); }),
+          groups(
+              p.groups.get(),
+              [](QRandomGenerator& r) {
+                  const int id = anId(r);
+                  return Group(id, aText(r, id), true);
+              },
+              [](const Group& group) { return group.groupId(); }),
+          kernoGroups(
+              p.kernoGroups.get(),
+              [](QRandomGenerator& r) { return KernoGroup(anId(r), 1 + r.bounded(4), 1 + r.bounded(4)); }),
           shortcuts(p.shortcuts.get(),
                     [](QRandomGenerator& r) {
-                        return KernoShortcutKey(QString(QLatin1Char(static_cast<char>('A' + r.bounded(6)))), anId(r),
-                                                QString());
+                        return KernoShortcutKey(QString(QLatin1Char(static_cast<char>('A' + r.bounded(6)))),
+                                                anId(r), QString());
                     }),
-          chat(p.chat.get(), [](QRandomGenerator& r) { return ChatMessage(anId(r), aText(r, 1), author, time); }) {}
+          chat(p.chat.get(),
+               [](QRandomGenerator& r) { return ChatMessage(anId(r), aText(r, 1), author, time); }) {}
 
     template <typename Visit> void each(Visit visit) {
         visit(kernos);
@@ -292,8 +298,8 @@ struct Service {
 
 }  // namespace
 
-/// All models and views through one random storm of notifications, batches and reopenings: the views' contract holds
-/// at every step, and the end state is that of a fresh fetch.
+/// All models and views through one random storm of notifications, batches and reopenings: the views'
+/// contract holds at every step, and the end state is that of a fresh fetch.
 class tst_ModelStorm : public QObject {
     Q_OBJECT
 
@@ -324,11 +330,10 @@ void tst_ModelStorm::theEndStateIsThatOfAFreshFetch() {
     auto live = std::make_unique<FakeProject>();
     live->overlap = overlaps;
     std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
-    for (QAbstractItemModel* model :
-         QList<QAbstractItemModel*>{live->kernos.get(), live->sources.get(), live->questions.get(),
-                                    live->answers.get(), live->keys.get(), live->values.get(), live->links.get(),
-                                    live->groups.get(), live->kernoGroups.get(), live->shortcuts.get(),
-                                    live->chat.get()})
+    for (QAbstractItemModel* model : QList<QAbstractItemModel*>{
+             live->kernos.get(), live->sources.get(), live->questions.get(), live->answers.get(),
+             live->keys.get(), live->values.get(), live->links.get(), live->groups.get(),
+             live->kernoGroups.get(), live->shortcuts.get(), live->chat.get()})
         testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
     Service service(*live);
     Views views;
@@ -399,8 +404,10 @@ void tst_ModelStorm::theEndStateIsThatOfAFreshFetch() {
     QCOMPARE(rows(views.children), rows(expected.children));
     QCOMPARE(idsOf(views.manual), idsOf(expected.manual));
     QVERIFY(waitFor([&] { return rows(views.hierarchy) == rows(expected.hierarchy); }));
-    QVERIFY(waitFor([&] { return idsOf(views.overlap, KernoOverlapModel::OverlapsRole) ==
-                                 idsOf(expected.overlap, KernoOverlapModel::OverlapsRole); }));
+    QVERIFY(waitFor([&] {
+        return idsOf(views.overlap, KernoOverlapModel::OverlapsRole) ==
+               idsOf(expected.overlap, KernoOverlapModel::OverlapsRole);
+    }));
     QVERIFY(waitFor([&] { return rows(views.combo) == rows(expected.combo); }));
     QCOMPARE(rows(views.sources), rows(expected.sources));
     QVERIFY(waitFor([&] { return rows(views.answers) == rows(expected.answers); }));

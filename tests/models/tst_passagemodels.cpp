@@ -17,7 +17,8 @@ constexpr int charactersPerLine = 20;
 constexpr int linePixels = 16;
 
 Memo testMemo(int id, int start, int length) {
-    return Memo(id, 1, 1, QStringLiteral("note"), start, length, start + length, QStringLiteral("Ann"), {}, 0, 0);
+    return Memo(id, 1, 1, QStringLiteral("note"), start, length, start + length, QStringLiteral("Ann"), {}, 0,
+                0);
 }
 
 }  // namespace
@@ -147,8 +148,8 @@ void tst_PassageModels::everyReplacementIsAnnounced() {
     QCOMPARE(columns.count(), 2);
 }
 
-// Views of the bars are told of two rows for the one that comes, so a model tester can't watch here; the numbers are
-// compared instead.
+// Views of the bars are told of two rows for the one that comes, so a model tester can't watch here; the
+// numbers are compared instead.
 void tst_PassageModels::savedHighlightTakesItsPlace() {
     show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 40, 10), testHighlight(3, 1, 45, 20)});
     QSignalSpy inserted(m_model.get(), &QAbstractItemModel::rowsInserted);
@@ -346,7 +347,8 @@ void tst_PassageModels::stormEndsLikeAFreshList() {
     for (int step = 0; step < 600; ++step) {
         const int id = 1 + random.bounded(40);
         // No two share start and end, so that there is one order.
-        const Highlight highlight = testHighlight(id, 1, 80 + id * 8 + random.bounded(8), 1 + random.bounded(60));
+        const Highlight highlight =
+            testHighlight(id, 1, 80 + id * 8 + random.bounded(8), 1 + random.bounded(60));
         if (random.bounded(4) == 0) {
             emit m_project->highlightDeleted(highlight);
             stored.remove(id);

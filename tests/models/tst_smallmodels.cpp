@@ -42,7 +42,8 @@ private slots:
 private:
     void fillValues() {
         m_project->values->setData({SourceMetadataValue(1, 1, QStringLiteral("young")),
-                                    SourceMetadataValue(2, 1, QStringLiteral("old")), SourceMetadataValue(3, 2, 40)});
+                                    SourceMetadataValue(2, 1, QStringLiteral("old")),
+                                    SourceMetadataValue(3, 2, 40)});
     }
 
     std::unique_ptr<FakeProject> m_project;
@@ -179,7 +180,8 @@ void tst_SmallModels::groupsCountTheirKernos() {
     links.removeByKey(3);
     m_project->groups->onShouldUpdateAssociatedKernosCount(2);
     QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.first().at(2).value<QVector<int>>(), QVector<int>{GroupModel::AssociatedKernosCountRole});
+    QCOMPARE(changed.first().at(2).value<QVector<int>>(),
+             QVector<int>{GroupModel::AssociatedKernosCountRole});
     QCOMPARE(m_project->groups->get(1, "associatedKernosCount"), QVariant(0));
 }
 

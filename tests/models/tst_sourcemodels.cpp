@@ -109,8 +109,8 @@ void tst_SourceModels::sortModes() {
     m_project->sources->setData({Source(3, QStringLiteral("b"), {}, QStringLiteral("Ann"), {}),
                                  Source(1, QStringLiteral("c"), {}, QStringLiteral("Bob"), {}),
                                  Source(2, QStringLiteral("a"), {}, QStringLiteral("Cy"), {})});
-    m_project->answers->setData({testAnswer(1, 1, 1, text(10)), testAnswer(2, 2, 1, text(10)),
-                                 testAnswer(3, 3, 1, text(10))});
+    m_project->answers->setData(
+        {testAnswer(1, 1, 1, text(10)), testAnswer(2, 2, 1, text(10)), testAnswer(3, 3, 1, text(10))});
     m_project->sources->updateAllCodingStats();
     m_project->sources->applyCodedLengths({{1, 5}, {2, 1}, {3, 9}});
     SourceProxyModel proxy;
@@ -124,7 +124,8 @@ void tst_SourceModels::sortModes() {
 }
 
 void tst_SourceModels::titlesAreFiltered() {
-    m_project->sources->setData({Source(1, QStringLiteral("Interview"), {}, {}, {}), Source(2, QStringLiteral("Diary"), {}, {}, {})});
+    m_project->sources->setData(
+        {Source(1, QStringLiteral("Interview"), {}, {}, {}), Source(2, QStringLiteral("Diary"), {}, {}, {})});
     SourceProxyModel proxy;
     QSignalSpy counted(&proxy, &SourceProxyModel::countChanged);
     proxy.setFilterRegExp(QRegExp(QStringLiteral("inter"), Qt::CaseInsensitive));
@@ -220,8 +221,8 @@ void tst_SourceModels::partsOfAnswers() {
 
 void tst_SourceModels::oneSourceShowsItsAnswers() {
     m_project->questions->setData({question(2, 1), question(1, 2)});
-    m_project->answers->setData({testAnswer(1, 1, 1, text(5)), testAnswer(2, 2, 1, text(7)),
-                                 testAnswer(3, 1, 2, text(4))});
+    m_project->answers->setData(
+        {testAnswer(1, 1, 1, text(5)), testAnswer(2, 2, 1, text(7)), testAnswer(3, 1, 2, text(4))});
     QuestionAnswerProxyModel proxy;
     const QAbstractItemModelTester tester(&proxy);
     QSignalSpy sourceChanged(&proxy, &QuestionAnswerProxyModel::sourceIdChanged);

@@ -32,7 +32,8 @@ QString joined(const VariantListModel& model) {
 struct RowSpies {
     explicit RowSpies(QAbstractItemModel* model)
         : reset(model, &QAbstractItemModel::modelReset), inserted(model, &QAbstractItemModel::rowsInserted),
-          removed(model, &QAbstractItemModel::rowsRemoved), changed(model, &QAbstractItemModel::dataChanged) {}
+          removed(model, &QAbstractItemModel::rowsRemoved), changed(model, &QAbstractItemModel::dataChanged) {
+    }
     QList<int> counts() const { return {reset.count(), inserted.count(), removed.count(), changed.count()}; }
     QSignalSpy reset, inserted, removed, changed;
 };
