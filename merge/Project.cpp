@@ -1,20 +1,13 @@
 #include "merge/Project.h"
 
+#include "project/ProjectPassword.h"
 #include "project/ProjectPreferences.h"
-#include "records/SimpleCipher.h"
 
-#include <QCryptographicHash>
 #include <QJsonArray>
 
 namespace {
 
 const QString keyProjectJson = QStringLiteral("project_json");
-
-bool proves(const QString& password, const QString& hash) {
-    const QByteArray digest = QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5).toHex();
-    SimpleCipher cipher(cipherKeyFromHash(digest));
-    return cipher.decryptToString(hash) == QLatin1String("_projectsAreHashedWithThisValue___");
-}
 
 }  // namespace
 
@@ -48,6 +41,6 @@ int Project::singleQuestion() const {
 bool Project::acceptsPassword(const QString& password) const {
     if (!preference(::preference::encrypted).toBool())
         return true;
-    const QString hash = preference(::preference::hash).toString();
-    return !hash.isEmpty() && proves(password, hash);
+    SimpleCipher cipher(cipherKeyFromHash(projectpassword::hash(password)));
+    return projectpassword::proves(cipher, preference(::preference::hash).toString());
 }

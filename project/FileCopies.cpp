@@ -2,8 +2,15 @@
 
 #include <QDebug>
 #include <QFile>
+#include <QSaveFile>
 
 namespace copies {
+
+namespace {
+
+constexpr qint64 blockSize = 1 << 20;  // bytes
+
+}  // namespace
 
 bool replaceBackup(const QString& path) {
     const QString backup = path + QStringLiteral(".bak");
@@ -21,6 +28,24 @@ bool replaceBackup(const QString& path) {
             QFile::rename(former, backup);
     }
     return copied;
+}
+
+bool replace(const QString& path, const QString& target) {
+    QFile source(path);
+    QSaveFile copy(target);
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly))
+        return false;
+    QByteArray block;
+    do {
+        block = source.read(blockSize);
+        if (copy.write(block) != block.size())
+            return false;
+    } while (!block.isEmpty());
+    if (source.error() != QFileDevice::NoError || !copy.commit())
+        return false;
+    // What a crash left of the former file would be rolled back into the copy.
+    QFile::remove(target + QStringLiteral("-journal"));
+    return true;
 }
 
 QString withProjectSuffix(const QString& path) {

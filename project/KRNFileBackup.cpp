@@ -5,7 +5,6 @@
 #include "service/DataHelper.h"
 
 #include <QDebug>
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -33,8 +32,11 @@ bool KRNFile::saveAs(const QString& outputFile) {
         return false;
     }
     awaitStored();
-    if (!QFile::copy(current, target))
+    if (!copies::replace(current, target)) {
         qDebug() << "Failed to copy opened KRN file to save as" << target;
+        // Another project may stand under that name: it must not be taken for the copy.
+        return failOpen(tr("Unable to open project."));
+    }
     close();
     const QJsonObject project{{keyName, target}, {QStringLiteral("project_uuid"), QString()}};
     return openProject(project, false, QString(), m_singleQuestion, true);

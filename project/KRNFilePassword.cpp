@@ -1,16 +1,7 @@
 #include "project/KRNFile.h"
 
+#include "project/ProjectPassword.h"
 #include "project/ProjectPreferences.h"
-#include "records/SimpleCipher.h"
-
-#include <QCryptographicHash>
-
-namespace {
-
-/// What a project's password must be able to read back.
-const QString marker = QStringLiteral("_projectsAreHashedWithThisValue___");
-
-}  // namespace
 
 bool KRNFile::acquirePassword(const QString& password, bool exists) {
     if (password.isEmpty()) {
@@ -24,14 +15,14 @@ bool KRNFile::acquirePassword(const QString& password, bool exists) {
         m_lastError = tr("Project is encrypted but no password provided!");
         return false;
     }
-    m_passwordHash = QCryptographicHash::hash(password.toUtf8(), QCryptographicHash::Md5).toHex();
+    m_passwordHash = projectpassword::hash(password);
     m_cipher->setKey(cipherKeyFromHash(m_passwordHash));
     if (!exists) {
-        savePreference(preference::hash, m_cipher->encryptToString(marker));
+        savePreference(preference::hash, projectpassword::proof(*m_cipher));
         savePreference(preference::encrypted, true);
         return true;
     }
-    if (m_cipher->decryptToString(getPreference(preference::hash, QString()).toString()) == marker)
+    if (projectpassword::proves(*m_cipher, getPreference(preference::hash, QString()).toString()))
         return true;
     m_lastError = tr("Invalid password supplied!");
     return false;

@@ -1,8 +1,7 @@
 #include "merge/Project.h"
-#include "records/SimpleCipher.h"
+#include "project/ProjectPassword.h"
 #include "tests_support/TestMain.h"
 
-#include <QCryptographicHash>
 #include <QJsonArray>
 #include <QTest>
 
@@ -20,9 +19,8 @@ private slots:
 namespace {
 
 QString proofOf(const char* password) {
-    SimpleCipher cipher(
-        cipherKeyFromHash(QCryptographicHash::hash(password, QCryptographicHash::Md5).toHex()));
-    return cipher.encryptToString(QStringLiteral("_projectsAreHashedWithThisValue___"));
+    SimpleCipher cipher(cipherKeyFromHash(projectpassword::hash(QString::fromUtf8(password))));
+    return projectpassword::proof(cipher);
 }
 
 Project projectWith(const QVariantMap& preferences) {

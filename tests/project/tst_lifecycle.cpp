@@ -1,6 +1,7 @@
 #include "ProjectSupport.h"
 #include "tests_support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace {
@@ -255,6 +256,26 @@ private slots:
         file->close();
         QVERIFY(file.open());
         QCOMPARE(file->getPreference(lock).toBool(), true);
+    }
+
+    void savesOverAnotherProject() {
+        ProjectUnderTest file;
+        QVERIFY(file.create());
+        QVERIFY(file->saveAs(file.path("other")));
+        QVERIFY(file.open());
+        QVERIFY(file.addContents("words"));
+        QVERIFY(file->saveAs(file.path("other")));
+        QCOMPARE(file->kerno(1).title(), QStringLiteral("Trust"));
+
+        // A copy that fails leaves the other project alone, and doesn't open it in the place of the copy.
+        QVERIFY(file.open("study.krn", {}, true));
+        QVERIFY(QFile::remove(file.path()));
+        const QByteArray before = contentsOf(file.path("other.krn"));
+        QVERIFY(!file->saveAs(file.path("other")));
+        QVERIFY(!file->isOpened());
+        QCOMPARE(file->getLastOpenError(), QStringLiteral("Unable to open project."));
+        QCOMPARE(contentsOf(file.path("other.krn")), before);
+        QCOMPARE(QFileInfo(file.path()).dir().entryList(QDir::Files), QStringList{"other.krn"});
     }
 
     void copiesOfProtectedProjectsDoNotOpen() {
