@@ -11,7 +11,6 @@
 #include <QMessageBox>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QNetworkRequest>
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -46,11 +45,8 @@ bool versionsMatch(const QByteArray& body) {
 }
 
 bool serverMatches(const QUrl& versionUrl) {
-    QNetworkRequest request(versionUrl);
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("KernovaClient/2.5.3 Windows"));
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
     QNetworkAccessManager manager;
-    const std::unique_ptr<QNetworkReply> reply(manager.get(request));
+    const std::unique_ptr<QNetworkReply> reply(manager.get(ServiceConfig::jsonRequest(versionUrl)));
     QEventLoop loop;
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     if (!reply->isFinished())

@@ -18,9 +18,7 @@ const QString keyRefreshToken = QStringLiteral("refresh_token");
 }  // namespace
 
 QNetworkRequest Connection::httpRequestFor(const QUrl& url, bool authorized) const {
-    QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("KernovaClient/2.5.3 Windows"));
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+    QNetworkRequest request = ServiceConfig::jsonRequest(url);
     if (authorized)
         request.setRawHeader("Authorization", "Bearer " + accessToken().toUtf8());
     if (!m_remote)

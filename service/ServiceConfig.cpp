@@ -69,6 +69,13 @@ QString ServiceConfig::baseUrl(Service service, Variant variant, const QString& 
     return scheme + QLatin1String("s://") + host + row.productionPath;
 }
 
+QNetworkRequest ServiceConfig::jsonRequest(const QUrl& url) {
+    QNetworkRequest request(url);
+    request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("KernovaClient/2.5.3 Windows"));
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
+    return request;
+}
+
 void ServiceConfig::setRegionalServiceMap(const QJsonObject& map) {
     qDebug() << "regional service map" << map;
     m_regionalServiceMap = map;

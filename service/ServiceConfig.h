@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QJsonObject>
+#include <QNetworkRequest>
 #include <QString>
 #include <QUrl>
 
@@ -20,6 +21,9 @@ public:
 
     /// Base URL of a service; `host` stands for the cloud host except in the test variant.
     static QString baseUrl(Service service, Variant variant, const QString& host);
+
+    /// A request that carries JSON, with the headers that every call to a service has.
+    static QNetworkRequest jsonRequest(const QUrl& url);
 
     QString region() const { return m_region; }
     void setRegion(const QString& region) { m_region = region; }
