@@ -56,10 +56,9 @@ FieldType typeOf(const QVariant&) {
 
 bool readJson(const QJsonObject& json, const QString& wireName, const char* queryId, int& value) {
     return read(json, wireName, queryId, [&](const QJsonValue& found) {
-        if (found.isDouble())
-            value = found.toInt(static_cast<int>(found.toDouble()));
-        else if (isScalar(found))
-            value = found.toVariant().toInt();
+        const int whole = found.toInt();  // the short way; 0 also stands for what isn't a whole number
+        if (isScalar(found))
+            value = whole != 0 ? whole : found.toVariant().toInt();
         return isScalar(found);
     });
 }

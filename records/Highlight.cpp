@@ -30,7 +30,7 @@ Highlight::Highlight() = default;
 
 Highlight::Highlight(const QJsonObject& json, const char* queryId) : Record(json, queryId) {
     State& s = writableState();
-    if (!json.contains(wireName(HighlightField::color)))
+    if (!json.value(wireName(HighlightField::color)).isString())
         s.color = Qt::black;
     s.end = s.start + s.length;
     s.dataValid = parsedOk();

@@ -183,6 +183,15 @@ void RecordsTest::readsAndComparesHighlights() {
     json = highlightJson();
     json.remove(QStringLiteral("color"));
     QCOMPARE(Highlight(json, "").color(), QColor(Qt::black));
+    json.insert(QStringLiteral("color"), QJsonValue::Null);
+    QCOMPARE(Highlight(json, "").color(), QColor(Qt::black));
+    json.insert(QStringLiteral("start"), 2.7);
+    json.insert(QStringLiteral("length"), true);
+    json.insert(QStringLiteral("kernoId"), QStringLiteral("many"));
+    const Highlight odd(json, "");
+    QCOMPARE(odd.start(), 3);
+    QCOMPARE(odd.end(), 4);
+    QCOMPARE(odd.kernoId(), 0);
 
     Highlight other(highlightJson(), "");
     other.setColor(Qt::green);
