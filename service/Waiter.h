@@ -13,8 +13,8 @@ class WebSocketHandler;
 /// What a blocking call waits on: a thread that only sits in an event loop, so that the caller can wait for
 /// its end with a bound on the time, and the network thread can release the caller by ending it.
 ///
-/// One call at a time: `expectReply`, `expectReplies` or `expectMessage`, then send, then `await...`. Callers of different
-/// threads exclude each other by the query layer's lock.
+/// One call at a time: `expectReply`, `expectReplies` or `expectMessage`, then send, then `await...`. Callers
+/// of different threads exclude each other by the query layer's lock.
 class Waiter : public QThread {
     Q_OBJECT
 
@@ -48,7 +48,7 @@ protected:
 private:
     void finishIf(bool released);
 
-    QMutex m_mutex;  ///< over the members below: the caller and the network thread use them
+    QMutex m_mutex;                ///< over the members below: the caller and the network thread use them
     ReplyBase m_reply;             ///< of the last wait that was not in vain
     QVector<ReplyBase> m_replies;  ///< of the present wait
     Message m_message;
