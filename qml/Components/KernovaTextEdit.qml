@@ -20,10 +20,25 @@ KernovaTextEditBase {
         pointSize: CentralManager.sourceFontSize
     }
 
-    onContentSizeChanged: _heightTimer.restart()
+    onContentSizeChanged: {
+        _heightTimer.restart()
+        _layoutTimer.restart()
+    }
 
     property Timer _heightTimer: Timer {
         interval: 0
         onTriggered: root.preferredHeight = root.contentHeight
+    }
+
+    // The models' own timer serves the first text of the program alone, so each text lays its stripes and memos out
+    // again when its lines have moved.
+    property Timer _layoutTimer: Timer {
+        interval: 60
+        onTriggered: {
+            if (root.highlightsModel && root.highlightsModel.updatePositions)
+                root.highlightsModel.updatePositions(true)
+            if (root.memosModel && root.memosModel.updatePositions)
+                root.memosModel.updatePositions(true)
+        }
     }
 }
