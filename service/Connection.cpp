@@ -14,7 +14,8 @@ Connection::Connection(const LinkTimings& timings, QObject* parent)
       m_webSocketHandler(new WebSocketHandler(timings)),
       m_waiter(new Waiter(m_webSocketHandler, m_httpHandler, this)) {
     qRegisterMetaType<Message>();
-    // HTTP calls run on this thread and on the network thread; both would register these types at the same time.
+    // HTTP calls run on this thread and on the network thread; both would register these types at the same
+    // time.
     qRegisterMetaType<QList<QSslError>>();
     qRegisterMetaType<QPair<QByteArray, QByteArray>>();
     qRegisterMetaType<QList<QPair<QByteArray, QByteArray>>>();
@@ -32,8 +33,6 @@ Connection::~Connection() {
     m_reconnect = false;
     m_reconnectTimer.stop();
     QObject::disconnect(m_webSocketHandler, nullptr, this, nullptr);
-    m_waiter->quit();
-    m_waiter->wait();
     // Ends a wait for a service that doesn't get ready. The handlers end on their own thread, and with them
     // the local service.
     m_thread.requestInterruption();

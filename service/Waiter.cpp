@@ -3,11 +3,10 @@
 #include "service/HttpHandler.h"
 #include "service/WebSocketHandler.h"
 
-// The thread is started before the request goes out: a release that came before the start would be lost by
-// it.
+#include <QDeadlineTimer>
 
 Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QObject* parent)
-    : QThread(parent) {
+    : QObject(parent) {
     connect(
         webSocketHandler, &WebSocketHandler::messageReceived, this,
         [this](int id, int status, const QJsonObject& payload) {
@@ -19,7 +18,7 @@ Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QOb
             if (--m_missing > 0)
                 return;
             m_reply = m_replies.last();
-            quit();
+            m_arrived.wakeAll();
         },
         Qt::DirectConnection);
     connect(
@@ -30,13 +29,17 @@ Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QOb
                 return;
             m_expectsMessage = false;
             m_message = message;
-            quit();
+            m_arrived.wakeAll();
         },
         Qt::DirectConnection);
 }
 
-void Waiter::run() {
-    exec();
+void Waiter::sleep(int milliseconds) {
+    const QDeadlineTimer deadline(milliseconds);
+    while (m_missing > 0 || m_expectsMessage) {
+        if (!m_arrived.wait(&m_mutex, deadline))
+            return;
+    }
 }
 
 void Waiter::expectReply(int id) {
@@ -50,7 +53,6 @@ ReplyBase Waiter::awaitReply(int milliseconds) {
 }
 
 void Waiter::expectReplies(int firstId, int count) {
-    start(QThread::InheritPriority);
     QMutexLocker locker(&m_mutex);
     m_replies.fill(ReplyBase(), count);
     m_firstId = firstId;
@@ -58,38 +60,23 @@ void Waiter::expectReplies(int firstId, int count) {
 }
 
 QVector<ReplyBase> Waiter::awaitReplies(int milliseconds) {
-    wait(static_cast<unsigned long>(milliseconds));
     QMutexLocker locker(&m_mutex);
-    const bool released = m_missing == 0;
+    sleep(milliseconds);
     m_missing = 0;
     QVector<ReplyBase> replies;
     replies.swap(m_replies);
-    locker.unlock();
-    finishIf(released);
     return replies;
 }
 
 void Waiter::expectMessage() {
-    start(QThread::InheritPriority);
     QMutexLocker locker(&m_mutex);
     m_message = Message();
     m_expectsMessage = true;
 }
 
 Message Waiter::awaitMessage(int milliseconds) {
-    wait(static_cast<unsigned long>(milliseconds));
     QMutexLocker locker(&m_mutex);
-    const bool released = !m_expectsMessage;
+    sleep(milliseconds);
     m_expectsMessage = false;
-    const Message message = m_message;
-    locker.unlock();
-    finishIf(released);
-    return message;
-}
-
-// A release at the very end of the time leaves a thread that is about to end. Starting it again before it has
-// would do nothing, and the next wait would be over at once.
-void Waiter::finishIf(bool released) {
-    if (released)
-        wait();
+    return m_message;
 }

@@ -4,18 +4,19 @@
 #include "service/ReplyBase.h"
 
 #include <QMutex>
-#include <QThread>
+#include <QObject>
 #include <QVector>
+#include <QWaitCondition>
 
 class HttpHandler;
 class WebSocketHandler;
 
-/// What a blocking call waits on: a thread that only sits in an event loop, so that the caller can wait for
-/// its end with a bound on the time, and the network thread can release the caller by ending it.
+/// What a blocking call waits on: the caller sleeps with a bound on the time, and the network thread wakes it when
+/// what it expects has come. (A thread for each call, whose end the caller awaits, would cost most of a read's time.)
 ///
 /// One call at a time: `expectReply`, `expectReplies` or `expectMessage`, then send, then `await...`. Callers
 /// of different threads exclude each other by the query layer's lock.
-class Waiter : public QThread {
+class Waiter : public QObject {
     Q_OBJECT
 
 public:
@@ -42,13 +43,12 @@ public:
     /// Waits at most `milliseconds`; without an answer the message has the status code -1.
     Message awaitMessage(int milliseconds);
 
-protected:
-    void run() override;
-
 private:
-    void finishIf(bool released);
+    /// Sleeps until nothing is expected any more, at most `milliseconds`. The mutex is held before and after.
+    void sleep(int milliseconds);
 
-    QMutex m_mutex;                ///< over the members below: the caller and the network thread use them
+    QMutex m_mutex;  ///< over the members below: the caller and the network thread use them
+    QWaitCondition m_arrived;
     ReplyBase m_reply;             ///< of the last wait that was not in vain
     QVector<ReplyBase> m_replies;  ///< of the present wait
     Message m_message;
