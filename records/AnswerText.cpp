@@ -18,8 +18,8 @@ bool isFramed(const QString& inner) {
 }
 
 // A text that stands in the wrapper already isn't wrapped again: the parser would absorb the second one, but
-// the stored text would grow with each saving. A text that begins and ends with a line feed gets a frame, so that
-// its own line feeds aren't taken for one.
+// the stored text would grow with each saving. A text that begins and ends with a line feed gets a frame, so
+// that its own line feeds aren't taken for one.
 QString wrapped(const QString& text) {
     if (text.startsWith(wrapperStart))
         return text;

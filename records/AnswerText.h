@@ -4,9 +4,10 @@
 
 #include <QString>
 
-/// The text of an answer in all its forms: what is stored, what is shown, and the plain text on which positions
-/// count. Made once for a stored text and then shared by all copies of the answer. A text without markup is held
-/// once, as the plain text, and its other forms are made when they are asked for: a project is mostly such texts.
+/// The text of an answer in all its forms: what is stored, what is shown, and the plain text on which
+/// positions count. Made once for a stored text and then shared by all copies of the answer. A text without
+/// markup is held once, as the plain text, and its other forms are made when they are asked for: a project is
+/// mostly such texts.
 class AnswerText {
 public:
     /// HTML, or a plain text inside the pre-wrap body.

@@ -9,7 +9,8 @@ const std::vector<FieldRow<ChatMessageState>>& ChatMessage::rows() {
         {258, QStringLiteral("message"), QStringLiteral("message"), &S::message, {}},
         {259, QStringLiteral("author"), QStringLiteral("author"), &S::author, {}},
         {260, QStringLiteral("timestamp"), QStringLiteral("timestamp"), &S::timestamp, {}, NotSent},
-        {261, QStringLiteral("isValid"), QStringLiteral("isValid"), Computed{FieldType::Boolean}, false, LocalOnly},
+        {261, QStringLiteral("isValid"), QStringLiteral("isValid"), Computed{FieldType::Boolean}, false,
+         LocalOnly},
     };
     return table;
 }
@@ -18,7 +19,9 @@ ChatMessage::ChatMessage() = default;
 
 ChatMessage::ChatMessage(const QJsonObject& json, const char* queryId) : Record(json, queryId) {}
 
-ChatMessage::ChatMessage(int chatMessageId, const QString& message, const QString& author, const QDateTime& timestamp) : Record(new State) {
+ChatMessage::ChatMessage(int chatMessageId, const QString& message, const QString& author,
+                         const QDateTime& timestamp)
+    : Record(new State) {
     State& s = writableState();
     s.chatMessageId = chatMessageId;
     s.message = message;

@@ -3,13 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `ChatMessage`; also the item roles of its models.
-enum class ChatMessageField : int {
-    chatMessageId = firstFieldNumber,
-    message,
-    author,
-    timestamp,
-    isValid
-};
+enum class ChatMessageField : int { chatMessageId = firstFieldNumber, message, author, timestamp, isValid };
 
 struct ChatMessageState : QSharedData {
     int chatMessageId = -1;

@@ -5,8 +5,8 @@
 
 /// What is known of one field of a record. The number of a field is also its item role in the list models.
 struct FieldDescriptor {
-    QString wireName;        ///< in the service's JSON, in arguments and in lists of requested fields
-    QString roleName;        ///< in item models, variant maps and QML
+    QString wireName;          ///< in the service's JSON, in arguments and in lists of requested fields
+    QString roleName;          ///< in item models, variant maps and QML
     bool notCompared = false;  ///< read and asked for, but left out of `equals`
     bool localOnly = false;    ///< never asked for, sent or compared
     QVariant defaultValue;

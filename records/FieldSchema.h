@@ -27,8 +27,8 @@ enum FieldFlag : unsigned {
 
 /// One row of a record's field table. `State` is the struct that holds the values.
 template <typename State> struct FieldRow {
-    using Member = std::variant<int State::*, QString State::*, bool State::*, QColor State::*, QDateTime State::*,
-                                QVariant State::*, Computed>;
+    using Member = std::variant<int State::*, QString State::*, bool State::*, QColor State::*,
+                                QDateTime State::*, QVariant State::*, Computed>;
 
     int number;
     QString wireName;
@@ -65,10 +65,10 @@ QString argument(const QString& wireName, const QVariant& value);
 struct FieldLists {
     QMap<int, FieldDescriptor> descriptors;
     std::vector<FieldInfo> infos;
-    QStringList queryFields;         ///< wire names of all fields that aren't local
+    QStringList queryFields;  ///< wire names of all fields that aren't local
     QHash<int, QByteArray> roleNames;
-    std::vector<int> comparable;     ///< numbers of the fields that `equals` looks at
-    std::vector<int> sent;           ///< numbers of the fields that are arguments
+    std::vector<int> comparable;  ///< numbers of the fields that `equals` looks at
+    std::vector<int> sent;        ///< numbers of the fields that are arguments
 
     void add(const FieldInfo& info);
 };

@@ -3,11 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `Group`; also the item roles of its models.
-enum class GroupField : int {
-    groupId = firstFieldNumber,
-    title,
-    visible
-};
+enum class GroupField : int { groupId = firstFieldNumber, title, visible };
 
 struct GroupState : QSharedData {
     int groupId = -1;

@@ -1,7 +1,5 @@
 #include "records/Highlight.h"
 
-#include "records/Passage.h"
-
 template class Record<Highlight, int, HighlightField, HighlightState, QExplicitlySharedDataPointer>;
 
 const std::vector<FieldRow<HighlightState>>& Highlight::rows() {
@@ -20,23 +18,25 @@ const std::vector<FieldRow<HighlightState>>& Highlight::rows() {
         {267, QStringLiteral("column"), QStringLiteral("column"), &S::column, 0, LocalOnly},
         {268, QStringLiteral("y1"), QStringLiteral("y1"), &S::y1, 0, LocalOnly},
         {269, QStringLiteral("y2"), QStringLiteral("y2"), &S::y2, 0, LocalOnly},
-        {270, QStringLiteral("overlapping"), QStringLiteral("overlapping"), &S::overlapping, false, LocalOnly},
-        {271, QStringLiteral("isValid"), QStringLiteral("isValid"), Computed{FieldType::Boolean}, false, LocalOnly},
+        {270, QStringLiteral("overlapping"), QStringLiteral("overlapping"), &S::overlapping, false,
+         LocalOnly},
+        {271, QStringLiteral("isValid"), QStringLiteral("isValid"), Computed{FieldType::Boolean}, false,
+         LocalOnly},
     };
     return table;
 }
 
 Highlight::Highlight() = default;
 
-Highlight::Highlight(const QJsonObject& json, const char* queryId) : Record(json, queryId) {
-    State& s = writableState();
+Highlight::Highlight(const QJsonObject& json, const char* queryId) : PassageRecord(json, queryId) {
     if (!json.value(wireName(HighlightField::color)).isString())
-        s.color = Qt::black;
-    s.end = s.start + s.length;
-    s.dataValid = parsedOk();
+        setColor(Qt::black);
 }
 
-Highlight::Highlight(int highlightId, int kernoId, int sourceId, int questionId, const QColor& color, int start, int length, int end, const QString& author, const QDateTime& timestamp, int column, int y1, int y2, bool overlapping) : Record(new State) {
+Highlight::Highlight(int highlightId, int kernoId, int sourceId, int questionId, const QColor& color,
+                     int start, int length, int end, const QString& author, const QDateTime& timestamp,
+                     int column, int y1, int y2, bool overlapping)
+    : PassageRecord(new State) {
     State& s = writableState();
     s.highlightId = highlightId;
     s.kernoId = kernoId;
@@ -52,43 +52,14 @@ Highlight::Highlight(int highlightId, int kernoId, int sourceId, int questionId,
     s.y1 = y1;
     s.y2 = y2;
     s.overlapping = overlapping;
-    s.dataValid = true;
 }
 
 bool Highlight::isValid() const {
-    return parsedOk() && state().dataValid && kernoId() >= 1 && sourceId() >= 1 && questionId() >= 1;
+    return isPlaced() && kernoId() >= 1;
 }
 
-Highlight::Highlight(const Highlight& other, int sourceOffset, int windowLength) : Record(other) {
-    detach();
-    passage::clip(writableState(), sourceOffset, windowLength);
-}
-
-void Highlight::setStart(int start) {
-    State& s = writableState();
-    s.start = start;
-    s.end = s.start + s.length;
-}
-
-void Highlight::setLength(int length) {
-    State& s = writableState();
-    s.length = length;
-    s.end = s.start + s.length;
-    s.dataValid = length > 0;
-    setParsedOk(length > 0);
-}
-
-bool Highlight::extendRange(QPair<int, int>& range) const {
-    return passage::extendRange(*this, range);
-}
-
-bool Highlight::extendRangeWith(QPair<int, int>& range, const Highlight& other) const {
-    return passage::extendRangeWith(*this, m_state == other.m_state, range, other);
-}
-
-bool Highlight::overlaps(const Highlight& other) const {
-    return m_state == other.m_state || (other.end() > start() && other.start() < end());
-}
+Highlight::Highlight(const Highlight& other, int sourceOffset, int windowLength)
+    : PassageRecord(other, sourceOffset, windowLength) {}
 
 bool highlightLessThan(const Highlight& a, const Highlight& b) {
     return passage::lessThan(a, b);

@@ -6,8 +6,8 @@
 namespace htmlcharacters {
 namespace {
 
-// Where the stand-ins begin, in the second private-use plane: controls first, then U+FDD0 to U+FDEF, then the last
-// two code points of each plane.
+// Where the stand-ins begin, in the second private-use plane: controls first, then U+FDD0 to U+FDEF, then the
+// last two code points of each plane.
 constexpr uint standIns = 0x10F000;
 constexpr uint arabicStandIns = standIns + 0x100;
 constexpr uint lastStandIns = standIns + 0x200;

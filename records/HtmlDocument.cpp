@@ -25,17 +25,19 @@ bool isBlock(const QString& tag) {
 
 bool isVoid(const QString& tag) {
     static const QSet<QString> voids{
-        QStringLiteral("area"),   QStringLiteral("base"),  QStringLiteral("basefont"), QStringLiteral("bgsound"),
-        QStringLiteral("br"),     QStringLiteral("col"),   QStringLiteral("embed"),    QStringLiteral("frame"),
-        QStringLiteral("hr"),     QStringLiteral("img"),   QStringLiteral("input"),    QStringLiteral("keygen"),
-        QStringLiteral("link"),   QStringLiteral("meta"),  QStringLiteral("param"),    QStringLiteral("source"),
-        QStringLiteral("track"),  QStringLiteral("wbr")};
+        QStringLiteral("area"),    QStringLiteral("base"),  QStringLiteral("basefont"),
+        QStringLiteral("bgsound"), QStringLiteral("br"),    QStringLiteral("col"),
+        QStringLiteral("embed"),   QStringLiteral("frame"), QStringLiteral("hr"),
+        QStringLiteral("img"),     QStringLiteral("input"), QStringLiteral("keygen"),
+        QStringLiteral("link"),    QStringLiteral("meta"),  QStringLiteral("param"),
+        QStringLiteral("source"),  QStringLiteral("track"), QStringLiteral("wbr")};
     return voids.contains(tag);
 }
 
 bool holdsRawText(const QString& tag) {
-    static const QSet<QString> raw{QStringLiteral("style"),    QStringLiteral("script"),   QStringLiteral("xmp"),
-                                   QStringLiteral("iframe"),   QStringLiteral("noembed"),  QStringLiteral("noframes"),
+    static const QSet<QString> raw{QStringLiteral("style"),    QStringLiteral("script"),
+                                   QStringLiteral("xmp"),      QStringLiteral("iframe"),
+                                   QStringLiteral("noembed"),  QStringLiteral("noframes"),
                                    QStringLiteral("plaintext")};
     return raw.contains(tag);
 }
@@ -90,8 +92,8 @@ public:
     static bool read(const QByteArray& html, QVector<HtmlDocument::Part>& parts) {
         if (nestsTooDeep(html))
             return false;
-        GumboOutput* output =
-            gumbo_parse_with_options(&kGumboDefaultOptions, html.constData(), static_cast<size_t>(html.size()));
+        GumboOutput* output = gumbo_parse_with_options(&kGumboDefaultOptions, html.constData(),
+                                                       static_cast<size_t>(html.size()));
         const GumboDocument& document = output->document->v.document;
         if (document.has_doctype)
             parts.append({HtmlDocument::Kind::Doctype, QString::fromUtf8(document.name), {}});
@@ -175,9 +177,11 @@ HtmlDocument HtmlDocument::parse(const QString& html) {
 }
 
 bool HtmlDocument::isPlain(const QString& text) {
-    return std::none_of(text.cbegin(), text.cend(), [](QChar c) {
-               return c == QLatin1Char('<') || c == QLatin1Char('&') || c == QLatin1Char('\r') || c.isNull();
-           }) &&
+    return std::none_of(text.cbegin(), text.cend(),
+                        [](QChar c) {
+                            return c == QLatin1Char('<') || c == QLatin1Char('&') || c == QLatin1Char('\r') ||
+                                   c.isNull();
+                        }) &&
            text.isValidUtf16();
 }
 
@@ -185,10 +189,11 @@ HtmlDocument HtmlDocument::fromPlainText(const QString& text) {
     const QString html = QStringLiteral("html");
     const QString head = QStringLiteral("head");
     HtmlDocument document;
-    document.m_parts = {{Kind::Open, html, {}},
-                        {Kind::Open, head, {}},
-                        {Kind::Close, head, {}},
-                        {Kind::Open, bodyTag, {{QStringLiteral("style"), QStringLiteral("white-space: pre-wrap;")}}}};
+    document.m_parts = {
+        {Kind::Open, html, {}},
+        {Kind::Open, head, {}},
+        {Kind::Close, head, {}},
+        {Kind::Open, bodyTag, {{QStringLiteral("style"), QStringLiteral("white-space: pre-wrap;")}}}};
     if (!text.isEmpty())
         document.m_parts.append({Kind::Text, text, {}});
     document.m_parts.append({Kind::Close, bodyTag, {}});

@@ -4,8 +4,8 @@
 #include <QString>
 #include <QVector>
 
-/// An HTML document as answers need it: its text, with positions, and its serialised form. A value; copies are
-/// cheap. The parser behind it is known to HtmlDocument.cpp alone.
+/// An HTML document as answers need it: its text, with positions, and its serialised form. A value; copies
+/// are cheap. The parser behind it is known to HtmlDocument.cpp alone.
 class HtmlDocument {
 public:
     /// An empty document, as parsing an empty text gives.
@@ -15,11 +15,12 @@ public:
     /// `isParsed()` false.
     static HtmlDocument parse(const QString& html);
 
-    /// The document of `<body style="white-space: pre-wrap;">text</body>`. Equal to parsing that, without a parser,
-    /// for a text that `isPlain`.
+    /// The document of `<body style="white-space: pre-wrap;">text</body>`. Equal to parsing that, without a
+    /// parser, for a text that `isPlain`.
     static HtmlDocument fromPlainText(const QString& text);
 
-    /// Whether a text means itself in HTML, so that no parser is needed: no `<`, `&`, NUL, CR or broken surrogate.
+    /// Whether a text means itself in HTML, so that no parser is needed: no `<`, `&`, NUL, CR or broken
+    /// surrogate.
     static bool isPlain(const QString& text);
 
     bool isParsed() const { return m_parsed; }

@@ -5,8 +5,8 @@
 #include <QVariant>
 #include <QVariantMap>
 
-/// Base of every record: a value that reads itself from one JSON object of the service and writes itself as the
-/// argument list of a mutation. `K` is the type of its key, `F` its field enumeration.
+/// Base of every record: a value that reads itself from one JSON object of the service and writes itself as
+/// the argument list of a mutation. `K` is the type of its key, `F` its field enumeration.
 template <typename K, typename F> class IModel {
 public:
     using Key = K;

@@ -14,7 +14,8 @@ const std::vector<FieldRow<KernoState>>& Kerno::rows() {
         {263, QStringLiteral("author"), QStringLiteral("author"), &S::author, {}},
         {264, QStringLiteral("x"), QStringLiteral("x"), &S::x, 1},
         {265, QStringLiteral("y"), QStringLiteral("y"), &S::y, 1},
-        {266, QStringLiteral("visible"), QStringLiteral("visible"), Computed{FieldType::Boolean}, true, LocalOnly},
+        {266, QStringLiteral("visible"), QStringLiteral("visible"), Computed{FieldType::Boolean}, true,
+         LocalOnly},
     };
     return table;
 }
@@ -23,7 +24,9 @@ Kerno::Kerno() = default;
 
 Kerno::Kerno(const QJsonObject& json, const char* queryId) : Record(json, queryId) {}
 
-Kerno::Kerno(int kernoId, int parentKernoId, const QColor& color, const QString& title, const QString& description, const QDateTime& timestamp, const QString& author, int x, int y) : Record(new State) {
+Kerno::Kerno(int kernoId, int parentKernoId, const QColor& color, const QString& title,
+             const QString& description, const QDateTime& timestamp, const QString& author, int x, int y)
+    : Record(new State) {
     State& s = writableState();
     s.kernoId = kernoId;
     s.parentKernoId = parentKernoId;

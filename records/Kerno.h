@@ -52,7 +52,8 @@ class Kerno : public Record<Kerno, int, KernoField, KernoState, QSharedDataPoint
 public:
     Kerno();
     Kerno(const QJsonObject& json, const char* queryId);
-    Kerno(int kernoId, int parentKernoId, const QColor& color, const QString& title, const QString& description, const QDateTime& timestamp, const QString& author, int x, int y);
+    Kerno(int kernoId, int parentKernoId, const QColor& color, const QString& title,
+          const QString& description, const QDateTime& timestamp, const QString& author, int x, int y);
 
     static wire::Record record() { return wire::Record::Kerno; }
     static const std::vector<FieldRow<KernoState>>& rows();

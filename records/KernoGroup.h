@@ -3,11 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `KernoGroup`; also the item roles of its models.
-enum class KernoGroupField : int {
-    id = firstFieldNumber,
-    groupId,
-    kernoId
-};
+enum class KernoGroupField : int { id = firstFieldNumber, groupId, kernoId };
 
 struct KernoGroupState : QSharedData {
     int id = -1;

@@ -1,6 +1,7 @@
 #include "records/KernoShortcutKey.h"
 
-template class Record<KernoShortcutKey, QString, KernoShortcutKeyField, KernoShortcutKeyState, QSharedDataPointer>;
+template class Record<KernoShortcutKey, QString, KernoShortcutKeyField, KernoShortcutKeyState,
+                      QSharedDataPointer>;
 
 const std::vector<FieldRow<KernoShortcutKeyState>>& KernoShortcutKey::rows() {
     using S = KernoShortcutKeyState;
@@ -16,7 +17,8 @@ KernoShortcutKey::KernoShortcutKey() = default;
 
 KernoShortcutKey::KernoShortcutKey(const QJsonObject& json, const char* queryId) : Record(json, queryId) {}
 
-KernoShortcutKey::KernoShortcutKey(const QString& shortcutKey, int kernoId, const QString& author) : Record(new State) {
+KernoShortcutKey::KernoShortcutKey(const QString& shortcutKey, int kernoId, const QString& author)
+    : Record(new State) {
     State& s = writableState();
     s.shortcutKey = shortcutKey;
     s.kernoId = kernoId;

@@ -3,11 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `KernoShortcutKey`; also the item roles of its models.
-enum class KernoShortcutKeyField : int {
-    shortcutKey = firstFieldNumber,
-    kernoId,
-    author
-};
+enum class KernoShortcutKeyField : int { shortcutKey = firstFieldNumber, kernoId, author };
 
 struct KernoShortcutKeyState : QSharedData {
     QString shortcutKey;
@@ -16,10 +12,12 @@ struct KernoShortcutKeyState : QSharedData {
 };
 
 class KernoShortcutKey;
-extern template class Record<KernoShortcutKey, QString, KernoShortcutKeyField, KernoShortcutKeyState, QSharedDataPointer>;
+extern template class Record<KernoShortcutKey, QString, KernoShortcutKeyField, KernoShortcutKeyState,
+                             QSharedDataPointer>;
 
 /// A key that codes the selected text into a kerno.
-class KernoShortcutKey : public Record<KernoShortcutKey, QString, KernoShortcutKeyField, KernoShortcutKeyState, QSharedDataPointer> {
+class KernoShortcutKey : public Record<KernoShortcutKey, QString, KernoShortcutKeyField,
+                                       KernoShortcutKeyState, QSharedDataPointer> {
     Q_GADGET
     Q_PROPERTY(QString shortcutKey READ shortcutKey WRITE setShortcutKey)
     Q_PROPERTY(int kernoId READ kernoId WRITE setKernoId)

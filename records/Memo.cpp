@@ -1,7 +1,5 @@
 #include "records/Memo.h"
 
-#include "records/Passage.h"
-
 template class Record<Memo, int, MemoField, MemoState, QExplicitlySharedDataPointer>;
 
 const std::vector<FieldRow<MemoState>>& Memo::rows() {
@@ -18,20 +16,19 @@ const std::vector<FieldRow<MemoState>>& Memo::rows() {
         {265, QStringLiteral("timestamp"), QStringLiteral("timestamp"), &S::timestamp, {}, NotSent},
         {266, QStringLiteral("y1"), QStringLiteral("y1"), &S::y1, 0, LocalOnly},
         {267, QStringLiteral("y2"), QStringLiteral("y2"), &S::y2, 0, LocalOnly},
-        {268, QStringLiteral("isValid"), QStringLiteral("isValid"), Computed{FieldType::Boolean}, false, LocalOnly},
+        {268, QStringLiteral("isValid"), QStringLiteral("isValid"), Computed{FieldType::Boolean}, false,
+         LocalOnly},
     };
     return table;
 }
 
 Memo::Memo() = default;
 
-Memo::Memo(const QJsonObject& json, const char* queryId) : Record(json, queryId) {
-    State& s = writableState();
-    s.end = s.start + s.length;
-    s.dataValid = parsedOk();
-}
+Memo::Memo(const QJsonObject& json, const char* queryId) : PassageRecord(json, queryId) {}
 
-Memo::Memo(int memoId, int sourceId, int questionId, const QString& content, int start, int length, int end, const QString& author, const QDateTime& timestamp, int y1, int y2) : Record(new State) {
+Memo::Memo(int memoId, int sourceId, int questionId, const QString& content, int start, int length, int end,
+           const QString& author, const QDateTime& timestamp, int y1, int y2)
+    : PassageRecord(new State) {
     State& s = writableState();
     s.memoId = memoId;
     s.sourceId = sourceId;
@@ -44,36 +41,11 @@ Memo::Memo(int memoId, int sourceId, int questionId, const QString& content, int
     s.timestamp = timestamp;
     s.y1 = y1;
     s.y2 = y2;
-    s.dataValid = true;
 }
 
 bool Memo::isValid() const {
-    return parsedOk() && state().dataValid && sourceId() >= 1 && questionId() >= 1;
+    return isPlaced();
 }
 
-Memo::Memo(const Memo& other, int sourceOffset, int windowLength) : Record(other) {
-    detach();
-    passage::clip(writableState(), sourceOffset, windowLength);
-}
-
-void Memo::setStart(int start) {
-    State& s = writableState();
-    s.start = start;
-    s.end = s.start + s.length;
-}
-
-void Memo::setLength(int length) {
-    State& s = writableState();
-    s.length = length;
-    s.end = s.start + s.length;
-    s.dataValid = length > 0;
-    setParsedOk(length > 0);
-}
-
-bool Memo::extendRange(QPair<int, int>& range) const {
-    return passage::extendRange(*this, range);
-}
-
-bool Memo::extendRangeWith(QPair<int, int>& range, const Memo& other) const {
-    return passage::extendRangeWith(*this, m_state == other.m_state, range, other);
-}
+Memo::Memo(const Memo& other, int sourceOffset, int windowLength)
+    : PassageRecord(other, sourceOffset, windowLength) {}

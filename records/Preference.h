@@ -3,10 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `Preference`; also the item roles of its models.
-enum class PreferenceField : int {
-    key = firstFieldNumber,
-    value
-};
+enum class PreferenceField : int { key = firstFieldNumber, value };
 
 struct PreferenceState : QSharedData {
     QString key;

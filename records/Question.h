@@ -3,11 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `Question`; also the item roles of its models.
-enum class QuestionField : int {
-    questionId = firstFieldNumber,
-    question,
-    questionOrder
-};
+enum class QuestionField : int { questionId = firstFieldNumber, question, questionOrder };
 
 struct QuestionState : QSharedData {
     int questionId = -1;

@@ -32,7 +32,8 @@ const std::vector<FieldRow<QuestionAnswerState>>& QuestionAnswer::rows() {
         {260, QStringLiteral("author"), QStringLiteral("author"), &S::author, {}},
         {261, QStringLiteral("answer"), QStringLiteral("answer"), &S::answer, {}},
         {262, QStringLiteral("timestamp"), QStringLiteral("timestamp"), &S::timestamp, {}, NotSent},
-        {263, QStringLiteral("isHtml"), QStringLiteral("isHtml"), Computed{FieldType::Boolean}, false, LocalOnly},
+        {263, QStringLiteral("isHtml"), QStringLiteral("isHtml"), Computed{FieldType::Boolean}, false,
+         LocalOnly},
     };
     return table;
 }
@@ -64,7 +65,8 @@ QuestionAnswer::QuestionAnswer(const QuestionAnswer& other, int start, int lengt
 
 void QuestionAnswer::readText(const QJsonObject& json, SimpleCipher* decoder) {
     State& s = writableState();
-    const QByteArray bytes = s.answer.isEmpty() ? QByteArray() : json.value(wireName(Field::answer)).toVariant().toByteArray();
+    const QByteArray bytes =
+        s.answer.isEmpty() ? QByteArray() : json.value(wireName(Field::answer)).toVariant().toByteArray();
     QString text = s.answer;
     if (decoder && decoder->hasKey()) {
         text = decoder->decryptToString(s.answer);

@@ -31,7 +31,8 @@ struct QuestionAnswerState : QSharedData {
 };
 
 class QuestionAnswer;
-extern template class Record<QuestionAnswer, int, QuestionAnswerField, QuestionAnswerState, QSharedDataPointer>;
+extern template class Record<QuestionAnswer, int, QuestionAnswerField, QuestionAnswerState,
+                             QSharedDataPointer>;
 
 /// The text of a source, as its answer to one question. All positions in a project count UTF-16 units of
 /// `plainAnswer()`.

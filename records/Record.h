@@ -98,7 +98,7 @@ protected:
     S& writableState() { return *m_state; }
 
     /// Assigns only what differs, so that an equal value never costs a copy of the state.
-    template <typename V> void set(V S::*member, const V& value) {
+    template <typename Member, typename V> void set(Member member, const V& value) {
         if (!(state().*member == value))
             writableState().*member = value;
     }
@@ -114,6 +114,7 @@ private:
     static const FieldRow<S>* row(int number) {
         const std::vector<FieldRow<S>>& all = Derived::rows();
         const int index = number - firstFieldNumber;
-        return index >= 0 && index < static_cast<int>(all.size()) ? &all[static_cast<size_t>(index)] : nullptr;
+        return index >= 0 && index < static_cast<int>(all.size()) ? &all[static_cast<size_t>(index)]
+                                                                  : nullptr;
     }
 };

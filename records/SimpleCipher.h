@@ -48,5 +48,6 @@ private:
     Error m_lastError = ErrorNone;
 };
 
-/// The cipher key of a project password's hash: the MD5 of the password's UTF-8 form, as 32 hexadecimal digits.
+/// The cipher key of a project password's hash: the MD5 of the password's UTF-8 form, as 32 hexadecimal
+/// digits.
 quint64 cipherKeyFromHash(const QByteArray& hexadecimalHash);

@@ -18,7 +18,9 @@ Source::Source() = default;
 
 Source::Source(const QJsonObject& json, const char* queryId) : Record(json, queryId) {}
 
-Source::Source(int sourceId, const QString& title, const QString& icon, const QString& author, const QDateTime& timestamp) : Record(new State) {
+Source::Source(int sourceId, const QString& title, const QString& icon, const QString& author,
+               const QDateTime& timestamp)
+    : Record(new State) {
     State& s = writableState();
     s.sourceId = sourceId;
     s.title = title;

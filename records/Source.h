@@ -5,13 +5,7 @@
 #include "records/UncopiedUuid.h"
 
 /// Numbers of the fields of `Source`; also the item roles of its models.
-enum class SourceField : int {
-    sourceId = firstFieldNumber,
-    title,
-    icon,
-    author,
-    timestamp
-};
+enum class SourceField : int { sourceId = firstFieldNumber, title, icon, author, timestamp };
 
 struct SourceState : QSharedData {
     int sourceId = -1;
@@ -36,7 +30,8 @@ class Source : public Record<Source, int, SourceField, SourceState, QSharedDataP
 public:
     Source();
     Source(const QJsonObject& json, const char* queryId);
-    Source(int sourceId, const QString& title, const QString& icon, const QString& author, const QDateTime& timestamp);
+    Source(int sourceId, const QString& title, const QString& icon, const QString& author,
+           const QDateTime& timestamp);
 
     static wire::Record record() { return wire::Record::Source; }
     static const std::vector<FieldRow<SourceState>>& rows();

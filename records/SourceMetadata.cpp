@@ -19,7 +19,9 @@ SourceMetadata::SourceMetadata() = default;
 
 SourceMetadata::SourceMetadata(const QJsonObject& json, const char* queryId) : Record(json, queryId) {}
 
-SourceMetadata::SourceMetadata(int metadataId, int sourceId, int keyId, int valueId, const QString& author, const QDateTime& timestamp) : Record(new State) {
+SourceMetadata::SourceMetadata(int metadataId, int sourceId, int keyId, int valueId, const QString& author,
+                               const QDateTime& timestamp)
+    : Record(new State) {
     State& s = writableState();
     s.metadataId = metadataId;
     s.sourceId = sourceId;

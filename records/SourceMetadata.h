@@ -22,10 +22,12 @@ struct SourceMetadataState : QSharedData {
 };
 
 class SourceMetadata;
-extern template class Record<SourceMetadata, int, SourceMetadataField, SourceMetadataState, QSharedDataPointer>;
+extern template class Record<SourceMetadata, int, SourceMetadataField, SourceMetadataState,
+                             QSharedDataPointer>;
 
 /// Says which source has which value of which property.
-class SourceMetadata : public Record<SourceMetadata, int, SourceMetadataField, SourceMetadataState, QSharedDataPointer> {
+class SourceMetadata
+    : public Record<SourceMetadata, int, SourceMetadataField, SourceMetadataState, QSharedDataPointer> {
     Q_GADGET
     Q_PROPERTY(int metadataId READ metadataId WRITE setMetadataId)
     Q_PROPERTY(int sourceId READ sourceId WRITE setSourceId)
@@ -37,7 +39,8 @@ class SourceMetadata : public Record<SourceMetadata, int, SourceMetadataField, S
 public:
     SourceMetadata();
     SourceMetadata(const QJsonObject& json, const char* queryId);
-    SourceMetadata(int metadataId, int sourceId, int keyId, int valueId, const QString& author, const QDateTime& timestamp);
+    SourceMetadata(int metadataId, int sourceId, int keyId, int valueId, const QString& author,
+                   const QDateTime& timestamp);
 
     static wire::Record record() { return wire::Record::SourceMetadata; }
     static const std::vector<FieldRow<SourceMetadataState>>& rows();

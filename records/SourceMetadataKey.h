@@ -18,10 +18,12 @@ struct SourceMetadataKeyState : QSharedData {
 };
 
 class SourceMetadataKey;
-extern template class Record<SourceMetadataKey, int, SourceMetadataKeyField, SourceMetadataKeyState, QSharedDataPointer>;
+extern template class Record<SourceMetadataKey, int, SourceMetadataKeyField, SourceMetadataKeyState,
+                             QSharedDataPointer>;
 
 /// A property that sources can have, such as age.
-class SourceMetadataKey : public Record<SourceMetadataKey, int, SourceMetadataKeyField, SourceMetadataKeyState, QSharedDataPointer> {
+class SourceMetadataKey : public Record<SourceMetadataKey, int, SourceMetadataKeyField,
+                                        SourceMetadataKeyState, QSharedDataPointer> {
     Q_GADGET
     Q_PROPERTY(int keyId READ keyId WRITE setKeyId)
     Q_PROPERTY(bool multipleChoice READ multipleChoice WRITE setMultipleChoice)

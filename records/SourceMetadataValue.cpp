@@ -1,6 +1,7 @@
 #include "records/SourceMetadataValue.h"
 
-template class Record<SourceMetadataValue, int, SourceMetadataValueField, SourceMetadataValueState, QSharedDataPointer>;
+template class Record<SourceMetadataValue, int, SourceMetadataValueField, SourceMetadataValueState,
+                      QSharedDataPointer>;
 
 const std::vector<FieldRow<SourceMetadataValueState>>& SourceMetadataValue::rows() {
     using S = SourceMetadataValueState;
@@ -14,7 +15,8 @@ const std::vector<FieldRow<SourceMetadataValueState>>& SourceMetadataValue::rows
 
 SourceMetadataValue::SourceMetadataValue() = default;
 
-SourceMetadataValue::SourceMetadataValue(const QJsonObject& json, const char* queryId) : Record(json, queryId) {}
+SourceMetadataValue::SourceMetadataValue(const QJsonObject& json, const char* queryId)
+    : Record(json, queryId) {}
 
 SourceMetadataValue::SourceMetadataValue(int valueId, int keyId, const QVariant& value) : Record(new State) {
     State& s = writableState();

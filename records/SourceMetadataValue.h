@@ -3,11 +3,7 @@
 #include "records/Record.h"
 
 /// Numbers of the fields of `SourceMetadataValue`; also the item roles of its models.
-enum class SourceMetadataValueField : int {
-    valueId = firstFieldNumber,
-    keyId,
-    value
-};
+enum class SourceMetadataValueField : int { valueId = firstFieldNumber, keyId, value };
 
 struct SourceMetadataValueState : QSharedData {
     int valueId = -1;
@@ -16,10 +12,12 @@ struct SourceMetadataValueState : QSharedData {
 };
 
 class SourceMetadataValue;
-extern template class Record<SourceMetadataValue, int, SourceMetadataValueField, SourceMetadataValueState, QSharedDataPointer>;
+extern template class Record<SourceMetadataValue, int, SourceMetadataValueField, SourceMetadataValueState,
+                             QSharedDataPointer>;
 
 /// A value of a property.
-class SourceMetadataValue : public Record<SourceMetadataValue, int, SourceMetadataValueField, SourceMetadataValueState, QSharedDataPointer> {
+class SourceMetadataValue : public Record<SourceMetadataValue, int, SourceMetadataValueField,
+                                          SourceMetadataValueState, QSharedDataPointer> {
     Q_GADGET
     Q_PROPERTY(int valueId READ valueId WRITE setValueId)
     Q_PROPERTY(int keyId READ keyId WRITE setKeyId)

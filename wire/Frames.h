@@ -9,9 +9,9 @@ namespace wire {
 
 /// What the client sends.
 struct RequestFrame {
-    QString auth;        ///< access token, empty for a local service
-    int messageId = 0;   ///< 1 and up; 0 when the frame had none that could be read
-    QString text;        ///< query or mutation
+    QString auth;       ///< access token, empty for a local service
+    int messageId = 0;  ///< 1 and up; 0 when the frame had none that could be read
+    QString text;       ///< query or mutation
 
     /// Compact JSON.
     QString toText() const;

@@ -44,10 +44,9 @@ const std::array<RecordRow, 14> records{{
 }};
 
 const std::array<QLatin1String, 8> suffixes{
-    QLatin1String("QueryList"),           QLatin1String("QueryById"),
-    QLatin1String("QueryListWithOffset"), QLatin1String("MaxId"),
-    QLatin1String("CreateOrUpdate"),      QLatin1String("BatchCreateOrUpdate"),
-    QLatin1String("Remove"),              QLatin1String("BatchRemove")};
+    QLatin1String("QueryList"), QLatin1String("QueryById"),      QLatin1String("QueryListWithOffset"),
+    QLatin1String("MaxId"),     QLatin1String("CreateOrUpdate"), QLatin1String("BatchCreateOrUpdate"),
+    QLatin1String("Remove"),    QLatin1String("BatchRemove")};
 
 const RecordRow& row(Record record) {
     const RecordRow& found = records[static_cast<size_t>(record)];

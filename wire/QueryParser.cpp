@@ -7,7 +7,8 @@ namespace {
 
 class Parser {
 public:
-    explicit Parser(const QString& text) : m_begin(text.constData()), m_at(m_begin), m_end(m_begin + text.size()) {}
+    explicit Parser(const QString& text)
+        : m_begin(text.constData()), m_at(m_begin), m_end(m_begin + text.size()) {}
 
     QueryReading run() {
         QueryReading reading;
@@ -230,16 +231,17 @@ private:
     }
 
     static bool isBlank(QChar c) {
-        return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\t') || c == QLatin1Char('\r');
+        return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\t') ||
+               c == QLatin1Char('\r');
     }
     static bool isDigit(QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); }
     static bool isRealPart(QChar c) {
-        return c == QLatin1Char('.') || c == QLatin1Char('e') || c == QLatin1Char('E') || c == QLatin1Char('+') ||
-               c == QLatin1Char('-');
+        return c == QLatin1Char('.') || c == QLatin1Char('e') || c == QLatin1Char('E') ||
+               c == QLatin1Char('+') || c == QLatin1Char('-');
     }
     static bool isNameStart(QChar c) {
-        return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) || (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) ||
-               c == QLatin1Char('_');
+        return (c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
+               (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || c == QLatin1Char('_');
     }
 
     const QChar* m_begin;

@@ -23,7 +23,9 @@ public:
 
     QString encryptIfNeeded(const QString& text) const override { return cipher().encryptToString(text); }
     QString decryptIfNeeded(const QString& text) const override { return cipher().decryptToString(text); }
-    QString decryptIfNeeded(const QByteArray& bytes) const override { return cipher().decryptToString(bytes); }
+    QString decryptIfNeeded(const QByteArray& bytes) const override {
+        return cipher().decryptToString(bytes);
+    }
     QString questionText(int id) const override { return QStringLiteral("question %1").arg(id); }
     QString titleOfSource(int id) const override { return QStringLiteral("source %1").arg(id); }
 
@@ -56,28 +58,46 @@ void AnswerTextTest::countsPositionsInPlainText_data() {
     QTest::addColumn<bool>("isHtml");
     QTest::addColumn<QString>("plain");
     QTest::addColumn<QString>("rich");
-    QTest::newRow("word") << "word" << false << "word" << "word";
-    QTest::newRow("paragraphs") << "<p>one</p><p>two</p>" << true << "one\ntwo\n" << "one\ntwo\n";
-    QTest::newRow("fragment") << wrapperStart + "\na <b>b</b>\n</body>" << false << "a b" << "a <b>b</b>";
-    QTest::newRow("fragment with blank lines") << wrapperStart + "\n\na\n\n</body>" << false << "\na\n" << "\na\n";
-    QTest::newRow("line feeds of its own") << "\na\n" << false << "\na\n" << "\na\n";
-    QTest::newRow("a line feed alone") << "\n" << false << "\n" << "\n";
-    QTest::newRow("only line feeds") << "\n\n" << false << "\n\n" << "\n\n";
-    QTest::newRow("span is no document") << "<span>x</span>" << false << "x" << "x";
-    QTest::newRow("breaks") << "<div>a<br>b</div>" << true << "a\nb\n" << "a\nb\n";
-    QTest::newRow("rule and list") << "<ol><li>a</li><li>b</li></ol><hr>" << true << "a\nb\n\n" << "a\nb\n\n";
+    QTest::newRow("word") << "word" << false << "word"
+                          << "word";
+    QTest::newRow("paragraphs") << "<p>one</p><p>two</p>" << true << "one\ntwo\n"
+                                << "one\ntwo\n";
+    QTest::newRow("fragment") << wrapperStart + "\na <b>b</b>\n</body>" << false << "a b"
+                              << "a <b>b</b>";
+    QTest::newRow("fragment with blank lines") << wrapperStart + "\n\na\n\n</body>" << false << "\na\n"
+                                               << "\na\n";
+    QTest::newRow("line feeds of its own") << "\na\n"
+                                           << false << "\na\n"
+                                           << "\na\n";
+    QTest::newRow("a line feed alone") << "\n"
+                                       << false << "\n"
+                                       << "\n";
+    QTest::newRow("only line feeds") << "\n\n"
+                                     << false << "\n\n"
+                                     << "\n\n";
+    QTest::newRow("span is no document") << "<span>x</span>" << false << "x"
+                                         << "x";
+    QTest::newRow("breaks") << "<div>a<br>b</div>" << true << "a\nb\n"
+                            << "a\nb\n";
+    QTest::newRow("rule and list") << "<ol><li>a</li><li>b</li></ol><hr>" << true << "a\nb\n\n"
+                                   << "a\nb\n\n";
     QTest::newRow("strong, em and u") << "<p><strong>a</strong><em>b</em><u>c</u></p>" << true << "abc\n"
                                       << "<b>a</b>b<u>c</u>\n";
-    QTest::newRow("entities") << "<p>a &lt;b&gt; &amp; c&nbsp;d</p>" << true << QStringLiteral("a <b> & c\u00a0d\n")
-                              << QStringLiteral("a <b> & c\u00a0d\n");
-    QTest::newRow("broken mark-up") << "a <b>b <i>c" << false << "a b c" << "a <b>b <i>c</i></b>";
-    QTest::newRow("emoji are two units") << QStringLiteral("a\U0001F331b") << false << QStringLiteral("a\U0001F331b")
-                                         << QStringLiteral("a\U0001F331b");
-    QTest::newRow("comment and head") << "<html><head><title>t</title></head><body>a<!-- b -->c</body></html>" << true
-                                      << "ac" << "ac";
-    QTest::newRow("empty") << "" << false << "" << "";
-    QTest::newRow("blank lines") << " \n\n a" << false << " \n\n a" << " \n\n a";
-    QTest::newRow("upper case isn't looked for") << "<P>x</P>" << false << "x\n" << "x\n";
+    QTest::newRow("entities") << "<p>a &lt;b&gt; &amp; c&nbsp;d</p>" << true
+                              << QStringLiteral("a <b> & c\u00a0d\n") << QStringLiteral("a <b> & c\u00a0d\n");
+    QTest::newRow("broken mark-up") << "a <b>b <i>c" << false << "a b c"
+                                    << "a <b>b <i>c</i></b>";
+    QTest::newRow("emoji are two units") << QStringLiteral("a\U0001F331b") << false
+                                         << QStringLiteral("a\U0001F331b") << QStringLiteral("a\U0001F331b");
+    QTest::newRow("comment and head")
+        << "<html><head><title>t</title></head><body>a<!-- b -->c</body></html>" << true << "ac"
+        << "ac";
+    QTest::newRow("empty") << "" << false << ""
+                           << "";
+    QTest::newRow("blank lines") << " \n\n a" << false << " \n\n a"
+                                 << " \n\n a";
+    QTest::newRow("upper case isn't looked for") << "<P>x</P>" << false << "x\n"
+                                                 << "x\n";
 }
 
 void AnswerTextTest::countsPositionsInPlainText() {
@@ -91,8 +111,9 @@ void AnswerTextTest::countsPositionsInPlainText() {
 
 void AnswerTextTest::plainTextsNeedNoParser() {
     QRandomGenerator random(11);
-    const QString alphabet = QStringLiteral("ab \n\t>\"';/-") + QStringLiteral("\u00e4\u00a0\u2028\ufffe\u0085") +
-                             QChar(1) + QChar(0x7f) + QChar(0xfdd1) + QStringLiteral("\U0001F331\U0002FFFE");
+    const QString alphabet = QStringLiteral("ab \n\t>\"';/-") +
+                             QStringLiteral("\u00e4\u00a0\u2028\ufffe\u0085") + QChar(1) + QChar(0x7f) +
+                             QChar(0xfdd1) + QStringLiteral("\U0001F331\U0002FFFE");
     for (int round = 0; round < 3000; ++round) {
         QString text;
         for (int i = random.bounded(20); i > 0; --i)
@@ -119,14 +140,16 @@ void AnswerTextTest::wrapsOnce() {
     QVERIFY(!answerOf(stored).isHtml());
 
     // A second wrapper, as older files hold it, changes neither text nor positions.
-    QCOMPARE(answerOf(wrapperStart + stored + QStringLiteral("</body>")).plainAnswer(), QStringLiteral("word"));
+    QCOMPARE(answerOf(wrapperStart + stored + QStringLiteral("</body>")).plainAnswer(),
+             QStringLiteral("word"));
     const QJsonObject json{{QStringLiteral("id"), 1}, {QStringLiteral("answer"), stored}};
     QCOMPARE(QuestionAnswer(json, "").storedAnswer(), stored);
     QCOMPARE(answerOf(QStringLiteral("<p>x")).storedAnswer(), QStringLiteral("<p>x"));
 }
 
 void AnswerTextTest::cleansTextsUp() {
-    const QString raw = QStringLiteral("a\fb\u0007c\b\u0011\u0013\r\nd\u2028e\u07ecf\u07edg\u00e2\u0080\u00a8h");
+    const QString raw =
+        QStringLiteral("a\fb\u0007c\b\u0011\u0013\r\nd\u2028e\u07ecf\u07edg\u00e2\u0080\u00a8h");
     QCOMPARE(answerOf(raw).plainAnswer(), QStringLiteral("a\nbc\nd\u2028e\nf\ng\nh"));
     const QuestionAnswer read(QJsonObject{{QStringLiteral("answer"), raw}}, "");
     QCOMPARE(read.plainAnswer(), QStringLiteral("a\nbc\nd\ne\u07ecf\u07edg\u00e2\u0080\u00a8h"));
@@ -136,8 +159,10 @@ void AnswerTextTest::serializesByTheStandard_data() {
     QTest::addColumn<QString>("html");
     QTest::addColumn<QString>("serialized");
     QTest::newRow("text") << "a > \"b\"" << documentStart + "<body>a &gt; \"b\"</body></html>";
-    QTest::newRow("attribute") << "<p title='\"&<'>x" << documentStart + "<body><p title=\"&quot;&amp;<\">x</p></body></html>";
-    QTest::newRow("void") << "a<br/>b<img src=x>" << documentStart + "<body>a<br>b<img src=\"x\"></body></html>";
+    QTest::newRow("attribute") << "<p title='\"&<'>x"
+                               << documentStart + "<body><p title=\"&quot;&amp;<\">x</p></body></html>";
+    QTest::newRow("void") << "a<br/>b<img src=x>"
+                          << documentStart + "<body>a<br>b<img src=\"x\"></body></html>";
     QTest::newRow("doctype") << "<!DOCTYPE html><p>x</p>"
                              << "<!DOCTYPE html>" + documentStart + "<body><p>x</p></body></html>";
     QTest::newRow("script") << "<p>a</p><script>1<2</script>"
@@ -156,12 +181,14 @@ void AnswerTextTest::cutsWindows_data() {
     QTest::addColumn<int>("length");
     QTest::addColumn<QString>("plain");
     QTest::addColumn<QString>("serialized");
-    QTest::newRow("plain") << "one two" << 4 << 3 << "two" << documentStart + wrapperStart + "two</body></html>";
+    QTest::newRow("plain") << "one two" << 4 << 3 << "two"
+                           << documentStart + wrapperStart + "two</body></html>";
     QTest::newRow("across tags") << "a<b>bcd</b>e" << 2 << 3 << "cde"
                                  << documentStart + wrapperStart + "<b>cd</b>e</body></html>";
     QTest::newRow("elements stay") << "<p>one</p><p>two</p>" << 4 << 3 << "\ntwo\n"
                                    << documentStart + "<body><p></p><p>two</p></body></html>";
-    QTest::newRow("past the end") << "abc" << 2 << 100 << "c" << documentStart + wrapperStart + "c</body></html>";
+    QTest::newRow("past the end") << "abc" << 2 << 100 << "c"
+                                  << documentStart + wrapperStart + "c</body></html>";
 }
 
 void AnswerTextTest::cutsWindows() {
@@ -207,7 +234,8 @@ void AnswerTextTest::enciphersWithThePassword() {
 
     SimpleCipher wrong(1);
     expectWarning("Invalid version or not a cyphertext");
-    QCOMPARE(QuestionAnswer(QJsonObject{{QStringLiteral("answer"), stored}}, "", &wrong).plainAnswer(), QString());
+    QCOMPARE(QuestionAnswer(QJsonObject{{QStringLiteral("answer"), stored}}, "", &wrong).plainAnswer(),
+             QString());
 }
 
 KERNOVA_TEST_MAIN(AnswerTextTest)

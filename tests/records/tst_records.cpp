@@ -19,14 +19,18 @@
 namespace {
 
 Highlight highlight(int start, int end, int id = 1) {
-    return Highlight(id, 1, 1, 1, Qt::red, start, end - start, end, QStringLiteral("A"), QDateTime(), 0, 0, 0, false);
+    return Highlight(id, 1, 1, 1, Qt::red, start, end - start, end, QStringLiteral("A"), QDateTime(), 0, 0, 0,
+                     false);
 }
 
 QJsonObject highlightJson() {
-    return {{QStringLiteral("id"), 4},          {QStringLiteral("kernoId"), 2},
-            {QStringLiteral("sourceId"), 3},    {QStringLiteral("questionId"), 1},
+    return {{QStringLiteral("id"), 4},
+            {QStringLiteral("kernoId"), 2},
+            {QStringLiteral("sourceId"), 3},
+            {QStringLiteral("questionId"), 1},
             {QStringLiteral("color"), QStringLiteral("#102030")},
-            {QStringLiteral("start"), 10},      {QStringLiteral("length"), 5},
+            {QStringLiteral("start"), 10},
+            {QStringLiteral("length"), 5},
             {QStringLiteral("author"), QStringLiteral("Ada")},
             {QStringLiteral("timestamp"), QStringLiteral("2026-03-04T05:06:07Z")}};
 }
@@ -100,26 +104,31 @@ void RecordsTest::argumentsFollowTheTable_data() {
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QStringList>("expected");
     QTest::newRow("kerno") << Kerno(1, -1, QColor(QStringLiteral("#e1e120")), QStringLiteral("a\\ \"b\"\nc"),
-                                    QStringLiteral("d"), QDateTime::currentDateTime(), QStringLiteral("Ada"), 3, 4)
+                                    QStringLiteral("d"), QDateTime::currentDateTime(), QStringLiteral("Ada"),
+                                    3, 4)
                                   .mutationArguments()
-                           << QStringList{QStringLiteral("id:1"), QStringLiteral("parentKernoId:-1"),
+                           << QStringList{QStringLiteral("id:1"),
+                                          QStringLiteral("parentKernoId:-1"),
                                           QStringLiteral("color:\"#e1e120\""),
                                           QStringLiteral("title:\"a\\\\ \\\"b\\\"\\nc\""),
-                                          QStringLiteral("description:\"d\""), QStringLiteral("author:\"Ada\""),
-                                          QStringLiteral("x:3"), QStringLiteral("y:4")};
+                                          QStringLiteral("description:\"d\""),
+                                          QStringLiteral("author:\"Ada\""),
+                                          QStringLiteral("x:3"),
+                                          QStringLiteral("y:4")};
     QTest::newRow("highlight") << Highlight(highlightJson(), "queryList").mutationArguments()
-                               << QStringList{QStringLiteral("id:4"), QStringLiteral("kernoId:2"),
-                                              QStringLiteral("sourceId:3"), QStringLiteral("questionId:1"),
-                                              QStringLiteral("start:10"), QStringLiteral("length:5"),
+                               << QStringList{QStringLiteral("id:4"),          QStringLiteral("kernoId:2"),
+                                              QStringLiteral("sourceId:3"),    QStringLiteral("questionId:1"),
+                                              QStringLiteral("start:10"),      QStringLiteral("length:5"),
                                               QStringLiteral("author:\"Ada\"")};
-    QTest::newRow("answer") << QuestionAnswer(1, 2, 3, QStringLiteral("A"), QStringLiteral("x"), QDateTime())
-                                   .mutationArguments()
-                            << QStringList{QStringLiteral("id:1"), QStringLiteral("questionId:2"),
-                                           QStringLiteral("sourceId:3"), QStringLiteral("author:\"A\""),
-                                           QStringLiteral("answer:\"<body style=\\\"white-space: pre-wrap;\\\">x</body>\"")};
+    QTest::newRow("answer")
+        << QuestionAnswer(1, 2, 3, QStringLiteral("A"), QStringLiteral("x"), QDateTime()).mutationArguments()
+        << QStringList{QStringLiteral("id:1"), QStringLiteral("questionId:2"), QStringLiteral("sourceId:3"),
+                       QStringLiteral("author:\"A\""),
+                       QStringLiteral("answer:\"<body style=\\\"white-space: pre-wrap;\\\">x</body>\"")};
     QTest::newRow("key") << SourceMetadataKey(1, true, false, QStringLiteral("Age")).mutationArguments()
                          << QStringList{QStringLiteral("id:1"), QStringLiteral("multipleChoice:1"),
-                                        QStringLiteral("sortValuesAlphabetically:0"), QStringLiteral("key:\"Age\"")};
+                                        QStringLiteral("sortValuesAlphabetically:0"),
+                                        QStringLiteral("key:\"Age\"")};
     QTest::newRow("group") << Group(7, QStringLiteral("Core"), true).mutationArguments()
                            << QStringList{QStringLiteral("id:7"), QStringLiteral("description:\"Core\"")};
     QTest::newRow("number") << Preference(QStringLiteral("k"), 5).mutationArguments()
@@ -128,8 +137,9 @@ void RecordsTest::argumentsFollowTheTable_data() {
                             << QStringList{QStringLiteral("key:\"k\""), QStringLiteral("value:1")};
     QTest::newRow("text") << Preference(QStringLiteral("k"), QStringLiteral("30")).mutationArguments()
                           << QStringList{QStringLiteral("key:\"k\""), QStringLiteral("value:\"30\"")};
-    QTest::newRow("shortcut") << KernoShortcutKey(QStringLiteral("A"), 2, QStringLiteral("Ada")).mutationArguments()
-                              << QStringList{QStringLiteral("shortcutKey:\"A\""), QStringLiteral("kernoId:2")};
+    QTest::newRow("shortcut")
+        << KernoShortcutKey(QStringLiteral("A"), 2, QStringLiteral("Ada")).mutationArguments()
+        << QStringList{QStringLiteral("shortcutKey:\"A\""), QStringLiteral("kernoId:2")};
 }
 
 void RecordsTest::argumentsFollowTheTable() {
@@ -148,7 +158,8 @@ void RecordsTest::queryFieldsLeaveLocalOnesOut() {
 }
 
 void RecordsTest::readsWhatItCanAndSaysWhetherItWasAll() {
-    const Kerno partial(QJsonObject{{QStringLiteral("id"), 3}, {QStringLiteral("title"), QStringLiteral("T")},
+    const Kerno partial(QJsonObject{{QStringLiteral("id"), 3},
+                                    {QStringLiteral("title"), QStringLiteral("T")},
                                     {QStringLiteral("x"), QStringLiteral("12")},
                                     {QStringLiteral("y"), QJsonObject()}},
                         "queryList");
@@ -161,10 +172,12 @@ void RecordsTest::readsWhatItCanAndSaysWhetherItWasAll() {
     QCOMPARE(partial.x(), 12);
     QCOMPARE(partial.y(), 1);
 
-    const Group group(QJsonObject{{QStringLiteral("id"), 1}, {QStringLiteral("description"), QStringLiteral("G")}}, "");
+    const Group group(
+        QJsonObject{{QStringLiteral("id"), 1}, {QStringLiteral("description"), QStringLiteral("G")}}, "");
     QCOMPARE(group.toVariantMap().value(QStringLiteral("title")).toString(), QStringLiteral("G"));
     QVERIFY(group.isValid());
-    QCOMPARE(Preference(QJsonObject{{QStringLiteral("key"), QStringLiteral("k")}, {QStringLiteral("value"), 7}}, "")
+    QCOMPARE(Preference(
+                 QJsonObject{{QStringLiteral("key"), QStringLiteral("k")}, {QStringLiteral("value"), 7}}, "")
                  .value()
                  .toInt(),
              7);

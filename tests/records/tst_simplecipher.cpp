@@ -33,7 +33,8 @@ void SimpleCipherTest::readsKnownCipherTexts_data() {
     QTest::addColumn<QString>("cipher");
     QTest::addColumn<QString>("plain");
     QTest::newRow("text") << "AwJ+CUcCxEyT9vJz21VQO3oJDw==" << QStringLiteral("Gr\u00fcn \U0001F331 \"x\"");
-    QTest::newRow("compressed") << "AwMl6OHjVxzLuEZ8B0+14uvozOB/OWQ=" << QStringLiteral("abcabcabc").repeated(20);
+    QTest::newRow("compressed") << "AwMl6OHjVxzLuEZ8B0+14uvozOB/OWQ="
+                                << QStringLiteral("abcabcabc").repeated(20);
     QTest::newRow("marker") << "AwIjc6H8OAENbC0/fA34wceEwcOc+ys3PUIOK3Qf2MXHoPHljdA7"
                             << "_projectsAreHashedWithThisValue___";
 }
@@ -70,8 +71,8 @@ void SimpleCipherTest::readsBackItsOwnTexts() {
     SimpleCipher cipher(0xffeeddccbbaa9988ULL);
     cipher.setCompressionMode(static_cast<SimpleCipher::CompressionMode>(compression));
     cipher.setProtectionMode(static_cast<SimpleCipher::ProtectionMode>(protection));
-    for (const QString& text : {QStringLiteral("a"), QStringLiteral("interview ").repeated(1000),
-                                QStringLiteral("\U0001F331\n x")})
+    for (const QString& text :
+         {QStringLiteral("a"), QStringLiteral("interview ").repeated(1000), QStringLiteral("\U0001F331\n x")})
         QCOMPARE(SimpleCipher(0xffeeddccbbaa9988ULL).decryptToString(cipher.encryptToString(text)), text);
 }
 

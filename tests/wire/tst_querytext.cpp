@@ -33,24 +33,29 @@ void QueryTextTest::writesTheTextOfEachForm_data() {
     QTest::newRow("all") << read(QStringLiteral("kernoQueryList"), QStringList(), fields)
                          << "{kernoQueryList{id title}}";
     QTest::newRow("arguments") << read(QStringLiteral("highlightQueryList"),
-                                       {argument(QStringLiteral("sourceId"), 3), argument(QStringLiteral("questionId"), 1)},
+                                       {argument(QStringLiteral("sourceId"), 3),
+                                        argument(QStringLiteral("questionId"), 1)},
                                        {QStringLiteral("id")})
                                << "{highlightQueryList(sourceId:3 questionId:1){id}}";
     QTest::newRow("next id") << maxId(QStringLiteral("kerno"), true) << "{kernoMaxId(next: true)}";
-    QTest::newRow("highest id") << maxId(QStringLiteral("groupKerno"), false) << "{groupKernoMaxId(next: false)}";
-    QTest::newRow("mutation") << mutation(QStringLiteral("groupCreateOrUpdate"),
-                                          {argument(QStringLiteral("id"), 1),
-                                           argument(QStringLiteral("description"), QStringLiteral("a\\\"b\nc %2"))},
-                                          fields)
-                              << "mutation{groupCreateOrUpdate(id:1 description:\"a\\\\\\\"b\\nc %2\"){id title}}";
-    QTest::newRow("batch") << batchMutation(Record::Memo, Operation::BatchRemove,
-                                            {{argument(QStringLiteral("id"), 1)}, {argument(QStringLiteral("id"), 2)}})
+    QTest::newRow("highest id") << maxId(QStringLiteral("groupKerno"), false)
+                                << "{groupKernoMaxId(next: false)}";
+    QTest::newRow("mutation")
+        << mutation(QStringLiteral("groupCreateOrUpdate"),
+                    {argument(QStringLiteral("id"), 1),
+                     argument(QStringLiteral("description"), QStringLiteral("a\\\"b\nc %2"))},
+                    fields)
+        << "mutation{groupCreateOrUpdate(id:1 description:\"a\\\\\\\"b\\nc %2\"){id title}}";
+    QTest::newRow("batch") << batchMutation(
+                                  Record::Memo, Operation::BatchRemove,
+                                  {{argument(QStringLiteral("id"), 1)}, {argument(QStringLiteral("id"), 2)}})
                            << "mutation{memoBatchRemove(memos:[{id:1},{id:2}]){sourceIds questionIds}}";
     QTest::newRow("open") << openProject(QStringLiteral("a%2.krn"), QStringLiteral("u"))
                           << "mutation{dbOpen(name:\"a%2.krn\", uuid:\"u\"){name, uuid, status, access}}";
-    QTest::newRow("overview of kernos") << sourceMetadataOverviewForKeyAndKernosId(4, {3, 7})
-                                        << "{sourceMetadataOverviewForKeyAndKernosId(keyId: 4, kernoIds: [3 7 ])"
-                                           "{value valueOccurrences sourcesOccurrences}}";
+    QTest::newRow("overview of kernos")
+        << sourceMetadataOverviewForKeyAndKernosId(4, {3, 7})
+        << "{sourceMetadataOverviewForKeyAndKernosId(keyId: 4, kernoIds: [3 7 ])"
+           "{value valueOccurrences sourcesOccurrences}}";
     QTest::newRow("no kernos") << sourceMetadataOverviewForKeyAndKernosId(4, {})
                                << "{sourceMetadataOverviewForKeyAndKernosId(keyId: 4, kernoIds: [])"
                                   "{value valueOccurrences sourcesOccurrences}}";
@@ -68,9 +73,10 @@ void QueryTextTest::writesTheTextOfEachForm() {
 }
 
 void QueryTextTest::readsBackWhatItWrites() {
-    const QueryReading batch = parseQuery(batchMutation(
-        Record::Highlight, Operation::BatchCreateOrUpdate,
-        {{argument(QStringLiteral("id"), 1), argument(QStringLiteral("author"), QStringLiteral("A, {b} [c]"))}}));
+    const QueryReading batch =
+        parseQuery(batchMutation(Record::Highlight, Operation::BatchCreateOrUpdate,
+                                 {{argument(QStringLiteral("id"), 1),
+                                   argument(QStringLiteral("author"), QStringLiteral("A, {b} [c]"))}}));
     QVERIFY(batch.ok);
     const QueryValue* records = batch.query.argument(QStringLiteral("highlights"));
     QVERIFY(records);
@@ -79,9 +85,10 @@ void QueryTextTest::readsBackWhatItWrites() {
     QCOMPARE(records->list[0].member(QStringLiteral("author"))->text, QStringLiteral("A, {b} [c]"));
     QCOMPARE(batch.query.fields.size(), size_t(2));
 
-    const QueryReading nested = parseQuery(QStringLiteral(
-        "{kernoQueryListWithHighlightsAndCriteria(fieldName: \"value\" operator: \">\" value: \"30\" keyId: 7)"
-        "{id title highlights{ id start }}}"));
+    const QueryReading nested =
+        parseQuery(QStringLiteral("{kernoQueryListWithHighlightsAndCriteria(fieldName: \"value\" operator: "
+                                  "\">\" value: \"30\" keyId: 7)"
+                                  "{id title highlights{ id start }}}"));
     QVERIFY2(nested.ok, qPrintable(nested.error.message));
     QCOMPARE(nested.query.argument(QStringLiteral("keyId"))->integer, 7);
     QCOMPARE(nested.query.fields.back().name, QStringLiteral("highlights"));
@@ -89,8 +96,7 @@ void QueryTextTest::readsBackWhatItWrites() {
 
     QVERIFY(parseQuery(kernoIdsForKernosWithOverlap()).ok);
     QVERIFY(parseQuery(closeProject()).ok);
-    const QueryReading values =
-        parseQuery(QStringLiteral("{a(x: -2.5e1 y: true z: null w: [1 2,3])}"));
+    const QueryReading values = parseQuery(QStringLiteral("{a(x: -2.5e1 y: true z: null w: [1 2,3])}"));
     QVERIFY(values.ok);
     QCOMPARE(values.query.argument(QStringLiteral("x"))->real, -25.0);
     QCOMPARE(values.query.argument(QStringLiteral("y"))->kind, QueryValue::Kind::Boolean);
@@ -99,13 +105,14 @@ void QueryTextTest::readsBackWhatItWrites() {
 
 void QueryTextTest::readsBackAnyString() {
     QRandomGenerator random(7);
-    const QString alphabet = QStringLiteral("ab\\\"\n{}()[],: %1\u00fc\u2028") + QString::fromUtf8("\U0001F331");
+    const QString alphabet =
+        QStringLiteral("ab\\\"\n{}()[],: %1\u00fc\u2028") + QString::fromUtf8("\U0001F331");
     for (int round = 0; round < 2000; ++round) {
         QString text;
         for (int i = random.bounded(12); i > 0; --i)
             text += alphabet.at(random.bounded(alphabet.size()));
-        const QueryReading reading =
-            parseQuery(mutation(QStringLiteral("x"), {argument(QStringLiteral("t"), text)}, {QStringLiteral("id")}));
+        const QueryReading reading = parseQuery(
+            mutation(QStringLiteral("x"), {argument(QStringLiteral("t"), text)}, {QStringLiteral("id")}));
         QVERIFY2(reading.ok, qPrintable(text));
         QCOMPARE(reading.query.argument(QStringLiteral("t"))->text, text);
     }
@@ -159,21 +166,34 @@ void QueryTextTest::namesOperations() {
 }
 
 void QueryTextTest::dispatchesTheFirstNotificationOfTheTable() {
-    const QStringList keys{
-        QStringLiteral("kernoCreateOrUpdate"), QStringLiteral("kernoRemove"),
-        QStringLiteral("groupCreateOrUpdate"), QStringLiteral("groupRemove"),
-        QStringLiteral("groupKernoCreateOrUpdate"), QStringLiteral("groupKernoRemove"),
-        QStringLiteral("sourceCreateOrUpdate"), QStringLiteral("sourceRemove"),
-        QStringLiteral("highlightCreateOrUpdate"), QStringLiteral("highlightRemove"),
-        QStringLiteral("highlightBatchCreateOrUpdate"), QStringLiteral("highlightBatchRemove"),
-        QStringLiteral("memoCreateOrUpdate"), QStringLiteral("memoRemove"),
-        QStringLiteral("memoBatchCreateOrUpdate"), QStringLiteral("memoBatchRemove"),
-        QStringLiteral("questionCreateOrUpdate"), QStringLiteral("questionRemove"),
-        QStringLiteral("questionAnswerCreateOrUpdate"), QStringLiteral("questionAnswerRemove"),
-        QStringLiteral("sourceMetadataCreateOrUpdate"), QStringLiteral("sourceMetadataRemove"),
-        QStringLiteral("sourceMetadataKeyCreateOrUpdate"), QStringLiteral("sourceMetadataKeyRemove"),
-        QStringLiteral("sourceMetadataValueCreateOrUpdate"), QStringLiteral("sourceMetadataValueRemove"),
-        QStringLiteral("chatMessageCreateOrUpdate"), QStringLiteral("chatMessageRemove")};
+    const QStringList keys{QStringLiteral("kernoCreateOrUpdate"),
+                           QStringLiteral("kernoRemove"),
+                           QStringLiteral("groupCreateOrUpdate"),
+                           QStringLiteral("groupRemove"),
+                           QStringLiteral("groupKernoCreateOrUpdate"),
+                           QStringLiteral("groupKernoRemove"),
+                           QStringLiteral("sourceCreateOrUpdate"),
+                           QStringLiteral("sourceRemove"),
+                           QStringLiteral("highlightCreateOrUpdate"),
+                           QStringLiteral("highlightRemove"),
+                           QStringLiteral("highlightBatchCreateOrUpdate"),
+                           QStringLiteral("highlightBatchRemove"),
+                           QStringLiteral("memoCreateOrUpdate"),
+                           QStringLiteral("memoRemove"),
+                           QStringLiteral("memoBatchCreateOrUpdate"),
+                           QStringLiteral("memoBatchRemove"),
+                           QStringLiteral("questionCreateOrUpdate"),
+                           QStringLiteral("questionRemove"),
+                           QStringLiteral("questionAnswerCreateOrUpdate"),
+                           QStringLiteral("questionAnswerRemove"),
+                           QStringLiteral("sourceMetadataCreateOrUpdate"),
+                           QStringLiteral("sourceMetadataRemove"),
+                           QStringLiteral("sourceMetadataKeyCreateOrUpdate"),
+                           QStringLiteral("sourceMetadataKeyRemove"),
+                           QStringLiteral("sourceMetadataValueCreateOrUpdate"),
+                           QStringLiteral("sourceMetadataValueRemove"),
+                           QStringLiteral("chatMessageCreateOrUpdate"),
+                           QStringLiteral("chatMessageRemove")};
     QCOMPARE(notificationTable().size(), size_t(keys.size()));
     for (int i = 0; i < keys.size(); ++i) {
         QCOMPARE(notificationTable()[size_t(i)].key, keys[i]);
