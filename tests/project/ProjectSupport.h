@@ -9,7 +9,7 @@
 #include "service/DataHelper.h"
 #include "service/IdManager.h"
 #include "service/LinkTimings.h"
-#include "tests_support/WaitFor.h"
+#include "tests_support/SignalLog.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -65,15 +65,4 @@ public:
 private:
     QTemporaryDir m_folder;
     std::unique_ptr<KRNFile> m_file;
-};
-
-/// Writes down signals in the order in which they come.
-class SignalLog : public QObject {
-public:
-    QStringList names;
-
-    template <typename Sender, typename Signal>
-    void listen(Sender* sender, Signal signal, const QString& name) {
-        connect(sender, signal, this, [this, name] { names << name; });
-    }
 };

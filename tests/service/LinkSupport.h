@@ -1,11 +1,9 @@
 #pragma once
 
 #include "service/LinkTimings.h"
-#include "tests_support/WaitFor.h"
+#include "tests_support/SignalLog.h"
 
 #include <QJsonObject>
-#include <QObject>
-#include <QStringList>
 
 /// Bounds for tests that wait for a bound to run out.
 inline LinkTimings shortTimings() {
@@ -32,17 +30,3 @@ inline LinkTimings calmTimings() {
 inline QJsonObject localProject(const QString& name) {
     return {{QStringLiteral("name"), name}};
 }
-
-/// Writes down the names of signals in the order in which they arrive on this thread.
-class SignalLog : public QObject {
-public:
-    QStringList names;
-
-    template <typename Sender, typename Signal>
-    void listen(Sender* sender, Signal signal, const QString& name) {
-        connect(sender, signal, this, [this, name] { names << name; });
-    }
-    bool waitFor(const QString& name) {
-        return ::waitFor([&] { return names.contains(name); });
-    }
-};
