@@ -9,8 +9,8 @@ namespace copies {
 /// is complete, and comes back when it fails.
 bool replaceBackup(const QString& path);
 
-/// Copies the file to `target`, in place of a file that is there. The copy is written beside the target and takes
-/// its name when it is complete, so that a copy that fails leaves the target as it was.
+/// Copies the file to `target`, in place of a file that is there. The copy is written beside the target and
+/// takes its name when it is complete, so that a copy that fails leaves the target as it was.
 bool replace(const QString& path, const QString& target);
 
 /// The name with the suffix ".krn", unless it has it in some spelling.

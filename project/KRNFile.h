@@ -74,8 +74,8 @@ public:
     Q_INVOKABLE void confirmOpenAlreadyOpenedFile(bool shouldOpen);
     /// Copies a local project's file to the same name with ".bak"; a copy that fails leaves the one before.
     Q_INVOKABLE bool makeBackup(const QUrl& project);
-    /// Copies the open local project to `outputFile`, over a file that is there, and opens the copy. When that
-    /// fails no project is open.
+    /// Copies the open local project to `outputFile`, over a file that is there, and opens the copy. When
+    /// that fails no project is open.
     Q_INVOKABLE bool saveAs(const QString& outputFile);
     /// Copies the open cloud project and opens the copy; gives success and, on failure, a sentence.
     Q_INVOKABLE QVariantList saveAsRemote(const QString& newName);

@@ -2,8 +2,8 @@
 
 #include "records/SimpleCipher.h"
 
-/// A project's password. The project doesn't keep it: it keeps a proof, a fixed text in the cipher whose key is
-/// made of the password.
+/// A project's password. The project doesn't keep it: it keeps a proof, a fixed text in the cipher whose key
+/// is made of the password.
 namespace projectpassword {
 
 /// The MD5 of the password's UTF-8 form, as 32 hexadecimal digits.

@@ -22,7 +22,8 @@ QByteArray compact(const QJsonObject& object) {
 }
 
 Message withoutCloud() {
-    return {0, false, DataHelper::tr("This version of Kernova is built without a cloud. Use local storage."), {}};
+    return {
+        0, false, DataHelper::tr("This version of Kernova is built without a cloud. Use local storage."), {}};
 }
 
 }  // namespace
