@@ -18,8 +18,8 @@ void Dispatcher::schedule() {
     if (m_scheduled)
         return;
     m_scheduled = true;
-    const quint64 received = m_hub.received();
-    boost::asio::post(m_io, [this, received] { gather(received, 0); });
+    m_firstOfGroup = m_hub.received();
+    boost::asio::post(m_io, [this] { gather(m_firstOfGroup, 0); });
 }
 
 void Dispatcher::gather(quint64 received, int idlePasses) {
@@ -27,7 +27,7 @@ void Dispatcher::gather(quint64 received, int idlePasses) {
     // group.
     const quint64 now = m_hub.received();
     const int idle = now == received ? idlePasses + 1 : 0;
-    if (idle < enoughIdlePasses && now - received < fullGroup) {
+    if (idle < enoughIdlePasses && now - m_firstOfGroup < fullGroup) {
         boost::asio::post(m_io, [this, now, idle] { gather(now, idle); });
         return;
     }

@@ -42,4 +42,5 @@ private:
     SessionHub m_hub;
     std::set<WebSocketClient*> m_clients;
     bool m_scheduled = false;
+    quint64 m_firstOfGroup = 0;
 };

@@ -27,6 +27,7 @@ public:
     /// The project that the client has open, or null. Set by the session hub.
     std::shared_ptr<ProjectSession> session;
     AccessLevel access = AccessLevel::Revoked;
+    bool gone = false;  ///< the connection has ended, and only what it was to change is of interest
 
     struct Request {
         quint64 number = 0;  ///< in the order of arrival over all clients

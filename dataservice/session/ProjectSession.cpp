@@ -50,6 +50,9 @@ ProjectSession::GroupEnd ProjectSession::runGroup() {
             break;
         }
         client->requests.pop_front();
+        // Nobody is left to read the answer.
+        if (client->gone && !request.query.isMutation)
+            continue;
         tasks.push_back({client->shared_from_this(), std::move(request), {}});
         answer(tasks.back());
         answerBytes += tasks.back().answer.payload.size();

@@ -17,7 +17,7 @@ void reply(Client& client, const Request& request, bool ok, const QByteArray& pa
 }  // namespace
 
 void SessionHub::connected(const std::shared_ptr<Client>& client) {
-    m_members.push_back({client, false});
+    m_clients.push_back(client);
 }
 
 void SessionHub::receive(Client& client, const QByteArray& frame) {
@@ -25,24 +25,20 @@ void SessionHub::receive(Client& client, const QByteArray& frame) {
 }
 
 void SessionHub::disconnected(Client& client) {
-    for (Member& member : m_members) {
-        if (member.client.get() == &client)
-            member.gone = true;
-    }
+    client.gone = true;
     dropGone();
 }
 
 bool SessionHub::hasWork() const {
-    return std::any_of(m_members.begin(), m_members.end(), [](const Member& member) {
-        return !member.client->requests.empty() && !member.client->isCongested();
+    return std::any_of(m_clients.begin(), m_clients.end(), [](const std::shared_ptr<Client>& client) {
+        return !client->requests.empty() && !client->isCongested();
     });
 }
 
 void SessionHub::run() {
-    for (size_t i = 0; i < m_members.size(); ++i) {
-        const std::shared_ptr<Client> client = m_members[i].client;
+    const std::vector<std::shared_ptr<Client>> clients = m_clients;
+    for (const std::shared_ptr<Client>& client : clients)
         runOutside(*client);
-    }
     const std::vector<std::shared_ptr<ProjectSession>> sessions = m_sessions;
     for (const std::shared_ptr<ProjectSession>& session : sessions) {
         if (session->runGroup() != ProjectSession::GroupEnd::ProjectRequest)
@@ -64,10 +60,9 @@ void SessionHub::closeAll() {
     // A client that takes no answers keeps its requests from being carried out; nothing waits for it now.
     while (hasWork())
         run();
-    while (!m_members.empty()) {
-        leave(*m_members.back().client);
-        m_members.pop_back();
-    }
+    for (const std::shared_ptr<Client>& client : m_clients)
+        leave(*client);
+    m_clients.clear();
     m_sessions.clear();
 }
 
@@ -192,11 +187,11 @@ void SessionHub::leave(Client& client) {
 }
 
 void SessionHub::dropGone() {
-    for (size_t i = m_members.size(); i > 0; --i) {
-        const Member member = m_members[i - 1];
-        if (!member.gone || !member.client->requests.empty())
+    for (size_t i = m_clients.size(); i > 0; --i) {
+        const std::shared_ptr<Client> client = m_clients[i - 1];
+        if (!client->gone || !client->requests.empty())
             continue;
-        leave(*member.client);
-        m_members.erase(m_members.begin() + static_cast<std::ptrdiff_t>(i - 1));
+        leave(*client);
+        m_clients.erase(m_clients.begin() + static_cast<std::ptrdiff_t>(i - 1));
     }
 }

@@ -18,7 +18,7 @@ public:
     /// Queues a request. It is answered by a later `run`.
     void receive(Client& client, const QByteArray& frame);
 
-    /// The connection is gone. What it had sent before is still carried out.
+    /// The connection is gone. What it had sent before to be stored is still stored.
     void disconnected(Client& client);
 
     /// Whether there is a request that `run` would answer.
@@ -57,9 +57,5 @@ private:
     GroupLimits m_limits;
     quint64 m_received = 0;
     std::vector<std::shared_ptr<ProjectSession>> m_sessions;
-    struct Member {
-        std::shared_ptr<Client> client;
-        bool gone;
-    };
-    std::vector<Member> m_members;
+    std::vector<std::shared_ptr<Client>> m_clients;
 };

@@ -1,13 +1,16 @@
 #include "ServiceClient.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
+#include "wire/Frames.h"
 #include "wire/QueryText.h"
 
 #include <QDir>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QSignalSpy>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <set>
 
@@ -20,6 +23,21 @@ const QString kernoSave =
 const QString kernoRemove = QStringLiteral("mutation{kernoRemove(id:%1){id title timestamp}}");
 const QString connections = QStringLiteral("connection_count");
 const QString kernoMax = QStringLiteral("{kernoMaxId(next: %1)}");
+
+/// A request as bytes on the socket.
+QByteArray maskedFrame(const QString& query) {
+    const QByteArray text = wire::RequestFrame{{}, 1, query}.toText().toUtf8();
+    const int size = text.size();
+    QByteArray bytes(1, '\x81');
+    if (size < 126) {
+        bytes += static_cast<char>(0x80 | size);
+    } else {
+        bytes += '\xFE';
+        bytes += static_cast<char>(size / 256);
+        bytes += static_cast<char>(size % 256);
+    }
+    return bytes + QByteArray(4, '\0') + text;
+}
 
 }  // namespace
 
@@ -246,6 +264,44 @@ private slots:
         client = openClient();
         QVERIFY(client);
         QCOMPARE(kernoIds(*client).size(), size_t(300));
+    }
+
+    void waitsForAClientThatTakesNoAnswers() {
+        const auto client = openClient();
+        QVERIFY(client);
+        const QString text(1000 * 1000, QLatin1Char('x'));
+        for (int id = 1; id <= 4; ++id)
+            client->send(
+                QStringLiteral("mutation{sourceCreateOrUpdate(id:%1 title:\"%2\"){id}}").arg(id).arg(text));
+        QVERIFY(client->ask(kernoMax.arg(QStringLiteral("false"))).isDouble());
+
+        // Asks for 800 MB and reads none of it.
+        constexpr int reads = 200;
+        QTcpSocket idler;
+        idler.setReadBufferSize(1000);
+        idler.connectToHost(QHostAddress::LocalHost, m_service->port());
+        QVERIFY(idler.waitForConnected());
+        idler.write("GET / HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(m_service->port()) +
+                    "\r\nConnection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"
+                    "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n\r\n");
+        QVERIFY(idler.waitForReadyRead());
+        idler.write(maskedFrame(wire::openProject(m_file, {})));
+        for (int i = 0; i < reads; ++i)
+            idler.write(maskedFrame(QStringLiteral("{sourceQueryList{title}}")));
+        idler.flush();
+        QVERIFY(client->waitUntil([&] { return count(*client, connections) == 2; }));
+
+        // Others are served meanwhile, and the answers don't pile up.
+        for (int id = 1; id <= 50; ++id)
+            QVERIFY(client->ask(kernoSave.arg(id)).isObject());
+        QFile status(QStringLiteral("/proc/%1/status").arg(m_service->pid()));
+        if (status.open(QIODevice::ReadOnly)) {
+            static const QRegularExpression peak(QStringLiteral("VmHWM:\\s+(\\d+) kB"));
+            const int kilobytes = peak.match(QString::fromLatin1(status.readAll())).captured(1).toInt();
+            QVERIFY2(kilobytes > 0 && kilobytes < 200 * 1000, qPrintable(QString::number(kilobytes)));
+        }
+        idler.abort();
+        QVERIFY(client->waitUntil([&] { return count(*client, connections) == 3; }));
     }
 
     void storesNothingInAFileThatWasTakenAway() {
