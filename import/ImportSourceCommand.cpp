@@ -13,6 +13,14 @@ QString textOf(const QVariant& pair, const char* key) {
     return pair.toMap().value(QString::fromLatin1(key)).toString();
 }
 
+/// The first question with exactly this text; -1 without one.
+int indexOf(const QList<Question>& questions, const QString& text) {
+    const auto found = std::find_if(questions.cbegin(), questions.cend(), [&text](const Question& question) {
+        return question.question() == text;
+    });
+    return found == questions.cend() ? -1 : static_cast<int>(found - questions.cbegin());
+}
+
 }  // namespace
 
 ImportSourceCommand::ImportSourceCommand(const QString& sourceTitle, const QVariantList& questions,
@@ -51,22 +59,24 @@ void ImportSourceCommand::importPairs(const QVariantList& pairs) {
         answers.append(textOf(pair, "answer"));
     }
 
-    QList<Question> unanswered = file()->questionListModel()->snapshot();
-    unanswered.append(addMissingQuestions(questions));
+    QList<Question> all = file()->questionListModel()->snapshot();
+    all.append(addMissingQuestions(questions));
+    QList<Question> unanswered = all;
     QList<int> answerIds = IdManager::instance()->nextAnswerIds(unanswered.size());
     if (answerIds.size() < unanswered.size()) {
         invalidate();
         return;
     }
     for (int i = 0; i < questions.size(); ++i) {
-        const QString& text = questions.at(i);
-        const auto found =
-            std::find_if(unanswered.begin(), unanswered.end(),
-                         [&text](const Question& question) { return question.question() == text; });
-        if (found == unanswered.end())
+        const int next = indexOf(unanswered, questions.at(i));
+        if (next >= 0) {
+            addAnswer(answerIds.takeFirst(), sourceId, unanswered.takeAt(next).questionId(), answers.at(i));
             continue;
-        addAnswer(answerIds.takeFirst(), sourceId, found->questionId(), answers.at(i));
-        unanswered.erase(found);
+        }
+        // A question of the project that the text asks once more: its further answer isn't lost.
+        const int asked = indexOf(all, questions.at(i));
+        if (asked >= 0)
+            addAnswer(-1, sourceId, all.at(asked).questionId(), answers.at(i));
     }
     for (const Question& question : qAsConst(unanswered))
         addAnswer(answerIds.takeFirst(), sourceId, question.questionId(), QString());

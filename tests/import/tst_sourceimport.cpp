@@ -112,10 +112,10 @@ QUrl tst_SourceImport::write(const QString& name, const QByteArray& bytes) {
 QStringList tst_SourceImport::sources() const {
     QStringList lines;
     for (const Source& source : m_file->dataHelper()->findAll<Source>()) {
-        QMap<int, QString> answers;
+        QMap<QPair<int, int>, QString> answers;
         for (const QuestionAnswer& answer : m_file->dataHelper()->findAll<QuestionAnswer>()) {
             if (answer.sourceId() == source.id())
-                answers.insert(answer.questionId(), answer.plainAnswer());
+                answers.insert({answer.questionId(), answer.answerId()}, answer.plainAnswer());
         }
         lines << source.title() + QStringLiteral(": ") +
                      QStringList(answers.values()).join(QStringLiteral(" | "));
@@ -171,13 +171,14 @@ void tst_SourceImport::matchingQuestionsAreUsedAgain() {
     openNew(false);
     QVERIFY(import().save(QString(), {pair("Age?", "40")}));
     settle();
-    QVERIFY(import().save(QString(), {pair("Work?", "bus"), pair("age?", "50")}));
+    QVERIFY(import().save(
+        QString(), {pair("Work?", "bus"), pair("age?", "50"), pair("Age?", "51"), pair("Age?", "no, 52")}));
     settle();
     QCOMPARE(questions().mid(1), QStringList({"Age?", "Work?", "age?"}));
     const QStringList lines = sources();
     QCOMPARE(lines.size(), 2);
     QVERIFY2(lines.first().endsWith(QStringLiteral(":  | 40 |  | ")), qPrintable(lines.first()));
-    QVERIFY2(lines.last().endsWith(QStringLiteral(":  |  | bus | 50")), qPrintable(lines.last()));
+    QVERIFY2(lines.last().endsWith(QStringLiteral(":  | 51 | no, 52 | bus | 50")), qPrintable(lines.last()));
 }
 
 void tst_SourceImport::markersAreNeededForQuestions() {
