@@ -1,18 +1,10 @@
-#include "models/GroupModel.h"
+#include "ScriptedProject.h"
 #include "models/KernoModel.h"
-#include "project/KRNFile.h"
-#include "service/DataHelper.h"
-#include "service/IdManager.h"
-#include "service/LinkTimings.h"
-#include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
 #include "undo/FileManipulationCommand.h"
 #include "undo/HighlightCommands.h"
 #include "undo/KernoCommands.h"
-#include "undo/UndoManager.h"
 
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <functional>
 
@@ -83,60 +75,22 @@ private slots:
     void manyHighlightsAreOneMutation();
 
 private:
-    QStringList mutations();
-    void setAccess(const char* level);
+    UndoManager* undo() { return &m_project->undo; }
+    KRNFile* file() { return &m_project->file; }
+    QStringList mutations() { return m_project->mutations(); }
 
-    std::unique_ptr<ScriptedService> m_service;
-    std::unique_ptr<KRNFile> m_file;
-    std::unique_ptr<UndoManager> m_undo;
+    std::unique_ptr<ScriptedProject> m_project;
 };
 
 void tst_UndoManager::init() {
-    m_service = std::make_unique<ScriptedService>();
-    for (const char* word :
-         {"kerno", "highlight", "memo", "group", "sourceMetadataKey", "sourceMetadataValue"}) {
-        const QString operation = text(word) + text("MaxId");
-        m_service->on(operation,
-                      [operation, last = 0](ScriptedClient& client, const ScriptedRequest& request) mutable {
-                          client.reply(request, {{operation, ++last}});
-                      });
-    }
-    LinkTimings timings;
-    timings.reconnect = 50;
-    m_file = std::make_unique<KRNFile>(timings, ProjectTimings{0, 0});
-    m_file->initModels();
-    m_undo = std::make_unique<UndoManager>(m_file.get());
-    QVERIFY(m_file->dataHelper()->openProject({{text("name"), text("/data/a.krn")}}));
-    IdManager::instance()->init(false, m_file->dataHelper());
-    m_service->forgetRequests();
+    m_project = std::make_unique<ScriptedProject>();
+    QVERIFY(m_project->isOpen);
 }
 
 void tst_UndoManager::cleanup() {
-    IdManager::instance()->init(false, nullptr);
-    m_undo.reset();
-    m_file.reset();
-    m_service.reset();
+    m_project.reset();
     QCOMPARE(CountingCommand::alive, 0);
     CountingCommand::done = 0;
-}
-
-/// The operations of all mutations since the start or the last call, in order.
-QStringList tst_UndoManager::mutations() {
-    m_file->highlightIds();
-    static const QRegularExpression mutation(text("^mutation\\{(\\w+)"));
-    QStringList operations;
-    for (const QString& request : m_service->requestTexts()) {
-        const QRegularExpressionMatch match = mutation.match(request);
-        if (match.hasMatch())
-            operations << match.captured(1);
-    }
-    m_service->forgetRequests();
-    return operations;
-}
-
-void tst_UndoManager::setAccess(const char* level) {
-    m_service->push({{text("access_privilege"), text(level)}});
-    QVERIFY(waitFor([&] { return m_file->dataHelper()->access() == text(level); }));
 }
 
 void tst_UndoManager::anInvalidPartMakesTheWholeInvalid() {
@@ -148,10 +102,10 @@ void tst_UndoManager::anInvalidPartMakesTheWholeInvalid() {
     QVERIFY(whole->isValid());
     deep->invalidate();
     QVERIFY(!whole->isValid());
-    QVERIFY(!m_undo->push(whole));
+    QVERIFY(!undo()->push(whole));
     QCOMPARE(CountingCommand::alive, 0);
     QCOMPARE(CountingCommand::done, 0);
-    QCOMPARE(m_undo->count(), 0);
+    QCOMPARE(undo()->count(), 0);
 }
 
 void tst_UndoManager::aReaderLeavesNoStep_data() {
@@ -167,56 +121,56 @@ void tst_UndoManager::aReaderLeavesNoStep_data() {
 
 void tst_UndoManager::aReaderLeavesNoStep() {
     QFETCH(Operation, operation);
-    setAccess("read");
-    QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
+    QVERIFY(m_project->setAccess(text("read")));
+    QSignalSpy told(file(), &KRNFile::notifyUser);
     mutations();
-    operation(*m_undo);
-    QCOMPARE(m_undo->count(), 0);
-    QVERIFY(!m_undo->canUndo());
+    operation(m_project->undo);
+    QCOMPARE(undo()->count(), 0);
+    QVERIFY(!undo()->canUndo());
     QCOMPARE(mutations(), QStringList());
     QCoreApplication::processEvents();
     QCOMPARE(told.count(), 1);
 }
 
 void tst_UndoManager::aStepOfAFormerWriterStays() {
-    m_undo->addKerno({{text("title"), text("x")}});
-    m_undo->addKerno({{text("title"), text("y")}});
-    m_undo->undo();
+    undo()->addKerno({{text("title"), text("x")}});
+    undo()->addKerno({{text("title"), text("y")}});
+    undo()->undo();
     mutations();
-    setAccess("read");
-    m_undo->undo();
-    m_undo->redo();
-    QCOMPARE(m_undo->index(), 1);
-    QCOMPARE(m_undo->count(), 2);
+    QVERIFY(m_project->setAccess(text("read")));
+    undo()->undo();
+    undo()->redo();
+    QCOMPARE(undo()->index(), 1);
+    QCOMPARE(undo()->count(), 2);
     QCOMPARE(mutations(), QStringList());
 }
 
 void tst_UndoManager::aClosedProjectLeavesNoStep() {
-    QVERIFY(m_file->dataHelper()->closeProject());
-    QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
-    m_undo->addKerno({{text("title"), text("x")}});
-    m_undo->addHighlight(highlight(0, 4));
-    QCOMPARE(m_undo->count(), 0);
+    QVERIFY(file()->dataHelper()->closeProject());
+    QSignalSpy told(file(), &KRNFile::notifyUser);
+    undo()->addKerno({{text("title"), text("x")}});
+    undo()->addHighlight(highlight(0, 4));
+    QCOMPARE(undo()->count(), 0);
     QCOMPARE(told.count(), 0);
 }
 
 void tst_UndoManager::aLostLinkLeavesNoStep() {
-    m_undo->addKerno({{text("title"), text("x")}});
-    m_service->setRefusing(true);
-    m_service->abortAll();
-    QVERIFY(waitFor([&] { return !m_file->dataHelper()->isConnected(); }));
-    m_undo->addKerno({{text("title"), text("y")}});
-    m_undo->undo();
-    QCOMPARE(m_undo->count(), 1);
-    QCOMPARE(m_undo->index(), 1);
+    undo()->addKerno({{text("title"), text("x")}});
+    m_project->service.setRefusing(true);
+    m_project->service.abortAll();
+    QVERIFY(waitFor([&] { return !file()->dataHelper()->isConnected(); }));
+    undo()->addKerno({{text("title"), text("y")}});
+    undo()->undo();
+    QCOMPARE(undo()->count(), 1);
+    QCOMPARE(undo()->index(), 1);
 }
 
 void tst_UndoManager::anEmptyStackIsSilent() {
-    QSignalSpy canUndo(m_undo.get(), &UndoManager::canUndoChanged);
-    QSignalSpy canRedo(m_undo.get(), &UndoManager::canRedoChanged);
-    QSignalSpy index(m_undo.get(), &UndoManager::indexChanged);
-    m_undo->undo();
-    m_undo->redo();
+    QSignalSpy canUndo(undo(), &UndoManager::canUndoChanged);
+    QSignalSpy canRedo(undo(), &UndoManager::canRedoChanged);
+    QSignalSpy index(undo(), &UndoManager::indexChanged);
+    undo()->undo();
+    undo()->redo();
     QCOMPARE(canUndo.count() + canRedo.count() + index.count(), 0);
 }
 
@@ -243,65 +197,65 @@ void tst_UndoManager::operationsEndAlike_data() {
 
 void tst_UndoManager::operationsEndAlike() {
     QFETCH(Operation, operation);
-    QSignalSpy canUndo(m_undo.get(), &UndoManager::canUndoChanged);
-    QSignalSpy canRedo(m_undo.get(), &UndoManager::canRedoChanged);
-    operation(*m_undo);
+    QSignalSpy canUndo(undo(), &UndoManager::canUndoChanged);
+    QSignalSpy canRedo(undo(), &UndoManager::canRedoChanged);
+    operation(m_project->undo);
     QTEST(canUndo.count(), "told");
     QTEST(canRedo.count(), "told");
-    QCOMPARE(m_undo->count(), 0);
+    QCOMPARE(undo()->count(), 0);
 }
 
 void tst_UndoManager::codingIntoANewKernoIsOneStep() {
-    m_undo->addHighlightToNewKerno(highlight(0, 4), kerno(5));
+    undo()->addHighlightToNewKerno(highlight(0, 4), kerno(5));
     QCOMPARE(mutations(), (QStringList{text("kernoCreateOrUpdate"), text("highlightCreateOrUpdate")}));
-    QCOMPARE(m_undo->count(), 1);
-    QCOMPARE(m_undo->undoText(), text("Code into new Kerno."));
-    m_undo->undo();
+    QCOMPARE(undo()->count(), 1);
+    QCOMPARE(undo()->undoText(), text("Code into new Kerno."));
+    undo()->undo();
     QCOMPARE(mutations(), (QStringList{text("highlightRemove"), text("kernoRemove")}));
-    QCOMPARE(m_undo->redoText(), text("Code into new Kerno."));
+    QCOMPARE(undo()->redoText(), text("Code into new Kerno."));
 
-    m_undo->addHighlightToNewKerno(Highlight(), kerno(6));
+    undo()->addHighlightToNewKerno(Highlight(), kerno(6));
     QCOMPARE(mutations(), QStringList{text("kernoCreateOrUpdate")});
-    QCOMPARE(m_undo->count(), 1);
+    QCOMPARE(undo()->count(), 1);
 }
 
 void tst_UndoManager::codingIntoANewKernoThatIsRefused() {
-    setAccess("read");
+    QVERIFY(m_project->setAccess(text("read")));
     QTest::ignoreMessage(QtDebugMsg, "No pending commands. Ignoring macro: \"Code into new Kerno.\"");
-    m_undo->addHighlightToNewKerno(highlight(0, 4), kerno(5));
-    QCOMPARE(m_undo->count(), 0);
-    setAccess("write");
-    m_undo->addKerno({{text("title"), text("x")}});
-    QCOMPARE(m_undo->count(), 1);
+    undo()->addHighlightToNewKerno(highlight(0, 4), kerno(5));
+    QCOMPARE(undo()->count(), 0);
+    QVERIFY(m_project->setAccess(text("write")));
+    undo()->addKerno({{text("title"), text("x")}});
+    QCOMPARE(undo()->count(), 1);
 }
 
 void tst_UndoManager::whatIsPushedInAMacroIsOneStep() {
-    m_undo->beginMacro(text("Import"));
-    m_undo->endMacro();
-    QCOMPARE(m_undo->count(), 0);
+    undo()->beginMacro(text("Import"));
+    undo()->endMacro();
+    QCOMPARE(undo()->count(), 0);
 
-    m_undo->beginMacro(text("Import"));
-    QVERIFY(m_undo->push(new CountingCommand));
+    undo()->beginMacro(text("Import"));
+    QVERIFY(undo()->push(new CountingCommand));
     auto* invalid = new CountingCommand;
     invalid->invalidate();
-    QVERIFY(!m_undo->push(invalid));
-    QVERIFY(m_undo->push(new CountingCommand));
-    QVERIFY(!m_undo->canUndo());
-    m_undo->endMacro();
+    QVERIFY(!undo()->push(invalid));
+    QVERIFY(undo()->push(new CountingCommand));
+    QVERIFY(!undo()->canUndo());
+    undo()->endMacro();
     QCOMPARE(CountingCommand::done, 2);
-    QCOMPARE(m_undo->count(), 1);
-    QCOMPARE(m_undo->undoText(), text("Import"));
-    m_undo->undo();
+    QCOMPARE(undo()->count(), 1);
+    QCOMPARE(undo()->undoText(), text("Import"));
+    undo()->undo();
     QCOMPARE(CountingCommand::done, 0);
-    QVERIFY(m_undo->canRedo());
+    QVERIFY(undo()->canRedo());
 }
 
 void tst_UndoManager::aMacroEndsWithItsProject() {
-    m_undo->beginMacro(text("Import"));
-    QVERIFY(m_undo->push(new CountingCommand));
-    m_undo->clearStack();
-    m_undo->endMacro();
-    QCOMPARE(m_undo->count(), 0);
+    undo()->beginMacro(text("Import"));
+    QVERIFY(undo()->push(new CountingCommand));
+    undo()->clearStack();
+    undo()->endMacro();
+    QCOMPARE(undo()->count(), 0);
     QCOMPARE(CountingCommand::alive, 0);
 }
 
@@ -312,33 +266,33 @@ void tst_UndoManager::newKernosGoRoundThePalette() {
     QStringList colors;
     QList<Kerno> kernos;
     for (int count = 0; count < palette.size(); ++count) {
-        m_file->kernoModel()->setData(kernos);
-        colors << AddKernoCommand(kerno(-1), m_file.get()).record().color().name();
+        file()->kernoModel()->setData(kernos);
+        colors << AddKernoCommand(kerno(-1), file()).record().color().name();
         kernos.append(kerno(count + 1));
     }
     QCOMPARE(colors, palette);
     Kerno coloured = kerno(7);
     coloured.setColor(Qt::blue);
-    QCOMPARE(AddKernoCommand(coloured, m_file.get()).record().color(), QColor(Qt::blue));
+    QCOMPARE(AddKernoCommand(coloured, file()).record().color(), QColor(Qt::blue));
 }
 
 void tst_UndoManager::aParentBelowOneIsNone() {
-    QCOMPARE(AddKernoCommand(text("x"), 0, 1, 2, m_file.get()).record().parentKernoId(), -1);
-    QCOMPARE(AddKernoCommand(text("x"), 3, 1, 2, m_file.get()).record().parentKernoId(), 3);
+    QCOMPARE(AddKernoCommand(text("x"), 0, 1, 2, file()).record().parentKernoId(), -1);
+    QCOMPARE(AddKernoCommand(text("x"), 3, 1, 2, file()).record().parentKernoId(), 3);
 }
 
 void tst_UndoManager::manyHighlightsAreOneMutation() {
     QList<Highlight> highlights;
     for (int i = 0; i < 100; ++i)
         highlights.append(highlight(i, i + 1));
-    QVERIFY(m_undo->push(new BatchCreateHighlightsCommand(highlights, m_file.get())));
+    QVERIFY(undo()->push(new BatchCreateHighlightsCommand(highlights, file())));
     QCOMPARE(highlights.first().id(), -1);
     QCOMPARE(mutations(), QStringList{text("highlightBatchCreateOrUpdate")});
-    m_undo->undo();
+    undo()->undo();
     QCOMPARE(mutations(), QStringList{text("highlightBatchRemove")});
     highlights.last().setLength(0);
-    QVERIFY(!BatchCreateHighlightsCommand(highlights, m_file.get()).isValid());
-    QVERIFY(!BatchDeleteHighlightsCommand(highlights, m_file.get()).isValid());
+    QVERIFY(!BatchCreateHighlightsCommand(highlights, file()).isValid());
+    QVERIFY(!BatchDeleteHighlightsCommand(highlights, file()).isValid());
 }
 
 KERNOVA_TEST_MAIN(tst_UndoManager)

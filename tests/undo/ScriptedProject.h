@@ -1,0 +1,64 @@
+#pragma once
+
+#include "project/KRNFile.h"
+#include "service/DataHelper.h"
+#include "service/IdManager.h"
+#include "service/LinkTimings.h"
+#include "tests_support/ScriptedService.h"
+#include "tests_support/WaitFor.h"
+#include "undo/UndoManager.h"
+
+#include <QRegularExpression>
+
+/// A project that is open at a scripted service, which gives ids and else what it is told to, and the manager
+/// of its changes. The models stay as a test fills them: no notification comes.
+class ScriptedProject {
+public:
+    ScriptedProject() : file(quickTimings(), ProjectTimings{0, 0}), undo(&file) {
+        for (const char* word :
+             {"kerno", "source", "highlight", "memo", "question", "questionAnswer", "group", "groupKerno",
+              "sourceMetadata", "sourceMetadataKey", "sourceMetadataValue"}) {
+            const QString operation = QLatin1String(word) + QLatin1String("MaxId");
+            service.on(operation, [operation, last = 100](ScriptedClient& client,
+                                                          const ScriptedRequest& request) mutable {
+                client.reply(request, {{operation, ++last}});
+            });
+        }
+        file.initModels();
+        isOpen = file.dataHelper()->openProject({{QStringLiteral("name"), QStringLiteral("/data/a.krn")}});
+        IdManager::instance()->init(false, file.dataHelper());
+        service.forgetRequests();
+    }
+    ~ScriptedProject() { IdManager::instance()->init(false, nullptr); }
+
+    /// The operations of all mutations since the start or the last call, in order.
+    QStringList mutations() {
+        file.highlightIds();
+        static const QRegularExpression mutation(QStringLiteral("^mutation\\{(\\w+)"));
+        QStringList operations;
+        for (const QString& request : service.requestTexts()) {
+            const QRegularExpressionMatch match = mutation.match(request);
+            if (match.hasMatch())
+                operations << match.captured(1);
+        }
+        service.forgetRequests();
+        return operations;
+    }
+
+    bool setAccess(const QString& level) {
+        service.push({{QStringLiteral("access_privilege"), level}});
+        return waitFor([&] { return file.dataHelper()->access() == level; });
+    }
+
+    ScriptedService service;
+    KRNFile file;
+    UndoManager undo;
+    bool isOpen = false;
+
+private:
+    static LinkTimings quickTimings() {
+        LinkTimings timings;
+        timings.reconnect = 50;
+        return timings;
+    }
+};
