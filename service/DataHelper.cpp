@@ -71,9 +71,13 @@ bool DataHelper::mayWrite() {
     return canMutate(true);
 }
 
+ReplyBase DataHelper::ask(const QString& text) {
+    return m_connection->requests(text, 1).value(0);
+}
+
 QJsonObject DataHelper::read(const QString& text, Log log) {
     QMutexLocker locker(&m_mutex);
-    return mayRead(log) ? m_connection->request(text).data() : QJsonObject();
+    return mayRead(log) ? ask(text).data() : QJsonObject();
 }
 
 bool DataHelper::write(const QString& text, bool blocking) {
@@ -82,7 +86,7 @@ bool DataHelper::write(const QString& text, bool blocking) {
         return false;
     qDebug().noquote() << text;
     if (blocking)
-        return m_connection->request(text).errors().isEmpty();
+        return ask(text).errors().isEmpty();
     m_connection->send(text);
     return true;
 }

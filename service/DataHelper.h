@@ -215,6 +215,8 @@ private:
     void connectLinkSignals();
     bool mayRead(Log log);
     bool mayWrite();
+    /// The request's own reply; a null one when it didn't come in time, never that of the request before.
+    ReplyBase ask(const QString& text);
     QJsonObject read(const QString& text, Log log);
     bool write(const QString& text, bool blocking);
     void switchRegion(const QString& region);

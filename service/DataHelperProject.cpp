@@ -37,7 +37,7 @@ bool DataHelper::openProject(const QJsonObject& project) {
     if (!m_connection->isConnected() && !m_connection->connect(m_connection->isRemote()))
         return false;
 
-    const ReplyBase reply = m_connection->request(wire::openProject(name, uuid));
+    const ReplyBase reply = ask(wire::openProject(name, uuid));
     const QJsonObject opened = reply.data().value(wire::name::dbOpen).toObject();
     const QString status = opened.value(keyStatus).toString();
     const QString access = opened.value(keyAccess).toString();
@@ -71,7 +71,7 @@ bool DataHelper::closeProject() {
         forgetProject();
         return true;
     }
-    const ReplyBase reply = m_connection->request(wire::closeProject());
+    const ReplyBase reply = ask(wire::closeProject());
     const QJsonObject closed = reply.data().value(wire::name::dbClose).toObject();
     qDebug() << "DB CLOSE" << closed.value(keyStatus).toString();
     if (!answersForNoProject(closed))

@@ -65,6 +65,7 @@ private slots:
 
     void idsAreReservedAtTheService();
     void aReservationIsWholeOrEmpty();
+    void whatWasAskedBeforeIsNoAnswer();
 
 private:
     QStringList texts() const { return m_service->requestTexts(); }
@@ -429,6 +430,21 @@ void tst_DataHelper::aReservationIsWholeOrEmpty() {
     QCOMPARE(ids->maxMemoId(), 0);
     QCOMPARE(ids->nextIds(wire::Record::Memo, 3), QList<int>({4, 5, 6}));
     QCOMPARE(ids->nextMemoId(), 7);
+}
+
+void tst_DataHelper::whatWasAskedBeforeIsNoAnswer() {
+    LinkTimings timings = calmTimings();
+    timings.request = 300;
+    m_helper = std::make_unique<DataHelper>(timings);
+    QVERIFY(m_helper->openProject(m_project));
+    const QString key = QStringLiteral("highlightOverlapCount");
+    const auto asked = std::make_shared<int>(0);
+    m_service->on(key, [asked, key](ScriptedClient& client, const ScriptedRequest& request) {
+        if (++*asked == 1)
+            client.reply(request, {{key, 5}});
+    });
+    QCOMPARE(m_helper->queryInt(wire::highlightOverlapCount(1, 2), key), 5);
+    QCOMPARE(m_helper->queryInt(wire::highlightOverlapCount(1, 3), key), 0);
 }
 
 KERNOVA_TEST_MAIN(tst_DataHelper)
