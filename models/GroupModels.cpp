@@ -5,17 +5,6 @@
 
 #include <QMutexLocker>
 
-namespace {
-
-template <typename Rows> QList<KernoGroup> linksIn(const Rows& rows) {
-    QList<KernoGroup> list;
-    for (const auto* row : rows)
-        list.append(*row);
-    return list;
-}
-
-}  // namespace
-
 GroupModel::GroupModel(DataHelper* helper, QObject* parent) : IModelList(helper, parent) {}
 
 QVariant GroupModel::data(const QModelIndex& index, int role) const {
@@ -67,12 +56,12 @@ KernoGroupModel::KernoGroupModel(DataHelper* helper, QObject* parent)
 
 QList<KernoGroup> KernoGroupModel::linksOfKerno(int kernoId) const {
     const QMutexLocker lock(&m_mutex);
-    return linksIn(m_byKerno.rows(kernoId));
+    return m_byKerno.records(kernoId);
 }
 
 QList<KernoGroup> KernoGroupModel::linksOfGroup(int groupId) const {
     const QMutexLocker lock(&m_mutex);
-    return linksIn(m_byGroup.rows(groupId));
+    return m_byGroup.records(groupId);
 }
 
 int KernoGroupModel::countOfGroup(int groupId) const {

@@ -9,13 +9,8 @@ template class PassageModel<Highlight, HighlightField>;
 
 HighlightsModel::HighlightsModel(TextGeometry* textEdit, DataHelper* helper, QObject* parent)
     : PassageModel(textEdit, helper, parent) {
-    connect(this, &HighlightsModel::dataFetched, this, &HighlightsModel::doReloadData);
-    connect(reloadTrigger(), &QTimer::timeout, this, &HighlightsModel::reload);
-    if (textEdit) {
-        connect(textEdit->item(), SIGNAL(contentSizeChanged()), this, SLOT(delayedUpdatePositions()));
-        connect(textEdit->item(), SIGNAL(readOnlyChanged(bool)), this, SLOT(updateReadOnly(bool)));
-    }
-    ProjectEvents* events = project();
+    connectShared(this);
+    const ProjectEvents* events = project();
     if (!events)
         return;
     connect(events, &ProjectEvents::highlightSaved, this, &HighlightsModel::onHighlightSaved);
@@ -24,12 +19,6 @@ HighlightsModel::HighlightsModel(TextGeometry* textEdit, DataHelper* helper, QOb
     connect(events, &ProjectEvents::batchHighlightDeleted, this, &HighlightsModel::onBatchHighlightChanged);
     if (KernoModel* kernos = events->kernoModel())
         connect(kernos, &KernoModel::kernoColorChanged, this, &HighlightsModel::kernoColorChanged);
-    if (BatchOperationManager* batches = events->batchOperationManager()) {
-        connect(batches, &BatchOperationManager::editAnswerFinished, this, &HighlightsModel::maybeReloadData);
-        connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, this,
-                &HighlightsModel::maybeReloadData);
-        connect(batches, &BatchOperationManager::batchUpdateKernosFinished, this, &HighlightsModel::reload);
-    }
 }
 
 QVariant HighlightsModel::data(const QModelIndex& index, int role) const {

@@ -136,10 +136,7 @@ bool KernoModel::canReparent(int kernoId, int newParentId) const {
 
 QList<Kerno> KernoModel::childrenOf(int parentId) const {
     const QMutexLocker lock(&m_mutex);
-    QList<Kerno> children;
-    for (const Row* row : m_byParent.rows(parentId))
-        children.append(*row);
-    return children;
+    return m_byParent.records(parentId);
 }
 
 QList<int> KernoModel::childIdsOf(int parentId) const {

@@ -22,10 +22,7 @@ KernoShortcutKeyModel::KernoShortcutKeyModel(DataHelper* helper, QObject* parent
 
 QList<KernoShortcutKey> KernoShortcutKeyModel::keysOfKerno(int kernoId) const {
     const QMutexLocker lock(&m_mutex);
-    QList<KernoShortcutKey> keys;
-    for (const Row* row : m_byKerno.rows(kernoId))
-        keys.append(*row);
-    return keys;
+    return m_byKerno.records(kernoId);
 }
 
 KernoShortcutKeyProxyModel::KernoShortcutKeyProxyModel(QObject* parent)

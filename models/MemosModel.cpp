@@ -7,25 +7,14 @@ template class PassageModel<Memo, MemoField>;
 
 MemosModel::MemosModel(TextGeometry* textEdit, DataHelper* helper, QObject* parent)
     : PassageModel(textEdit, helper, parent) {
-    connect(this, &MemosModel::dataFetched, this, &MemosModel::doReloadData);
-    connect(reloadTrigger(), &QTimer::timeout, this, &MemosModel::reload);
-    if (textEdit) {
-        connect(textEdit->item(), SIGNAL(contentSizeChanged()), this, SLOT(delayedUpdatePositions()));
-        connect(textEdit->item(), SIGNAL(readOnlyChanged(bool)), this, SLOT(updateReadOnly(bool)));
-    }
-    ProjectEvents* events = project();
+    connectShared(this);
+    const ProjectEvents* events = project();
     if (!events)
         return;
     connect(events, &ProjectEvents::memoSaved, this, &MemosModel::onMemoSaved);
     connect(events, &ProjectEvents::memoDeleted, this, &MemosModel::onMemoDeleted);
     connect(events, &ProjectEvents::batchMemoSaved, this, &MemosModel::onBatchMemoChanged);
     connect(events, &ProjectEvents::batchMemoDeleted, this, &MemosModel::onBatchMemoChanged);
-    if (BatchOperationManager* batches = events->batchOperationManager()) {
-        connect(batches, &BatchOperationManager::editAnswerFinished, this, &MemosModel::maybeReloadData);
-        connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, this,
-                &MemosModel::maybeReloadData);
-        connect(batches, &BatchOperationManager::batchUpdateKernosFinished, this, &MemosModel::reload);
-    }
 }
 
 QHash<int, QByteArray> MemosModel::roleNames() const {

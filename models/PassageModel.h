@@ -34,6 +34,9 @@ public:
     void refreshAsync() override { fetchRows(); }
 
 protected:
+    /// Connects what all kinds of passages share; to be called by the constructor of `model`, which is this.
+    template <typename Model> void connectShared(Model* model);
+
     /// Fetches the rows anew, unless the text is editable or a bulk change of the answer runs.
     void fetchRows();
     /// Takes a list that was handed over for an editable text.

@@ -24,6 +24,25 @@ PassageModel<P, F>::PassageModel(TextGeometry* textEdit, DataHelper* helper, QOb
       m_reloadTrigger(new DelayedSignalTrigger(modelDelays().reload, this)),
       m_readOnly(textEdit && textEdit->isReadOnlyText()) {}
 
+template <typename P, typename F>
+template <typename Model>
+void PassageModel<P, F>::connectShared(Model* model) {
+    QObject::connect(model, &Model::dataFetched, model, &Model::doReloadData);
+    QObject::connect(m_reloadTrigger, &QTimer::timeout, model, &Model::reload);
+    if (m_item) {
+        QObject::connect(m_item, SIGNAL(contentSizeChanged()), model, SLOT(delayedUpdatePositions()));
+        QObject::connect(m_item, SIGNAL(readOnlyChanged(bool)), model, SLOT(updateReadOnly(bool)));
+    }
+    const BatchOperationManager* batches =
+        this->project() ? this->project()->batchOperationManager() : nullptr;
+    if (!batches)
+        return;
+    QObject::connect(batches, &BatchOperationManager::editAnswerFinished, model, &Model::maybeReloadData);
+    QObject::connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, model,
+                     &Model::maybeReloadData);
+    QObject::connect(batches, &BatchOperationManager::batchUpdateKernosFinished, model, &Model::reload);
+}
+
 template <typename P, typename F> void PassageModel<P, F>::setSourceId(int sourceId) {
     if (m_sourceId == sourceId)
         return;

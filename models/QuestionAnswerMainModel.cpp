@@ -25,10 +25,7 @@ QuestionAnswer QuestionAnswerMainModel::answer(int sourceId, int questionId) con
 
 QList<QuestionAnswer> QuestionAnswerMainModel::answers(int sourceId) const {
     const QMutexLocker lock(&m_mutex);
-    QList<QuestionAnswer> list;
-    for (const Row* row : m_bySource.rows(sourceId))
-        list.append(*row);
-    return list;
+    return m_bySource.records(sourceId);
 }
 
 QHash<int, int> QuestionAnswerMainModel::lengthsBySource() const {

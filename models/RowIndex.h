@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QVarLengthArray>
 #include <algorithm>
 
@@ -31,6 +32,14 @@ public:
         static const Rows none;
         const auto found = m_rows.constFind(key);
         return found == m_rows.constEnd() ? none : found.value();
+    }
+
+    /// Copies of the records of a key, in row order.
+    QList<T> records(const Key& key) const {
+        QList<T> list;
+        for (const ModelRow<T>* row : rows(key))
+            list.append(*row);
+        return list;
     }
 
     void add(ModelRow<T>* row) override {

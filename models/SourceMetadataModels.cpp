@@ -16,13 +16,6 @@ void refreshAfterBatch(IModelListBase* model, const ProjectEvents* project) {
                          &IModelListBase::refreshAsync);
 }
 
-template <typename Rows> QList<SourceMetadata> linksIn(const Rows& rows) {
-    QList<SourceMetadata> list;
-    for (const auto* row : rows)
-        list.append(*row);
-    return list;
-}
-
 }  // namespace
 
 SourceMetadataKeyModel::SourceMetadataKeyModel(DataHelper* helper, QObject* parent)
@@ -38,10 +31,7 @@ SourceMetadataValueModel::SourceMetadataValueModel(DataHelper* helper, QObject* 
 
 QList<SourceMetadataValue> SourceMetadataValueModel::valuesOfKey(int keyId) const {
     const QMutexLocker lock(&m_mutex);
-    QList<SourceMetadataValue> list;
-    for (const Row* row : m_byKeyId.rows(keyId))
-        list.append(*row);
-    return list;
+    return m_byKeyId.records(keyId);
 }
 
 QVariantList SourceMetadataValueModel::valueMapsOfKey(int keyId) const {
@@ -128,12 +118,12 @@ QList<SourceMetadata> SourceMetadataModel::links(int keyId, int sourceId) const 
 
 QList<SourceMetadata> SourceMetadataModel::linksOfValue(int valueId) const {
     const QMutexLocker lock(&m_mutex);
-    return linksIn(m_byValue.rows(valueId));
+    return m_byValue.records(valueId);
 }
 
 QList<SourceMetadata> SourceMetadataModel::linksOfSource(int sourceId) const {
     const QMutexLocker lock(&m_mutex);
-    return linksIn(m_bySource.rows(sourceId));
+    return m_bySource.records(sourceId);
 }
 
 bool SourceMetadataModel::hasLink(int keyId, int valueId, int sourceId) const {
