@@ -3,6 +3,7 @@
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
 #include "models/KernoModel.h"
+#include "models/KernovaQML.h"
 #include "project/KernoTree.h"
 #include "project/RecordMaps.h"
 #include "project/SortOrder.h"
@@ -15,9 +16,6 @@ namespace {
 
 const QString id = QStringLiteral("id");
 const QString parentId = QStringLiteral("parentKernoId");
-
-constexpr int orderManual = 0;
-constexpr int orderByNumberOfHighlights = 266;
 
 QSet<int> idSet(const QVariantList& ids) {
     QSet<int> set;
@@ -48,9 +46,9 @@ QVariantList KRNFile::kernoIds(const QVariant& parentKernoId, const QVariantList
                                int orderBy, int order) const {
     if (!isOpened())
         return manualSortOrder;
-    if (orderBy == orderByNumberOfHighlights)
+    if (orderBy == KernovaQML::KernoOrderByNumberOfHighlights)
         return {};  // the service knows no such order
-    if (orderBy == orderManual)
+    if (orderBy == KernovaQML::KernoOrderManual)
         return order::byManualOrder(kernoIds(parentKernoId), manualSortOrder);
     return kernotree::sortedIds(kernosForParent(parentKernoId.toInt()), orderBy, order != 0);
 }

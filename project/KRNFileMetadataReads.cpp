@@ -1,6 +1,7 @@
 #include "project/KRNFile.h"
 
 #include "models/GroupModel.h"
+#include "models/KernovaQML.h"
 #include "models/SourceMetadataKeyModel.h"
 #include "models/SourceMetadataValueModel.h"
 #include "project/RecordMaps.h"
@@ -12,28 +13,19 @@
 #include <QDebug>
 #include <algorithm>
 
-namespace {
-
-constexpr int orderNone = 0;
-constexpr int orderByName = 1;
-constexpr int orderAscending = 0;
-constexpr int orderDescending = 1;
-
-}  // namespace
-
 QVariantList KRNFile::metadataKeys() const {
-    return metadataKeys(orderNone, orderAscending);
+    return metadataKeys(KernovaQML::MetadataKeyOrderNone);
 }
 
 QVariantList KRNFile::metadataKeys(int orderBy) const {
-    return metadataKeys(orderBy, orderAscending);
+    return metadataKeys(orderBy, KernovaQML::OrderAscending);
 }
 
 QVariantList KRNFile::metadataKeys(int orderBy, int order) const {
     QVariantList keys = toMaps(m_dataHelper->findAll<SourceMetadataKey>());
-    if (orderBy == orderByName)
+    if (orderBy == KernovaQML::MetadataKeyOrderByName)
         keys = order::byMember(keys, QStringLiteral("key"));
-    if (order == orderDescending)
+    if (order == KernovaQML::OrderDescending)
         std::reverse(keys.begin(), keys.end());
     return keys;
 }
