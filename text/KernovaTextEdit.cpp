@@ -200,8 +200,6 @@ void KernovaTextEdit::setUnderline(int start, int end) {
     toggleUnderline(document(), start, end);
 }
 
-#include "moc_KernovaTextEdit.cpp"
-
 bool KernovaTextEdit::event(QEvent* event) {
     if (isReadOnly() && event->type() == QEvent::ShortcutOverride) {
         const auto* key = static_cast<QKeyEvent*>(event);
@@ -212,3 +210,5 @@ bool KernovaTextEdit::event(QEvent* event) {
     }
     return QQuickTextEdit::event(event);
 }
+
+#include "moc_KernovaTextEdit.cpp"
