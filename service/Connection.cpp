@@ -10,7 +10,7 @@
 #include <QSslError>
 
 Connection::Connection(const LinkTimings& timings, QObject* parent)
-    : QObject(parent), m_timings(timings), m_reconnectTimer(this), m_httpHandler(new HttpHandler),
+    : QObject(parent), m_timings(timings), m_reconnectTimer(this), m_thread(this), m_httpHandler(new HttpHandler),
       m_webSocketHandler(new WebSocketHandler(timings)),
       m_waiter(new Waiter(m_webSocketHandler, m_httpHandler, this)) {
     qRegisterMetaType<Message>();
@@ -38,6 +38,12 @@ Connection::~Connection() {
     m_thread.requestInterruption();
     m_thread.quit();
     m_thread.wait();
+}
+
+void Connection::NetworkThread::run() {
+    exec();
+    delete m_owner->m_webSocketHandler;
+    delete m_owner->m_httpHandler;
 }
 
 void Connection::connectHandlerSignals() {
@@ -94,8 +100,6 @@ void Connection::connectOwnSignals() {
     QObject::connect(this, &Connection::initHttp, m_httpHandler, &HttpHandler::init);
     QObject::connect(this, &Connection::httpPost, m_httpHandler, &HttpHandler::post);
     QObject::connect(this, &Connection::httpGet, m_httpHandler, &HttpHandler::get);
-    QObject::connect(&m_thread, &QThread::finished, m_webSocketHandler, &QObject::deleteLater);
-    QObject::connect(&m_thread, &QThread::finished, m_httpHandler, &QObject::deleteLater);
 }
 
 bool Connection::connect(bool remote) {

@@ -53,8 +53,8 @@ public:
     ReplyBase request(const QString& text);
 
     /// Sends the same request `count` times without waiting in between, and blocks the calling thread until
-    /// all replies have come, at most `LinkTimings::request`. They are in the order of the requests, with null
-    /// replies for those that didn't come in time; empty when the requests could not be sent.
+    /// all replies have come, at most `LinkTimings::request`. They are in the order of the requests, with
+    /// null replies for those that didn't come in time; empty when the requests could not be sent.
     QVector<ReplyBase> requests(const QString& text, int count);
 
     /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must
@@ -103,6 +103,19 @@ signals:
     void httpGet(QNetworkRequest req);
 
 private:
+    /// Deletes the handlers in their own thread when its event loop has ended. At the end of the program there
+    /// is no application object any more, so no event could tell them to go.
+    class NetworkThread : public QThread {
+    public:
+        explicit NetworkThread(Connection* owner) : m_owner(owner) {}
+
+    protected:
+        void run() override;
+
+    private:
+        Connection* m_owner;
+    };
+
     void connectHandlerSignals();
     void connectOwnSignals();
     void waitForLink(const QString& ticket);
@@ -124,7 +137,7 @@ private:
     QString m_accessToken;
     QString m_refreshToken;
     qint64 m_tokenTime = 0;  ///< seconds since the epoch
-    QThread m_thread;
+    NetworkThread m_thread;
     HttpHandler* m_httpHandler = nullptr;
     WebSocketHandler* m_webSocketHandler = nullptr;
     Waiter* m_waiter = nullptr;
