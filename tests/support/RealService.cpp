@@ -1,6 +1,9 @@
 #include "tests_support/RealService.h"
 
+#include "tests_support/ScriptedService.h"
+
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -20,6 +23,7 @@ RealService::RealService(const QByteArray& token) : m_token(token) {
 }
 
 RealService::~RealService() {
+    unshare();
     if (m_process.state() != QProcess::NotRunning)
         kill();
 }
@@ -44,6 +48,21 @@ bool RealService::start() {
         m_port = line.match(output).captured(1).toUShort();
     }
     return m_port != 0;
+}
+
+bool RealService::share() {
+    const QString shared = writeProgram(m_folder, QStringLiteral("shared"),
+                                        QStringLiteral("echo 'Port: %1'\nexec cat > /dev/null").arg(m_port));
+    if (m_port == 0 || shared.isEmpty())
+        return false;
+    if (m_formerProgram.isEmpty())
+        m_formerProgram = qgetenv("KERNOVA_SERVICE_PROGRAM");
+    return qputenv("KERNOVA_SERVICE_PROGRAM", QFile::encodeName(shared));
+}
+
+void RealService::unshare() {
+    if (!m_formerProgram.isEmpty())
+        qputenv("KERNOVA_SERVICE_PROGRAM", m_formerProgram);
 }
 
 QUrl RealService::socketUrl() const {

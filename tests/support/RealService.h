@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QProcess>
 #include <QString>
+#include <QTemporaryDir>
 #include <QUrl>
 
 /// The data service's executable, run for one test. Named by the environment variable
@@ -19,6 +20,10 @@ public:
     /// Starts it with "-local" and waits for its port line. False when it fails.
     bool start();
 
+    /// From now on, as long as this object lives, KERNOVA_SERVICE_PROGRAM names a program that prints this
+    /// service's port and ends when its input closes: all links of the test lead to the one service.
+    bool share();
+
     quint16 port() const { return m_port; }
     QUrl socketUrl() const;
     QUrl httpUrl(const QString& pathAndQuery) const;
@@ -33,8 +38,11 @@ public:
 
 private:
     int waitForEnd();
+    void unshare();
 
     QByteArray m_token;
     QProcess m_process;
     quint16 m_port = 0;
+    QTemporaryDir m_folder;
+    QByteArray m_formerProgram;  ///< what the environment named before `share`; empty when not shared
 };
