@@ -1,5 +1,6 @@
 #include "ScriptedProject.h"
 #include "models/KernoModel.h"
+#include "models/SourceModel.h"
 #include "tests_support/TestMain.h"
 #include "undo/FileManipulationCommand.h"
 #include "undo/HighlightCommands.h"
@@ -73,6 +74,7 @@ private slots:
     void newKernosGoRoundThePalette();
     void aParentBelowOneIsNone();
     void manyHighlightsAreOneMutation();
+    void whatGetsNoIdsLeavesNoStep();
 
 private:
     UndoManager* undo() { return &m_project->undo; }
@@ -293,6 +295,19 @@ void tst_UndoManager::manyHighlightsAreOneMutation() {
     highlights.last().setLength(0);
     QVERIFY(!BatchCreateHighlightsCommand(highlights, file()).isValid());
     QVERIFY(!BatchDeleteHighlightsCommand(highlights, file()).isValid());
+}
+
+// Part of them would be a step that can't be taken back whole.
+void tst_UndoManager::whatGetsNoIdsLeavesNoStep() {
+    file()->sourceModel()->setData(
+        {Source(1, text("First"), {}, {}, {}), Source(2, text("Second"), {}, {}, {})});
+    m_project->service.answer(text("questionAnswerMaxId"), 0);
+    m_project->service.answer(text("highlightMaxId"), 0);
+    mutations();
+    undo()->addQuestion(Question(-1, text("Why?"), 1));
+    QVERIFY(!undo()->push(new BatchCreateHighlightsCommand({highlight(0, 4), highlight(5, 9)}, file())));
+    QCOMPARE(undo()->count(), 0);
+    QCOMPARE(mutations(), QStringList());
 }
 
 KERNOVA_TEST_MAIN(tst_UndoManager)
