@@ -34,6 +34,7 @@ quint16 ScriptedServer::listen() {
 
 void ScriptedServer::onNewConnection() {
     QWebSocket* socket = m_server->nextPendingConnection();
+    socket->setParent(this);
     handshake = socket->request();
     m_clients << socket;
     connect(socket, &QWebSocket::textMessageReceived, this,
