@@ -30,3 +30,7 @@ if(KERNOVA_MOLD)
 elseif(KERNOVA_LLD)
     target_link_options(kernova_compiler INTERFACE -fuse-ld=lld)
 endif()
+
+# Test programs are compiled far more often than they run: their own code isn't optimised in any build.
+add_library(kernova_unoptimised INTERFACE)
+target_compile_options(kernova_unoptimised INTERFACE -O0)
