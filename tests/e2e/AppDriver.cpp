@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QPointer>
 #include <QQuickWindow>
 #include <QScreen>
 #include <QTest>
@@ -22,10 +23,12 @@ constexpr int pollMs = 10;
 constexpr int attemptMs = 50;
 constexpr int frameLimitMs = 2000;
 constexpr int focusLimitMs = 2000;
+constexpr int stillLimitMs = 2000;
 constexpr int dragSteps = 12;
 
 bool canBeClicked(const QQuickItem* item) {
-    return item->isVisible() && item->isEnabled() && item->opacity() > 0.01 && item->width() > 0 && item->height() > 0;
+    return item->isVisible() && item->isEnabled() && item->opacity() > 0.01 && item->width() > 0 &&
+           item->height() > 0;
 }
 
 bool reads(const QQuickItem* item, const QString& text) {
@@ -39,9 +42,10 @@ bool reads(const QQuickItem* item, const QString& text) {
     return false;
 }
 
-// Items that lie above others come first, as a person would hit them.
+// Items that lie above others come first, as a person would hit them. What fades out still takes the mouse
+// until nothing is left of it.
 QQuickItem* search(QQuickItem* root, const std::function<bool(QQuickItem*)>& matches) {
-    if (!root->isVisible() || root->opacity() < 0.01)
+    if (!root->isVisible() || root->opacity() <= 0)
         return nullptr;
     QList<QQuickItem*> children = root->childItems();
     std::stable_sort(children.begin(), children.end(),
@@ -63,14 +67,21 @@ void collect(QQuickItem* root, const QString& typeName, QList<QQuickItem*>& foun
         collect(child, typeName, found);
 }
 
+int areaOf(const QWindow* window) {
+    return window->width() * window->height();
+}
+
+// Menus and lists lie above the window that they belong to, and are smaller.
 QList<QQuickWindow*> shownWindows() {
     QList<QQuickWindow*> windows;
     const QWindowList all = QGuiApplication::allWindows();
     for (QWindow* window : all) {
         auto* quick = qobject_cast<QQuickWindow*>(window);
         if (quick && quick->isVisible())
-            windows.prepend(quick);
+            windows.append(quick);
     }
+    std::sort(windows.begin(), windows.end(),
+              [](const QWindow* a, const QWindow* b) { return areaOf(a) < areaOf(b); });
     return windows;
 }
 
@@ -87,20 +98,37 @@ QWidget* openDialog(const char* className) {
 void giveFocus(QWindow* window) {
     if (QGuiApplication::focusWindow() == window)
         return;
+    // The display refuses the focus to a window that it hasn't shown yet.
+    AppDriver::waitFor([window] { return window->isExposed(); }, focusLimitMs);
     window->requestActivate();
     AppDriver::waitFor([window] { return QGuiApplication::focusWindow() == window; }, focusLimitMs);
 }
 
-// Moves the pointer of the display, too: menus open where it is.
+// Moves the pointer of the display, too: menus open where it is. It arrives in two steps, as the first only
+// enters what lies there.
 void movePointer(QWindow* window, const QPoint& point) {
     QCursor::setPos(window->mapToGlobal(point));
+    QTest::mouseMove(window, point - QPoint(1, 0));
     QTest::mouseMove(window, point);
     QTest::qWait(pollMs);
+}
+
+// What one press of a key gives each: a letter beyond the basic plane is two units of the text.
+QStringList lettersOf(const QString& text) {
+    QStringList letters;
+    for (const QChar unit : text) {
+        if (unit.isLowSurrogate() && !letters.isEmpty())
+            letters.last().append(unit);
+        else
+            letters.append(unit);
+    }
+    return letters;
 }
 
 }  // namespace
 
 AppDriver::AppDriver(const QString& screenshotFolder) : m_folder(screenshotFolder) {
+    QDir(m_folder).removeRecursively();
     QDir().mkpath(m_folder);
 }
 
@@ -120,7 +148,8 @@ void AppDriver::settle() {
         return;
     // Counted in an object of its own: a frame drawn by the render thread may be reported after the wait.
     const auto frames = std::make_shared<int>(0);
-    const auto connection = QObject::connect(window, &QQuickWindow::frameSwapped, window, [frames] { ++*frames; });
+    const auto connection =
+        QObject::connect(window, &QQuickWindow::frameSwapped, window, [frames] { ++*frames; });
     for (int wanted = 1; wanted <= 2; ++wanted) {
         window->update();
         waitFor([&] { return *frames >= wanted; }, frameLimitMs);
@@ -130,10 +159,7 @@ void AppDriver::settle() {
 
 QQuickWindow* AppDriver::mainWindow() const {
     const QList<QQuickWindow*> windows = shownWindows();
-    const auto largest = std::max_element(windows.begin(), windows.end(), [](QQuickWindow* a, QQuickWindow* b) {
-        return a->width() * a->height() < b->width() * b->height();
-    });
-    return largest == windows.end() ? nullptr : *largest;
+    return windows.isEmpty() ? nullptr : windows.last();
 }
 
 QQuickItem* AppDriver::find(const std::function<bool(QQuickItem*)>& matches) const {
@@ -147,15 +173,19 @@ QQuickItem* AppDriver::find(const std::function<bool(QQuickItem*)>& matches) con
 
 QQuickItem* AppDriver::itemWithText(const QString& text, int milliseconds) {
     QQuickItem* found = nullptr;
-    waitFor([&] { return (found = find([&](QQuickItem* item) { return canBeClicked(item) && reads(item, text); })); },
-            milliseconds);
+    waitFor(
+        [&] {
+            return (found = find([&](QQuickItem* item) { return canBeClicked(item) && reads(item, text); }));
+        },
+        milliseconds);
     return found;
 }
 
 QQuickItem* AppDriver::itemNamed(const QString& objectName, int milliseconds) {
     QQuickItem* found = nullptr;
-    waitFor([&] { return (found = find([&](QQuickItem* item) { return item->objectName() == objectName; })); },
-            milliseconds);
+    waitFor(
+        [&] { return (found = find([&](QQuickItem* item) { return item->objectName() == objectName; })); },
+        milliseconds);
     return found;
 }
 
@@ -200,7 +230,8 @@ void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toIt
     QQuickWindow* window = fromItem->window();
     const QPointF start = fromItem->mapToScene(from);
     const QPointF end = toItem->mapToScene(to);
-    QTest::mouseMove(window, start.toPoint());
+    movePointer(window, start.toPoint());
+    settle();
     QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, start.toPoint());
     for (int step = 1; step <= dragSteps; ++step) {
         const QPointF point = start + (end - start) * step / dragSteps;
@@ -215,8 +246,9 @@ void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toIt
 
 void AppDriver::type(const QString& text) {
     QWindow* window = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : mainWindow();
-    for (const QChar c : text)
-        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, c, Qt::NoModifier);
+    const QStringList letters = lettersOf(text);
+    for (const QString& letter : letters)
+        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, letter, Qt::NoModifier);
     settle();
 }
 
@@ -237,14 +269,22 @@ bool AppDriver::fill(QQuickItem* field, const QString& text) {
     return true;
 }
 
-bool AppDriver::during(const std::function<void()>& action, const std::function<bool()>& answer, int milliseconds) {
+bool AppDriver::during(const std::function<void()>& action, const std::function<bool()>& answer,
+                       int milliseconds) {
     bool answered = false;
     QTimer attempts;
+    QDeadlineTimer deadline(milliseconds);
     QObject::connect(&attempts, &QTimer::timeout, [&] {
         attempts.stop();
         answered = answer();
-        if (!answered)
-            attempts.start();
+        if (answered)
+            return;
+        if (deadline.hasExpired() && QApplication::activeModalWidget()) {
+            // Nothing else would end the loop of a dialog that waits for an answer.
+            screenshot(QStringLiteral("unanswered"));
+            QApplication::activeModalWidget()->close();
+        }
+        attempts.start();
     });
     attempts.start(attemptMs);
     action();
@@ -252,18 +292,19 @@ bool AppDriver::during(const std::function<void()>& action, const std::function<
 }
 
 bool AppDriver::chooseFiles(const QStringList& paths) {
-    auto* dialog = qobject_cast<QFileDialog*>(openDialog("QFileDialog"));
+    const QPointer<QFileDialog> dialog = qobject_cast<QFileDialog*>(openDialog("QFileDialog"));
     auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
     if (!name)
         return false;
     QStringList quoted;
     for (const QString& path : paths)
         quoted << (paths.size() > 1 ? QStringLiteral("\"%1\"").arg(path) : path);
+    // Typing would open a list of proposals, which takes Return for itself.
     name->setFocus();
-    name->selectAll();
-    QTest::keyClicks(name, quoted.join(QLatin1Char(' ')));
+    name->setText(quoted.join(QLatin1Char(' ')));
     QTest::keyClick(name, Qt::Key_Return);
-    return true;
+    // A dialog that isn't ready for the keys stays, and is answered again.
+    return !dialog || !dialog->isVisible();
 }
 
 bool AppDriver::answerMessageBox(const QString& button) {
@@ -278,11 +319,23 @@ bool AppDriver::answerMessageBox(const QString& button) {
     return false;
 }
 
-QString AppDriver::screenshot(const QString& name) {
+QImage AppDriver::stillScreen() {
+    const auto grab = [] { return QGuiApplication::primaryScreen()->grabWindow(0).toImage(); };
+    QDeadlineTimer deadline(stillLimitMs);
     settle();
+    QImage before = grab();
+    for (;;) {
+        settle();
+        const QImage after = grab();
+        if (after == before || deadline.hasExpired())
+            return after;
+        before = after;
+    }
+}
+
+QString AppDriver::screenshot(const QString& name) {
     const QString path =
         QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name);
-    // The whole screen, so that menus and dialogs, which are windows of their own, are in the picture.
-    QGuiApplication::primaryScreen()->grabWindow(0).save(path);
+    stillScreen().save(path);
     return path;
 }

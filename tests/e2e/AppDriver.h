@@ -9,12 +9,13 @@
 class QQuickWindow;
 class QWidget;
 
-/// Drives the windows of the running application as a person does: with the mouse and the keys, on what is seen.
-/// Items are found by what a person reads on them, or by their object name. Everything runs on the main thread,
-/// and every wait is bounded.
+/// Drives the windows of the running application as a person does: with the mouse and the keys, on what is
+/// seen. Items are found by what a person reads on them, or by their object name. Everything runs on the main
+/// thread, and every wait is bounded.
 class AppDriver {
 public:
-    /// Screenshots go into `screenshotFolder`, numbered in the order in which they are taken.
+    /// Screenshots go into `screenshotFolder`, numbered in the order in which they are taken; what was there
+    /// goes.
     explicit AppDriver(const QString& screenshotFolder);
 
     /// Waits until `condition` holds; false after `milliseconds`.
@@ -23,8 +24,8 @@ public:
     /// Lets events be handled until the windows have drawn what changed.
     void settle();
 
-    /// The topmost visible and enabled item whose `text` (or `title`, or `placeholderText`) reads so; waits for it,
-    /// and gives null when it doesn't come.
+    /// The topmost visible and enabled item whose `text` (or `title`, or `placeholderText`) reads so; waits
+    /// for it, and gives null when it doesn't come.
     QQuickItem* itemWithText(const QString& text, int milliseconds = 15000);
 
     /// The visible item of that object name, or null.
@@ -51,23 +52,27 @@ public:
     /// Clicks into a field, replaces what it holds and types `text`.
     bool fill(QQuickItem* field, const QString& text);
 
-    /// Does `action`, and tries `answer` again and again until it gives true: for actions that open a dialog with an
-    /// event loop of its own. False when the answer never succeeded.
-    bool during(const std::function<void()>& action, const std::function<bool()>& answer, int milliseconds = 15000);
+    /// Does `action`, and tries `answer` again and again until it gives true: for actions that open a dialog
+    /// with an event loop of its own. False when the answer never succeeded.
+    bool during(const std::function<void()>& action, const std::function<bool()>& answer,
+                int milliseconds = 15000);
 
-    /// Answers the file dialog that is open with these files; false when none is open.
+    /// Answers the file dialog that is open with these files; false when none is open or it stays.
     bool chooseFiles(const QStringList& paths);
 
     /// Answers the message box that is open with the button that reads so; false when none is open.
     bool answerMessageBox(const QString& button);
 
-    /// Saves what the main window shows; the path of the picture.
+    /// Saves what is on the screen once nothing moves there any more; the path of the picture.
     QString screenshot(const QString& name);
 
     /// The visible window with the largest area.
     QQuickWindow* mainWindow() const;
 
 private:
+    /// The whole screen, so that menus and dialogs, which are windows of their own, are in the picture. What
+    /// still moves after a while is taken as it is.
+    QImage stillScreen();
     QQuickItem* find(const std::function<bool(QQuickItem*)>& matches) const;
 
     QString m_folder;

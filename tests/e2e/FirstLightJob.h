@@ -1,43 +1,24 @@
 #pragma once
 
-#include "AppDriver.h"
+#include "Job.h"
 
-#include <QString>
-
-/// The first job of every researcher, played in the running application: a new project, an interview, a kerno, a
-/// coded passage, undo and redo; and then, in a later run of the program, everything found again.
-class FirstLightJob {
+/// The first job of every researcher: a new project, an interview, a kerno, a coded passage, undo and redo;
+/// and then, in a later run of the program, everything found again.
+class FirstLightJob : public Job {
 public:
-    /// The project file and the screenshots go into `folder`; the interview is read from `sampleFile`.
-    FirstLightJob(AppDriver& driver, const QString& folder, const QString& sampleFile);
+    using Job::Job;
 
-    /// Plays the first run. Empty when all went well, else what went wrong.
-    QString code();
-
-    /// Plays the run after it: opens the project from the list of recent ones and compares what is there.
-    QString reopen();
+    bool play(const QString& run) override;
 
 private:
-    QString signIn();
-    QString createProject();
-    QString importSource();
-    QString readSource();
-    QString makeKerno();
-    QString codePassage();
-    QString undoAndRedo();
-    QString codeIntoNewKerno();
-    QString openRecent();
-    QString compareProject();
-
-    QQuickItem* answerText();
-    QQuickItem* bubble(const QString& title);
-    QString selectPassage(const QString& passage);
-    QString dragSelectionTo(QQuickItem* target);
-    int stripes();
-    QString awaitCodings(int count, const QString& title);
-    QString projectFile() const;
-
-    AppDriver& m_driver;
-    QString m_folder;
-    QString m_sampleFile;
+    bool code();
+    bool reopen();
+    bool importSource();
+    bool codePassage();
+    bool undoAndRedo();
+    bool codeIntoNewKerno();
+    bool openRecent();
+    bool compareProject();
+    bool selectPassage(const QString& passage);
+    bool awaitCodings(int count, const QString& title);
 };

@@ -1,25 +1,59 @@
-#include "AppDriver.h"
+#include "CanvasJob.h"
+#include "CodingJob.h"
 #include "FirstLightJob.h"
+#include "ProjectJob.h"
+#include "RescueJob.h"
 #include "app/KernovaApplication.h"
 #include "app/Session.h"
 #include "app/Startup.h"
 
-#include <QCommandLineParser>
 #include <QDir>
 #include <QProcess>
-#include <QQmlEngine>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <cstdio>
+#include <memory>
+#include <vector>
 
 namespace {
 
 constexpr int runLimitMs = 120000;
 
+// A job and its runs of the program; those of `killed` end by a kill, not by themselves.
+struct JobEntry {
+    const char* name;
+    QStringList runs;
+    QStringList killed;
+    std::unique_ptr<Job> (*make)(AppDriver&, Session&, const QString& folder);
+};
+
+template <typename Kind>
+std::unique_ptr<Job> make(AppDriver& driver, Session& session, const QString& folder) {
+    return std::make_unique<Kind>(driver, session, folder);
+}
+
+const std::vector<JobEntry>& jobs() {
+    static const std::vector<JobEntry> all{
+        {"first-light", {QStringLiteral("code"), QStringLiteral("reopen")}, {}, make<FirstLightJob>},
+        {"canvas", {QStringLiteral("arrange")}, {}, make<CanvasJob>},
+        {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
+        {"project", ProjectJob::runs(), {}, make<ProjectJob>},
+        {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
+    };
+    return all;
+}
+
+const JobEntry* jobNamed(const QString& name) {
+    for (const JobEntry& job : jobs()) {
+        if (name == QLatin1String(job.name))
+            return &job;
+    }
+    return nullptr;
+}
+
 QStringList unexpectedMessages;
 
-// Warnings of the screens are faults, whoever prints them. That the scene graph falls back to OpenGL where there is
-// no Direct3D is none.
+// Warnings of the screens are faults, whoever prints them. That the scene graph falls back to OpenGL where
+// there is no Direct3D is none.
 void collectMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtDebugMsg || type == QtInfoMsg || text.contains(QLatin1String("'d3d12'")))
         return;
@@ -27,14 +61,8 @@ void collectMessage(QtMsgType type, const QMessageLogContext&, const QString& te
     unexpectedMessages << text;
 }
 
-QString sampleFile() {
-    const QDir samples(qEnvironmentVariable("KERNOVA_SAMPLES", QStringLiteral(KERNOVA_SAMPLES_FOLDER)));
-    const QStringList files = samples.entryList({QStringLiteral("*.txt")}, QDir::Files, QDir::Name);
-    return files.isEmpty() ? QString() : samples.filePath(files.first());
-}
-
-// One run of the program, driven through one half of the job.
-int playRun(int& argc, char** argv, const QString& half, const QString& folder) {
+// One run of the program, driven through one part of the job.
+int playRun(int& argc, char** argv, const JobEntry& entry, const QString& run, const QString& folder) {
     startup::prepare();
     KernovaApplication application(argc, argv);
     KRNFile* const krnFile = startup::setUp();
@@ -44,44 +72,69 @@ int playRun(int& argc, char** argv, const QString& half, const QString& folder) 
         if (!session.load()) {
             failure = QStringLiteral("the screens do not load");
         } else {
-            AppDriver driver(folder + QStringLiteral("/screenshots-") + half);
-            FirstLightJob job(driver, folder, sampleFile());
-            failure = half == QLatin1String("code") ? job.code() : job.reopen();
-            if (!failure.isEmpty())
+            AppDriver driver(folder + QStringLiteral("/screenshots-") + run);
+            const std::unique_ptr<Job> job = entry.make(driver, session, folder);
+            if (!job->play(run)) {
+                failure = job->failure();
                 driver.screenshot(QStringLiteral("failed"));
+            }
         }
     }
     if (failure.isEmpty() && !unexpectedMessages.isEmpty())
         failure = QStringLiteral("%1 unexpected warning(s)").arg(unexpectedMessages.size());
     if (!failure.isEmpty())
-        std::fprintf(stderr, "%s: %s\n", qPrintable(half), qPrintable(failure));
+        std::fprintf(stderr, "%s: %s\n", qPrintable(run), qPrintable(failure));
     return failure.isEmpty() ? 0 : 1;
 }
 
-// Both runs, each a program of its own, with a home of their own.
-int playJob(const QString& program, const QString& folder) {
-    QDir().mkpath(folder);
+// The environment of a person of their own, who has never started the program.
+QProcessEnvironment freshHome(const QString& home) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString home = folder + QStringLiteral("/home");
     QDir(home).removeRecursively();
-    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+    for (const char* name :
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
         const QString path = home + QLatin1Char('/') + QString::fromLatin1(name).toLower();
         QDir().mkpath(path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         environment.insert(QString::fromLatin1(name), path);
     }
-    for (const QString& half : {QStringLiteral("code"), QStringLiteral("reopen")}) {
+    return environment;
+}
+
+// What an earlier play of a job left in the folder would be in the way; nothing else there is touched.
+void removeTraces(const QString& folder) {
+    QDir dir(folder);
+    const QStringList files = dir.entryList({QStringLiteral("*.krn"), QStringLiteral("*.krn.bak")}, QDir::Files);
+    for (const QString& file : files)
+        dir.remove(file);
+    const QStringList pictures = dir.entryList({QStringLiteral("screenshots-*")}, QDir::Dirs);
+    for (const QString& folderOfPictures : pictures)
+        QDir(dir.filePath(folderOfPictures)).removeRecursively();
+}
+
+// All runs, each a program of its own, with one home.
+int playJob(const QString& program, const JobEntry& job, const QString& folder) {
+    QDir().mkpath(folder);
+    removeTraces(folder);
+    const QProcessEnvironment environment = freshHome(folder + QStringLiteral("/home"));
+    for (const QString& name : job.runs) {
         QProcess run;
         run.setProcessEnvironment(environment);
         run.setProcessChannelMode(QProcess::ForwardedChannels);
-        run.start(program, {QStringLiteral("--run"), half, folder});
+        run.start(program, {QStringLiteral("--run"), QString::fromLatin1(job.name), name, folder});
         if (!run.waitForFinished(runLimitMs)) {
             run.kill();
             run.waitForFinished();
-            std::fprintf(stderr, "%s: the run does not end\n", qPrintable(half));
+            std::fprintf(stderr, "%s: the run does not end\n", qPrintable(name));
             return 1;
         }
-        if (run.exitStatus() != QProcess::NormalExit || run.exitCode() != 0)
+        const bool killed = run.exitStatus() == QProcess::CrashExit;
+        if (killed != job.killed.contains(name)) {
+            std::fprintf(stderr, "%s: the program %s\n", qPrintable(name),
+                         killed ? "crashes" : "ends by itself");
+            return 1;
+        }
+        if (!killed && run.exitCode() != 0)
             return 1;
     }
     std::printf("1 passed, 0 failed\n");
@@ -90,20 +143,27 @@ int playJob(const QString& program, const QString& folder) {
 
 }  // namespace
 
-// kernova_e2e --sample-job FOLDER     the whole job; leaves the project and the screenshots in FOLDER
-// kernova_e2e --run code|reopen FOLDER  one run of the program
-// kernova_e2e                         the whole job in a temporary folder
+// kernova_e2e --sample-job FOLDER     the first job; leaves the project and the screenshots in FOLDER
+// kernova_e2e --job NAME FOLDER       another job, in the same way
+// kernova_e2e --run NAME RUN FOLDER   one run of the program in it
+// kernova_e2e                         the first job in a temporary folder
 int main(int argc, char** argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QFile::decodeName(argv[i]);
-    if (arguments.value(0) == QLatin1String("--run")) {
-        qInstallMessageHandler(collectMessage);
-        return playRun(argc, argv, arguments.value(1), arguments.value(2));
-    }
     const QString program = QFile::decodeName(argv[0]);
-    if (arguments.value(0) == QLatin1String("--sample-job"))
-        return playJob(program, QDir(arguments.value(1)).absolutePath());
-    const QTemporaryDir folder;
-    return playJob(program, folder.path());
+    const QString mode = arguments.value(0);
+    const bool named = mode == QLatin1String("--run") || mode == QLatin1String("--job");
+    const JobEntry* job = named ? jobNamed(arguments.value(1)) : &jobs().front();
+    if (!job) {
+        std::fprintf(stderr, "There is no job of that name.\n");
+        return 2;
+    }
+    if (mode == QLatin1String("--run")) {
+        qInstallMessageHandler(collectMessage);
+        return playRun(argc, argv, *job, arguments.value(2), arguments.value(3));
+    }
+    const QTemporaryDir temporary;
+    const QString folder = named ? arguments.value(2) : arguments.value(1, temporary.path());
+    return playJob(program, *job, QDir(folder).absolutePath());
 }
