@@ -4,6 +4,13 @@
 
 #include <QFileInfo>
 
+namespace {
+
+constexpr int unusable = 400;
+constexpr int notFound = 404;
+
+}  // namespace
+
 ProjectMerger::ProjectMerger(DataHelper* helper, QObject* parent) : QObject(parent), m_helper(helper) {}
 
 const Project* ProjectMerger::load(const QJsonObject& identity) {
@@ -14,7 +21,7 @@ const Project* ProjectMerger::load(const QJsonObject& identity) {
     const Message message = m_helper->exportProjectJson(identity);
     const QJsonValue json = message.json.value(QLatin1String("project_json"));
     if (!message.status || !json.isObject()) {
-        m_lastError = message.message.isEmpty() ? tr("The project could not be read.") : message.message;
+        m_lastError = reasonOf(message, identity);
         return nullptr;
     }
     QJsonObject whole = identity;
@@ -22,6 +29,16 @@ const Project* ProjectMerger::load(const QJsonObject& identity) {
     m_scratch = std::make_unique<Project>(whole);
     m_scratchModified = modified;
     return m_scratch.get();
+}
+
+// The text of a refused request names the request, which tells nobody what to do.
+QString ProjectMerger::reasonOf(const Message& message, const QJsonObject& identity) {
+    const QString name = QFileInfo(identity.value(QLatin1String("name")).toString()).fileName();
+    if (message.statusCode == notFound)
+        return tr("There is no project \"%1\" any more.").arg(name);
+    if (message.statusCode == unusable)
+        return tr("\"%1\" is not a Kernova project, or it is damaged.").arg(name);
+    return message.message.isEmpty() ? tr("The project could not be read.") : message.message;
 }
 
 bool ProjectMerger::tryProjectPassword(const QJsonObject& project, const QString& password) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 class DataHelper;
+struct Message;
 
 /// Looks into projects that aren't open: the context object `projectMerger`. Every operation that has to read
 /// a project asks the service for all of it and waits, on the main thread; one that can't be read gives
@@ -33,6 +34,8 @@ private:
     /// The project in the scratch slot, read from the service unless it is there already and its file has
     /// stayed as it was; null when it can't be read.
     const Project* load(const QJsonObject& identity);
+
+    static QString reasonOf(const Message& message, const QJsonObject& identity);
 
     DataHelper* m_helper;
     std::unique_ptr<Project> m_scratch;
