@@ -12,6 +12,10 @@ constexpr int flags = QT_VERSION_CHECK(5, 9, 4);
 
 KernovaApplication::KernovaApplication(int& argc, char** argv) : QApplication(argc, argv, flags) {}
 
+KernovaApplication::~KernovaApplication() {
+    sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 bool KernovaApplication::event(QEvent* event) {
     if (event->type() == QEvent::FileOpen && m_appHelper)
         m_appHelper->setUserInvokedFile(static_cast<QFileOpenEvent*>(event)->file());

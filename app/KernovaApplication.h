@@ -10,6 +10,8 @@ class KernovaApplication : public QApplication {
 
 public:
     KernovaApplication(int& argc, char** argv);
+    /// Deletes what is still to be deleted later: items of closed screens need the application in their end.
+    ~KernovaApplication() override;
 
     /// `appHelper` isn't owned; null, as at the start, when there is none.
     void setAppHelper(AppHelper* appHelper) { m_appHelper = appHelper; }
