@@ -10,6 +10,7 @@ CentralManagerState {
 
     // A link that falls this soon after a project was opened reopens it.
     readonly property int __reopenWindow: 60000
+    property int __openedMemoId: -1
 
     Settings {
         property alias darkTheme: root.darkTheme
@@ -114,8 +115,10 @@ CentralManagerState {
     onNotifyCurrentSourceChanged: currentSourceId = sourceId
 
     onNotifyMemoAdded: {
-        // A memo that someone else has made opens nothing.
-        if (memoId === idManager.maxMemoId()) {
+        // A memo that someone else has made opens nothing, and one's own only once: what is written into it later
+        // must not take the focus from where its author has gone.
+        if (memoId === idManager.maxMemoId() && memoId !== __openedMemoId) {
+            __openedMemoId = memoId
             showMemosPanel = true
             currentMemoId = memoId
         }
@@ -200,6 +203,7 @@ CentralManagerState {
         function onIsOpenedChanged() {
             undoManager.clearStack()
             root.switchToDefaultView()
+            root.__openedMemoId = -1
         }
 
         function onFileClosed() {

@@ -20,10 +20,12 @@ Item {
     signal removeRequested(int sourceId, string title)
 
     height: Math.min(Units.dp(700), maximumHeight)
-    y: out ? 0 : -height - Units.dp(4)
-    visible: y > -height
+    y: (__slide - 1) * (height + Units.dp(4))
+    visible: __slide > 0
 
-    Behavior on y { NumberAnimation { duration: 200 } }
+    // How far it is out, from 0 to 1. This is what moves, so that neither the start nor a new size makes it flash.
+    property real __slide: out ? 1 : 0
+    Behavior on __slide { NumberAnimation { duration: 200 } }
 
     SourceProxyModel { id: _model }
 

@@ -57,7 +57,7 @@ FocusScope {
     function goToQuestion(index) {
         var item = _answers.itemAt(index)
         if (item)
-            __scrollTo(item.y, true)
+            __scrollTo(item.y - _column.topPadding, true)
         _navigation.currentIndex = index
     }
 

@@ -53,8 +53,11 @@ DialogPanel {
             return
         properties.project = { name: path, project_uuid: "" }
         if (mode === modeOpen && !projectMerger.tryProjectPassword(properties.project, "")) {
-            message = qsTr("%1 is password protected.").arg(Utils.getFileName(path))
-            properties.passwordNeeded = true
+            // A project that can't be read takes no password either.
+            message = projectMerger.lastError()
+            properties.passwordNeeded = message === ""
+            if (properties.passwordNeeded)
+                message = qsTr("%1 is password protected.").arg(Utils.getFileName(path))
             return
         }
         __startOpening(mode === modeNew ? _newFields.password : "")

@@ -66,7 +66,10 @@ KernovaWindow {
                 width: _stack.currentItem === _mainScreen ? _mainScreen.leftColumnWidth : parent.width
                 enabled: !root.blocked
 
-                Behavior on width { NumberAnimation { duration: 50 } }
+                Behavior on width {
+                    enabled: root.visible
+                    NumberAnimation { duration: 50 }
+                }
             }
 
             StackView {
