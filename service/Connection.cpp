@@ -10,8 +10,8 @@
 #include <QSslError>
 
 Connection::Connection(const LinkTimings& timings, QObject* parent)
-    : QObject(parent), m_timings(timings), m_reconnectTimer(this), m_thread(this), m_httpHandler(new HttpHandler),
-      m_webSocketHandler(new WebSocketHandler(timings)),
+    : QObject(parent), m_timings(timings), m_reconnectTimer(this), m_thread(this),
+      m_httpHandler(new HttpHandler), m_webSocketHandler(new WebSocketHandler(timings)),
       m_waiter(new Waiter(m_webSocketHandler, m_httpHandler, this)) {
     qRegisterMetaType<Message>();
     // HTTP calls run on this thread and on the network thread; both would register these types at the same

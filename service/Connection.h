@@ -103,8 +103,8 @@ signals:
     void httpGet(QNetworkRequest req);
 
 private:
-    /// Deletes the handlers in their own thread when its event loop has ended. At the end of the program there
-    /// is no application object any more, so no event could tell them to go.
+    /// Deletes the handlers in their own thread when its event loop has ended. At the end of the program
+    /// there is no application object any more, so no event could tell them to go.
     class NetworkThread : public QThread {
     public:
         explicit NetworkThread(Connection* owner) : m_owner(owner) {}

@@ -11,8 +11,9 @@
 class HttpHandler;
 class WebSocketHandler;
 
-/// What a blocking call waits on: the caller sleeps with a bound on the time, and the network thread wakes it when
-/// what it expects has come. (A thread for each call, whose end the caller awaits, would cost most of a read's time.)
+/// What a blocking call waits on: the caller sleeps with a bound on the time, and the network thread wakes it
+/// when what it expects has come. (A thread for each call, whose end the caller awaits, would cost most of a
+/// read's time.)
 ///
 /// One call at a time: `expectReply`, `expectReplies` or `expectMessage`, then send, then `await...`. Callers
 /// of different threads exclude each other by the query layer's lock.

@@ -118,8 +118,9 @@ QVariantList MockSources::getSortModes() const {
 MockAnswers::MockAnswers(QObject* parent) : MockProxy(source(), QStringLiteral("sourceId"), parent) {}
 
 MockRows* MockAnswers::source() {
-    static MockRows rows({QStringLiteral("answerId"), QStringLiteral("questionId"), QStringLiteral("sourceId"),
-                          QStringLiteral("question"), QStringLiteral("answer"), QStringLiteral("isHtml")});
+    static MockRows rows({QStringLiteral("answerId"), QStringLiteral("questionId"),
+                          QStringLiteral("sourceId"), QStringLiteral("question"), QStringLiteral("answer"),
+                          QStringLiteral("isHtml")});
     return &rows;
 }
 

@@ -13,7 +13,9 @@ public:
     explicit MockRows(QObject* parent = nullptr) : QAbstractListModel(parent) {}
     explicit MockRows(const QStringList& roles) : m_roles(roles) {}
 
-    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_rows.size(); }
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : m_rows.size();
+    }
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
     int columns() const { return m_columns; }
@@ -36,7 +38,8 @@ private:
     int m_columns = 1;
 };
 
-/// Stands in for the program's proxies: the rows of one shared source whose `filterRoleName` equals `filterValue`.
+/// Stands in for the program's proxies: the rows of one shared source whose `filterRoleName` equals
+/// `filterValue`.
 class MockProxy : public QSortFilterProxyModel {
     Q_OBJECT
     Q_PROPERTY(int count READ count NOTIFY countChanged)
@@ -70,8 +73,14 @@ class MockKernos : public MockProxy {
 
 public:
     enum SortType {
-        NoSort = 0, ManualSort = 2, ByTitleAscending = 4, ByTitleDescending = 5, ByTimestampAscending = 8,
-        ByTimestampDescending = 9, ByNumberOfHighlightsAscending = 16, ByNumberOfHighlightsDescending = 17
+        NoSort = 0,
+        ManualSort = 2,
+        ByTitleAscending = 4,
+        ByTitleDescending = 5,
+        ByTimestampAscending = 8,
+        ByTimestampDescending = 9,
+        ByNumberOfHighlightsAscending = 16,
+        ByNumberOfHighlightsDescending = 17
     };
     Q_ENUM(SortType)
 

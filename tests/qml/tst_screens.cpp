@@ -23,7 +23,7 @@ void countMessages(QtMsgType type, const QMessageLogContext& context, const QStr
         testHandler(type, context, message);
 }
 
-}
+}  // namespace
 
 /// Registers the module's types and gives the engine stand-ins of the program's objects.
 class Setup : public QObject {
@@ -32,7 +32,8 @@ class Setup : public QObject {
 public:
     Setup() {
         const auto mock = [](const char* name) {
-            return QUrl::fromLocalFile(QStringLiteral(QUICK_TEST_SOURCE_DIR "/mock/%1.qml").arg(QLatin1String(name)));
+            return QUrl::fromLocalFile(
+                QStringLiteral(QUICK_TEST_SOURCE_DIR "/mock/%1.qml").arg(QLatin1String(name)));
         };
         qmlRegisterType<MockRows>("KernovaMock", 1, 0, "MockRows");
         qmlRegisterType(mock("KernovaTextEditBase"), "Kernova", 1, 2, "KernovaTextEditBase");
@@ -62,8 +63,9 @@ public slots:
             {QStringLiteral("projectMerger"), QStringLiteral("ProjectMerger")},
             {QStringLiteral("idManager"), QStringLiteral("IdManager")}};
         for (const auto& object : objects) {
-            QQmlComponent component(engine, QUrl::fromLocalFile(
-                QStringLiteral(QUICK_TEST_SOURCE_DIR "/mock/%1.qml").arg(object.second)));
+            QQmlComponent component(
+                engine,
+                QUrl::fromLocalFile(QStringLiteral(QUICK_TEST_SOURCE_DIR "/mock/%1.qml").arg(object.second)));
             QObject* created = component.create(context);
             if (!created)
                 qFatal("%s", qPrintable(component.errorString()));

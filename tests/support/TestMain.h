@@ -4,8 +4,8 @@
 #include <QGuiApplication>
 #include <QTest>
 
-/// What every test program needs: a home of its own under a temporary folder (HOME, XDG_*, TMPDIR), made before
-/// the application object, and a run that fails when Qt printed a warning that no test expected.
+/// What every test program needs: a home of its own under a temporary folder (HOME, XDG_*, TMPDIR), made
+/// before the application object, and a run that fails when Qt printed a warning that no test expected.
 class TestEnvironment {
 public:
     TestEnvironment();
@@ -29,12 +29,12 @@ template <typename Application, typename Test> int runTest(int argc, char** argv
     return environment.run(&test, QCoreApplication::arguments());
 }
 
-#define KERNOVA_TEST_MAIN(Test)                              \
-    int main(int argc, char** argv) {                        \
-        return runTest<QCoreApplication, Test>(argc, argv);  \
+#define KERNOVA_TEST_MAIN(Test)                             \
+    int main(int argc, char** argv) {                       \
+        return runTest<QCoreApplication, Test>(argc, argv); \
     }
 
-#define KERNOVA_GUI_TEST_MAIN(Test)                          \
-    int main(int argc, char** argv) {                        \
-        return runTest<QGuiApplication, Test>(argc, argv);   \
+#define KERNOVA_GUI_TEST_MAIN(Test)                        \
+    int main(int argc, char** argv) {                      \
+        return runTest<QGuiApplication, Test>(argc, argv); \
     }
