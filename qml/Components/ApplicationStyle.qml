@@ -29,6 +29,7 @@ QtObject {
     readonly property color dialog_highlight_color: dark ? "#888888" : "#dddddd"
     readonly property color listview_highlight_color: dark ? "#646464" : "#f0f0f0"
     readonly property color textfield_background_color: dark ? "#535361" : "#f0f0f0"
+    readonly property color error_text_color: dark ? "#ff6b60" : "#b00020"
     readonly property color border_color: "darkgrey"
     readonly property color link_color: "#fc8f00"
     readonly property color orrange_button_color: "#fc8f00"

@@ -36,6 +36,8 @@ ComboBox {
             color: ApplicationStyle.dialog_text_color_alternative
             font.pixelSize: ApplicationStyle.dialog_text_font_size_small
             verticalAlignment: Text.AlignVCenter
+            // The arrow stands there.
+            rightPadding: Units.dp(18)
             elide: Text.ElideRight
         }
         // The field of an editable box: what is behind it is the background above.

@@ -7,7 +7,7 @@ DialogPanel {
     id: root
 
     heading: qsTr("About Kernova %1").arg(appHelper.applicationVersion())
-    implicitWidth: Units.dp(640)
+    implicitWidth: Units.dp(800)
 
     Keys.onEscapePressed: dialogBase.close()
 

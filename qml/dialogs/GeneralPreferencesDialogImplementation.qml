@@ -10,9 +10,11 @@ DialogPanel {
     readonly property var __stripeColors: ["#DA6D06", "#114EA6", "#67D100", "#DA0097", "#CED300"]
 
     heading: qsTr("General Preferences")
-    implicitWidth: Units.dp(620)
+    implicitWidth: Units.dp(780)
 
     Keys.onEscapePressed: dialogBase.close()
+    Keys.onReturnPressed: save()
+    Keys.onEnterPressed: save()
 
     function save() {
         var keys = CentralManager.preferenceKeys
@@ -38,6 +40,7 @@ DialogPanel {
         StyledSlider {
             id: _fontSize
             Layout.preferredWidth: Units.dp(150)
+            focus: true
             minimumValue: 10
             maximumValue: 24
             stepSize: 1

@@ -35,6 +35,19 @@ DialogPanel {
         _author.selectAll()
     }
 
+    Keys.onEscapePressed: {
+        if (CentralManager.hasFileOpen)
+            dialogBase.close()
+    }
+
+    // What Return does: the step that the marked button stands for.
+    function __carryOn() {
+        if (mode === modeNew)
+            chooseFile()
+        else
+            open(_recentList.selectedPath)
+    }
+
     function validate() {
         _author.text = _author.text.trim()
         message = _author.text === "" ? qsTr("Author's name is required!")
@@ -45,6 +58,15 @@ DialogPanel {
     function chooseFile() {
         if (validate())
             properties.showFileDialog = true
+    }
+
+    // The button of the mode that is shown asks for a file, that of the other changes the mode.
+    function __choose(wantedMode) {
+        message = ""
+        if (mode === wantedMode)
+            chooseFile()
+        else
+            mode = wantedMode
     }
 
     // Opens the file, or makes it in new mode.
@@ -176,6 +198,7 @@ DialogPanel {
                 objectName: "author"
                 Layout.fillWidth: true
                 focus: true
+                onAccepted: root.__carryOn()
             }
         }
 
@@ -191,45 +214,16 @@ DialogPanel {
         visible: root.message !== ""
         text: root.message
         wrapMode: Text.Wrap
-        color: root.isOpening ? ApplicationStyle.dialog_text_color : ApplicationStyle.dark ? "#ff8a80" : "#b00020"
+        color: root.isOpening ? ApplicationStyle.dialog_text_color : ApplicationStyle.error_text_color
     }
 
-    RowLayout {
+    OpenButtons {
         Layout.topMargin: ApplicationStyle.default_margin
         visible: !root.properties.passwordNeeded
-        spacing: ApplicationStyle.default_margin
-
-        StyledButton {
-            visible: CentralManager.hasFileOpen
-            text: qsTr("Cancel")
-            onClicked: root.dialogBase.close()
-        }
-        StyledButton {
-            text: qsTr("Help")
-            onClicked: appHelper.goToWebsite()
-        }
-        Item { Layout.fillWidth: true }
-        StyledButton {
-            text: root.mode === root.modeOpen ? qsTr("Open Other...") : qsTr("Open Existing")
-            onClicked: {
-                root.message = ""
-                if (root.mode === root.modeOpen)
-                    root.chooseFile()
-                else
-                    root.mode = root.modeOpen
-            }
-        }
-        StyledButton {
-            primary: root.mode === root.modeNew
-            text: qsTr("New Project")
-            onClicked: {
-                root.message = ""
-                if (root.mode === root.modeNew)
-                    root.chooseFile()
-                else
-                    root.mode = root.modeNew
-            }
-        }
+        creating: root.mode === root.modeNew
+        onCancelled: root.dialogBase.close()
+        onExistingRequested: root.__choose(root.modeOpen)
+        onNewRequested: root.__choose(root.modeNew)
     }
 
     FileDialog {

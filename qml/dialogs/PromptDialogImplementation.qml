@@ -43,7 +43,7 @@ DialogPanel {
         Layout.fillWidth: true
         visible: text !== ""
         wrapMode: Text.Wrap
-        color: ApplicationStyle.dark ? "#ff8a80" : "#b00020"
+        color: ApplicationStyle.error_text_color
     }
     RowLayout {
         Layout.topMargin: ApplicationStyle.default_margin

@@ -57,10 +57,19 @@ QQuickItem* search(QQuickItem* root, const std::function<bool(QQuickItem*)>& mat
     return matches(root) ? root : nullptr;
 }
 
+// QML appends a number to the name of its type.
+bool isOfType(const QQuickItem* item, const QString& typeName) {
+    for (const QMetaObject* type = item->metaObject(); type; type = type->superClass()) {
+        if (QString::fromLatin1(type->className()).startsWith(typeName + QLatin1Char('_')))
+            return true;
+    }
+    return false;
+}
+
 void collect(QQuickItem* root, const QString& typeName, QList<QQuickItem*>& found) {
     if (!root->isVisible())
         return;
-    if (QString::fromLatin1(root->metaObject()->className()).startsWith(typeName))
+    if (isOfType(root, typeName))
         found.append(root);
     const QList<QQuickItem*> children = root->childItems();
     for (QQuickItem* child : children)
@@ -162,6 +171,13 @@ QQuickWindow* AppDriver::mainWindow() const {
     return windows.isEmpty() ? nullptr : windows.last();
 }
 
+QList<QQuickWindow*> AppDriver::popups() const {
+    QList<QQuickWindow*> windows = shownWindows();
+    if (!windows.isEmpty())
+        windows.removeLast();
+    return windows;
+}
+
 QQuickItem* AppDriver::find(const std::function<bool(QQuickItem*)>& matches) const {
     const QList<QQuickWindow*> windows = shownWindows();
     for (QQuickWindow* window : windows) {
@@ -255,8 +271,10 @@ void AppDriver::type(const QString& text) {
 void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
     if (!QGuiApplication::focusWindow())
         giveFocus(mainWindow());
-    QWindow* window = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : mainWindow();
-    QTest::keyClick(window, key, modifiers);
+    const QPointer<QWindow> window = QGuiApplication::focusWindow();
+    QTest::keyPress(window ? window.data() : mainWindow(), key, modifiers);
+    // A menu may be gone by then, and its window with it.
+    QTest::keyRelease(window ? window.data() : mainWindow(), key, modifiers);
     settle();
 }
 

@@ -31,7 +31,8 @@ public:
     /// The visible item of that object name, or null.
     QQuickItem* itemNamed(const QString& objectName, int milliseconds = 15000);
 
-    /// All visible items whose QML type begins with `typeName` (such as "CircleParentKerno").
+    /// All visible items of the QML type `typeName` (such as "CircleParentKerno"), or of one that is made of
+    /// it.
     QList<QQuickItem*> itemsOfType(const QString& typeName);
 
     /// Whether a visible item reads so now.
@@ -68,6 +69,8 @@ public:
 
     /// The visible window with the largest area.
     QQuickWindow* mainWindow() const;
+    /// The others: menus and lists that are open.
+    QList<QQuickWindow*> popups() const;
 
 private:
     /// The whole screen, so that menus and dialogs, which are windows of their own, are in the picture. What

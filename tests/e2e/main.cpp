@@ -1,6 +1,7 @@
 #include "CanvasJob.h"
 #include "CodingJob.h"
 #include "FirstLightJob.h"
+#include "LooksJob.h"
 #include "ProjectJob.h"
 #include "RescueJob.h"
 #include "app/KernovaApplication.h"
@@ -36,6 +37,7 @@ const std::vector<JobEntry>& jobs() {
         {"first-light", {QStringLiteral("code"), QStringLiteral("reopen")}, {}, make<FirstLightJob>},
         {"canvas", {QStringLiteral("arrange")}, {}, make<CanvasJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
+        {"looks", {QStringLiteral("look")}, {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
     };
@@ -52,10 +54,16 @@ const JobEntry* jobNamed(const QString& name) {
 
 QStringList unexpectedMessages;
 
-// Warnings of the screens are faults, whoever prints them. That the scene graph falls back to OpenGL where
-// there is no Direct3D is none.
+// What says nothing of the program: that the scene graph falls back to OpenGL where there is no Direct3D, and
+// that a display without a window manager won't give the focus to a window that isn't mapped yet.
+bool isNoFault(const QString& text) {
+    return text.contains(QLatin1String("'d3d12'")) ||
+           text.startsWith(QLatin1String("QXcbConnection: XCB error"));
+}
+
+// Warnings of the screens are faults, whoever prints them.
 void collectMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtDebugMsg || type == QtInfoMsg || text.contains(QLatin1String("'d3d12'")))
+    if (type == QtDebugMsg || type == QtInfoMsg || isNoFault(text))
         return;
     std::fprintf(stderr, "%s\n", qPrintable(text));
     unexpectedMessages << text;
@@ -104,7 +112,8 @@ QProcessEnvironment freshHome(const QString& home) {
 // What an earlier play of a job left in the folder would be in the way; nothing else there is touched.
 void removeTraces(const QString& folder) {
     QDir dir(folder);
-    const QStringList files = dir.entryList({QStringLiteral("*.krn"), QStringLiteral("*.krn.bak")}, QDir::Files);
+    const QStringList files =
+        dir.entryList({QStringLiteral("*.krn"), QStringLiteral("*.krn.bak")}, QDir::Files);
     for (const QString& file : files)
         dir.remove(file);
     const QStringList pictures = dir.entryList({QStringLiteral("screenshots-*")}, QDir::Dirs);

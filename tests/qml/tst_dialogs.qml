@@ -147,6 +147,15 @@ Item {
             compare(krnFile.calls[krnFile.calls.length - 2].arguments[2], "secret")
         }
 
+        function test_aFileThatCannotBeReadAsksForNoPassword() {
+            projectMerger.error = "It is damaged."
+            dialog.open("/p/a.krn")
+            projectMerger.error = ""
+            compare(dialog.message, "It is damaged.")
+            compare(dialog.properties.passwordNeeded, false)
+            compare(dialog.isOpening, false)
+        }
+
         function test_aFailureIsShown() {
             krnFile.openResult = false
             dialog.open("/p/a.krn")

@@ -18,11 +18,15 @@ KernovaWindow {
                ? " - " + CentralManager.currentProject.name : "")
     minimumWidth: 980
     minimumHeight: 680
-    width: Math.max(minimumWidth, Math.min(1440, Screen.desktopAvailableWidth * 0.9))
-    height: Math.max(minimumHeight, Math.min(900, Screen.desktopAvailableHeight * 0.9))
-    x: Screen.virtualX + (Screen.desktopAvailableWidth - width) / 2
-    y: Screen.virtualY + (Screen.desktopAvailableHeight - height) / 2
     color: ApplicationStyle.canvas_background_color
+
+    // Once: from then on the size and the place are the user's.
+    Component.onCompleted: {
+        width = Math.max(minimumWidth, Math.min(1440, Screen.desktopAvailableWidth * 0.9))
+        height = Math.max(minimumHeight, Math.min(900, Screen.desktopAvailableHeight * 0.9))
+        x = Screen.virtualX + (Screen.desktopAvailableWidth - width) / 2
+        y = Screen.virtualY + (Screen.desktopAvailableHeight - height) / 2
+    }
 
     onWindowClosing: close.accepted = CentralManager.reportOutputFolder === ""
 

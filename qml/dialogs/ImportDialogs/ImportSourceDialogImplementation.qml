@@ -27,6 +27,10 @@ DialogPanel {
     }
 
     Keys.onEscapePressed: dialogBase.close()
+    Keys.onReturnPressed: {
+        if (_import.enabled)
+            importNow()
+    }
 
     function __markersGiven() {
         return !structured || (_questionMarker.text !== "" && _answerMarker.text !== "")
@@ -140,7 +144,7 @@ DialogPanel {
         visible: root.message !== ""
         text: root.message
         wrapMode: Text.Wrap
-        color: ApplicationStyle.dark ? "#ff8a80" : "#b00020"
+        color: ApplicationStyle.error_text_color
     }
 
     RowLayout {
@@ -151,6 +155,7 @@ DialogPanel {
         Item { Layout.fillWidth: true }
         StyledButton { text: qsTr("Cancel"); onClicked: root.dialogBase.close() }
         StyledButton {
+            id: _import
             primary: true
             enabled: CentralManager.canMutate && root.items.length > 0
             text: qsTr("Import")

@@ -46,7 +46,7 @@ GridLayout {
         Layout.fillWidth: true
         visible: _protected.checked && (_password.text !== "" || _repeat.text !== "")
         text: root.passwordsMatch ? qsTr("Passwords match.") : qsTr("Passwords do not match.")
-        color: root.passwordsMatch ? ApplicationStyle.dialog_text_color_alternative : "red"
+        color: root.passwordsMatch ? ApplicationStyle.dialog_text_color_alternative : ApplicationStyle.error_text_color
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
     }
 

@@ -21,6 +21,8 @@ ColumnLayout {
         _password.forceActiveFocus()
     }
 
+    Keys.onEscapePressed: cancelled()
+
     onVisibleChanged: {
         if (visible)
             retry("")
@@ -53,7 +55,7 @@ ColumnLayout {
     DialogLabel {
         visible: root.error !== ""
         text: root.error
-        color: "#ff6b60"
+        color: ApplicationStyle.error_text_color
     }
 
     RowLayout {

@@ -1,0 +1,128 @@
+#include "LayoutCheck.h"
+
+#include <QHash>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <cmath>
+
+namespace layout {
+
+namespace {
+
+constexpr qreal leastContrast = 3.0;
+constexpr qreal leastContrastDisabled = 1.4;
+
+struct ShownText {
+    const QQuickItem* item;
+    QString text;
+    QRectF drawn;  ///< in the window
+};
+
+// What is drawn of an item after all that clips it.
+QRectF clipOf(const QQuickItem* item) {
+    QRectF clip(QPointF(), QSizeF(item->window()->size()));
+    for (const QQuickItem* parent = item->parentItem(); parent; parent = parent->parentItem()) {
+        if (parent->clip())
+            clip &= parent->mapRectToScene(parent->boundingRect());
+    }
+    return clip;
+}
+
+void collect(QQuickItem* item, QList<ShownText>& found) {
+    if (!item->isVisible() || item->opacity() < 0.1 ||
+        item->objectName() == QLatin1String("flickableContent"))
+        return;
+    const QString text = item->inherits("QQuickText") ? item->property("text").toString() : QString();
+    if (!text.trimmed().isEmpty()) {
+        const qreal width = std::min(item->property("paintedWidth").toReal(), 4096.0);
+        const qreal height = item->property("paintedHeight").toReal();
+        const int alignment = item->property("effectiveHorizontalAlignment").toInt();
+        const qreal x = alignment == Qt::AlignHCenter ? (item->width() - width) / 2
+                        : alignment == Qt::AlignRight ? item->width() - width
+                                                      : item->property("leftPadding").toReal();
+        const bool middle = item->property("verticalAlignment").toInt() == Qt::AlignVCenter;
+        const qreal y = middle ? (item->height() - height) / 2 : item->property("topPadding").toReal();
+        const QRectF drawn = item->mapRectToScene(QRectF(x, y, width, height));
+        if (drawn.intersects(clipOf(item)))
+            found.append({item, text, drawn});
+    }
+    const QList<QQuickItem*> children = item->childItems();
+    for (QQuickItem* child : children)
+        collect(child, found);
+}
+
+qreal luminance(QRgb color) {
+    const auto linear = [](int channel) {
+        const qreal value = channel / 255.0;
+        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
+}
+
+// The contrast of the text with the colour that most of its place has.
+qreal contrastIn(const QImage& picture, const QRect& place) {
+    QHash<QRgb, int> counts;
+    for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int x = place.left(); x <= place.right(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    QRgb background = 0;
+    int most = 0;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        if (it.value() > most) {
+            most = it.value();
+            background = it.key();
+        }
+    }
+    qreal best = 1;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+        best = std::max(best, contrast(it.key(), background));
+    return best;
+}
+
+bool isUsersOwn(const QString& text) {
+    return text.contains(QLatin1Char('/')) || text.contains(QLatin1String("very long"));
+}
+
+}  // namespace
+
+qreal contrast(QRgb a, QRgb b) {
+    const qreal first = luminance(a) + 0.05;
+    const qreal second = luminance(b) + 0.05;
+    return first > second ? first / second : second / first;
+}
+
+QStringList faults(QQuickItem* root, const QImage& picture) {
+    QList<ShownText> texts;
+    collect(root, texts);
+    QStringList found;
+    const auto tell = [&](const ShownText& text, const QString& what) {
+        found << QStringLiteral("\"%1\" %2").arg(text.text.left(40), what);
+    };
+    for (int i = 0; i < texts.size(); ++i) {
+        const ShownText& text = texts[i];
+        const QRectF clip = clipOf(text.item);
+        const QRect place = (text.drawn & clip).toAlignedRect() & picture.rect();
+        if (text.item->property("truncated").toBool() && !isUsersOwn(text.text))
+            tell(text, QStringLiteral("is cut"));
+        if (text.drawn.left() < clip.left() - 1 || text.drawn.right() > clip.right() + 1)
+            tell(text, QStringLiteral("reaches out of its frame"));
+        // A row that is scrolled out of its list in part shows too little to judge.
+        if (place.height() < text.drawn.height() - 1)
+            continue;
+        const qreal seen = contrastIn(picture, place);
+        const bool disabled = !text.item->isEnabled();
+        if (seen < (disabled ? leastContrastDisabled : leastContrast))
+            tell(text, QStringLiteral("has a contrast of %1%2")
+                           .arg(seen)
+                           .arg(disabled ? QStringLiteral(", disabled") : QString()));
+        for (int k = i + 1; k < texts.size(); ++k) {
+            const QRectF common = text.drawn & texts[k].drawn;
+            if (common.width() > 2 && common.height() > 3)
+                tell(text, QStringLiteral("lies upon \"%1\"").arg(texts[k].text.left(40)));
+        }
+    }
+    return found;
+}
+
+}  // namespace layout

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QImage>
+#include <QStringList>
+
+class QQuickItem;
+
+/// Whether what stands on a screen can be read.
+namespace layout {
+
+/// What can't be read in `root`, a line for each text that is cut without being one of the user's, that
+/// reaches out of the window or of what clips it, that lies upon another, or whose colour is too near to what
+/// is behind it. `picture` is what the window shows.
+QStringList faults(QQuickItem* root, const QImage& picture);
+
+/// The contrast of the two colours, from 1 to 21, as the eye takes it.
+qreal contrast(QRgb a, QRgb b);
+
+}  // namespace layout

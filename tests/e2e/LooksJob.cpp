@@ -1,0 +1,191 @@
+#include "LooksJob.h"
+
+#include "LayoutCheck.h"
+#include "app/Session.h"
+#include "project/KRNFile.h"
+#include "service/IdManager.h"
+
+#include <QColor>
+#include <QDir>
+#include <QQuickWindow>
+
+namespace {
+
+constexpr int kernoCount = 200;
+constexpr int sourceCount = 40;
+const QSize smallest(980, 680);
+const QSize wholeScreen(1920, 1080);
+const QString longTitle =
+    QStringLiteral("A very long title that somebody has pasted from elsewhere, and never shortened");
+
+QString kernoTitle(int number) {
+    return number == 1 ? longTitle : QStringLiteral("Theme %1").arg(number);
+}
+
+Highlight codingOf(const Kerno& kerno, int sourceId, int questionId, int start, int length) {
+    Highlight highlight;
+    highlight.setHighlightId(IdManager::instance()->nextHighlightId());
+    highlight.setKernoId(kerno.kernoId());
+    highlight.setColor(kerno.color());
+    highlight.setSourceId(sourceId);
+    highlight.setQuestionId(questionId);
+    highlight.setStart(start);
+    highlight.setLength(length);
+    return highlight;
+}
+
+}  // namespace
+
+bool LooksJob::play(const QString&) {
+    if (!signIn() || !makeLargeProject())
+        return false;
+    for (const bool dark : {true, false}) {
+        if (!chooseTheme(dark))
+            return false;
+        for (const QSize& size : {smallest, wholeScreen}) {
+            m_driver.mainWindow()->setGeometry(QRect(QPoint(0, 0), size));
+            m_look = QStringLiteral("%1-%2")
+                         .arg(dark ? QStringLiteral("dark") : QStringLiteral("light"))
+                         .arg(size.width());
+            if (!until([&] { return m_driver.mainWindow()->size() == size; },
+                       QStringLiteral("the window keeps its size")) ||
+                !lookAtAll(m_look))
+                return false;
+        }
+    }
+    return true;
+}
+
+// A project as it is after years, made at once and not by hand.
+bool LooksJob::makeLargeProject() {
+    if (!createProject(path(QStringLiteral("large.krn"))))
+        return false;
+    QStringList files;
+    for (int number = 1; number <= sourceCount; ++number) {
+        const QString title = number == sourceCount ? longTitle : QStringLiteral("Interview %1").arg(number);
+        files << path(title + QStringLiteral(".txt"));
+        if (!writeFile(files.last(),
+                       QStringLiteral("This is what was said in interview %1. ").arg(number).repeated(40)))
+            return false;
+    }
+    if (!importFiles(files))
+        return false;
+    KRNFile* const project = KRNFile::instance();
+    IdManager* const ids = IdManager::instance();
+    const int firstSource = project->sourceIds().value(0).toInt();
+    const int question = project->questionIds().value(0).toInt();
+    for (int number = 1; number <= kernoCount; ++number) {
+        const QColor color = QColor::fromHsv((number * 47) % 360, 200, 220);
+        const Kerno kerno(ids->nextKernoId(), number > 180 ? 1 : -1, color, kernoTitle(number), QString(),
+                          QDateTime::currentDateTime(), QStringLiteral("Ada Berger"), 30 + (number % 16) * 40,
+                          30 + number / 16 * 38);
+        project->saveKerno(kerno);
+        if (number % 9 == 1) {
+            project->saveHighlight(codingOf(kerno, firstSource, question, number * 3, 20 + number));
+        }
+    }
+    QQuickItem* title = m_driver.itemNamed(QStringLiteral("kernoTitle"));
+    AppDriver::waitFor([&] { return title && title->hasActiveFocus(); });
+    m_driver.press(Qt::Key_Escape);
+    return gone(QStringLiteral("Kerno Properties")) &&
+           until([&] { return m_canvas.bubble(longTitle); }, QStringLiteral("the bubbles do not come"));
+}
+
+bool LooksJob::chooseTheme(bool dark) {
+    if (!click(QStringLiteral("Settings")) || !click(QStringLiteral("General Project Preferences")) ||
+        !shown(QStringLiteral("Colour theme:")))
+        return false;
+    const QList<QQuickItem*> switches = m_driver.itemsOfType(QStringLiteral("Switch"));
+    if (switches.value(2) && switches[2]->property("checked").toBool() != dark)
+        m_driver.click(switches[2]);
+    return click(QStringLiteral("Save")) && gone(QStringLiteral("Colour theme:"));
+}
+
+bool LooksJob::look(const QString& name) {
+    m_driver.screenshot(m_look + QLatin1Char('-') + name);
+    QQuickWindow* window = m_driver.mainWindow();
+    const QList<QQuickItem*> dialogs = m_driver.itemsOfType(QStringLiteral("DialogPanel"));
+    QStringList faults;
+    for (QQuickItem* dialog : dialogs)
+        faults << layout::faults(dialog, window->grabWindow());
+    const QList<QQuickWindow*> popups = m_driver.popups();
+    for (QQuickWindow* popup : popups)
+        faults << layout::faults(popup->contentItem(), popup->grabWindow());
+    if (dialogs.isEmpty() && popups.isEmpty())
+        faults << layout::faults(window->contentItem(), window->grabWindow());
+    return expect(faults.isEmpty(), m_look + QLatin1Char(' ') + name + QStringLiteral(": ") +
+                                        faults.join(QStringLiteral("; ")));
+}
+
+bool LooksJob::closeDialog(const QString& name, const QString& text) {
+    if (!shown(text) || !look(name))
+        return false;
+    m_driver.press(Qt::Key_Escape);
+    return gone(text);
+}
+
+bool LooksJob::lookAtAll(const QString&) {
+    m_canvas.leave();
+    return look(QStringLiteral("main")) && lookAtMenus() && lookAtSources() && lookAtDialogs() &&
+           lookAtOpening();
+}
+
+bool LooksJob::lookAtMenus() {
+    const auto lookAtOpen = [&](const QString& name) {
+        const bool fine = look(name);
+        m_driver.press(Qt::Key_Escape);
+        return fine;
+    };
+    for (const QString& button : {QStringLiteral("Project"), QStringLiteral("View"), QStringLiteral("Help"),
+                                  QStringLiteral("Settings")}) {
+        if (!click(button) || !lookAtOpen(button.toLower() + QStringLiteral("-menu")))
+            return false;
+    }
+    m_driver.click(m_driver.itemNamed(QStringLiteral("addSource")));
+    if (!lookAtOpen(QStringLiteral("add-menu")))
+        return false;
+    m_driver.click(m_canvas.bubble(QStringLiteral("Theme 5")), Qt::RightButton);
+    return lookAtOpen(QStringLiteral("kerno-menu"));
+}
+
+bool LooksJob::lookAtSources() {
+    QQuickItem* toggle = m_driver.itemNamed(QStringLiteral("toggleSources"));
+    QQuickItem* memos = m_driver.itemNamed(QStringLiteral("memosToggle"));
+    m_driver.click(toggle);
+    if (!shown(QStringLiteral("All Sources")) || !look(QStringLiteral("sources")))
+        return false;
+    m_driver.click(toggle);
+    if (!gone(QStringLiteral("All Sources")))
+        return false;
+    m_driver.click(memos);
+    const bool fine = look(QStringLiteral("memos"));
+    m_driver.click(memos);
+    return fine;
+}
+
+// Each is closed by Esc.
+bool LooksJob::lookAtDialogs() {
+    const QString themeFive = QStringLiteral("Theme 5");
+    return click(QStringLiteral("Help")) && click(QStringLiteral("About")) &&
+           closeDialog(QStringLiteral("about"), QStringLiteral("Go to Website")) &&
+           click(QStringLiteral("Settings")) && click(QStringLiteral("General Project Preferences")) &&
+           closeDialog(QStringLiteral("preferences"), QStringLiteral("General Preferences")) &&
+           click(QStringLiteral("Settings")) && click(QStringLiteral("Kerno Coding Shortcut Keys")) &&
+           closeDialog(QStringLiteral("keys"), QStringLiteral("Kerno Shortcut Key Editor")) &&
+           m_canvas.chooseInMenu(themeFive, QStringLiteral("Edit")) &&
+           closeDialog(QStringLiteral("kerno"), QStringLiteral("Kerno Properties")) &&
+           m_canvas.chooseInMenu(themeFive, QStringLiteral("Merge")) &&
+           closeDialog(QStringLiteral("merge"), QStringLiteral("Merge into:"));
+}
+
+bool LooksJob::lookAtOpening() {
+    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
+        !shown(QStringLiteral("Open Selected")) || !look(QStringLiteral("open")) ||
+        !click(QStringLiteral("New Project")))
+        return false;
+    const QList<QQuickItem*> switches = m_driver.itemsOfType(QStringLiteral("Switch"));
+    m_driver.click(switches.value(0));
+    const QList<QQuickItem*> fields = m_driver.itemsOfType(QStringLiteral("DialogTextField"));
+    m_driver.fill(fields.value(1), QStringLiteral("one"));
+    return look(QStringLiteral("new")) && click(QStringLiteral("Cancel")) && gone(QStringLiteral("Author:"));
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Job.h"
+
+/// Goes through all screens of a large project in both themes, in the smallest window and in a whole screen,
+/// and looks whether everything can be read.
+class LooksJob : public Job {
+public:
+    using Job::Job;
+
+    bool play(const QString& run) override;
+
+private:
+    bool makeLargeProject();
+    bool chooseTheme(bool dark);
+    bool lookAtAll(const QString& name);
+    bool lookAtMenus();
+    bool lookAtDialogs();
+    bool lookAtOpening();
+    bool lookAtSources();
+    /// Takes a picture, and judges what is uppermost.
+    bool look(const QString& name);
+    /// Looks at the dialog that holds the text, and closes it by Esc.
+    bool closeDialog(const QString& name, const QString& text);
+
+    QString m_look;
+};
