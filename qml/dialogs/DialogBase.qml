@@ -39,6 +39,11 @@ Item {
         gc()
     }
 
+    function __giveFocus() {
+        if (completed && _content.item)
+            _content.forceActiveFocus()
+    }
+
     function __count(counted) {
         if (counted !== __counted) {
             __counted = counted
@@ -52,8 +57,10 @@ Item {
     }
 
     Component.onCompleted: {
+        // First, so that what has the focus now is known when the content takes it.
         show()
         completed = true
+        __giveFocus()
     }
     Component.onDestruction: __count(false)
 
@@ -70,6 +77,11 @@ Item {
         onWheel: wheel.accepted = true
     }
 
+    DialogFocus {
+        dialog: root
+        shown: root.__counted
+    }
+
     FocusScope {
         anchors.fill: parent
         focus: true
@@ -81,7 +93,7 @@ Item {
             sourceComponent: root.implementation
             onLoaded: {
                 item.dialogBase = root
-                forceActiveFocus()
+                root.__giveFocus()
             }
         }
     }

@@ -12,6 +12,8 @@ KernovaWindow {
 
     readonly property alias mainWindowStack: _stack
     readonly property bool blocked: _stack.currentItem === _blocker
+    // The first frames still find places for everything; nobody needs to see that.
+    property bool __laidOut: false
 
     title: "Kernova %1%2".arg(appHelper.applicationVersion()).arg(
                CentralManager.currentProject && CentralManager.currentProject.name
@@ -35,6 +37,7 @@ KernovaWindow {
     Item {
         id: _frame
         anchors.fill: parent
+        opacity: root.__laidOut ? 1 : 0
 
         Component.onCompleted: Helper.krnFile = krnFile
 
@@ -71,7 +74,7 @@ KernovaWindow {
                 enabled: !root.blocked
 
                 Behavior on width {
-                    enabled: root.visible
+                    enabled: root.__laidOut
                     NumberAnimation { duration: 50 }
                 }
             }
@@ -103,6 +106,12 @@ KernovaWindow {
         OverlayDialogs {
             anchors.fill: root.isResizing ? undefined : parent
         }
+    }
+
+    Timer {
+        interval: 100
+        running: root.visible
+        onTriggered: root.__laidOut = true
     }
 
     MessageDialogs {}
