@@ -112,7 +112,8 @@ DialogPanel {
         message = ""
         appHelper.clearUserInvokedFile()
         _recent.update(project.name, __makeBackupIfNeeded(project.name))
-        CentralManager.currentProject = project
+        // Not the value alone: the title of the window follows the project to its close.
+        CentralManager.currentProject = Qt.binding(function() { return krnFile.currentProject })
         dialogBase.close()
     }
 

@@ -4,12 +4,14 @@
 #include "project/KRNFile.h"
 
 #include <QLineF>
+#include <algorithm>
 
 namespace {
 
 const QString garden = QStringLiteral("Garden");
 const QString kitchen = QStringLiteral("Kitchen");
 const QString street = QStringLiteral("Street");
+const QStringList all{garden, kitchen, street};
 const QPointF gardenPlace(150, 150);
 const QPointF kitchenPlace(450, 150);
 const QPointF streetPlace(300, 380);
@@ -249,16 +251,22 @@ bool CanvasJob::zoom() {
 bool CanvasJob::filterByName() {
     const int index = undoIndex();
     QQuickItem* field = m_driver.itemNamed(QStringLiteral("kernoNameFilter"));
-    if (!expect(field && m_driver.fill(field, QStringLiteral("stre")), QStringLiteral("there is no filter")))
+    const auto shows = [&](const QString& filter, const QStringList& titles) {
+        const auto isSo = [&] {
+            return std::all_of(all.begin(), all.end(), [&](const QString& title) {
+                return (m_canvas.bubble(title) != nullptr) == titles.contains(title);
+            });
+        };
+        return expect(field && m_driver.fill(field, filter), QStringLiteral("there is no filter")) &&
+               until(isSo, QStringLiteral("\"%1\" does not show %2 alone")
+                               .arg(filter, titles.join(QLatin1Char(' '))));
+    };
+    if (!shows(QStringLiteral("stre"), {street}) || !shoot(QStringLiteral("filtered")) ||
+        !shows(QString(), all) || !expect(undoIndex() == index, QStringLiteral("filtering makes a step")))
         return false;
-    return until(
-               [&] {
-                   return m_canvas.bubble(street) && !m_canvas.bubble(garden) && !m_canvas.bubble(kitchen);
-               },
-               QStringLiteral("the filter does not hide the others")) &&
-           shoot(QStringLiteral("filtered")) &&
-           expect(m_driver.fill(field, QString()), QStringLiteral("no filter")) &&
-           until([&] { return m_canvas.bubble(garden) && m_canvas.bubble(kitchen); },
-                 QStringLiteral("the hidden kernos do not come back")) &&
-           expect(undoIndex() == index, QStringLiteral("filtering makes a step"));
+    // A parent that does not fit stays while a child of it does.
+    return expect(m_canvas.dragOnto(kitchen, garden), QStringLiteral("there is nothing to nest")) &&
+           untilUndoIndex(index + 1) && shows(QStringLiteral("KITCH"), {garden, kitchen}) &&
+           shows(QStringLiteral("street"), {street}) && shows(QStringLiteral("kitchen"), {garden, kitchen}) &&
+           shows(QString(), all);
 }

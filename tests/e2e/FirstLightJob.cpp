@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSet>
 
 namespace {
@@ -24,24 +25,24 @@ QString sampleText() {
     return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-// A stretch of about `length` characters inside one line, from the line that follows `skip` others of that
-// length.
-QString passageOf(const QString& text, int skip, int length) {
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    for (const QString& line : lines) {
-        if (line.size() < length + 20 || skip-- > 0)
-            continue;
-        return line.mid(10, length);
+// The sentence with this number among those that are neither too short nor too long to be coded.
+QString sentence(int number) {
+    static const QRegularExpression pattern(QStringLiteral("(?<=[.:] )[A-Z][^.:\n]{30,70}\\."));
+    QRegularExpressionMatchIterator matches = pattern.globalMatch(sampleText());
+    while (matches.hasNext()) {
+        const QString found = matches.next().captured();
+        if (number-- == 0)
+            return found;
     }
     return {};
 }
 
 QString firstPassage() {
-    return passageOf(sampleText(), 0, 30);
+    return sentence(7);
 }
 
 QString secondPassage() {
-    return passageOf(sampleText(), 1, 24);
+    return sentence(6);
 }
 
 QString codedText(const QVariantMap& highlight) {
@@ -61,8 +62,8 @@ bool FirstLightJob::play(const QString& run) {
 
 bool FirstLightJob::code() {
     return signIn() && createProject(path(projectName)) && shoot(QStringLiteral("empty-project")) &&
-           importSource() && addKerno(firstTheme) && shoot(QStringLiteral("bubble")) && codePassage() &&
-           undoAndRedo() && codeIntoNewKerno();
+           importSource() && addKerno(firstTheme) && m_canvas.drag(firstTheme, QPointF(220, 170)) &&
+           shoot(QStringLiteral("bubble")) && codePassage() && undoAndRedo() && codeIntoNewKerno();
 }
 
 bool FirstLightJob::reopen() {
@@ -106,7 +107,8 @@ bool FirstLightJob::codeIntoNewKerno() {
     if (!selectPassage(secondPassage()))
         return false;
     m_source.dragSelectionTo(m_canvas.addButton());
-    return nameNewKerno(secondTheme) && awaitCodings(1, secondTheme) && shoot(QStringLiteral("two-kernos"));
+    return nameNewKerno(secondTheme) && m_canvas.drag(secondTheme, QPointF(430, 320)) &&
+           awaitCodings(1, secondTheme) && shoot(QStringLiteral("two-kernos"));
 }
 
 bool FirstLightJob::openRecent() {
