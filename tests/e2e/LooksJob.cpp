@@ -5,9 +5,12 @@
 #include "project/KRNFile.h"
 #include "service/IdManager.h"
 
+#include <QClipboard>
 #include <QColor>
 #include <QDir>
+#include <QGuiApplication>
 #include <QQuickWindow>
+#include <QToolTip>
 
 namespace {
 
@@ -126,8 +129,8 @@ bool LooksJob::closeDialog(const QString& name, const QString& text) {
 
 bool LooksJob::lookAtAll(const QString&) {
     m_canvas.leave();
-    return look(QStringLiteral("main")) && lookAtMenus() && lookAtSources() && lookAtDialogs() &&
-           lookAtOpening();
+    return look(QStringLiteral("main")) && lookAtMenus() && lookAtNotes() && lookAtSources() &&
+           lookAtDialogs() && lookAtOpening();
 }
 
 bool LooksJob::lookAtMenus() {
@@ -148,6 +151,26 @@ bool LooksJob::lookAtMenus() {
     return lookAtOpen(QStringLiteral("kerno-menu"));
 }
 
+// What comes up when the mouse rests.
+bool LooksJob::lookAtNotes() {
+    QQuickItem* toggle = m_driver.itemNamed(QStringLiteral("toggleSources"));
+    m_driver.hover(toggle, QPointF(8, 8));
+    if (!until([] { return QToolTip::isVisible(); },
+               QStringLiteral("a button does not tell what it is for")) ||
+        !look(QStringLiteral("tooltip")))
+        return false;
+    QQuickItem* bubble = m_canvas.bubble(QStringLiteral("Theme 28"));
+    m_driver.hover(bubble, QPointF(bubble->width() / 2, bubble->height() / 2));
+    const auto isTold = [&] {
+        const QQuickItem* note = m_driver.itemsOfType(QStringLiteral("GeneralKernoToolTip")).value(0);
+        return note && note->opacity() > 0.89;
+    };
+    const bool fine = until(isTold, QStringLiteral("a bubble does not tell about its kerno")) &&
+                      look(QStringLiteral("kerno-tooltip"));
+    m_canvas.leave();
+    return fine;
+}
+
 bool LooksJob::lookAtSources() {
     QQuickItem* toggle = m_driver.itemNamed(QStringLiteral("toggleSources"));
     QQuickItem* memos = m_driver.itemNamed(QStringLiteral("memosToggle"));
@@ -166,7 +189,11 @@ bool LooksJob::lookAtSources() {
 // Each is closed by Esc.
 bool LooksJob::lookAtDialogs() {
     const QString themeFive = QStringLiteral("Theme 5");
-    return click(QStringLiteral("Help")) && click(QStringLiteral("About")) &&
+    QGuiApplication::clipboard()->setText(QStringLiteral("Somebody said this elsewhere. ").repeated(200));
+    m_driver.click(m_driver.itemNamed(QStringLiteral("addSource")));
+    return click(QStringLiteral("Import Source: From Clipboard")) &&
+           closeDialog(QStringLiteral("import"), QStringLiteral("Source Title:")) &&
+           click(QStringLiteral("Help")) && click(QStringLiteral("About")) &&
            closeDialog(QStringLiteral("about"), QStringLiteral("Go to Website")) &&
            click(QStringLiteral("Settings")) && click(QStringLiteral("General Project Preferences")) &&
            closeDialog(QStringLiteral("preferences"), QStringLiteral("General Preferences")) &&

@@ -15,6 +15,7 @@ private:
     bool chooseTheme(bool dark);
     bool lookAtAll(const QString& name);
     bool lookAtMenus();
+    bool lookAtNotes();
     bool lookAtDialogs();
     bool lookAtOpening();
     bool lookAtSources();

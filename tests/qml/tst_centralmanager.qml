@@ -127,6 +127,10 @@ TestCase {
         compare([CentralManager.showMemosPanel, CentralManager.currentMemoId], [false, -1])
         krnFile.memoSaved({ memoId: 5 })
         compare([CentralManager.showMemosPanel, CentralManager.currentMemoId], [true, 5])
+        // What is written into it is saved when it has lost the focus, which it must not take back.
+        CentralManager.currentMemoId = -1
+        krnFile.memoSaved({ memoId: 5 })
+        compare(CentralManager.currentMemoId, -1)
     }
 
     function test_panelsExcludeEachOther() {
