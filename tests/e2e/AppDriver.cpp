@@ -25,6 +25,7 @@ constexpr int frameLimitMs = 2000;
 constexpr int focusLimitMs = 2000;
 constexpr int stillLimitMs = 2000;
 constexpr int dragSteps = 12;
+constexpr int quickCompression = 85;
 
 bool canBeClicked(const QQuickItem* item) {
     return item->isVisible() && item->isEnabled() && item->opacity() > 0.01 && item->width() > 0 &&
@@ -354,6 +355,6 @@ QImage AppDriver::stillScreen() {
 QString AppDriver::screenshot(const QString& name) {
     const QString path =
         QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name);
-    stillScreen().save(path);
+    stillScreen().save(path, "PNG", quickCompression);
     return path;
 }

@@ -11,6 +11,7 @@ namespace {
 
 constexpr qreal leastContrast = 3.0;
 constexpr qreal leastContrastDisabled = 1.4;
+constexpr int longestLook = 150;  // pixels of a text
 
 struct ShownText {
     const QQuickItem* item;
@@ -62,8 +63,10 @@ qreal luminance(QRgb color) {
 // The contrast of the text with the colour that most of its place has.
 qreal contrastIn(const QImage& picture, const QRect& place) {
     QHash<QRgb, int> counts;
+    // The beginning shows enough.
+    const int right = std::min(place.right(), place.left() + longestLook);
     for (int y = place.top(); y <= place.bottom(); ++y) {
-        for (int x = place.left(); x <= place.right(); ++x)
+        for (int x = place.left(); x <= right; ++x)
             ++counts[picture.pixel(x, y)];
     }
     QRgb background = 0;

@@ -39,29 +39,27 @@ Highlight codingOf(const Kerno& kerno, int sourceId, int questionId, int start, 
 
 }  // namespace
 
-bool LooksJob::play(const QString&) {
-    if (!signIn() || !makeLargeProject())
+QStringList LooksJob::runs() {
+    return {QStringLiteral("dark"), QStringLiteral("light")};
+}
+
+bool LooksJob::play(const QString& run) {
+    if (!signIn() || !makeLargeProject(run) || !chooseTheme(run == runs().first()))
         return false;
-    for (const bool dark : {true, false}) {
-        if (!chooseTheme(dark))
+    for (const QSize& size : {smallest, wholeScreen}) {
+        m_driver.mainWindow()->setGeometry(QRect(QPoint(0, 0), size));
+        m_size = QString::number(size.width());
+        if (!until([&] { return m_driver.mainWindow()->size() == size; },
+                   QStringLiteral("the window keeps its size")) ||
+            !lookAtAll())
             return false;
-        for (const QSize& size : {smallest, wholeScreen}) {
-            m_driver.mainWindow()->setGeometry(QRect(QPoint(0, 0), size));
-            m_look = QStringLiteral("%1-%2")
-                         .arg(dark ? QStringLiteral("dark") : QStringLiteral("light"))
-                         .arg(size.width());
-            if (!until([&] { return m_driver.mainWindow()->size() == size; },
-                       QStringLiteral("the window keeps its size")) ||
-                !lookAtAll(m_look))
-                return false;
-        }
     }
     return true;
 }
 
 // A project as it is after years, made at once and not by hand.
-bool LooksJob::makeLargeProject() {
-    if (!createProject(path(QStringLiteral("large.krn"))))
+bool LooksJob::makeLargeProject(const QString& name) {
+    if (!createProject(path(name + QStringLiteral(".krn"))))
         return false;
     QStringList files;
     for (int number = 1; number <= sourceCount; ++number) {
@@ -105,7 +103,7 @@ bool LooksJob::chooseTheme(bool dark) {
 }
 
 bool LooksJob::look(const QString& name) {
-    m_driver.screenshot(m_look + QLatin1Char('-') + name);
+    m_driver.screenshot(m_size + QLatin1Char('-') + name);
     QQuickWindow* window = m_driver.mainWindow();
     const QList<QQuickItem*> dialogs = m_driver.itemsOfType(QStringLiteral("DialogPanel"));
     QStringList faults;
@@ -116,7 +114,7 @@ bool LooksJob::look(const QString& name) {
         faults << layout::faults(popup->contentItem(), popup->grabWindow());
     if (dialogs.isEmpty() && popups.isEmpty())
         faults << layout::faults(window->contentItem(), window->grabWindow());
-    return expect(faults.isEmpty(), m_look + QLatin1Char(' ') + name + QStringLiteral(": ") +
+    return expect(faults.isEmpty(), m_size + QLatin1Char(' ') + name + QStringLiteral(": ") +
                                         faults.join(QStringLiteral("; ")));
 }
 
@@ -127,7 +125,7 @@ bool LooksJob::closeDialog(const QString& name, const QString& text) {
     return gone(text);
 }
 
-bool LooksJob::lookAtAll(const QString&) {
+bool LooksJob::lookAtAll() {
     m_canvas.leave();
     return look(QStringLiteral("main")) && lookAtMenus() && lookAtNotes() && lookAtSources() &&
            lookAtDialogs() && lookAtOpening();

@@ -8,12 +8,15 @@ class LooksJob : public Job {
 public:
     using Job::Job;
 
+    /// One for each theme.
+    static QStringList runs();
+
     bool play(const QString& run) override;
 
 private:
-    bool makeLargeProject();
+    bool makeLargeProject(const QString& name);
     bool chooseTheme(bool dark);
-    bool lookAtAll(const QString& name);
+    bool lookAtAll();
     bool lookAtMenus();
     bool lookAtNotes();
     bool lookAtDialogs();
@@ -24,5 +27,5 @@ private:
     /// Looks at the dialog that holds the text, and closes it by Esc.
     bool closeDialog(const QString& name, const QString& text);
 
-    QString m_look;
+    QString m_size;  ///< of the window, for the names of the pictures
 };

@@ -37,7 +37,7 @@ const std::vector<JobEntry>& jobs() {
         {"first-light", {QStringLiteral("code"), QStringLiteral("reopen")}, {}, make<FirstLightJob>},
         {"canvas", {QStringLiteral("arrange")}, {}, make<CanvasJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
-        {"looks", {QStringLiteral("look")}, {}, make<LooksJob>},
+        {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
     };
