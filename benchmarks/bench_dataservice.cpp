@@ -1,5 +1,5 @@
 #include "BareSocket.h"
-#include "service/Connection.h"
+#include "link/Connection.h"
 #include "store/Database.h"
 #include "store/ProjectFile.h"
 #include "store/Sql.h"

@@ -12,9 +12,9 @@
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
 #include "project/QueryCriterion.h"
-#include "service/Connection.h"
-#include "service/DataHelper.h"
-#include "service/LinkTimings.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/LinkTimings.h"
 #include "wire/Frames.h"
 #include "wire/QueryText.h"
 

@@ -1,5 +1,5 @@
 #include "app/UpdateCheck.h"
-#include "service/ServiceConfig.h"
+#include "link/ServiceConfig.h"
 #include "tests_support/TestMain.h"
 
 #include <QTcpServer>

@@ -3,7 +3,7 @@
 #include "LayoutCheck.h"
 #include "app/Session.h"
 #include "project/KRNFile.h"
-#include "service/IdManager.h"
+#include "link/IdManager.h"
 
 #include <QClipboard>
 #include <QColor>

@@ -1,7 +1,7 @@
 #include "FakeProject.h"
 #include "models/HighlightsModel.h"
 #include "models/ModelDelays.h"
-#include "service/DataHelper.h"
+#include "link/DataHelper.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"

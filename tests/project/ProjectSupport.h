@@ -5,10 +5,10 @@
 #include "models/QuestionModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "service/Connection.h"
-#include "service/DataHelper.h"
-#include "service/IdManager.h"
-#include "service/LinkTimings.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/IdManager.h"
+#include "link/LinkTimings.h"
 #include "tests_support/SignalLog.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,6 @@
 #include "ProjectSupport.h"
-#include "service/ServiceConfig.h"
-#include "service/WebSocketHandler.h"
+#include "link/ServiceConfig.h"
+#include "link/WebSocketHandler.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
 #include "wire/QueryText.h"

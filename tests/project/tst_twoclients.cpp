@@ -9,7 +9,7 @@
 #include "models/SourceMetadataModel.h"
 #include "models/SourceMetadataValueModel.h"
 #include "models/TextGeometry.h"
-#include "service/ServiceConfig.h"
+#include "link/ServiceConfig.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "project/KRNFile.h"
-#include "service/DataHelper.h"
-#include "service/IdManager.h"
-#include "service/LinkTimings.h"
+#include "link/DataHelper.h"
+#include "link/IdManager.h"
+#include "link/LinkTimings.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/WaitFor.h"
 #include "undo/UndoManager.h"

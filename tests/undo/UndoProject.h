@@ -11,9 +11,9 @@
 #include "models/SourceMetadataValueModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "service/Connection.h"
-#include "service/DataHelper.h"
-#include "service/LinkTimings.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/LinkTimings.h"
 #include "undo/UndoManager.h"
 
 #include <QCoreApplication>

@@ -1,0 +1,158 @@
+#include "app/AppHelper.h"
+
+#include "app/AppLog.h"
+#include "app/CommandLine.h"
+#include "project/KRNFile.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/ServiceConfig.h"
+#include "text/ContrastColor.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QPoint>
+#include <QRandomGenerator>
+#include <QSqlDatabase>
+#include <QTouchDevice>
+#include <algorithm>
+
+namespace {
+
+const QString synonymsConnection = QStringLiteral("synonyms");
+
+}  // namespace
+
+AppHelper::AppHelper(UndoManager* undoManager, KRNFile* krnFile)
+    : m_undoManager(undoManager), m_krnFile(krnFile), m_eventLoop(new QEventLoop(this)) {
+    openSynonyms();
+    m_clipboard = QGuiApplication::clipboard();
+    connect(m_clipboard, &QClipboard::changed, this, &AppHelper::clipboardDataChanged);
+    m_clipboardHasText = !m_clipboard->text().isEmpty();
+    m_userInvokedFile = projectFileOf(QCoreApplication::arguments());
+}
+
+AppHelper::~AppHelper() {
+    QSqlDatabase::removeDatabase(synonymsConnection);
+}
+
+void AppHelper::openSynonyms() const {
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), synonymsConnection);
+    const QFileInfo file(QCoreApplication::applicationDirPath() + QLatin1String("/synonyms.db"));
+    if (file.exists() && file.isFile() && file.isReadable()) {
+        database.setDatabaseName(file.absoluteFilePath());
+        database.open();
+    } else {
+        qCDebug(logAppHelper) << "Failed to open synonyms db" << file.absoluteFilePath()
+                              << "\n\texists:" << file.exists() << "\n\tisFile:" << file.isFile()
+                              << "\n\tisReadable:" << file.isReadable();
+    }
+}
+
+void AppHelper::setUserInvokedFile(const QString& file) {
+    if (m_userInvokedFile == file)
+        return;
+    m_userInvokedFile = file;
+    emit userInvokedFileChanged();
+}
+
+void AppHelper::clearUserInvokedFile() {
+    setUserInvokedFile(QString());
+}
+
+bool AppHelper::isTouchEnabledDevice() const {
+    const QList<const QTouchDevice*> devices = QTouchDevice::devices();
+    return std::any_of(devices.cbegin(), devices.cend(), [](const QTouchDevice* device) {
+        return device->type() == QTouchDevice::TouchScreen;
+    });
+}
+
+QString AppHelper::region() const {
+    return ServiceConfig::instance().region();
+}
+
+QColor AppHelper::contrastFontColor(const QColor& background) const {
+    return ::contrastFontColor(background);
+}
+
+QColor AppHelper::memoColor() const {
+    return QColor(255, 196, 67);
+}
+
+QVariant AppHelper::calculateNewKernoPosition(int canvasWidth, int canvasHeight) const {
+    const int w = std::max(canvasWidth / 5, 1);
+    const int h = std::max(canvasHeight / 8, 1);
+    QRandomGenerator* const random = QRandomGenerator::global();
+    return QPoint(random->bounded(canvasWidth - w), random->bounded(canvasHeight - h));
+}
+
+void AppHelper::setClipboardText(const QString& text) {
+    m_clipboard->setText(text);
+}
+
+void AppHelper::clipboardDataChanged() {
+    const bool hasText = !m_clipboard->text().isEmpty();
+    if (hasText == m_clipboardHasText)
+        return;
+    m_clipboardHasText = hasText;
+    emit clipboardContainsTextChanged();
+}
+
+void AppHelper::processEvents() {
+    QCoreApplication::processEvents();
+}
+
+QString AppHelper::applicationVersion() const {
+    return QCoreApplication::applicationVersion();
+}
+
+QString AppHelper::aboutDialogContent() const {
+    QFile file(QStringLiteral(":/other/licences.txt"));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+QString AppHelper::hostNotFoundErrorTr(const QString& host) const {
+    return QCoreApplication::translate("QHttp", "Host %1 not found").arg(host);
+}
+
+void AppHelper::setCurrentAuthor(const QString& author) {
+    m_krnFile->setCurrentAuthor(author);
+}
+
+void AppHelper::dumpObject(const QVariant& o) const {
+    qCDebug(logAppHelper) << "dumpObject:" << o;
+}
+
+bool AppHelper::connectToServer(bool remote) {
+    return m_krnFile->dataHelper()->connection()->connect(remote);
+}
+
+QVariantList AppHelper::importQuestions(const QUrl& file, const QString& questionMarker,
+                                        const QString& answerMarker, bool noLoadedFile) {
+    return sourceImport().pairsOfFile(file, questionMarker, answerMarker, noLoadedFile);
+}
+
+QVariantList AppHelper::importQuestionsFromClipboard(const QString& questionMarker,
+                                                     const QString& answerMarker) {
+    return sourceImport().pairsOfText(m_clipboard->text(), questionMarker, answerMarker, false);
+}
+
+bool AppHelper::saveImportedQuestions(const QString& sourceTitle, const QVariantList& questions) {
+    return sourceImport().save(sourceTitle, questions);
+}
+
+void AppHelper::batchImportQuestions(bool selectWholeFolder) {
+    sourceImport().importChosen(selectWholeFolder);
+}
+
+int AppHelper::batchImportQuestions(const QUrl& folder, const QString& questionMarker,
+                                    const QString& answerMarker, bool showInfo) {
+    return sourceImport().importFolder(folder, questionMarker, answerMarker, showInfo);
+}
+
+int AppHelper::batchImportQuestions(const QList<QUrl>& files, const QString& questionMarker,
+                                    const QString& answerMarker, bool showInfo) {
+    return sourceImport().importFiles(files, questionMarker, answerMarker, showInfo);
+}

@@ -1,0 +1,30 @@
+#include "app/Session.h"
+
+#include "app/KernovaApplication.h"
+#include "project/KRNFile.h"
+#include "link/IdManager.h"
+
+#include <QQmlContext>
+
+Session::Session(KernovaApplication& application, KRNFile* krnFile)
+    : m_application(application), m_krnFile(krnFile), m_undoManager(krnFile),
+      m_appHelper(&m_undoManager, krnFile), m_projectMerger(krnFile->dataHelper()) {
+    m_application.setAppHelper(&m_appHelper);
+    QQmlContext* context = m_engine.rootContext();
+    context->setContextProperty(QStringLiteral("krnFile"), m_krnFile);
+    context->setContextProperty(QStringLiteral("appHelper"), &m_appHelper);
+    context->setContextProperty(QStringLiteral("undoManager"), &m_undoManager);
+    context->setContextProperty(QStringLiteral("instantiator"), &m_instantiator);
+    context->setContextProperty(QStringLiteral("projectMerger"), &m_projectMerger);
+    context->setContextProperty(QStringLiteral("idManager"), IdManager::instance());
+}
+
+Session::~Session() {
+    m_krnFile->closeAndReset();
+    m_application.setAppHelper(nullptr);
+}
+
+bool Session::load() {
+    m_engine.load(QUrl(QStringLiteral("qrc:///qml/main.qml")));
+    return !m_engine.rootObjects().isEmpty();
+}

@@ -1,0 +1,226 @@
+#include "link/DataHelper.h"
+
+#include "link/Connection.h"
+#include "wire/AccessLevel.h"
+
+#include <QDebug>
+#include <QNetworkAccessManager>
+#include <algorithm>
+
+namespace {
+
+/// Requests that are on their way at one time, each burst with the bound of one request.
+constexpr int reservationsAtOnce = 1000;
+
+}  // namespace
+
+DataHelper::DataHelper(QObject* parent) : DataHelper(LinkTimings(), parent) {}
+
+DataHelper::DataHelper(const LinkTimings& timings, QObject* parent)
+    : QObject(parent), m_connection(std::make_unique<Connection>(timings)),
+      m_networkAccessManager(new QNetworkAccessManager(this)) {
+    connectLinkSignals();
+}
+
+DataHelper::~DataHelper() {
+    // The link closes while it is destroyed; nobody is to hear of that through a half destroyed object.
+    QObject::disconnect(m_connection.get(), nullptr, this, nullptr);
+}
+
+// The first four run on the network thread and must not take the lock: its holder waits for that thread.
+void DataHelper::connectLinkSignals() {
+    Connection* link = m_connection.get();
+    connect(link, &Connection::connected, this, &DataHelper::wsConnected, Qt::DirectConnection);
+    connect(link, &Connection::connectionLost, this, &DataHelper::wsDisconnected, Qt::DirectConnection);
+    connect(
+        link, &Connection::disconnected, this,
+        [this] {
+            qDebug() << "datahelper disconnected handler";
+            m_isOpen = false;
+            emit wsDisconnected();
+        },
+        Qt::DirectConnection);
+    connect(link, &Connection::closedDueToAnotherSession, this, &DataHelper::closedDueToAnotherSession,
+            Qt::DirectConnection);
+    connect(link, &Connection::reconnected, this, &DataHelper::onReconnected, Qt::QueuedConnection);
+    connect(link, &Connection::accessChanged, this, &DataHelper::onAccessChanged, Qt::QueuedConnection);
+}
+
+void DataHelper::onMessageReceived(int, QJsonObject) {}
+
+bool DataHelper::mayRead(Log log) {
+    if (!m_connection->isConnected()) {
+        if (log == Log::Refusal)
+            qDebug() << "No connection";
+        return false;
+    }
+    if (!m_isOpen) {
+        qDebug() << "DB is closed";
+        return false;
+    }
+    return canQuery();
+}
+
+bool DataHelper::mayWrite() {
+    if (!m_connection->isConnected())
+        return false;
+    if (!m_isOpen) {
+        qDebug() << "DB is closed";
+        return false;
+    }
+    return canMutate(true);
+}
+
+ReplyBase DataHelper::ask(const QString& text) {
+    return m_connection->requests(text, 1).value(0);
+}
+
+QJsonObject DataHelper::read(const QString& text, Log log) {
+    QMutexLocker locker(&m_mutex);
+    return mayRead(log) ? ask(text).data() : QJsonObject();
+}
+
+bool DataHelper::write(const QString& text, bool blocking) {
+    QMutexLocker locker(&m_mutex);
+    if (!mayWrite())
+        return false;
+    qDebug().noquote() << text;
+    if (blocking)
+        return ask(text).errors().isEmpty();
+    m_connection->send(text);
+    return true;
+}
+
+ReplyBase* DataHelper::queryListAsync(const QString& text, QObject* parent) {
+    QMutexLocker locker(&m_mutex);
+    return mayRead(Log::Silent) ? m_connection->sendAsync(text, parent) : nullptr;
+}
+
+QJsonArray DataHelper::firstFilled(const QJsonObject& data, const QStringList& keys) {
+    for (const QString& key : keys) {
+        const QJsonArray array = data.value(key).toArray();
+        if (!array.isEmpty())
+            return array;
+    }
+    return {};
+}
+
+QStringList DataHelper::highlightKeys(const QString& key) {
+    const QString list = wire::operationName(wire::Record::Highlight, wire::Operation::QueryList);
+    return {key.isEmpty() ? list : key,
+            wire::operationName(wire::Record::Highlight, wire::Operation::QueryListWithOffset),
+            wire::operationName(wire::Record::Memo, wire::Operation::QueryListWithOffset)};
+}
+
+int DataHelper::queryInt(const QString& text, const QString& key) {
+    return read(text, Log::Refusal).value(key).toInt();
+}
+
+QJsonValue DataHelper::queryValue(const QString& text, const QString& key) {
+    const QJsonObject data = read(text, Log::Refusal);
+    const auto found = data.constFind(key);
+    return found == data.constEnd() ? QJsonValue() : *found;
+}
+
+QVariantList DataHelper::queryIds(const QString& text, const QString& word, const QString& field) {
+    const QString key = word + wire::suffix(wire::Operation::QueryList);
+    const QJsonArray list = read(text, Log::Refusal).value(key).toArray();
+    QVariantList ids;
+    ids.reserve(list.size());
+    for (const QJsonValue& element : list)
+        ids.append(element.toObject().value(field).toVariant());
+    return ids;
+}
+
+QStringList DataHelper::queryAuthors(const QString& word) {
+    const QString key = word + wire::suffix(wire::Operation::QueryList);
+    QStringList authors;
+    const QVariantList all =
+        queryIds(wire::read(key, QStringList(), {wire::name::author}), word, wire::name::author);
+    for (const QVariant& author : all)
+        authors.append(author.toString());
+    authors.removeDuplicates();
+    return authors;
+}
+
+int DataHelper::maxId(const QString& word, bool next) {
+    return queryInt(wire::maxId(word, next), word + wire::suffix(wire::Operation::MaxId));
+}
+
+QList<int> DataHelper::nextIds(const QString& word, int count) {
+    QMutexLocker locker(&m_mutex);
+    if (count < 1 || !mayRead(Log::Refusal))
+        return {};
+    const QString text = wire::maxId(word, true);
+    const QString key = word + wire::suffix(wire::Operation::MaxId);
+    QList<int> ids;
+    ids.reserve(count);
+    while (ids.size() < count) {
+        const int wanted = std::min(count - ids.size(), reservationsAtOnce);
+        const QVector<ReplyBase> replies = m_connection->requests(text, wanted);
+        if (replies.size() < wanted)
+            return {};
+        for (const ReplyBase& reply : replies) {
+            const int id = reply.data().value(key).toInt();
+            if (id < 1)
+                return {};
+            ids.append(id);
+        }
+    }
+    return ids;
+}
+
+bool DataHelper::savesBlocking(wire::Record record) {
+    switch (record) {
+    case wire::Record::Preference:
+    case wire::Record::Question:
+    case wire::Record::Kerno:
+    case wire::Record::KernoShortcutKey:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool DataHelper::canMutate(bool notify) {
+    QMutexLocker locker(&m_mutex);
+    const bool allowed = accessLevelFromName(m_access) >= AccessLevel::Write;
+    if (!allowed && notify)
+        emit mutationNotAllowed();
+    return allowed;
+}
+
+bool DataHelper::canQuery() {
+    QMutexLocker locker(&m_mutex);
+    const bool allowed = accessLevelFromName(m_access) >= AccessLevel::Read;
+    if (!allowed)
+        emit queryNotAllowed();
+    return allowed;
+}
+
+bool DataHelper::isOwner() const {
+    QMutexLocker locker(&m_mutex);
+    return accessLevelFromName(m_access) == AccessLevel::Owner;
+}
+
+QString DataHelper::access() const {
+    QMutexLocker locker(&m_mutex);
+    return m_access;
+}
+
+QJsonObject DataHelper::currentProject() const {
+    QMutexLocker locker(&m_mutex);
+    return m_currentProject;
+}
+
+bool DataHelper::isConnected() const {
+    return m_connection->isConnected();
+}
+
+bool DataHelper::isRemote() const {
+    return m_connection->isRemote();
+}
+
+WebSocketHandler* DataHelper::notifications() const {
+    return m_connection->webSocketHandler();
+}

@@ -1,0 +1,234 @@
+#pragma once
+
+#include "link/LinkTimings.h"
+#include "link/Message.h"
+#include "link/ReplyBase.h"
+#include "wire/Operations.h"
+#include "wire/QueryText.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QMutex>
+#include <QObject>
+#include <QStringList>
+#include <QVariantList>
+#include <atomic>
+#include <memory>
+
+class Connection;
+class QNetworkAccessManager;
+class QNetworkRequest;
+class WebSocketHandler;
+
+/// Reads and writes of records over the link, and whether a project is open at the service.
+///
+/// A read blocks its caller until the reply has come and gives the empty value of its type when the link is
+/// down, no project is open, the access level forbids it, or the service reports an error. Every operation
+/// may be called on any thread but the network thread; a lock held for the whole of each operation, wait
+/// included, lets one pass at a time. `openProject`, `closeProject` and the calls about projects and accounts
+/// belong to the main thread.
+///
+/// A record class T offers `static wire::Record record()`, `static const QStringList& queryFields()`,
+/// `QStringList mutationArguments() const` and a constructor from a JSON object and a tag.
+class DataHelper : public QObject {
+    Q_OBJECT
+
+public:
+    explicit DataHelper(QObject* parent = nullptr);
+    explicit DataHelper(const LinkTimings& timings, QObject* parent = nullptr);
+    ~DataHelper() override;
+
+    // Reads
+
+    template <typename T> QList<T> findAll() { return readList<T>(listText<T>(), {listKey<T>()}, "findAll"); }
+
+    /// The record with that id (or key), or an invalid one.
+    template <typename T, typename Id> T findById(const Id& id) {
+        const QString operation = wire::operationName(T::record(), wire::Operation::QueryById);
+        const QJsonObject data =
+            read(wire::read(operation, {idArgument(id)}, T::queryFields()), Log::Refusal);
+        return data.contains(operation) ? T(data.value(operation).toObject(), "findById") : T();
+    }
+
+    /// The records that a finished text asks for, read at `key`; an empty key means the record's list
+    /// operation.
+    template <typename T> QList<T> queryList(const QString& text, const QString& key = {}) {
+        return readList<T>(text, {key.isEmpty() ? listKey<T>() : key}, "queryList");
+    }
+
+    /// The records that a finished text asks for, read at the first of the keys whose array isn't empty.
+    template <typename T> QList<T> queryList(const QString& text, const QStringList& keys) {
+        return readList<T>(text, keys, "queryList");
+    }
+
+    /// A list read with arguments and all fields of the record.
+    template <typename T>
+    QList<T> queryWhere(const QStringList& arguments,
+                        wire::Operation operation = wire::Operation::QueryList) {
+        return readList<T>(listText<T>(arguments, operation), {wire::operationName(T::record(), operation)},
+                           "queryList");
+    }
+
+    /// The first record of the reply's list, or an invalid one.
+    template <typename T> T queryOne(const QString& text) {
+        const QJsonArray list = read(text, Log::Refusal).value(listKey<T>()).toArray();
+        return list.isEmpty() ? T() : T(list.first().toObject(), "queryOne");
+    }
+
+    /// Sends a list read without waiting. The reply is owned by the caller and emits `finished` when it has
+    /// come; null when the read is refused. Its records are those of `records<T>(reply->data(), keys)`.
+    ReplyBase* queryListAsync(const QString& text, QObject* parent = nullptr);
+
+    /// The records in a reply's data, read at the first of the keys whose array isn't empty.
+    template <typename T>
+    static QList<T> records(const QJsonObject& data, const QStringList& keys, const char* tag = "queryList") {
+        QList<T> list;
+        const QJsonArray array = firstFilled(data, keys);
+        list.reserve(array.size());
+        for (const QJsonValue& value : array)
+            list.append(T(value.toObject(), tag));
+        return list;
+    }
+
+    /// Where a read of highlights finds its list: at `key`, or at one of the window operations.
+    static QStringList highlightKeys(const QString& key = {});
+
+    /// The text of a list read with all fields of the record.
+    template <typename T>
+    static QString listText(const QStringList& arguments = {},
+                            wire::Operation operation = wire::Operation::QueryList) {
+        return wire::read(wire::operationName(T::record(), operation), arguments, T::queryFields());
+    }
+
+    int queryInt(const QString& text, const QString& key);
+    QJsonValue queryValue(const QString& text, const QString& key);
+    /// The value of one field of each element of the word's list.
+    QVariantList queryIds(const QString& text, const QString& word, const QString& field);
+    /// The authors of all records of that word, each once, in the order of their first record.
+    QStringList queryAuthors(const QString& word);
+    /// The highest id of that word; with `next` a new id that the service reserves. 0 when refused.
+    int maxId(const QString& word, bool next);
+    int nextId(const QString& word, bool reserve) { return maxId(word, reserve); }
+    /// Reserves `count` ids of that word, ascending; between them may lie ids that other clients have taken.
+    /// Costs about one round trip for many. Empty when refused, or when not all could be reserved.
+    QList<int> nextIds(const QString& word, int count);
+
+    // Writes: false when refused. A write that is only sent learns its outcome from the notification.
+
+    /// Creates or updates the record. Preferences, questions, kernos and shortcut keys wait for the reply and
+    /// give whether it had no errors; all others are only sent.
+    template <typename T> bool save(const T& record) { return save(record, !savesBlocking(T::record())); }
+    /// The same with the choice made by the caller.
+    template <typename T> bool save(const T& record, bool async) {
+        return write(mutationText(record, wire::Operation::CreateOrUpdate), !async);
+    }
+    template <typename T> bool remove(const T& record) {
+        return write(mutationText(record, wire::Operation::Remove), false);
+    }
+    template <typename T> bool batchSave(const QList<T>& records) {
+        return write(batchText(records, wire::Operation::BatchCreateOrUpdate), false);
+    }
+    template <typename T> bool batchRemove(const QList<T>& records) {
+        return write(batchText(records, wire::Operation::BatchRemove), false);
+    }
+
+    // Access and project
+
+    /// Level write or above; otherwise emits `mutationNotAllowed` when `notify` is set.
+    bool canMutate(bool notify);
+    /// Level read or above; otherwise emits `queryNotAllowed`.
+    bool canQuery();
+    bool isOwner() const;
+    QString access() const;
+    bool isOpen() const { return m_isOpen; }
+    bool isConnected() const;
+    bool isRemote() const;
+    /// The project object of the last successful open; kept while the link is down, empty after a close.
+    QJsonObject currentProject() const;
+
+    /// Opens the project at the service; `project` needs `name`, and has `project_uuid` and `region` when it
+    /// lives in the cloud. Connects first when the link is down. True when the service answered for this
+    /// project, even if it could not open it: then `isOpen` stays false.
+    bool openProject(const QJsonObject& project);
+    bool closeProject();
+    /// Closes the link and logs out.
+    void disconnect();
+
+    // Accounts and stored projects
+
+    /// Logs in and keeps tokens, region and regional hosts. Waits in a local event loop.
+    Message login(const QString& email, const QString& password);
+    /// Has the cloud copy the open project under a new name; the reply's `json` holds the new `project`.
+    Message saveAs(const QString& newName);
+    /// Asks the service for the whole project; the reply's `json` holds `project_json`.
+    Message exportProjectJson(const QJsonObject& project);
+    /// Writes a new project of the whole project `json`.
+    Message importProjectJson(const QJsonObject& project, const QJsonValue& json);
+
+    Connection* connection() const { return m_connection.get(); }
+    /// The object whose signals are the service's notifications; it lives on the network thread.
+    WebSocketHandler* notifications() const;
+
+    /// Whether `save` waits for the reply of a record of this kind.
+    static bool savesBlocking(wire::Record record);
+
+signals:
+    void kernosJson(QJsonValue json);
+    void wsConnected();
+    void wsDisconnected();
+    void closedDueToAnotherSession();
+    void mutationNotAllowed();
+    void queryNotAllowed();
+    void accessChanged(QString newAccess);
+    void accessRevoked();
+
+private slots:
+    void onMessageReceived(int msgId, QJsonObject json);
+    void onReconnected();
+    void onAccessChanged(const QString& newAccess);
+
+private:
+    enum class Log { Silent, Refusal };
+
+    template <typename T> static QString listKey() {
+        return wire::operationName(T::record(), wire::Operation::QueryList);
+    }
+    template <typename T> QList<T> readList(const QString& text, const QStringList& keys, const char* tag) {
+        return records<T>(read(text, Log::Silent), keys, tag);
+    }
+    template <typename T> static QString mutationText(const T& record, wire::Operation operation) {
+        return wire::mutation(wire::operationName(T::record(), operation), record.mutationArguments(),
+                              T::queryFields());
+    }
+    template <typename T> static QString batchText(const QList<T>& records, wire::Operation operation) {
+        QList<QStringList> arguments;
+        arguments.reserve(records.size());
+        for (const T& record : records)
+            arguments.append(record.mutationArguments());
+        return wire::batchMutation(T::record(), operation, arguments);
+    }
+    static QString idArgument(int id) { return wire::argument(QStringLiteral("id"), id); }
+    static QString idArgument(const QString& key) { return wire::argument(QStringLiteral("key"), key); }
+    static QJsonArray firstFilled(const QJsonObject& data, const QStringList& keys);
+
+    void connectLinkSignals();
+    bool mayRead(Log log);
+    bool mayWrite();
+    /// The request's own reply; a null one when it didn't come in time, never that of the request before.
+    ReplyBase ask(const QString& text);
+    QJsonObject read(const QString& text, Log log);
+    bool write(const QString& text, bool blocking);
+    void switchRegion(const QString& region);
+    void forgetProject();
+    Message call(const QNetworkRequest& request, const QByteArray* body);
+    Message authorizedCall(const QUrl& url, const QByteArray* body);
+    QString localServiceUrl(const QString& path) const;
+
+    std::atomic<bool> m_isOpen{false};
+    QJsonObject m_currentProject;
+    QString m_access;
+    mutable QRecursiveMutex m_mutex;
+    std::unique_ptr<Connection> m_connection;
+    QNetworkAccessManager* m_networkAccessManager = nullptr;
+};

@@ -1,0 +1,118 @@
+#include "project/KRNFile.h"
+
+#include "models/QuestionModel.h"
+#include "models/SourceModel.h"
+#include "project/PassageRanges.h"
+#include "project/QueryCriterion.h"
+#include "project/QueryRecords.h"
+#include "link/DataHelper.h"
+
+#include <QDebug>
+#include <algorithm>
+
+namespace {
+
+QList<QueryCriterion> validCriteria(const QVariantList& maps) {
+    QList<QueryCriterion> valid;
+    for (const QVariant& map : maps) {
+        const QueryCriterion criterion(map.toMap());
+        if (criterion.isValid())
+            valid.append(criterion);
+        else
+            qDebug() << "Invalid criterion:" << map;
+    }
+    return valid;
+}
+
+using Place = QPair<int, int>;  ///< source and question
+
+/// The highlights by place, each list in the one order of highlights, equal ones by id.
+QHash<Place, QList<Highlight>> byPlace(QList<Highlight> highlights) {
+    std::sort(highlights.begin(), highlights.end(), [](const Highlight& a, const Highlight& b) {
+        if (highlightLessThan(a, b) || highlightLessThan(b, a))
+            return highlightLessThan(a, b);
+        return a.highlightId() < b.highlightId();
+    });
+    QHash<Place, QList<Highlight>> places;
+    for (const Highlight& highlight : qAsConst(highlights))
+        places[{highlight.sourceId(), highlight.questionId()}].append(highlight);
+    return places;
+}
+
+/// Every pair of a source and a question, in the order of the lists.
+QList<Place> allPlaces(const SourceModel& sources, const QuestionModel& questions) {
+    QList<Place> places;
+    const QList<Question> questionList = questions.snapshot();
+    for (const Source& source : sources.snapshot()) {
+        for (const Question& question : questionList)
+            places.append({source.sourceId(), question.questionId()});
+    }
+    return places;
+}
+
+/// A passage as screens show it: the record's fields, and what the record looks up.
+QVariantMap passageMap(const QuestionAnswer& answer) {
+    QVariantMap map = answer.toVariantMap();
+    map.insert(QStringLiteral("offset"), answer.offset());
+    map.insert(QStringLiteral("question"), answer.question());
+    map.insert(QStringLiteral("sourceTitle"), answer.sourceTitle());
+    return map;
+}
+
+QVariantMap passageMap(const KRNFile& file, const Place& place, const passages::Range& range) {
+    return passageMap(file.partialAnswer(place.first, place.second, range.first, range.second - range.first));
+}
+
+}  // namespace
+
+QVariantList KRNFile::kernosWithHighlightsAndCriteria(const QVariantList& criteriaMaps) const {
+    if (!isOpened())
+        return {};
+    QueryRecords records;
+    const auto ask = [&](const QString& text) {
+        const QString& name = wire::name::kernoQueryListWithHighlightsAndCriteria;
+        return records.read(m_dataHelper->queryValue(text, name).toArray());
+    };
+    const QList<QueryCriterion> rows = validCriteria(criteriaMaps);
+    if (rows.isEmpty())
+        return records.toMaps(ask(QueryCriterion::unconditionalQueryText()));
+    QVector<criteria::Term> terms;
+    for (const QueryCriterion& row : rows)
+        terms.append({row.level(), row.isAnd(), ask(row.queryText())});
+    return records.toMaps(criteria::evaluate(terms));
+}
+
+// One read for each kerno gives what a read for each source and question would, in the same order.
+QVariantList KRNFile::partialAnswersForKernos(const QList<int>& kernoIds) const {
+    QList<Highlight> highlights;
+    for (int kernoId : QSet<int>(kernoIds.begin(), kernoIds.end()))
+        highlights += highlightsOfKerno(kernoId);
+    const QHash<Place, QList<Highlight>> found = byPlace(highlights);
+    QVariantList list;
+    if (found.isEmpty())
+        return list;
+    for (const Place& place : allPlaces(*sourceModel(), *questionListModel())) {
+        for (const passages::Range& range : passages::mergedRanges(found.value(place)))
+            list.append(passageMap(*this, place, range));
+    }
+    return list;
+}
+
+QVariantList KRNFile::partialAnswersForOverlapsBetweenKernos(int kerno1Id, int kerno2Id) const {
+    QVariantList list;
+    const QList<Highlight> first = highlightsOfKerno(kerno1Id);
+    if (kerno1Id == kerno2Id) {
+        for (const Highlight& highlight : first)
+            list.append(passageMap(*this, {highlight.sourceId(), highlight.questionId()},
+                                   {highlight.start(), highlight.end()}));
+        return list;
+    }
+    const QHash<Place, QList<Highlight>> firstByPlace = byPlace(first);
+    const QHash<Place, QList<Highlight>> secondByPlace = byPlace(highlightsOfKerno(kerno2Id));
+    for (const Place& place : allPlaces(*sourceModel(), *questionListModel())) {
+        for (const passages::Range& range :
+             passages::overlapRanges(firstByPlace.value(place), secondByPlace.value(place)))
+            list.append(passageMap(*this, place, range));
+    }
+    return list;
+}

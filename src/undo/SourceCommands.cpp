@@ -1,0 +1,106 @@
+#include "undo/SourceCommands.h"
+
+#include "models/QuestionAnswerMainModel.h"
+#include "models/QuestionModel.h"
+#include "models/SourceMetadataModel.h"
+#include "models/SourceModel.h"
+#include "project/KRNFile.h"
+#include "link/IdManager.h"
+#include "undo/HighlightCommands.h"
+#include "undo/MemoCommands.h"
+#include "undo/MetadataCommands.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+struct Place {
+    int sourceId;
+    int questionId;
+};
+
+/// False when there are no ids for them.
+bool addEmptyAnswers(const QVector<Place>& places, KRNFile* file, QUndoCommand* parent) {
+    QList<int> ids = IdManager::instance()->nextAnswerIds(places.size());
+    if (ids.size() < places.size())
+        return false;
+    for (const Place& place : places)
+        new AddAnswerCommand(QuestionAnswer(ids.takeFirst(), place.questionId, place.sourceId, QString(),
+                                            QString(), QDateTime()),
+                             file, parent);
+    return true;
+}
+
+}  // namespace
+
+DeleteAnswerCommand::DeleteAnswerCommand(int answerId, KRNFile* file, QUndoCommand* parent)
+    : RecordCommand(Does::Remove, file, parent) {
+    if (takeStored(answerId))
+        addDependants();
+}
+
+DeleteAnswerCommand::DeleteAnswerCommand(const QuestionAnswer& answer, KRNFile* file, QUndoCommand* parent)
+    : RecordCommand(Does::Remove, file, parent) {
+    if (take(answer))
+        addDependants();
+}
+
+void DeleteAnswerCommand::addDependants() {
+    const int sourceId = record().sourceId();
+    const int questionId = record().questionId();
+    new BatchDeleteHighlightsCommand(file()->highlights(sourceId, questionId), file(), this);
+    new BatchDeleteMemosCommand(file()->memos(sourceId, questionId), file(), this);
+}
+
+AddQuestionCommand::AddQuestionCommand(const Question& question, KRNFile* file, QUndoCommand* parent)
+    : RecordCommand(Does::Save, file, parent, Order::SelfFirst) {
+    Question added(question);
+    factsOf<Question>().create(added, currentAuthor());
+    if (!take(added))
+        return;
+    QVector<Place> places;
+    for (const Source& source : file->sourceModel()->snapshot())
+        places.append({source.id(), added.id()});
+    if (!addEmptyAnswers(places, file, this))
+        invalidate();
+}
+
+DeleteQuestionCommand::DeleteQuestionCommand(int questionId, KRNFile* file, QUndoCommand* parent)
+    : RecordCommand(Does::Remove, file, parent) {
+    if (!takeStored(questionId))
+        return;
+    for (const QuestionAnswer& answer : file->answerModel()->snapshot()) {
+        if (answer.questionId() == questionId)
+            new DeleteAnswerCommand(answer, file, this);
+    }
+}
+
+AddSourceCommand::AddSourceCommand(const Source& source, KRNFile* file, bool addAnswers, QUndoCommand* parent)
+    : RecordCommand(Does::Save, file, parent, Order::SelfFirst) {
+    Source added(source);
+    const bool isNew = added.id() < 1;
+    const QString author = isNew || added.author().isEmpty() ? currentAuthor() : added.author();
+    factsOf<Source>().create(added, author);
+    if (isNew)
+        added.setTimestamp(now());
+    added.setTitle(added.title().trimmed());
+    if (added.title().isEmpty())
+        added.setTitle(QCoreApplication::translate("AddSourceCommand", "Source %1").arg(added.id()));
+    if (!take(added) || !addAnswers)
+        return;
+    QVector<Place> places;
+    for (const Question& question : file->questionListModel()->snapshot())
+        places.append({added.id(), question.id()});
+    if (!addEmptyAnswers(places, file, this))
+        invalidate();
+}
+
+DeleteSourceCommand::DeleteSourceCommand(int sourceId, KRNFile* file, QUndoCommand* parent)
+    : RecordCommand(Does::Remove, file, parent) {
+    if (!takeStored(sourceId))
+        return;
+    for (const QuestionAnswer& answer : file->answerModel()->answers(sourceId))
+        new DeleteAnswerCommand(answer, file, this);
+    for (const SourceMetadata& link : file->metadataModel()->linksOfSource(sourceId))
+        new DeleteMetadataCommand(link, file, this);
+}

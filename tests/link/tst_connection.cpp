@@ -1,0 +1,312 @@
+#include "LinkSupport.h"
+#include "link/Connection.h"
+#include "link/WebSocketHandler.h"
+#include "tests_support/ScriptedService.h"
+#include "tests_support/TestMain.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTcpServer>
+
+namespace {
+
+const QString operation = QStringLiteral("maxHighlightsCount");
+const QString text = QStringLiteral("{maxHighlightsCount}");
+
+int value(const ReplyBase& reply) {
+    return reply.data().value(operation).toInt(-1);
+}
+
+}  // namespace
+
+/// The life of the link and its requests, against a service that misbehaves.
+class tst_Connection : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void requestsAreNumberedFromOneAfterEachConnect();
+    void aReplyCarriesErrorsAndData();
+    void aConnectedLinkIsClosedFirst();
+    void aLostLinkComesBack();
+    void aLinkThatWasClosedByUsStaysClosed();
+    void anotherSessionEndsTheLinkForGood();
+    void aRefusedOrSilentHandshakeEndsTheConnect_data();
+    void aRefusedOrSilentHandshakeEndsTheConnect();
+    void aLatePongRetainsTheLink();
+    void aLinkWithoutPongIsAbortedAndComesBack();
+    void aRequestWithoutReplyEndsInTime();
+    void aLateReplyIsNeverTakenForAnother();
+    void onlyTheOwnReplyReleasesARequest();
+    void manyThreadsAskAtOnce();
+    void anAwaitedReplyComesToItsThread();
+    void anAwaitedReplyIsNotServedByALaterLink();
+    void aRemoteLinkNeedsACloud();
+
+private:
+    void listen();
+
+    std::unique_ptr<ScriptedService> m_service;
+    std::unique_ptr<Connection> m_link;
+    std::unique_ptr<SignalLog> m_log;
+};
+
+void tst_Connection::init() {
+    m_service = std::make_unique<ScriptedService>();
+    m_service->answer(operation, 5);
+    m_link = std::make_unique<Connection>(calmTimings());
+    listen();
+}
+
+void tst_Connection::cleanup() {
+    m_link.reset();
+    m_service.reset();
+    m_log.reset();
+}
+
+void tst_Connection::listen() {
+    m_log = std::make_unique<SignalLog>();
+    Connection* link = m_link.get();
+    m_log->listen(link, &Connection::connected, QStringLiteral("connected"));
+    m_log->listen(link, &Connection::reconnected, QStringLiteral("reconnected"));
+    m_log->listen(link, &Connection::disconnected, QStringLiteral("disconnected"));
+    m_log->listen(link, &Connection::connectionLost, QStringLiteral("connectionLost"));
+    m_log->listen(link, &Connection::closedDueToAnotherSession, QStringLiteral("closedDueToAnotherSession"));
+}
+
+void tst_Connection::requestsAreNumberedFromOneAfterEachConnect() {
+    for (int round = 0; round < 2; ++round) {
+        m_service->forgetRequests();
+        QVERIFY(m_link->connect(false));
+        QVERIFY(m_link->send(text));
+        QCOMPARE(value(m_link->request(text)), 5);
+        const QList<wire::RequestFrame> requests = m_service->requests();
+        QCOMPARE(requests.size(), 2);
+        QCOMPARE(requests[0].messageId, 1);
+        QCOMPARE(requests[1].messageId, 2);
+        QCOMPARE(requests[1].text, text);
+        QVERIFY(requests[1].auth.isEmpty());
+    }
+}
+
+void tst_Connection::aReplyCarriesErrorsAndData() {
+    m_service->on(operation, [](ScriptedClient& client, const ScriptedRequest& request) {
+        const QJsonArray errors{QJsonObject{{QStringLiteral("message"), QStringLiteral("bad")}}};
+        const QJsonObject data{{operation, 3}};
+        client.send({request.frame.messageId,
+                     422,
+                     {{QStringLiteral("errors"), errors}, {QStringLiteral("data"), data}}});
+    });
+    QVERIFY(m_link->connect(false));
+    const ReplyBase reply = m_link->request(text);
+    QCOMPARE(reply.id(), 1);
+    QCOMPARE(reply.status(), 422);
+    QCOMPARE(reply.errors().first().toObject().value(QStringLiteral("message")).toString(),
+             QStringLiteral("bad"));
+    QCOMPARE(value(reply), 3);
+}
+
+void tst_Connection::aConnectedLinkIsClosedFirst() {
+    QVERIFY(m_link->connect(false));
+    QVERIFY(m_link->connect(false));
+    QVERIFY(waitFor([&] { return m_service->clientCount() == 1; }));
+    QCOMPARE(value(m_link->request(text)), 5);
+    QVERIFY(!m_log->names.contains(QStringLiteral("reconnected")));
+    QCOMPARE(m_log->names.count(QStringLiteral("connected")), 2);
+}
+
+void tst_Connection::aLostLinkComesBack() {
+    QVERIFY(m_link->connect(false));
+    m_service->abortAll();
+    QVERIFY(m_log->waitFor(QStringLiteral("reconnected")));
+    QCOMPARE(m_log->names, QStringList({"connected", "disconnected", "reconnected"}));
+    QVERIFY(m_link->isConnected());
+    m_service->forgetRequests();
+    QCOMPARE(value(m_link->request(text)), 5);
+    QCOMPARE(m_service->requests().first().messageId, 1);
+    // The timer has stopped: the link isn't opened again and again.
+    QTest::qWait(4 * calmTimings().reconnect);
+    QCOMPARE(m_log->names.size(), 3);
+}
+
+void tst_Connection::aLinkThatWasClosedByUsStaysClosed() {
+    QVERIFY(m_link->connect(false));
+    m_link->disconnect(true);
+    QVERIFY(m_log->waitFor(QStringLiteral("disconnected")));
+    QVERIFY(!m_link->isConnected());
+    QTest::qWait(4 * calmTimings().reconnect);
+    QCOMPARE(m_log->names, QStringList({"connected", "disconnected"}));
+    QVERIFY(m_link->connect(false));
+    QCOMPARE(m_log->names.last(), QStringLiteral("connected"));
+}
+
+void tst_Connection::anotherSessionEndsTheLinkForGood() {
+    QVERIFY(m_link->connect(false));
+    m_service->closeAll(4000);
+    QVERIFY(m_log->waitFor(QStringLiteral("closedDueToAnotherSession")));
+    QTest::qWait(4 * calmTimings().reconnect);
+    QCOMPARE(m_log->names, QStringList({"connected", "closedDueToAnotherSession"}));
+    QVERIFY(!m_link->isConnected());
+}
+
+void tst_Connection::aRefusedOrSilentHandshakeEndsTheConnect_data() {
+    QTest::addColumn<bool>("silent");
+    QTest::newRow("refused") << false;
+    QTest::newRow("silent") << true;
+}
+
+void tst_Connection::aRefusedOrSilentHandshakeEndsTheConnect() {
+    QFETCH(bool, silent);
+    LinkTimings timings = shortTimings();
+    if (silent)
+        timings.start = 400;
+    m_link = std::make_unique<Connection>(timings);
+    QTcpServer mute;
+    QTemporaryDir folder;
+    if (silent) {
+        QVERIFY(mute.listen(QHostAddress::LocalHost));
+        const QString body = QStringLiteral("echo 'Port: %1'\nexec cat > /dev/null").arg(mute.serverPort());
+        qputenv("KERNOVA_SERVICE_PROGRAM", writeProgram(folder, QStringLiteral("mute"), body).toUtf8());
+    } else {
+        m_service->setRefusing(true);
+    }
+    QVERIFY(!m_link->connect(false));
+}
+
+void tst_Connection::aLatePongRetainsTheLink() {
+    LinkTimings timings = shortTimings();
+    timings.disconnect = 60000;
+    m_link = std::make_unique<Connection>(timings);
+    listen();
+    QVERIFY(m_link->connect(false));
+    m_service->stall();
+    QVERIFY(m_log->waitFor(QStringLiteral("connectionLost")));
+    QVERIFY(!m_link->isConnected());
+    m_service->resume();
+    QVERIFY(waitFor([&] { return m_link->isConnected(); }));
+    QVERIFY(waitFor([&] { return m_log->names.size() >= 3; }));
+    QCOMPARE(m_log->names.mid(0, 3), QStringList({"connected", "connectionLost", "connected"}));
+    QVERIFY(!m_log->names.contains(QStringLiteral("disconnected")));
+    QCOMPARE(m_service->clientCount(), 1);
+}
+
+void tst_Connection::aLinkWithoutPongIsAbortedAndComesBack() {
+    m_link = std::make_unique<Connection>(shortTimings());
+    listen();
+    QVERIFY(m_link->connect(false));
+    m_service->stall();
+    QVERIFY(m_log->waitFor(QStringLiteral("disconnected")));
+    QCOMPARE(m_log->names.mid(0, 3), QStringList({"connected", "connectionLost", "disconnected"}));
+    m_service->resume();
+    QVERIFY(m_log->waitFor(QStringLiteral("reconnected")));
+}
+
+void tst_Connection::aRequestWithoutReplyEndsInTime() {
+    LinkTimings timings = calmTimings();
+    timings.request = 200;
+    m_link = std::make_unique<Connection>(timings);
+    QVERIFY(m_link->connect(false));
+    QCOMPARE(value(m_link->request(text)), 5);
+    m_service->ignore(QStringLiteral("kernoQueryList"));
+    QElapsedTimer time;
+    time.start();
+    const ReplyBase reply = m_link->request(QStringLiteral("{kernoQueryList{id}}"));
+    QVERIFY(time.elapsed() >= timings.request);
+    // The reply of the request before.
+    QCOMPARE(value(reply), 5);
+    QCOMPARE(value(m_link->request(text)), 5);
+}
+
+void tst_Connection::aLateReplyIsNeverTakenForAnother() {
+    LinkTimings timings = calmTimings();
+    timings.request = 200;
+    m_link = std::make_unique<Connection>(timings);
+    // The reply to the first request comes just before that to the second.
+    auto first = std::make_shared<ScriptedRequest>();
+    m_service->on(operation, [first](ScriptedClient& client, const ScriptedRequest& request) {
+        if (first->frame.messageId == 0) {
+            *first = request;
+            return;
+        }
+        client.reply(*first, {{operation, 1}});
+        client.reply(request, {{operation, 2}});
+    });
+    QVERIFY(m_link->connect(false));
+    QCOMPARE(value(m_link->request(text)), -1);
+    QCOMPARE(value(m_link->request(text)), 2);
+    m_service->answer(operation, 3);
+    QCOMPARE(value(m_link->request(text)), 3);
+}
+
+void tst_Connection::onlyTheOwnReplyReleasesARequest() {
+    m_service->on(operation, [](ScriptedClient& client, const ScriptedRequest& request) {
+        const QJsonObject foreign{
+            {QStringLiteral("data"), QJsonObject{{QStringLiteral("kernoRemove"), QJsonObject()}}}};
+        client.send({0, 200, foreign});
+        client.send({request.frame.messageId + 1, 200, foreign});
+        client.send({request.frame.messageId, 403, foreign});
+        client.reply(request, {{operation, 9}});
+    });
+    QVERIFY(m_link->connect(false));
+    QCOMPARE(value(m_link->request(text)), 9);
+}
+
+void tst_Connection::manyThreadsAskAtOnce() {
+    constexpr int rounds = 50;
+    m_service->on(operation, [](ScriptedClient& client, const ScriptedRequest& request) {
+        client.reply(request, {{operation, request.argument(QStringLiteral("n")).toInt()}});
+    });
+    QVERIFY(m_link->connect(false));
+    std::atomic<int> wrong{0};
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back(QThread::create([this, i, &wrong] {
+            for (int round = 0; round < rounds; ++round) {
+                const int n = i * rounds + round;
+                if (value(m_link->request(QStringLiteral("{maxHighlightsCount(n:%1)}").arg(n))) != n)
+                    ++wrong;
+            }
+        }));
+        threads.back()->start();
+    }
+    for (const auto& thread : threads)
+        QVERIFY(thread->wait(patience));
+    QCOMPARE(wrong.load(), 0);
+}
+
+void tst_Connection::anAwaitedReplyComesToItsThread() {
+    QVERIFY(m_link->connect(false));
+    const std::unique_ptr<ReplyBase> reply(m_link->sendAsync(text));
+    QVERIFY(reply);
+    QSignalSpy finished(reply.get(), &ReplyBase::finished);
+    QVERIFY(finished.wait(patience));
+    QCOMPARE(value(*reply), 5);
+    m_service->pushText(wire::ResponseFrame{reply->id(), 200, {}}.toText());
+    QCOMPARE(value(m_link->request(text)), 5);
+    QCoreApplication::processEvents();
+    QCOMPARE(finished.count(), 1);
+}
+
+void tst_Connection::anAwaitedReplyIsNotServedByALaterLink() {
+    m_service->ignore(QStringLiteral("kernoQueryList"));
+    QVERIFY(m_link->connect(false));
+    const std::unique_ptr<ReplyBase> lost(m_link->sendAsync(QStringLiteral("{kernoQueryList{id}}")));
+    QSignalSpy finished(lost.get(), &ReplyBase::finished);
+    QVERIFY(waitFor([&] { return m_service->requests().size() == 1; }));
+    m_service->abortAll();
+    QVERIFY(m_log->waitFor(QStringLiteral("reconnected")));
+    QCOMPARE(m_link->request(text).id(), lost->id());
+    QCoreApplication::processEvents();
+    QCOMPARE(finished.count(), 0);
+}
+
+void tst_Connection::aRemoteLinkNeedsACloud() {
+    QVERIFY(!m_link->connect(true));
+    QVERIFY(!m_link->lastError().isEmpty());
+    QVERIFY(!m_link->isRemote());
+    QVERIFY(m_link->connect(false));
+}
+
+KERNOVA_TEST_MAIN(tst_Connection)
+#include "tst_connection.moc"
