@@ -43,10 +43,12 @@ private:
         return {reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
                 QJsonDocument::fromJson(reply->readAll()).object()};
     }
-    HttpAnswer get(const QString& name) {
+    HttpAnswer get(const QString& name, const QString& only = {}) {
         QUrl url = m_service->httpUrl(path);
         QUrlQuery query;
         query.addQueryItem(QStringLiteral("name"), QString::fromLatin1(QUrl::toPercentEncoding(name)));
+        if (!only.isEmpty())
+            query.addQueryItem(QStringLiteral("only"), only);
         url.setQuery(query);
         return wait(m_manager.get(QNetworkRequest(url)));
     }
@@ -148,8 +150,15 @@ private slots:
         QCOMPARE(project.size(), static_cast<int>(projectjson::parts().size()));
         for (const projectjson::Part& part : projectjson::parts())
             QCOMPARE(project.value(part.key).toArray().size(), 1);
+        QJsonObject settings = open.json;
+        const QString preferences = QStringLiteral("preferences");
+        settings.insert(QStringLiteral("project_json"),
+                        QJsonObject{{preferences, project.value(preferences)}});
+        QCOMPARE(get(first, preferences).json, settings);
         client.request(wire::closeProject());
         QCOMPARE(get(first).json, open.json);
+        QCOMPARE(get(first, preferences).json, settings);
+        QCOMPARE(get(first, QStringLiteral("kernos")).status, 400);
 
         const QString second = m_folder.filePath(QStringLiteral("second.krn"));
         const HttpAnswer posted = post({{QStringLiteral("name"), second},

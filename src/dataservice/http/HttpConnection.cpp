@@ -45,8 +45,8 @@ unsigned number(http::status status) {
 }
 
 /// The query of a target keeps "+" as it is, as file names do.
-QString nameOf(const QUrl& target) {
-    return QUrlQuery(target).queryItemValue(QStringLiteral("name"), QUrl::FullyDecoded);
+QString argumentOf(const QUrl& target, const QString& key) {
+    return QUrlQuery(target).queryItemValue(key, QUrl::FullyDecoded);
 }
 
 }  // namespace
@@ -125,7 +125,8 @@ void HttpConnection::bodyRead() {
         reply(number(http::status::not_found),
               projectjson::failureReply(QStringLiteral("There is nothing at this path.")));
     } else if (request.method() == http::verb::get) {
-        const SessionHub::FileError error = m_dispatcher.hub().exportProject(nameOf(target), &answer);
+        const SessionHub::FileError error = m_dispatcher.hub().exportProject(
+            argumentOf(target, QStringLiteral("name")), argumentOf(target, QStringLiteral("only")), &answer);
         reply(number(statusOf(error)), answer);
     } else if (request.method() == http::verb::post) {
         const std::string& body = request.body();

@@ -54,7 +54,7 @@ const std::vector<Part>& parts() {
     return all;
 }
 
-Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* reply) {
+Outcome exportProject(ProjectStore& store, const QString& name, const QString& only, QByteArray* reply) {
     JsonWriter json;
     begin(json, true, {}).key(keyProject).beginObject();
     json.key(QStringLiteral("name"))
@@ -64,6 +64,8 @@ Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* repl
         .endObject();
     json.key(keyProjectJson).beginObject();
     for (const Part& part : parts()) {
+        if (!only.isEmpty() && part.key != only)
+            continue;
         const Outcome outcome = writePart(store, part, json);
         if (!outcome.ok())
             return outcome;

@@ -19,8 +19,8 @@ struct Part {
 const std::vector<Part>& parts();
 
 /// `{"status":true,"message":"","project":{...},"project_json":{...}}` for a project that was opened as
-/// `name`.
-Outcome exportProject(ProjectStore& store, const QString& name, QByteArray* reply);
+/// `name`. With `only`, the key of a part, `project_json` holds that part alone.
+Outcome exportProject(ProjectStore& store, const QString& name, const QString& only, QByteArray* reply);
 
 /// What a body that brings a project says, without the records.
 struct Upload {

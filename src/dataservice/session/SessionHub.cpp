@@ -66,11 +66,14 @@ void SessionHub::closeAll() {
     m_sessions.clear();
 }
 
-SessionHub::FileError SessionHub::exportProject(const QString& name, QByteArray* answer) {
+SessionHub::FileError SessionHub::exportProject(const QString& name, const QString& only,
+                                                QByteArray* answer) {
     const auto fail = [&](FileError error, const QString& message) {
         *answer = projectjson::failureReply(message);
         return error;
     };
+    if (!only.isEmpty() && only != QLatin1String("preferences"))
+        return fail(FileError::Unusable, QStringLiteral("\"%1\" can't be read alone.").arg(only));
     while (hasWork())
         run();
     const QString path = QFileInfo(name).absoluteFilePath();
@@ -78,10 +81,13 @@ SessionHub::FileError SessionHub::exportProject(const QString& name, QByteArray*
         return fail(FileError::NotFound, QStringLiteral("There is no project file \"%1\".").arg(name));
     const std::shared_ptr<ProjectSession> session = find(path);
     QString message;
-    const std::unique_ptr<ProjectStore> own = session ? nullptr : ProjectStore::openExisting(path, &message);
+    std::unique_ptr<ProjectStore> own;
+    if (!session)
+        own = only.isEmpty() ? ProjectStore::openExisting(path, &message)
+                             : ProjectStore::openToLook(path, &message);
     if (!session && !own)
         return fail(FileError::Unusable, message);
-    const Outcome outcome = projectjson::exportProject(session ? session->store() : *own, name, answer);
+    const Outcome outcome = projectjson::exportProject(session ? session->store() : *own, name, only, answer);
     return outcome.ok() ? FileError::None : fail(FileError::Unusable, outcome.message);
 }
 

@@ -39,8 +39,9 @@ public:
         InUse,     ///< a client has the file open
         Failed     ///< it couldn't be written
     };
-    /// A whole project as JSON, open or not.
-    FileError exportProject(const QString& name, QByteArray* reply);
+    /// A whole project as JSON, open or not. With `only` "preferences" just these, at the same cost for a
+    /// project of any size; no other part can be asked for alone.
+    FileError exportProject(const QString& name, const QString& only, QByteArray* reply);
     /// Makes a project file of a whole project as JSON. Without an error `reply` tells of it, otherwise of
     /// the reason.
     FileError importProject(const QByteArray& body, QByteArray* reply);

@@ -57,6 +57,10 @@ Outcome applySettings(Database& database) {
     return Outcome::done();
 }
 
+Outcome forbidWrites(Database& database) {
+    return database.run(QStringLiteral("PRAGMA query_only = ON"));
+}
+
 QVariant bound(const QVariant& value) {
     if (value.type() != QVariant::String)
         return value;

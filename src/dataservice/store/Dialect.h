@@ -19,6 +19,10 @@ QString driverName();
 /// Durability and trust of a connection that was just opened.
 Outcome applySettings(Database& database);
 
+/// From now on the connection changes nothing. A transaction that another program left behind is still
+/// undone.
+Outcome forbidWrites(Database& database);
+
 /// The value in the form in which it comes back unchanged. Only half surrogate pairs, which are no text, are
 /// replaced.
 QVariant bound(const QVariant& value);

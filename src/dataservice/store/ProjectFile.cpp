@@ -51,9 +51,8 @@ bool replaceFile(const QString& from, const QString& to) {
 }
 #endif
 
-}  // namespace
-
-std::unique_ptr<Database> open(const QString& path, QString* message) {
+/// A project file of a known version that defines nothing but what such a file does.
+std::unique_ptr<Database> openKnown(const QString& path, int* version, QString* message) {
     const dialect::Header header = dialect::readHeader(path);
     using Kind = dialect::Header::Kind;
     if (header.kind == Kind::Missing)
@@ -72,14 +71,38 @@ std::unique_ptr<Database> open(const QString& path, QString* message) {
     std::unique_ptr<Database> database = Database::open(path, message);
     if (!database)
         return refuse(path, *message, message);
-    Outcome outcome = checkSchema(*database, header.version);
-    if (outcome.ok()) {
-        outcome = dialect::checkPages(*database);
-        if (!outcome.ok())
-            outcome.message = QStringLiteral("It is damaged: %1").arg(outcome.message);
-    }
-    if (outcome.ok())
-        outcome = migrate(*database, header.version, currentSchemaVersion());
+    const Outcome outcome = checkSchema(*database, header.version);
+    if (!outcome.ok())
+        return refuse(path, outcome.message, message);
+    *version = header.version;
+    return database;
+}
+
+}  // namespace
+
+std::unique_ptr<Database> open(const QString& path, QString* message) {
+    int version = 0;
+    std::unique_ptr<Database> database = openKnown(path, &version, message);
+    if (!database)
+        return nullptr;
+    Outcome outcome = dialect::checkPages(*database);
+    if (!outcome.ok())
+        outcome.message = QStringLiteral("It is damaged: %1").arg(outcome.message);
+    else
+        outcome = migrate(*database, version, currentSchemaVersion());
+    if (!outcome.ok())
+        return refuse(path, outcome.message, message);
+    return database;
+}
+
+std::unique_ptr<Database> openToLook(const QString& path, QString* message) {
+    // The check of all pages keeps damage from spreading by later writes. Here none follow, and the schema's
+    // own pages and the few that are read are checked as they are read: a damaged one is a failed read.
+    int version = 0;
+    std::unique_ptr<Database> database = openKnown(path, &version, message);
+    if (!database)
+        return nullptr;
+    const Outcome outcome = dialect::forbidWrites(*database);
     if (!outcome.ok())
         return refuse(path, outcome.message, message);
     return database;

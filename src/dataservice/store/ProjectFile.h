@@ -15,6 +15,10 @@ namespace projectfile {
 /// that is refused is left as it is. Null with a sentence in `message` on any failure.
 std::unique_ptr<Database> open(const QString& path, QString* message);
 
+/// Opens an existing project file to read a few rows, at a cost that doesn't grow with the file: its pages
+/// are not gone through and it is not migrated. Nothing can be written through what is given back.
+std::unique_ptr<Database> openToLook(const QString& path, QString* message);
+
 /// Makes an empty project in a new file, to be filled and then moved into place. Fails when the file exists.
 std::unique_ptr<Database> createAt(const QString& path, QString* message);
 

@@ -43,6 +43,13 @@ std::unique_ptr<ProjectStore> ProjectStore::openExisting(const QString& path, QS
     return nullptr;
 }
 
+std::unique_ptr<ProjectStore> ProjectStore::openToLook(const QString& path, QString* message) {
+    std::unique_ptr<Database> database = projectfile::openToLook(path, message);
+    if (!database)
+        return nullptr;
+    return std::unique_ptr<ProjectStore>(new ProjectStore(path, std::move(database)));
+}
+
 std::unique_ptr<ProjectStore> ProjectStore::createAt(const QString& path, QString* message) {
     std::unique_ptr<Database> database = projectfile::createAt(path, message);
     if (!database)

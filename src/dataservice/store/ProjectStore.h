@@ -54,6 +54,8 @@ public:
     static std::unique_ptr<ProjectStore> open(const QString& path, QString* message);
     /// Opens the file; a missing one is a failure.
     static std::unique_ptr<ProjectStore> openExisting(const QString& path, QString* message);
+    /// Opens the file for a few reads, see projectfile.
+    static std::unique_ptr<ProjectStore> openToLook(const QString& path, QString* message);
     /// An empty project in a new file that isn't in its place yet, see projectfile.
     static std::unique_ptr<ProjectStore> createAt(const QString& path, QString* message);
     /// Rolls back what wasn't committed.
