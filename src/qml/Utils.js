@@ -91,7 +91,24 @@ function getFileName(path, extension) {
     return extension === false && point >= 0 ? name.substring(0, point) : name
 }
 
-// The size at the given width, with the proportions of the original.
-function getSizeForWidth(width, originalWidth, originalHeight) {
-    return Qt.size(width, originalWidth > 0 ? width * originalHeight / originalWidth : 0)
+// The text with each "%1" to "%9" replaced by the value of that number. Unlike a chain of arg(), a "%" in a value stays.
+function filled(pattern) {
+    var values = arguments
+    return pattern.replace(/%([1-9])/g, function(mark, number) {
+        return number < values.length ? values[number] : mark
+    })
+}
+
+// The text as it must stand in marked-up text to be read as it is.
+function escaped(text) {
+    return text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;")
+}
+
+// Writes the passage that a text drag carries into the record.
+function fillPassage(record, drag) {
+    record.start = drag.start
+    record.length = drag.length
+    record.questionId = drag.questionId
+    record.sourceId = drag.sourceId
+    return record
 }

@@ -29,10 +29,15 @@ QtObject {
     readonly property color dialog_highlight_color: dark ? "#888888" : "#dddddd"
     readonly property color listview_highlight_color: dark ? "#646464" : "#f0f0f0"
     readonly property color textfield_background_color: dark ? "#535361" : "#f0f0f0"
+    readonly property color list_background_color: dark ? textfield_background_color : "white"
+    readonly property color row_selected_color: Qt.rgba(0.99, 0.56, 0, 0.28)
+    readonly property color selection_color: "#80B3DB"
+    readonly property color selected_text_color: "black"
     readonly property color error_text_color: dark ? "#ff6b60" : "#b00020"
     readonly property color border_color: "darkgrey"
     readonly property color link_color: "#fc8f00"
     readonly property color orrange_button_color: "#fc8f00"
+    readonly property color orrange_button_text_color: "#1d1b19"
     readonly property color chat_own_background_color: "#aceefe"
     readonly property color chat_other_background_color: "#d1d1d1"
     readonly property color chat_own_text_color: dark ? chat_own_background_color : "#377f91"
@@ -58,9 +63,9 @@ QtObject {
                 opacity: control.enabled ? 1.0 : 0.35
                 border { width: control.activeFocus ? 2 : 0; color: root.dialog_text_color_alternative }
             }
-            label: Text {
+            label: PlainText {
                 text: control.text
-                color: "#1d1b19"
+                color: root.orrange_button_text_color
                 opacity: control.enabled ? 1.0 : 0.6
                 font { pixelSize: root.dialog_text_font_size; bold: true }
                 horizontalAlignment: Text.AlignHCenter
@@ -83,7 +88,7 @@ QtObject {
                     color: control.activeFocus ? root.orrange_button_color : root.border_color
                 }
             }
-            label: Text {
+            label: PlainText {
                 text: control.text
                 color: root.dialog_text_color_alternative
                 opacity: control.enabled ? 1.0 : 0.45
@@ -103,7 +108,7 @@ QtObject {
                 opacity: control.enabled ? 1.0 : 0.5
                 border { width: 1; color: "#3c76b0" }
             }
-            label: Text {
+            label: PlainText {
                 text: control.text
                 color: "#3c76b0"
                 font.pixelSize: root.dialog_text_font_size_small
@@ -158,7 +163,7 @@ QtObject {
                 opacity: control.enabled ? 1.0 : 0.5
                 source: "qrc:///qml/images/%1.png".arg(control.checked ? "tickbox-ticked" : "tickbox-empty")
             }
-            label: Text {
+            label: PlainText {
                 text: control.text
                 color: root.dialog_text_color_alternative
                 font.pixelSize: root.dialog_text_font_size
@@ -176,23 +181,13 @@ QtObject {
             corner: Item {}
             incrementControl: Item {}
             decrementControl: Item {}
-            scrollBarBackground: Rectangle {
-                implicitWidth: root.scroll_bar_size
-                implicitHeight: root.scroll_bar_size
-                color: "white"
-                opacity: 0.6
-            }
-            handle: Rectangle {
-                implicitWidth: root.scroll_bar_size
-                implicitHeight: root.scroll_bar_size
-                radius: root.scroll_bar_size / 2
-                // A handle that fills its trough has nothing to scroll.
-                opacity: __needed ? 1 : 0
-                readonly property Item __view: control.flickableItem
-                readonly property bool __needed: !__view || (styleData.horizontal
-                                                             ? __view.contentWidth > __view.width
-                                                             : __view.contentHeight > __view.height)
-                color: styleData.pressed ? Qt.darker(root.orrange_button_color, 1.2) : root.orrange_button_color
+            scrollBarBackground: ScrollTrough { size: root.scroll_bar_size }
+            handle: ScrollHandle {
+                size: root.scroll_bar_size
+                baseColor: root.orrange_button_color
+                pressed: styleData.pressed
+                horizontal: styleData.horizontal
+                view: control.flickableItem
             }
         }
     }

@@ -8,30 +8,27 @@ ComboBox {
     id: root
 
     property string tooltip
+    // A colour for each entry, or none: a disc of it stands before the entry.
+    property var entryColors: []
 
     implicitHeight: Units.dp(30)
 
     style: ComboBoxStyle {
         textColor: ApplicationStyle.dialog_text_color_alternative
-        selectionColor: "#80B3DB"
-        selectedTextColor: "black"
+        selectionColor: ApplicationStyle.selection_color
+        selectedTextColor: ApplicationStyle.selected_text_color
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
-        background: Rectangle {
+        background: FieldFrame {
             implicitWidth: Units.dp(120)
-            radius: Units.dp(4)
-            color: ApplicationStyle.textfield_background_color
-            border {
-                width: control.activeFocus ? 2 : 1
-                color: control.activeFocus ? ApplicationStyle.orrange_button_color : ApplicationStyle.border_color
-            }
-            Text {
+            focused: control.activeFocus
+            PlainText {
                 anchors { right: parent.right; rightMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
                 text: "\u25be"
                 color: ApplicationStyle.dialog_text_color_alternative
                 font.pixelSize: ApplicationStyle.dialog_text_font_size_small
             }
         }
-        label: Text {
+        label: PlainText {
             text: control.currentText
             color: ApplicationStyle.dialog_text_color_alternative
             font.pixelSize: ApplicationStyle.dialog_text_font_size_small
@@ -42,7 +39,10 @@ ComboBox {
         }
         // The field of an editable box: what is behind it is the background above.
         __editor: Item { implicitWidth: Units.dp(100); implicitHeight: Units.dp(28) }
-        __dropDownStyle: Component { ThemedMenuStyle { __menuItemType: "comboboxitem" } }
+        __dropDownStyle: Component { ThemedMenuStyle {
+                __menuItemType: "comboboxitem"
+                entryColors: root.entryColors
+            } }
     }
 
     HoverToolTip {

@@ -4,7 +4,7 @@ import "../Utils.js" as Utils
 
 // What the screens share: every property and signal of CentralManager, without its reactions.
 Item {
-    id: state
+    id: shared
 
     // The session
     property bool darkTheme: true
@@ -147,6 +147,7 @@ Item {
         id: _lines
         visible: false
         text: "a\na\na\na"
-        font.pointSize: state.sourceFontSize
+        textFormat: TextEdit.PlainText
+        font.pointSize: shared.sourceFontSize
     }
 }

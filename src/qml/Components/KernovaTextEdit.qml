@@ -13,8 +13,8 @@ KernovaTextEditBase {
     selectByMouse: true
     persistentSelection: true
     color: ApplicationStyle.source_text_color
-    selectionColor: "#80B3DB"
-    selectedTextColor: "black"
+    selectionColor: ApplicationStyle.selection_color
+    selectedTextColor: ApplicationStyle.selected_text_color
     font {
         family: ApplicationStyle.source_text_font_family
         pointSize: CentralManager.sourceFontSize

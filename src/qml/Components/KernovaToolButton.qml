@@ -37,7 +37,7 @@ Item {
                                                      : Utils.iconSourceForTheme(root.icon, ApplicationStyle.dark)
         }
 
-        Text {
+        PlainText {
             width: parent.width
             horizontalAlignment: Text.AlignHCenter
             elide: Text.ElideRight

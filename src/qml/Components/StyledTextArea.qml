@@ -15,33 +15,22 @@ TextArea {
 
     style: TextAreaStyle {
         textColor: ApplicationStyle.dialog_text_color_alternative
-        selectionColor: "#80B3DB"
-        selectedTextColor: "black"
+        selectionColor: ApplicationStyle.selection_color
+        selectedTextColor: ApplicationStyle.selected_text_color
         backgroundColor: "transparent"
         textMargin: Units.dp(8)
         transientScrollBars: false
-        frame: Rectangle {
-            radius: Units.dp(4)
-            color: ApplicationStyle.textfield_background_color
-            border {
-                width: control.activeFocus ? 2 : 1
-                color: control.activeFocus ? ApplicationStyle.orrange_button_color : ApplicationStyle.border_color
-            }
-        }
+        frame: FieldFrame { focused: control.activeFocus }
         corner: Item {}
         incrementControl: Item {}
         decrementControl: Item {}
-        scrollBarBackground: Rectangle {
-            implicitWidth: ApplicationStyle.scroll_bar_size
-            implicitHeight: ApplicationStyle.scroll_bar_size
-            color: "white"
-            opacity: 0.6
-        }
-        handle: Rectangle {
-            implicitWidth: ApplicationStyle.scroll_bar_size
-            implicitHeight: ApplicationStyle.scroll_bar_size
-            radius: ApplicationStyle.scroll_bar_size / 2
-            color: ApplicationStyle.orrange_button_color
+        scrollBarBackground: ScrollTrough { size: ApplicationStyle.scroll_bar_size }
+        handle: ScrollHandle {
+            size: ApplicationStyle.scroll_bar_size
+            baseColor: ApplicationStyle.orrange_button_color
+            pressed: styleData.pressed
+            horizontal: styleData.horizontal
+            view: control.flickableItem
         }
     }
 }

@@ -22,16 +22,11 @@ TextField {
         padding { left: Units.dp(8); right: Units.dp(8) }
         textColor: ApplicationStyle.dialog_text_color_alternative
         placeholderTextColor: Qt.rgba(textColor.r, textColor.g, textColor.b, 0.55)
-        selectionColor: "#80B3DB"
-        selectedTextColor: "black"
-        background: Rectangle {
-            radius: Units.dp(4)
-            color: ApplicationStyle.textfield_background_color
+        selectionColor: ApplicationStyle.selection_color
+        selectedTextColor: ApplicationStyle.selected_text_color
+        background: FieldFrame {
             opacity: control.enabled ? 1.0 : 0.5
-            border {
-                width: control.activeFocus ? 2 : 1
-                color: control.activeFocus ? ApplicationStyle.orrange_button_color : ApplicationStyle.border_color
-            }
+            focused: control.activeFocus
         }
     }
 }

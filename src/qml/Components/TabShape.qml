@@ -23,11 +23,10 @@ MouseArea {
         opacity: root.enabled ? 1.0 : 0.5
     }
 
-    Text {
+    PlainText {
         anchors { fill: parent; leftMargin: Units.dp(10); rightMargin: Units.dp(10) }
         visible: root.text !== ""
         text: root.text
-        textFormat: Text.PlainText
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideMiddle

@@ -7,8 +7,9 @@ import "."
 MenuStyle {
     id: root
 
+    property var entryColors: []
     readonly property color textColor: ApplicationStyle.dialog_text_color_alternative
-    readonly property color selectedTextColor: "#1d1b19"
+    readonly property color selectedTextColor: ApplicationStyle.orrange_button_text_color
 
     frame: Rectangle {
         color: ApplicationStyle.dark ? "#23242f" : "#fafaff"
@@ -17,23 +18,34 @@ MenuStyle {
     itemDelegate.background: Rectangle {
         color: styleData.selected && styleData.enabled ? ApplicationStyle.orrange_button_color : "transparent"
     }
-    itemDelegate.label: Text {
+    itemDelegate.label: PlainText {
         text: styleData.text
         height: Units.dp(28)
         verticalAlignment: Text.AlignVCenter
-        leftPadding: Units.dp(6)
+        leftPadding: Units.dp(6) + (_disc.visible ? _disc.width + Units.dp(6) : 0)
         rightPadding: Units.dp(18)
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
         opacity: styleData.enabled ? 1.0 : 0.4
         color: styleData.selected && styleData.enabled ? root.selectedTextColor : root.textColor
+
+        Rectangle {
+            id: _disc
+            anchors { left: parent.left; leftMargin: Units.dp(6); verticalCenter: parent.verticalCenter }
+            visible: styleData.index < root.entryColors.length
+            width: Units.dp(14)
+            height: width
+            radius: width / 2
+            color: visible ? root.entryColors[styleData.index] : "transparent"
+            border { width: 1; color: Qt.darker(color, 2) }
+        }
     }
-    itemDelegate.shortcut: Text {
+    itemDelegate.shortcut: PlainText {
         text: styleData.shortcut
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
         opacity: 0.6
         color: root.textColor
     }
-    itemDelegate.checkmarkIndicator: Text {
+    itemDelegate.checkmarkIndicator: PlainText {
         text: styleData.checked ? "\u2713" : ""
         width: Units.dp(16)
         height: Units.dp(28)

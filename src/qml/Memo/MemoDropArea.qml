@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../Components"
+import "../Utils.js" as Utils
 
 // Makes a memo of a passage that is dropped on it.
 DropArea {
@@ -7,12 +8,7 @@ DropArea {
     enabled: CentralManager.canMutate
 
     onDropped: {
-        var memo = instantiator.memo()
-        memo.start = drop.source.start
-        memo.length = drop.source.length
-        memo.questionId = drop.source.questionId
-        memo.sourceId = drop.source.sourceId
-        undoManager.addMemo(memo)
+        undoManager.addMemo(Utils.fillPassage(instantiator.memo(), drop.source))
         CentralManager.hasUserSelectedText = false
     }
 }

@@ -69,14 +69,11 @@ Item {
             GradientStop { position: 1; color: "#fffb41" }
         }
 
-        TextEdit {
+        PlainTextEdit {
             id: _text
             anchors { fill: parent; margins: Units.dp(5) }
             text: root.content
-            textFormat: TextEdit.PlainText
-            wrapMode: TextEdit.Wrap
             readOnly: !CentralManager.canMutate
-            selectByMouse: true
             color: "#151515"
             font { family: ApplicationStyle.source_text_font_family; pixelSize: CentralManager.sourceFontSize }
             onActiveFocusChanged: {

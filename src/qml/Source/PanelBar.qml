@@ -26,7 +26,7 @@ Rectangle {
         }
     }
 
-    Text {
+    PlainText {
         anchors { left: _memos.right; leftMargin: ApplicationStyle.default_margin; verticalCenter: parent.verticalCenter }
         text: CentralManager.topRightText
         color: ApplicationStyle.default_text_color

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Dialogs 1.3
+import "../Utils.js" as Utils
 
 // Asks before a source is removed.
 MessageDialog {
@@ -12,7 +13,7 @@ MessageDialog {
 
     function ask(id, sourceTitle) {
         sourceId = id
-        text = qsTr("Do you really want to remove source entitled \"%1\" (id = %2)?").arg(sourceTitle).arg(id)
+        text = Utils.filled(qsTr("Do you really want to remove source entitled \"%1\" (id = %2)?"), sourceTitle, id)
         open()
     }
 }

@@ -1,18 +1,17 @@
 import QtQuick 2.15
 import "../Components"
+import "../Utils.js" as Utils
 
 // One source in the list of all.
-Rectangle {
+RowHighlight {
     id: root
-
-    readonly property bool __shown: CentralManager.currentSourceId === model.sourceId
 
     signal chosen()
     signal removeRequested()
 
     height: Units.dp(50)
-    color: __shown ? Qt.rgba(0.99, 0.56, 0, 0.28)
-         : _mouse.containsMouse ? ApplicationStyle.listview_highlight_color : "transparent"
+    selected: CentralManager.currentSourceId === model.sourceId
+    hovered: _mouse.containsMouse
 
     MouseArea {
         id: _mouse
@@ -35,18 +34,17 @@ Rectangle {
         anchors { leftMargin: ApplicationStyle.default_margin; rightMargin: ApplicationStyle.default_margin }
         spacing: Units.dp(2)
 
-        Text {
+        PlainText {
             width: parent.width
             text: model.title || ""
-            textFormat: Text.PlainText
             elide: Text.ElideMiddle
             color: ApplicationStyle.dialog_text_color_alternative
             font.pixelSize: ApplicationStyle.dialog_text_font_size
         }
-        Text {
+        PlainText {
             width: parent.width
-            text: qsTr("By: %1 on %2").arg(model.author || qsTr("(Unknown)"))
-                                      .arg(Qt.formatDateTime(model.timestamp, "dd.MM.yyyy HH:mm"))
+            text: Utils.filled(qsTr("By: %1 on %2"), model.author || qsTr("(Unknown)"),
+                               Qt.formatDateTime(model.timestamp, "dd.MM.yyyy HH:mm"))
             elide: Text.ElideRight
             color: ApplicationStyle.dialog_text_color_alternative
             opacity: 0.7
@@ -54,7 +52,7 @@ Rectangle {
         }
     }
 
-    Text {
+    PlainText {
         id: _percentage
         anchors { right: _delete.left; rightMargin: ApplicationStyle.default_margin }
         anchors.verticalCenter: parent.verticalCenter

@@ -86,9 +86,8 @@ FocusScope {
                 color: ApplicationStyle.dialog_text_color_alternative
             }
 
-            ScrollView {
+            StyledScrollView {
                 anchors.fill: parent
-                style: ApplicationStyle.scroll_view_style
 
                 ListView {
                     id: _view

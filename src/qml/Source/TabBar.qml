@@ -58,7 +58,7 @@ Rectangle {
         }
     }
 
-    Text {
+    PlainText {
         anchors { right: _add.left; rightMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
         visible: root.__noSources
         text: qsTr("Click to Add Source >")

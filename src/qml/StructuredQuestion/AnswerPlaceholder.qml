@@ -2,7 +2,7 @@ import QtQuick 2.15
 import "../Components"
 
 // Stands in for a text that is not there yet. It waits for a moment, so that it does not flash during loading.
-Text {
+PlainText {
     id: root
 
     property bool empty: false

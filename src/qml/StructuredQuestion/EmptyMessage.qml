@@ -2,7 +2,7 @@ import QtQuick 2.15
 import "../Components"
 
 // What to do when there is no text to show.
-Text {
+PlainText {
     property bool noSource: true
 
     text: noSource

@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import "../Components"
 import "../Memo"
+import "../Utils.js" as Utils
 import "../controls"
 
 // One answer: its question, its memos, its stripes and its text.
@@ -51,8 +52,9 @@ Item {
 
     function copy() {
         if (hasSelectedText) {
-            appHelper.setClipboardText("%1\n\n-- %2 --\n\n".arg(selectedText.replace(/\u2029|\u2028/g, "\n"))
-                                                          .arg(krnFile.sourceTitle(sourceId)))
+            appHelper.setClipboardText(Utils.filled("%1\n\n-- %2 --\n\n",
+                                                    selectedText.replace(/\u2029|\u2028/g, "\n"),
+                                                    krnFile.sourceTitle(sourceId)))
         }
     }
 
@@ -76,23 +78,18 @@ Item {
         visible: root.showQuestion
         spacing: Units.dp(6)
 
-        Text {
+        PlainText {
             id: _q
             text: qsTr("Q:")
             color: ApplicationStyle.source_text_color
             font { family: ApplicationStyle.source_text_font_family; bold: true
                    pointSize: CentralManager.sourceFontSize }
         }
-        TextEdit {
+        PlainTextEdit {
             width: parent.width - _q.width - parent.spacing
             text: root.question
-            textFormat: TextEdit.PlainText
             readOnly: true
-            selectByMouse: true
-            wrapMode: TextEdit.Wrap
             color: ApplicationStyle.source_text_color
-            selectionColor: "#80B3DB"
-            selectedTextColor: "black"
             font { family: ApplicationStyle.source_text_font_family; bold: true
                    pointSize: CentralManager.sourceFontSize }
         }

@@ -146,9 +146,8 @@ FocusScope {
         Behavior on anchors.topMargin { NumberAnimation {} }
     }
 
-    ScrollView {
+    StyledScrollView {
         anchors { top: _navigation.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
-        style: ApplicationStyle.scroll_view_style
         horizontalScrollBarPolicy: Qt.ScrollBarAlwaysOff
         verticalScrollBarPolicy: Qt.ScrollBarAlwaysOn
 

@@ -17,11 +17,10 @@ Rectangle {
     border { width: 1; color: "#888888" }
     opacity: 0.8
 
-    Text {
+    PlainText {
         id: _title
         anchors.centerIn: parent
         text: root.title || qsTr("Untitled")
-        textFormat: Text.PlainText
         color: "white"
         font.pixelSize: ApplicationStyle.label_font_size
     }

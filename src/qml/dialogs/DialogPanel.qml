@@ -8,6 +8,8 @@ FocusScope {
 
     property DialogBase dialogBase
     property string heading
+    // What stands behind the heading in italics: a title that a person has given.
+    property string headingTitle
     property alias spacing: _layout.spacing
     property alias headerItems: _header.data
     default property alias content: _layout.data
@@ -23,12 +25,23 @@ FocusScope {
         border { width: 1; color: Qt.lighter(ApplicationStyle.dialog_background_color, ApplicationStyle.dark ? 1.5 : 0.85) }
     }
 
-    DialogLabel {
+    Row {
         id: _heading
         anchors { top: parent.top; left: parent.left; right: _header.left }
         anchors.margins: ApplicationStyle.default_dialog_margin
-        text: root.heading
-        font.pixelSize: ApplicationStyle.dialog_header_font_size
+
+        DialogLabel {
+            id: _headingText
+            width: Math.min(implicitWidth, _heading.width)
+            text: root.heading
+            font.pixelSize: ApplicationStyle.dialog_header_font_size
+        }
+        DialogLabel {
+            visible: text !== ""
+            width: Math.min(implicitWidth, _heading.width - _headingText.width)
+            text: root.headingTitle
+            font { pixelSize: ApplicationStyle.dialog_header_font_size; italic: true }
+        }
     }
 
     Row {

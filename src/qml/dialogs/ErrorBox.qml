@@ -18,13 +18,13 @@ Rectangle {
         anchors { left: parent.left; right: parent.right; top: parent.top; margins: ApplicationStyle.default_margin }
         spacing: Units.dp(4)
 
-        Text {
+        PlainText {
             width: parent.width
             text: qsTr("Something went wrong...")
             color: "white"
             font { pixelSize: ApplicationStyle.dialog_text_font_size; bold: true }
         }
-        Text {
+        PlainText {
             width: parent.width
             text: root.text
             color: "white"

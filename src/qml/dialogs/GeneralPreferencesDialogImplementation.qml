@@ -46,7 +46,7 @@ DialogPanel {
             stepSize: 1
             value: CentralManager.sourceFontSize
         }
-        Text {
+        PlainText {
             Layout.fillWidth: true
             text: qsTr("I am a preview text!")
             elide: Text.ElideRight

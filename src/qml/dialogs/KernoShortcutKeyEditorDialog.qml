@@ -20,10 +20,9 @@ DialogPanel {
 
     KernoShortcutKeyProxyModel { id: _keys }
 
-    ScrollView {
+    StyledScrollView {
         Layout.fillWidth: true
         Layout.preferredHeight: Units.dp(400)
-        style: ApplicationStyle.scroll_view_style
 
         ListView {
             model: _keys

@@ -13,8 +13,8 @@ DialogPanel {
     property var candidates: []
     readonly property var __chosen: candidates.length > _choice.currentIndex ? candidates[_choice.currentIndex] : null
 
-    heading: qsTr("Merge Kernos: ") + "<i>%1</i>".arg(
-                 kerno ? __escaped(Utils.stringIfEmpty(kerno.title, qsTr("Untitled"))) : "")
+    heading: qsTr("Merge Kernos: ")
+    headingTitle: kerno ? Utils.stringIfEmpty(kerno.title, qsTr("Untitled")) : ""
     implicitWidth: Units.dp(560)
 
     on__ChosenChanged: {
@@ -28,11 +28,6 @@ DialogPanel {
     }
 
     Keys.onEscapePressed: dialogBase.close()
-
-    // A title is no mark-up.
-    function __escaped(text) {
-        return text.replace(/&/g, "&amp;").replace(/</g, "&lt;")
-    }
 
     function merge() {
         if (!__chosen)
@@ -64,6 +59,7 @@ DialogPanel {
                 model: root.candidates.map(function(other) {
                     return Utils.stringIfEmpty(other.title, qsTr("Untitled"))
                 })
+                entryColors: root.candidates.map(function(other) { return other.color })
             }
         }
 

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../Components"
+import "../Utils.js" as Utils
 
 // One key, and the kerno that it is bound to.
 Item {
@@ -23,10 +24,11 @@ Item {
         function onModelReset() { root.showBinding() }
     }
 
-    DialogLabel {
+    MarkedText {
         anchors { left: parent.left; verticalCenter: parent.verticalCenter }
-        text: qsTr("Key\t<b>%1</b>:").arg(root.shortcutKey.toUpperCase())
-        textFormat: Text.StyledText
+        text: qsTr("Key\t<b>%1</b>:").arg(Utils.escaped(root.shortcutKey.toUpperCase()))
+        color: ApplicationStyle.dialog_text_color
+        font.pixelSize: ApplicationStyle.dialog_text_font_size
     }
 
     ArrowComboBox {

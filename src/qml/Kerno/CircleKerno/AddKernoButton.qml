@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../../Components"
+import "../../Utils.js" as Utils
 
 // Makes a kerno at a click, and codes a passage that is dropped on it into a new kerno.
 Image {
@@ -30,11 +31,7 @@ Image {
         if (!CentralManager.canMutate)
             return
         var kerno = instantiator.kerno(true)
-        var highlight = instantiator.highlight()
-        highlight.start = source.start
-        highlight.length = source.length
-        highlight.questionId = source.questionId
-        highlight.sourceId = source.sourceId
+        var highlight = Utils.fillPassage(instantiator.highlight(), source)
         highlight.kernoId = kerno.kernoId
         var position = appHelper.calculateNewKernoPosition(CentralManager.canvasBaseWidth,
                                                            CentralManager.canvasBaseHeight)

@@ -125,7 +125,7 @@ Rectangle {
             visible: root.title !== ""
             opacity: root.titleHighlighted ? 0.7 : 0.2
         }
-        Text {
+        PlainText {
             id: _title
             anchors.centerIn: parent
             leftPadding: Units.dp(3)
@@ -134,7 +134,6 @@ Rectangle {
             color: "white"
             opacity: root.titleHighlighted ? 1.0 : 0.6
             wrapMode: Text.NoWrap
-            textFormat: Text.PlainText
             font.pixelSize: Units.dp(15)
         }
     }
@@ -151,7 +150,7 @@ Rectangle {
             color: "black"
             opacity: root.titleHighlighted ? 0.7 : 0.2
         }
-        Text {
+        PlainText {
             id: _codings
             anchors.centerIn: parent
             text: root.codingText

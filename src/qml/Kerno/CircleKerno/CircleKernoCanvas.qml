@@ -15,10 +15,9 @@ Item {
     readonly property alias canvasDropArea: _dropArea
     readonly property alias flickableContent: _content
 
-    ScrollView {
+    StyledScrollView {
         id: _scroll
         anchors.fill: parent
-        style: ApplicationStyle.scroll_view_style
 
         Flickable {
             id: _flickable

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../../Components"
+import "../../Utils.js" as Utils
 import "KernoHitTest.js" as HitTest
 
 // Bubbles and passages that are dragged over the canvas. A dragged item opens rings at once.
@@ -62,11 +63,7 @@ DropArea {
     }
 
     function __code(source, target) {
-        var highlight = instantiator.highlight()
-        highlight.start = source.start
-        highlight.length = source.length
-        highlight.questionId = source.questionId
-        highlight.sourceId = source.sourceId
+        var highlight = Utils.fillPassage(instantiator.highlight(), source)
         highlight.kernoId = target.kernoId
         undoManager.addHighlight(highlight)
     }

@@ -50,7 +50,7 @@ ToolTip {
                 radius: Units.dp(14)
                 color: root.__kerno ? root.__kerno.color : "white"
             }
-            Text {
+            PlainText {
                 anchors { right: parent.right; verticalCenter: parent.verticalCenter }
                 width: parent.width - Units.dp(36)
                 horizontalAlignment: Text.AlignRight
@@ -60,11 +60,10 @@ ToolTip {
                 font { pixelSize: ApplicationStyle.dialog_text_font_size; bold: true }
             }
         }
-        Text {
+        PlainText {
             width: parent.width
             visible: text !== ""
             text: root.__kerno ? root.__kerno.description : ""
-            textFormat: Text.PlainText
             wrapMode: Text.WrapAnywhere
             maximumLineCount: 3
             elide: Text.ElideRight
@@ -91,7 +90,7 @@ ToolTip {
                 figure: "%1/%2".arg(modelData.kernoHighlights).arg(modelData.sourceHighlights)
             }
         }
-        Text {
+        PlainText {
             visible: root.__sources.length === 0
             text: qsTr("No codings in any highlights.")
             color: "white"

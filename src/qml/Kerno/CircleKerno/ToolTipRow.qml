@@ -8,14 +8,14 @@ Item {
 
     height: _left.height
 
-    Text {
+    PlainText {
         id: _left
         anchors { left: parent.left; right: _right.left; rightMargin: Units.dp(8) }
         elide: Text.ElideMiddle
         color: "white"
         font.pixelSize: Units.dp(13)
     }
-    Text {
+    PlainText {
         id: _right
         anchors.right: parent.right
         color: "white"

@@ -46,7 +46,7 @@ DropArea {
         visible: root.files.length > 0
         spacing: ApplicationStyle.default_margin
 
-        Text {
+        PlainText {
             text: qsTr("Drop to Import Sources")
             color: "white"
             font { pixelSize: ApplicationStyle.dialog_header_font_size; bold: true }
@@ -54,7 +54,7 @@ DropArea {
 
         Repeater {
             model: root.files
-            Text {
+            PlainText {
                 width: parent.width
                 text: "%1. %2".arg(index + 1).arg(Utils.getFileName(Utils.filePathFromUrl(modelData)))
                 elide: Text.ElideMiddle

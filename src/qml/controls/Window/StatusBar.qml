@@ -59,7 +59,7 @@ Rectangle {
             onClicked: krnFile.filterKernosByName(_filter.text)
         }
 
-        Text {
+        PlainText {
             Layout.fillWidth: true
             text: root.permanentMessage
             elide: Text.ElideRight
@@ -67,7 +67,7 @@ Rectangle {
             font.pixelSize: ApplicationStyle.label_font_size
         }
 
-        Text {
+        PlainText {
             visible: _zoom.visible
             text: qsTr("Zoom:")
             color: ApplicationStyle.default_text_color
@@ -82,7 +82,7 @@ Rectangle {
             maximumValue: 2.5
             value: 1.0
         }
-        Text {
+        PlainText {
             visible: text !== ""
             text: root.textRight
             color: ApplicationStyle.default_text_color

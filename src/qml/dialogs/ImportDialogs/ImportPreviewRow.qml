@@ -11,7 +11,7 @@ Column {
     padding: Units.dp(8)
     spacing: Units.dp(4)
 
-    Text {
+    PlainText {
         width: root.width - 2 * root.padding
         visible: root.question !== ""
         text: root.question
@@ -19,7 +19,7 @@ Column {
         color: ApplicationStyle.dialog_text_color
         font { pixelSize: ApplicationStyle.dialog_text_font_size_small; bold: true }
     }
-    Text {
+    PlainText {
         width: root.width - 2 * root.padding
         text: root.answer
         wrapMode: Text.Wrap

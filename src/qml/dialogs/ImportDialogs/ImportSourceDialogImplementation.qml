@@ -106,12 +106,9 @@ DialogPanel {
         }
     }
 
-    Rectangle {
+    FieldFrame {
         Layout.fillWidth: true
         Layout.preferredHeight: Units.dp(260)
-        radius: Units.dp(4)
-        color: ApplicationStyle.textfield_background_color
-        border { width: 1; color: ApplicationStyle.border_color }
 
         DialogLabel {
             anchors.centerIn: parent
@@ -121,9 +118,8 @@ DialogPanel {
             opacity: 0.7
         }
 
-        ScrollView {
+        StyledScrollView {
             anchors { fill: parent; margins: 2 }
-            style: ApplicationStyle.scroll_view_style
 
             ListView {
                 model: root.items

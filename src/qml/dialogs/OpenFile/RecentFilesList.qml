@@ -3,7 +3,7 @@ import QtQuick.Controls 1.4
 import "../../Components"
 
 // The recent projects to choose one from.
-Rectangle {
+FieldFrame {
     id: root
 
     property alias model: _list.model
@@ -15,12 +15,8 @@ Rectangle {
     signal activated(string path)
     signal removeRequested(string path)
 
-    color: ApplicationStyle.textfield_background_color
-    radius: Units.dp(4)
-    border {
-        width: _list.activeFocus ? 2 : 1
-        color: _list.activeFocus ? ApplicationStyle.orrange_button_color : ApplicationStyle.border_color
-    }
+    color: ApplicationStyle.list_background_color
+    focused: _list.activeFocus
 
     DialogLabel {
         anchors.centerIn: parent
@@ -30,10 +26,9 @@ Rectangle {
         opacity: 0.7
     }
 
-    ScrollView {
+    StyledScrollView {
         anchors.fill: parent
         anchors.margins: 2
-        style: ApplicationStyle.scroll_view_style
 
         ListView {
             id: _list
@@ -43,11 +38,11 @@ Rectangle {
             highlightMoveDuration: 0
             Keys.onReturnPressed: root.activated(root.selectedPath)
 
-            delegate: Rectangle {
+            delegate: RowHighlight {
                 width: ListView.view.width
                 height: Units.dp(46)
-                color: ListView.isCurrentItem ? Qt.rgba(0.99, 0.56, 0, 0.28)
-                     : _rowMouse.containsMouse ? Qt.rgba(0.5, 0.5, 0.5, 0.25) : "transparent"
+                selected: ListView.isCurrentItem
+                hovered: _rowMouse.containsMouse
 
                 MouseArea {
                     id: _rowMouse
@@ -65,14 +60,14 @@ Rectangle {
                     anchors.margins: ApplicationStyle.default_margin
                     spacing: Units.dp(2)
 
-                    Text {
+                    PlainText {
                         width: parent.width
                         text: name
                         elide: Text.ElideRight
                         color: ApplicationStyle.dialog_text_color_alternative
                         font { pixelSize: ApplicationStyle.dialog_text_font_size; italic: invoked }
                     }
-                    Text {
+                    PlainText {
                         width: parent.width
                         text: path
                         elide: Text.ElideMiddle

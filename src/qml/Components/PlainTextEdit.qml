@@ -1,0 +1,11 @@
+import QtQuick 2.15
+import "."
+
+// Text as it stands, to be selected, and edited where it isn't read-only.
+TextEdit {
+    textFormat: TextEdit.PlainText
+    wrapMode: TextEdit.Wrap
+    selectByMouse: true
+    selectionColor: ApplicationStyle.selection_color
+    selectedTextColor: ApplicationStyle.selected_text_color
+}
