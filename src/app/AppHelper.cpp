@@ -2,10 +2,10 @@
 
 #include "app/AppLog.h"
 #include "app/CommandLine.h"
-#include "project/KRNFile.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "link/ServiceConfig.h"
+#include "project/KRNFile.h"
 #include "text/ContrastColor.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 #include "app/Session.h"
 
 #include "app/KernovaApplication.h"
-#include "project/KRNFile.h"
 #include "link/IdManager.h"
+#include "project/KRNFile.h"
 
 #include <QQmlContext>
 

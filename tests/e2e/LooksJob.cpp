@@ -2,8 +2,8 @@
 
 #include "LayoutCheck.h"
 #include "app/Session.h"
-#include "project/KRNFile.h"
 #include "link/IdManager.h"
+#include "project/KRNFile.h"
 
 #include <QClipboard>
 #include <QColor>
