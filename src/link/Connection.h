@@ -59,8 +59,8 @@ public:
 
     /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must
     /// not call.
-    Message postBlocking(const QNetworkRequest& request, const QJsonObject& body);
-    Message getBlocking(const QNetworkRequest& request);
+    Message postBlocking(QNetworkRequest request, const QJsonObject& body);
+    Message getBlocking(QNetworkRequest request);
 
     /// True for a local link and for fresh tokens; refreshes older ones and gives the result.
     bool ensureFreshToken();

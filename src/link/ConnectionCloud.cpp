@@ -1,5 +1,6 @@
 #include "link/Connection.h"
 
+#include "link/HttpHandler.h"
 #include "link/ServiceConfig.h"
 #include "link/Waiter.h"
 
@@ -26,16 +27,16 @@ QNetworkRequest Connection::httpRequestFor(const QUrl& url, bool authorized) con
     return request;
 }
 
-Message Connection::postBlocking(const QNetworkRequest& request, const QJsonObject& body) {
+Message Connection::postBlocking(QNetworkRequest request, const QJsonObject& body) {
     QMutexLocker locker(&m_callMutex);
-    m_waiter->expectMessage();
+    request.setAttribute(HttpHandler::callNumber, m_waiter->expectMessage());
     emit httpPost(request, QJsonDocument(body).toJson(QJsonDocument::Compact));
     return m_waiter->awaitMessage(m_timings.http);
 }
 
-Message Connection::getBlocking(const QNetworkRequest& request) {
+Message Connection::getBlocking(QNetworkRequest request) {
     QMutexLocker locker(&m_callMutex);
-    m_waiter->expectMessage();
+    request.setAttribute(HttpHandler::callNumber, m_waiter->expectMessage());
     emit httpGet(request);
     return m_waiter->awaitMessage(m_timings.http);
 }

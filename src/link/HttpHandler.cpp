@@ -23,7 +23,7 @@ void HttpHandler::onFinished(QNetworkReply* reply) {
     if (reply != m_current)
         return;
     m_current = nullptr;
-    emit finished(Message::fromReply(*reply));
+    emit finished(Message::fromReply(*reply), reply->request().attribute(callNumber).toInt());
 }
 
 void HttpHandler::drop() {

@@ -18,8 +18,11 @@ class HttpHandler : public QObject {
 public:
     HttpHandler() = default;
 
+    /// Request attribute with the number that `finished` gives back.
+    static constexpr QNetworkRequest::Attribute callNumber = QNetworkRequest::User;
+
 signals:
-    void finished(Message m);
+    void finished(Message m, int call);
 
 public slots:
     /// Creates the objects that belong to the network thread; runs there before the other slots.

@@ -76,12 +76,39 @@ QNetworkRequest ServiceConfig::jsonRequest(const QUrl& url) {
     return request;
 }
 
+QString ServiceConfig::region() const {
+    QMutexLocker locker(&m_mutex);
+    return m_region;
+}
+
+void ServiceConfig::setRegion(const QString& region) {
+    QMutexLocker locker(&m_mutex);
+    m_region = region;
+}
+
+QString ServiceConfig::homeRegion() const {
+    QMutexLocker locker(&m_mutex);
+    return m_homeRegion;
+}
+
+void ServiceConfig::setHomeRegion(const QString& region) {
+    QMutexLocker locker(&m_mutex);
+    m_homeRegion = region;
+}
+
+QJsonObject ServiceConfig::regionalServiceMap() const {
+    QMutexLocker locker(&m_mutex);
+    return m_regionalServiceMap;
+}
+
 void ServiceConfig::setRegionalServiceMap(const QJsonObject& map) {
     qDebug() << "regional service map" << map;
+    QMutexLocker locker(&m_mutex);
     m_regionalServiceMap = map;
 }
 
 QString ServiceConfig::regionalHost() const {
+    QMutexLocker locker(&m_mutex);
     return m_regionalServiceMap.value(m_region.toLower() + QLatin1String("v2")).toString();
 }
 

@@ -2,12 +2,13 @@
 
 #include <QByteArray>
 #include <QJsonObject>
+#include <QMutex>
 #include <QNetworkRequest>
 #include <QString>
 #include <QUrl>
 
-/// Where the services are, and the region in use. One object for the process, made on first use; used on the
-/// main thread and by blocking calls of other threads that hold the query layer's lock.
+/// Where the services are, and the region in use. One object for the process, made on first use. Safe from
+/// any thread: the network thread reads it while the main thread may store what a login brought.
 class ServiceConfig {
 public:
     enum class Service { Auth, Project, Version, DataService, Socket };
@@ -25,11 +26,11 @@ public:
     /// A request that carries JSON, with the headers that every call to a service has.
     static QNetworkRequest jsonRequest(const QUrl& url);
 
-    QString region() const { return m_region; }
-    void setRegion(const QString& region) { m_region = region; }
-    QString homeRegion() const { return m_homeRegion; }
-    void setHomeRegion(const QString& region) { m_homeRegion = region; }
-    QJsonObject regionalServiceMap() const { return m_regionalServiceMap; }
+    QString region() const;
+    void setRegion(const QString& region);
+    QString homeRegion() const;
+    void setHomeRegion(const QString& region);
+    QJsonObject regionalServiceMap() const;
     void setRegionalServiceMap(const QJsonObject& map);
 
     QUrl loginUrl() const;
@@ -57,6 +58,7 @@ private:
     QString regionalHost() const;
     QUrl url(Service service, const QString& path) const;
 
+    mutable QMutex m_mutex;  ///< over the three members below
     QString m_region;
     QString m_homeRegion;
     QJsonObject m_regionalServiceMap;

@@ -23,9 +23,11 @@ Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QOb
         Qt::DirectConnection);
     connect(
         httpHandler, &HttpHandler::finished, this,
-        [this](const Message& message) {
+        [this](const Message& message, int call) {
             QMutexLocker locker(&m_mutex);
-            if (!m_expectsMessage)
+            // The answer to a call that was given up may come before the handler has heard of the present
+            // one.
+            if (!m_expectsMessage || call != m_call)
                 return;
             m_expectsMessage = false;
             m_message = message;
@@ -68,10 +70,11 @@ QVector<ReplyBase> Waiter::awaitReplies(int milliseconds) {
     return replies;
 }
 
-void Waiter::expectMessage() {
+int Waiter::expectMessage() {
     QMutexLocker locker(&m_mutex);
     m_message = Message();
     m_expectsMessage = true;
+    return ++m_call;
 }
 
 Message Waiter::awaitMessage(int milliseconds) {

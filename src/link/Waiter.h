@@ -38,8 +38,9 @@ public:
     /// those that have not come stand null replies.
     QVector<ReplyBase> awaitReplies(int milliseconds);
 
-    /// From now on the next finished HTTP call ends the wait. Called before the request is sent.
-    void expectMessage();
+    /// From now on the finished HTTP call with the number that is given ends the wait. Called before the
+    /// request is sent.
+    int expectMessage();
 
     /// Waits at most `milliseconds`; without an answer the message has the status code -1.
     Message awaitMessage(int milliseconds);
@@ -55,5 +56,6 @@ private:
     Message m_message;
     int m_firstId = 0;
     int m_missing = 0;  ///< replies that are still awaited
+    int m_call = 0;     ///< number of the last HTTP call
     bool m_expectsMessage = false;
 };

@@ -1,7 +1,10 @@
 #include "LinkSupport.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
+#include "link/HttpHandler.h"
 #include "link/ServiceConfig.h"
+#include "link/Waiter.h"
+#include "link/WebSocketHandler.h"
 #include "tests_support/TestMain.h"
 
 #include <QElapsedTimer>
@@ -82,6 +85,7 @@ private slots:
     void aMessageGoesToScreensAsAMap();
     void callsReachTheServer();
     void aCallWithoutAnswerEndsInTime();
+    void aLateAnswerIsNotTheNextCalls();
     void failuresAreMessages();
     void endpoints_data();
     void endpoints();
@@ -156,6 +160,18 @@ void tst_Http::aCallWithoutAnswerEndsInTime() {
     QVERIFY(!none.status);
     server.prepare("200 OK", R"({"status":true})");
     QVERIFY(link.getBlocking(link.httpRequestFor(server.url(), false)).status);
+}
+
+void tst_Http::aLateAnswerIsNotTheNextCalls() {
+    WebSocketHandler socket(calmTimings());
+    HttpHandler http;
+    Waiter waiter(&socket, &http);
+    const int first = waiter.expectMessage();
+    QCOMPARE(waiter.awaitMessage(1).statusCode, -1);
+    const int second = waiter.expectMessage();
+    emit http.finished({200, true, QStringLiteral("late"), {}}, first);
+    emit http.finished({200, true, QStringLiteral("right"), {}}, second);
+    QCOMPARE(waiter.awaitMessage(0).message, QStringLiteral("right"));
 }
 
 void tst_Http::failuresAreMessages() {
