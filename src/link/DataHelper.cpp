@@ -76,8 +76,18 @@ ReplyBase DataHelper::ask(const QString& text) {
 }
 
 QJsonObject DataHelper::read(const QString& text, Log log) {
+    QJsonObject data;
+    tryRead(text, log, data);
+    return data;
+}
+
+bool DataHelper::tryRead(const QString& text, Log log, QJsonObject& data) {
     QMutexLocker locker(&m_mutex);
-    return mayRead(log) ? ask(text).data() : QJsonObject();
+    if (!mayRead(log))
+        return true;
+    const ReplyBase reply = ask(text);
+    data = reply.data();
+    return reply.id() != 0 && reply.errors().isEmpty();
 }
 
 bool DataHelper::write(const QString& text, bool blocking) {

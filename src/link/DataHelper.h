@@ -43,6 +43,15 @@ public:
 
     template <typename T> QList<T> findAll() { return readList<T>(listText<T>(), {listKey<T>()}, "findAll"); }
 
+    /// The same for callers to whom a failed read is not an empty list: false when the service reported an
+    /// error or didn't answer in time. A refused read gives true and no records.
+    template <typename T> bool findAll(QList<T>& list) {
+        QJsonObject data;
+        const bool read = tryRead(listText<T>(), Log::Silent, data);
+        list = records<T>(data, {listKey<T>()}, "findAll");
+        return read;
+    }
+
     /// The record with that id (or key), or an invalid one.
     template <typename T, typename Id> T findById(const Id& id) {
         const QString operation = wire::operationName(T::record(), wire::Operation::QueryById);
@@ -218,6 +227,7 @@ private:
     /// The request's own reply; a null one when it didn't come in time, never that of the request before.
     ReplyBase ask(const QString& text);
     QJsonObject read(const QString& text, Log log);
+    bool tryRead(const QString& text, Log log, QJsonObject& data);
     bool write(const QString& text, bool blocking);
     void switchRegion(const QString& region);
     void forgetProject();

@@ -1,9 +1,9 @@
 #include "models/HighlightsModel.h"
 
+#include "link/ListReads.h"
 #include "models/KernoModel.h"
 #include "models/PassageRows.h"
 #include "models/StripeLayout.h"
-#include "link/ListReads.h"
 
 template class PassageModel<Highlight, HighlightField>;
 

@@ -64,8 +64,9 @@ public:
     QRecursiveMutex* mutex() const { return &m_mutex; }
 
 protected:
-    /// The records of the project: one blocking read. Empty without a link.
-    virtual QList<T> fetchAll();
+    /// Reads the records of the project, blocking: none on a closed project. False when the read failed, and
+    /// the model keeps what it has.
+    virtual bool fetchAll(QList<T>& list);
     void fetchAndPublish() override;
     void onVariantData(const QVariant& data) override;
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "link/DataHelper.h"
 #include "models/IModelList.h"
 #include "records/RecordFields.h"
-#include "link/DataHelper.h"
 
 #include <QDebug>
 #include <QMutexLocker>
@@ -127,9 +127,10 @@ template <typename T, typename K, typename F> void IModelList<T, K, F>::addOrUpd
             changedRoles.append(field.key());
     }
     assignRow(existing, record);
-    const int row = existing->row;
-    onModelUpdated(row, record, changedRoles);
-    if (!changedRoles.isEmpty())
+    onModelUpdated(existing->row, record, changedRoles);
+    // The model may have moved the row.
+    const int row = indexOfKey(record.id());
+    if (row >= 0 && !changedRoles.isEmpty())
         emitRowsChanged(row, row, changedRoles);
 }
 
@@ -186,12 +187,14 @@ template <typename T, typename K, typename F> QList<T> IModelList<T, K, F>::snap
     return list;
 }
 
-template <typename T, typename K, typename F> QList<T> IModelList<T, K, F>::fetchAll() {
-    return dataHelper() ? dataHelper()->template findAll<T>() : QList<T>();
+template <typename T, typename K, typename F> bool IModelList<T, K, F>::fetchAll(QList<T>& list) {
+    return !dataHelper() || dataHelper()->findAll(list);
 }
 
 template <typename T, typename K, typename F> void IModelList<T, K, F>::fetchAndPublish() {
-    emit asyncDataFetched(QVariant::fromValue(fetchAll()));
+    QList<T> list;
+    if (fetchAll(list))
+        emit asyncDataFetched(QVariant::fromValue(list));
 }
 
 template <typename T, typename K, typename F> void IModelList<T, K, F>::onVariantData(const QVariant& data) {

@@ -1,9 +1,9 @@
 #include "models/KernoModel.h"
 
+#include "link/DataHelper.h"
 #include "models/BatchOperationManager.h"
 #include "models/ProjectEvents.h"
 #include "models/Reparenting.h"
-#include "link/DataHelper.h"
 #include "wire/QueryText.h"
 
 #include <QDebug>
@@ -21,10 +21,10 @@ KernoModel::KernoModel(DataHelper* helper, QObject* parent)
     : IModelList(helper, parent), m_byParent([](const Kerno& kerno) { return kerno.parentKernoId(); }),
       m_quoteCounts(this) {
     addIndex(&m_byParent);
-    m_quoteCountPool.setMaxThreadCount(1);
     if (helper) {
         connect(helper, &DataHelper::kernosJson, this, &KernoModel::setFromJson);
         connect(helper, &DataHelper::wsDisconnected, this, &KernoModel::forgetCountQuery);
+        connect(helper, &DataHelper::wsConnected, this, &KernoModel::onHighlightsChanged);
     }
     ProjectEvents* events = project();
     if (!events)
@@ -162,6 +162,21 @@ int KernoModel::kernoIdAt(int row) const {
     return row >= 0 && row < items().size() ? items().at(row)->kernoId() : -1;
 }
 
+// A first child, and the loss of the last one, change what the parent shows.
+void KernoModel::announceChildrenOf(int kernoId) {
+    const int row = indexOfKey(kernoId);
+    if (row >= 0)
+        emitRowsChanged(row, row, {HasChildrenRole});
+}
+
+void KernoModel::onModelAdded(int, const Kerno& kerno) {
+    announceChildrenOf(kerno.parentKernoId());
+}
+
+void KernoModel::onModelRemoved(const Kerno& kerno, int) {
+    announceChildrenOf(kerno.parentKernoId());
+}
+
 void KernoModel::onModelUpdated(int, const Kerno& kerno, const QVector<int>& changedRoles) {
     if (changedRoles.contains(static_cast<int>(KernoField::color)))
         emit kernoColorChanged(kerno);
@@ -176,6 +191,9 @@ void KernoModel::afterRowsChanged() {
 void KernoModel::onFileClosed() {
     IModelList::onFileClosed();
     forgetCountQuery();
+    m_quoteCounts.clear();
+    m_maxQuoteCount = 1;
+    m_groupFilterApplied = false;
 }
 
 void KernoModel::onHighlightsChanged() {
@@ -202,32 +220,29 @@ void KernoModel::onBatchUpdateKernosFinished() {
 
 // One count is on its way at a time; a burst of changes costs two.
 void KernoModel::sendCountQuery() {
-    if (m_countReply) {
+    if (m_count.isOnItsWay()) {
         m_countAgain = true;
         return;
     }
-    m_countReply = dataHelper() ? dataHelper()->queryListAsync(m_quoteCounts.query(), this) : nullptr;
-    if (ReplyBase* reply = m_countReply)
-        connect(reply, &ReplyBase::finished, this, [this, reply] { takeCounts(reply); });
+    m_count.send(
+        dataHelper(), m_quoteCounts.query(), this, [this](const QJsonObject& data) { takeCounts(data); },
+        [this] { countAgain(); });
 }
 
-void KernoModel::takeCounts(ReplyBase* reply) {
-    reply->deleteLater();
-    if (reply != m_countReply)
+void KernoModel::takeCounts(const QJsonObject& data) {
+    m_quoteCounts.replace(QuoteCounts::fromJson(data.value(wire::name::quoteCountsInKernos).toArray()));
+    countAgain();
+}
+
+void KernoModel::countAgain() {
+    if (!m_countAgain)
         return;
-    m_countReply = nullptr;
-    m_quoteCounts.replace(
-        QuoteCounts::fromJson(reply->data().value(wire::name::quoteCountsInKernos).toArray()));
-    if (m_countAgain) {
-        m_countAgain = false;
-        onHighlightsChanged();
-    }
+    m_countAgain = false;
+    onHighlightsChanged();
 }
 
 void KernoModel::forgetCountQuery() {
-    if (m_countReply)
-        m_countReply->deleteLater();
-    m_countReply = nullptr;
+    m_count.forget();
     m_countAgain = false;
 }
 

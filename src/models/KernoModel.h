@@ -1,12 +1,9 @@
 #pragma once
 
 #include "models/IModelList.h"
+#include "models/PendingRead.h"
 #include "models/QuoteCounts.h"
 #include "records/Kerno.h"
-
-#include <QThreadPool>
-
-class ReplyBase;
 
 extern template class IModelList<Kerno, int, KernoField>;
 
@@ -62,6 +59,8 @@ signals:
 protected:
     /// The project hands over the kernos itself while it opens.
     bool shouldRefreshOnOpen() const override { return false; }
+    void onModelAdded(int row, const Kerno& kerno) override;
+    void onModelRemoved(const Kerno& kerno, int row) override;
     void onModelUpdated(int row, const Kerno& kerno, const QVector<int>& changedRoles) override;
     void afterRowsChanged() override;
     void onFileClosed() override;
@@ -72,15 +71,16 @@ private slots:
 
 private:
     void sendCountQuery();
-    void takeCounts(ReplyBase* reply);
+    void takeCounts(const QJsonObject& data);
+    void countAgain();
     void forgetCountQuery();
     void onBatchUpdateKernosFinished();
+    void announceChildrenOf(int kernoId);
 
     RowIndex<Kerno, int> m_byParent;
     QuoteCounts m_quoteCounts;
-    QThreadPool m_quoteCountPool;
     int m_maxQuoteCount = 1;
     bool m_groupFilterApplied = false;
-    QPointer<ReplyBase> m_countReply;  ///< the count on its way
-    bool m_countAgain = false;         ///< codings changed while it was
+    PendingRead m_count;
+    bool m_countAgain = false;  ///< codings changed while a count was on its way
 };

@@ -1,7 +1,7 @@
 #include "models/MemosModel.h"
 
-#include "models/PassageRows.h"
 #include "link/ListReads.h"
+#include "models/PassageRows.h"
 
 template class PassageModel<Memo, MemoField>;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "models/IModelList.h"
+#include "models/PendingRead.h"
 #include "models/TextGeometry.h"
 
 #include <QPair>
@@ -8,7 +9,6 @@
 
 class DelayedSignalTrigger;
 class QTimer;
-class ReplyBase;
 
 /// What the models beside a text have in common: the highlights or memos of one answer, clipped to the window
 /// of it that is shown, and relative to that window. On a read-only text the model fetches its rows and
@@ -57,6 +57,7 @@ protected:
     bool isIdleFor(int sourceId, int questionId) const;
 
     void onModelRemoved(const P& passage, int row) override;
+    void onFileClosed() override;
 
     /// The read of the window's records.
     virtual QString windowQuery() const = 0;
@@ -77,7 +78,8 @@ protected:
 
 private:
     void fetch();
-    void takeReply(ReplyBase* reply, int sourceId, int questionId, int offset, int length);
+    void takeReply(const QJsonObject& data);
+    void readFailed();
     bool isCurrent(int sourceId, int questionId) const {
         return sourceId == m_sourceId && questionId == m_questionId;
     }
@@ -90,4 +92,6 @@ private:
     int m_sourceOffset = 0;
     int m_sourceLength = -1;
     bool m_readOnly = false;
+    PendingRead m_read;
+    bool m_rowsAreCurrent = false;  ///< the rows are of the window above
 };

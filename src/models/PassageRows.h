@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/DataHelper.h"
 #include "models/BatchOperationManager.h"
 #include "models/DelayedSignalTrigger.h"
 #include "models/ModelDelays.h"
@@ -7,7 +8,6 @@
 #include "models/PassageRange.h"
 #include "models/ProjectEvents.h"
 #include "records/Passage.h"
-#include "link/DataHelper.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -47,6 +47,7 @@ template <typename P, typename F> void PassageModel<P, F>::setSourceId(int sourc
     if (m_sourceId == sourceId)
         return;
     m_sourceId = sourceId;
+    m_rowsAreCurrent = false;
     emitSourceIdChanged();
     fetchRows();
 }
@@ -55,6 +56,7 @@ template <typename P, typename F> void PassageModel<P, F>::setQuestionId(int que
     if (m_questionId == questionId)
         return;
     m_questionId = questionId;
+    m_rowsAreCurrent = false;
     emitQuestionIdChanged();
     fetchRows();
 }
@@ -63,6 +65,8 @@ template <typename P, typename F>
 void PassageModel<P, F>::setSource(int sourceId, int questionId, int offset, int length) {
     const bool otherSource = sourceId != m_sourceId;
     const bool otherQuestion = questionId != m_questionId;
+    if (otherSource || otherQuestion || offset != m_sourceOffset || length != m_sourceLength)
+        m_rowsAreCurrent = false;
     m_sourceId = sourceId;
     m_questionId = questionId;
     m_sourceOffset = offset;
@@ -84,6 +88,7 @@ template <typename P, typename F> void PassageModel<P, F>::fetchRows() {
     if (!m_readOnly || !isIdleFor(m_sourceId, m_questionId))
         return;
     qDebug() << shortName() << "reload called" << m_sourceId << m_questionId;
+    m_read.forget();
     if (m_sourceId < 1 || m_questionId < 1)
         this->resetToEmpty();
     else
@@ -91,35 +96,38 @@ template <typename P, typename F> void PassageModel<P, F>::fetchRows() {
 }
 
 template <typename P, typename F> void PassageModel<P, F>::fetch() {
-    DataHelper* helper = this->dataHelper();
-    ReplyBase* reply = helper ? helper->queryListAsync(windowQuery(), this) : nullptr;
-    if (!reply)
-        return;
-    const int sourceId = m_sourceId;
-    const int questionId = m_questionId;
-    const int offset = m_sourceOffset;
-    const int length = m_sourceLength;
-    QObject::connect(reply, &ReplyBase::finished, this,
-                     [=] { takeReply(reply, sourceId, questionId, offset, length); });
+    m_read.send(
+        this->dataHelper(), windowQuery(), this, [this](const QJsonObject& data) { takeReply(data); },
+        [this] { readFailed(); });
 }
 
-template <typename P, typename F>
-void PassageModel<P, F>::takeReply(ReplyBase* reply, int sourceId, int questionId, int offset, int length) {
-    reply->disconnect(this);
-    reply->deleteLater();
-    if (offset != m_sourceOffset || length != m_sourceLength)
-        return;
+template <typename P, typename F> void PassageModel<P, F>::takeReply(const QJsonObject& data) {
     // The service sends whole records with their stored positions.
     QList<P> list;
     const QString key = wire::operationName(P::record(), wire::Operation::QueryList);
-    const QList<P> stored = DataHelper::records<P>(reply->data(), DataHelper::highlightKeys(key));
+    const QList<P> stored = DataHelper::records<P>(data, DataHelper::highlightKeys(key));
     for (const P& passage : stored) {
-        const P clipped(passage, offset, length);
+        const P clipped(passage, m_sourceOffset, m_sourceLength);
         if (clipped.isValid())
             list.append(clipped);
     }
     std::stable_sort(list.begin(), list.end(), passage::lessThan<P>);
-    emitDataFetched(list, sourceId, questionId);
+    emitDataFetched(list, m_sourceId, m_questionId);
+}
+
+// Rows of the same window stay; those of another text are none of this one's. The text item waits in both
+// cases.
+template <typename P, typename F> void PassageModel<P, F>::readFailed() {
+    if (m_rowsAreCurrent)
+        emitModelReady();
+    else
+        emitDataFetched({}, m_sourceId, m_questionId);
+}
+
+template <typename P, typename F> void PassageModel<P, F>::onFileClosed() {
+    IModelList<P, int, F>::onFileClosed();
+    m_read.forget();
+    m_rowsAreCurrent = false;
 }
 
 template <typename P, typename F>
@@ -133,6 +141,7 @@ void PassageModel<P, F>::takeFetched(QList<P> list, int sourceId, int questionId
     } else {
         layOut(list);
         this->setData(list);
+        m_rowsAreCurrent = true;
         announceLayout();
         emitModelReady();
     }

@@ -50,15 +50,15 @@ void QuestionAnswerMainModel::refreshAsync() {
         return;
     const QString query =
         sourceId() != 0 ? reads::answersOfSource(sourceId()) : DataHelper::listText<QuestionAnswer>();
-    ReplyBase* reply = dataHelper()->queryListAsync(query, this);
-    if (!reply)
-        return;
-    connect(reply, &ReplyBase::finished, this, [this, reply] {
-        reply->disconnect(this);
-        reply->deleteLater();
+    m_read.send(dataHelper(), query, this, [this](const QJsonObject& data) {
         const QString key = wire::operationName(QuestionAnswer::record(), wire::Operation::QueryList);
-        emit dataFetched(DataHelper::records<QuestionAnswer>(reply->data(), {key}));
+        emit dataFetched(DataHelper::records<QuestionAnswer>(data, {key}));
     });
+}
+
+void QuestionAnswerMainModel::onFileClosed() {
+    QuestionAnswerModelBase::onFileClosed();
+    m_read.forget();
 }
 
 void QuestionAnswerMainModel::onDataFetched(QList<QuestionAnswer> data) {

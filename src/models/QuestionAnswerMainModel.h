@@ -1,8 +1,7 @@
 #pragma once
 
+#include "models/PendingRead.h"
 #include "models/QuestionAnswerModelBase.h"
-
-class ReplyBase;
 
 /// Every answer of the project.
 class QuestionAnswerMainModel : public QuestionAnswerModelBase {
@@ -30,10 +29,12 @@ public slots:
     void onDataFetched(QList<QuestionAnswer> data);
 
 protected:
+    void onFileClosed() override;
     void onModelAdded(int row, const QuestionAnswer& answer) override;
     void onModelUpdated(int row, const QuestionAnswer& answer, const QVector<int>& changedRoles) override;
 
 private:
+    PendingRead m_read;
     RowIndex<QuestionAnswer, int>
         m_bySource;  ///< a source has few answers, so its question is sought among them
 };

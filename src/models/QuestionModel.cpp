@@ -38,10 +38,10 @@ int QuestionModel::maxQuestionOrder() const {
     return highest;
 }
 
-QList<Question> QuestionModel::fetchAll() {
-    QList<Question> questions = IModelList::fetchAll();
-    std::stable_sort(questions.begin(), questions.end(), ordered);
-    return questions;
+bool QuestionModel::fetchAll(QList<Question>& list) {
+    const bool read = IModelList::fetchAll(list);
+    std::stable_sort(list.begin(), list.end(), ordered);
+    return read;
 }
 
 int QuestionModel::insertionRow(const Question& question) const {

@@ -34,7 +34,7 @@ public slots:
 
 protected:
     /// Sorted by order; equal ones as they came.
-    QList<Question> fetchAll() override;
+    bool fetchAll(QList<Question>& list) override;
     int insertionRow(const Question& question) const override;
     void onModelUpdated(int row, const Question& question, const QVector<int>& changedRoles) override;
 };

@@ -16,6 +16,11 @@ void QuoteCounts::replace(const QList<KeyVariantValue<int>>& values) {
     m_model->onKeyVariantValuesReplaced();
 }
 
+void QuoteCounts::clear() {
+    m_entries.clear();
+    m_values.clear();
+}
+
 QList<KeyVariantValue<int>> QuoteCounts::fromJson(const QJsonArray& array) {
     QList<KeyVariantValue<int>> values;
     values.reserve(array.size());

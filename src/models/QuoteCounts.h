@@ -30,6 +30,8 @@ public:
 
     /// Replaces the list and tells the model.
     void replace(const QList<KeyVariantValue<int>>& values);
+    /// Forgets all counts, without a word to the model.
+    void clear();
     const QList<KeyVariantValue<int>>& entries() const { return m_entries; }
 
     /// The elements of a reply's array.

@@ -1,11 +1,11 @@
 #include "models/SourceModel.h"
 
+#include "link/DataHelper.h"
 #include "models/BatchOperationManager.h"
 #include "models/KernoModel.h"
 #include "models/ModelDelays.h"
 #include "models/ProjectEvents.h"
 #include "models/QuestionAnswerMainModel.h"
-#include "link/DataHelper.h"
 #include "wire/QueryText.h"
 
 #include <QDebug>
@@ -21,12 +21,14 @@ int percentage(qint64 coded, qint64 total) {
 }  // namespace
 
 SourceModel::SourceModel(DataHelper* helper, QObject* parent) : IModelList(helper, parent) {
-    m_statsPool.setMaxThreadCount(1);
     connect(this, &SourceModel::dataFetched, this, &SourceModel::onDataFetched);
     ProjectEvents* events = project();
     if (!events)
         return;
     const auto later = &SourceModel::delayedUpdateAllCodingStatsAsync;
+    // What was on its way when the link was lost has no answer.
+    if (helper)
+        connect(helper, &DataHelper::wsConnected, this, later);
     if (KernoModel* kernos = events->kernoModel()) {
         connect(kernos, &QAbstractItemModel::dataChanged, this, later);
         connect(kernos, &QAbstractItemModel::modelReset, this, later);
@@ -71,7 +73,9 @@ void SourceModel::refreshAsync() {
     if (QuestionAnswerMainModel* answers = project()->answerModel())
         connect(answers, &IModelListBase::initialDataSet, this, &SourceModel::updateAllCodingStatsAsync,
                 Qt::UniqueConnection);
-    emit dataFetched(fetchAll());
+    QList<Source> list;
+    if (fetchAll(list))
+        emit dataFetched(list);
 }
 
 void SourceModel::onDataFetched(QList<Source> data) {
@@ -86,9 +90,7 @@ void SourceModel::onFileClosed() {
     IModelList::onFileClosed();
     if (m_statsTimer)
         m_statsTimer->stop();
-    if (m_reply)
-        m_reply->deleteLater();
-    m_reply = nullptr;
+    m_count.forget();
     m_codedLengths.clear();
     m_textLengths.clear();
     m_totalTextLength = 0;
@@ -96,17 +98,12 @@ void SourceModel::onFileClosed() {
     emit globalPercentageCodedChanged();
 }
 
-bool SourceModel::takeTextLengths() {
-    const QuestionAnswerMainModel* answers = project() ? project()->answerModel() : nullptr;
-    if (!answers || answers->rowCount() == 0)
-        return false;
-    const QMutexLocker lock(&m_mutex);
-    m_textLengths = answers->lengthsBySource();
+void SourceModel::takeTextLengths() {
+    m_textLengths = project()->answerModel()->lengthsBySource();
     m_totalTextLength = 0;
     for (int length : qAsConst(m_textLengths))
         m_totalTextLength += length;
     m_codedLengths.clear();
-    return true;
 }
 
 QHash<int, int> SourceModel::codedLengthsFromJson(const QJsonArray& array) {
@@ -119,44 +116,27 @@ QHash<int, int> SourceModel::codedLengthsFromJson(const QJsonArray& array) {
     return lengths;
 }
 
-void SourceModel::updateAllCodingStats(bool notify) {
-    if (!takeTextLengths()) {
-        emit globalPercentageCodedChanged();
-        return;
-    }
-    const QJsonValue reply = dataHelper() ? dataHelper()->queryValue(wire::sourceCodedLengthById(),
-                                                                     wire::name::sourceCodedLengthById)
-                                          : QJsonValue();
-    qDebug() << reply;
-    applyCodedLengths(codedLengthsFromJson(reply.toArray()), notify);
-}
-
 void SourceModel::updateAllCodingStatsAsync() {
-    if (!project() || !project()->answerModel() || project()->answerModel()->rowCount() == 0) {
+    if (!hasTexts()) {
         emit globalPercentageCodedChanged();
         return;
     }
-    ReplyBase* reply =
-        dataHelper() ? dataHelper()->queryListAsync(wire::sourceCodedLengthById(), this) : nullptr;
-    if (!reply)
-        return;
-    m_reply = reply;
-    connect(reply, &ReplyBase::finished, this, [this, reply] { takeReply(reply); });
+    m_count.send(dataHelper(), wire::sourceCodedLengthById(), this, [this](const QJsonObject& data) {
+        qDebug() << data;
+        applyCodedLengths(codedLengthsFromJson(data.value(wire::name::sourceCodedLengthById).toArray()));
+    });
 }
 
-void SourceModel::takeReply(ReplyBase* reply) {
-    reply->deleteLater();
-    if (reply != m_reply)
-        return;
-    m_reply = nullptr;
-    qDebug() << reply->data();
-    if (takeTextLengths())
-        applyCodedLengths(
-            codedLengthsFromJson(reply->data().value(wire::name::sourceCodedLengthById).toArray()));
+bool SourceModel::hasTexts() const {
+    const QuestionAnswerMainModel* answers = project() ? project()->answerModel() : nullptr;
+    return answers && answers->rowCount() > 0;
 }
 
-void SourceModel::applyCodedLengths(const QHash<int, int>& codedLengths, bool notify) {
+void SourceModel::applyCodedLengths(const QHash<int, int>& codedLengths) {
     const QMutexLocker lock(&m_mutex);
+    if (!hasTexts())
+        return;
+    takeTextLengths();
     qint64 coded = 0;
     for (int row = items().size() - 1; row >= 0; --row) {
         const int sourceId = items().at(row)->sourceId();
@@ -166,8 +146,7 @@ void SourceModel::applyCodedLengths(const QHash<int, int>& codedLengths, bool no
         coded += length;
     }
     m_globalPercentageCoded = percentage(coded, m_totalTextLength);
-    if (notify)
-        emit globalPercentageCodedChanged();
+    emit globalPercentageCodedChanged();
     emitAllChanged({SourcePercentageCodedRole, GlobalPercentageCodedRole});
 }
 

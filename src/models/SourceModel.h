@@ -1,13 +1,11 @@
 #pragma once
 
 #include "models/IModelList.h"
+#include "models/PendingRead.h"
 #include "records/Highlight.h"
 #include "records/Source.h"
 
-#include <QThreadPool>
-
 class QTimer;
-class ReplyBase;
 
 extern template class IModelList<Source, int, SourceField>;
 
@@ -33,11 +31,8 @@ public:
     /// The coded share of one source's text, 0 to 100; 0 for a source without text.
     int percentageCoded(int sourceId) const;
 
-    /// Counts anew, and blocks until the service has answered. `notify` announces the project's share too.
-    void updateAllCodingStats(bool notify = true);
-
     /// Takes the coded length of each source; sources that are missing count as not coded.
-    void applyCodedLengths(const QHash<int, int>& codedLengths, bool notify = true);
+    void applyCodedLengths(const QHash<int, int>& codedLengths);
     static QHash<int, int> codedLengthsFromJson(const QJsonArray& array);
 
 signals:
@@ -59,14 +54,13 @@ private slots:
     void onHighlightDeletedOrUpdated(Highlight highlight);
 
 private:
-    bool takeTextLengths();
-    void takeReply(ReplyBase* reply);
+    bool hasTexts() const;
+    void takeTextLengths();
 
     QHash<int, int> m_codedLengths;
     QHash<int, int> m_textLengths;
     qint64 m_totalTextLength = 0;
     int m_globalPercentageCoded = 0;
-    QThreadPool m_statsPool;
     QTimer* m_statsTimer = nullptr;  ///< made by the first request
-    QPointer<ReplyBase> m_reply;     ///< the newest count on its way
+    PendingRead m_count;
 };

@@ -38,6 +38,7 @@ private slots:
     void scaleFollowsTheCounts_data();
     void scaleFollowsTheCounts();
     void countsAreAnnounced();
+    void aClosedProjectLeavesNothing();
     void childrenAreLookedUp();
     void reparenting_data();
     void reparenting();
@@ -106,6 +107,17 @@ void tst_KernoModel::countsAreAnnounced() {
     QCOMPARE(rolesOf(changed, 0), (QVector<int>{267, 268}));
     QCOMPARE(kernos()->highlightsCount(1), 5);
     QCOMPARE(kernos()->maxQuoteCount(), 5);
+}
+
+void tst_KernoModel::aClosedProjectLeavesNothing() {
+    kernos()->quoteCounts()->replace({{1, 3, {}}});
+    kernos()->applyGroupFilter(true);
+    emit m_project->fileClosed();
+    kernos()->setData(tree());
+    QCOMPARE(kernos()->highlightsCount(1), 0);
+    QCOMPARE(kernos()->index(0, 0).data(KernoModel::ScaleRole).toDouble(), 0.7);
+    kernos()->applyGroupFilter(true);
+    QVERIFY(!kernos()->at(0).visible());
 }
 
 void tst_KernoModel::childrenAreLookedUp() {

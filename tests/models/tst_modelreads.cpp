@@ -1,7 +1,7 @@
 #include "FakeProject.h"
+#include "link/DataHelper.h"
 #include "models/HighlightsModel.h"
 #include "models/ModelDelays.h"
-#include "link/DataHelper.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"
@@ -56,8 +56,24 @@ private slots:
     void windowsAreCutAndSorted();
     void repliesForAnotherTextAreDropped();
     void openingFillsTheModels();
+    void failedReadsKeepWhatIsThere();
+    void repliesOfAClosedProjectAreDropped();
+    void countsAreAskedAnewWhenTheLinkIsBack();
 
 private:
+    /// From now on the operation is answered by an error, and by nothing else.
+    void fail(const char* operation) {
+        m_service->on(QLatin1String(operation), [](ScriptedClient& client, const ScriptedRequest& request) {
+            const QJsonArray errors{
+                QJsonObject{{QStringLiteral("message"), QStringLiteral("the disk is full")}}};
+            client.send({request.frame.messageId, 200, {{QStringLiteral("errors"), errors}}});
+        });
+    }
+    /// Returns when all replies that were sent have come.
+    void awaitReplies() {
+        m_helper->queryInt(QStringLiteral("{highlightMaxId}"), QStringLiteral("highlightMaxId"));
+        QCoreApplication::processEvents();
+    }
     int asked(const char* operation) const {
         const QStringList texts = m_service->requestTexts();
         return static_cast<int>(std::count_if(texts.cbegin(), texts.cend(), [operation](const QString& text) {
@@ -209,6 +225,74 @@ void tst_ModelReads::openingFillsTheModels() {
     QCOMPARE(m_project->answers->answer(1, 1).plainAnswer(), QStringLiteral("text"));
     QVERIFY(waitFor([&] { return asked("sourceCodedLengthById") > 0; }));
     QCOMPARE(asked("kernoQueryList"), 0);  // the project hands the kernos over
+}
+
+void tst_ModelReads::failedReadsKeepWhatIsThere() {
+    StillText text;
+    HighlightsModel highlights(&text, m_helper.get());
+    QSignalSpy ready(&highlights, &HighlightsModel::modelReady);
+    m_service->answer(QStringLiteral("highlightQueryListWithOffset"), QJsonArray{highlightJson(1, 1, 0, 5)});
+    m_service->answer(
+        QStringLiteral("sourceCodedLengthById"),
+        QJsonArray{QJsonObject{{QStringLiteral("id"), 1}, {QStringLiteral("coded_length"), 3}}});
+    m_project->answers->setData({testAnswer(1, 1, 1, QStringLiteral("1234567890"))});
+    m_project->sources->setData({Source(1, QStringLiteral("S"), {}, {}, {})});
+    m_project->groups->setData({Group(1, QStringLiteral("G"), true)});
+    m_project->kernos->setData({testKerno(1), testKerno(2)});
+    highlights.setSource(1, 1, 0, 100);
+    QVERIFY(waitFor([&] {
+        return highlights.rowCount() == 1 && m_project->kernos->highlightsCount(2) == 4 &&
+               m_project->sources->globalPercentageCoded() == 30;
+    }));
+    for (const char* operation :
+         {"highlightQueryListWithOffset", "sourceCodedLengthById", "groupQueryList", "sourceQueryList",
+          "questionAnswerQueryList", "quoteCountsInKernosQueryList"})
+        fail(operation);
+    m_service->forgetRequests();
+    highlights.refreshAsync();
+    m_project->groups->refreshAsync();
+    m_project->sources->refreshAsync();
+    m_project->answers->refreshAsync();
+    emit m_project->highlightSaved(testHighlight(7, 1, 0, 3));
+    QVERIFY(waitFor([&] { return asked("sourceCodedLengthById") > 0 && asked("quoteCounts") > 0; }));
+    awaitReplies();
+    QCOMPARE(m_project->answers->rowCount(), 1);
+    QCOMPARE(m_project->sources->rowCount(), 1);
+    QCOMPARE(m_project->groups->rowCount(), 1);
+    QCOMPARE(m_project->kernos->highlightsCount(2), 4);
+    QCOMPARE(m_project->sources->globalPercentageCoded(), 30);
+    QCOMPARE(highlights.rowCount(), 2);  // with the one that was saved
+    // The text waits for its rows all the same; those of another text are none of its own.
+    const int before = ready.count();
+    highlights.setSource(2, 1, 0, 100);
+    QVERIFY(waitFor([&] { return ready.count() > before; }));
+    QCOMPARE(highlights.rowCount(), 0);
+}
+
+void tst_ModelReads::repliesOfAClosedProjectAreDropped() {
+    m_service->answer(QStringLiteral("highlightQueryListWithOffset"), QJsonArray{highlightJson(1, 1, 0, 5)});
+    StillText text;
+    HighlightsModel highlights(&text, m_helper.get());
+    m_service->stall();
+    m_project->kernos->setData({testKerno(2)});
+    highlights.setSource(1, 1, 0, 100);
+    m_project->answers->refreshAsync();
+    emit m_project->fileClosed();
+    m_service->resume();
+    awaitReplies();
+    QCOMPARE(highlights.rowCount(), 0);
+    QCOMPARE(m_project->answers->rowCount(), 0);
+    QCOMPARE(m_project->kernos->highlightsCount(2), 0);
+}
+
+void tst_ModelReads::countsAreAskedAnewWhenTheLinkIsBack() {
+    m_service->ignore(QStringLiteral("quoteCountsInKernosQueryList"));
+    m_project->kernos->setData({testKerno(1), testKerno(2)});
+    emit m_helper->wsDisconnected();
+    m_service->answer(QStringLiteral("quoteCountsInKernosQueryList"),
+                      QJsonArray{QJsonObject{{QStringLiteral("key"), 2}, {QStringLiteral("value"), 4}}});
+    emit m_helper->wsConnected();
+    QVERIFY(waitFor([&] { return m_project->kernos->highlightsCount(2) == 4; }));
 }
 
 KERNOVA_GUI_TEST_MAIN(tst_ModelReads)

@@ -85,6 +85,60 @@ private:
     std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
 };
 
+/// The rows of a model as a view sees them that reads nothing but what it was told of.
+class Mirror : public QObject {
+public:
+    explicit Mirror(const QAbstractItemModel& model) : m_model(model), m_names(model.roleNames()) {
+        read();
+        connect(&model, &QAbstractItemModel::modelReset, this, &Mirror::read);
+        connect(&model, &QAbstractItemModel::rowsMoved, this, &Mirror::read);
+        connect(&model, &QAbstractItemModel::layoutChanged, this, &Mirror::read);
+        connect(&model, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex&, int a, int b) {
+            for (int row = a; row <= b; ++row)
+                m_rows.insert(row, values(row));
+        });
+        connect(&model, &QAbstractItemModel::rowsRemoved, this, [this](const QModelIndex&, int a, int b) {
+            m_rows.erase(m_rows.begin() + a, m_rows.begin() + b + 1);
+        });
+        connect(&model, &QAbstractItemModel::dataChanged, this,
+                [this](const QModelIndex& a, const QModelIndex& b, const QVector<int>& roles) {
+                    for (int row = a.row(); row <= b.row(); ++row) {
+                        for (int role : roles.isEmpty() ? m_names.keys().toVector() : roles)
+                            m_rows[row].insert(role, m_model.index(row, 0).data(role));
+                    }
+                });
+    }
+    /// The first difference between what it was told and what stands there, or nothing.
+    QString difference() const {
+        if (m_rows.size() != m_model.rowCount())
+            return QStringLiteral("%1 rows, not %2").arg(m_rows.size()).arg(m_model.rowCount());
+        for (int row = 0; row < m_rows.size(); ++row) {
+            for (int role : m_names.keys()) {
+                if (m_rows.at(row).value(role) != m_model.index(row, 0).data(role))
+                    return QStringLiteral("row %1, role ").arg(row) + QString::fromUtf8(m_names.value(role));
+            }
+        }
+        return {};
+    }
+
+private:
+    QHash<int, QVariant> values(int row) const {
+        QHash<int, QVariant> values;
+        for (int role : m_names.keys())
+            values.insert(role, m_model.index(row, 0).data(role));
+        return values;
+    }
+    void read() {
+        m_rows.clear();
+        for (int row = 0; row < m_model.rowCount(); ++row)
+            m_rows.append(values(row));
+    }
+
+    const QAbstractItemModel& m_model;
+    const QHash<int, QByteArray> m_names;
+    QList<QHash<int, QVariant>> m_rows;
+};
+
 /// Each row as text, all roles in it.
 QStringList rows(const QAbstractItemModel& model) {
     QStringList all;
@@ -335,6 +389,11 @@ void tst_ModelStorm::theEndStateIsThatOfAFreshFetch() {
              live->keys.get(), live->values.get(), live->links.get(), live->groups.get(),
              live->kernoGroups.get(), live->shortcuts.get(), live->chat.get()})
         testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
+    const Mirror kernos(*live->kernos);
+    const Mirror questions(*live->questions);
+    const Mirror keys(*live->keys);
+    const Mirror values(*live->values);
+    const Mirror shortcuts(*live->shortcuts);
     Service service(*live);
     Views views;
     views.valueRows.setSourceModel(&views.values);
@@ -361,6 +420,10 @@ void tst_ModelStorm::theEndStateIsThatOfAFreshFetch() {
             for (int kernoId = 1; kernoId <= ids; ++kernoId)
                 emit live->kernoUpdated(kernoId);
             QCoreApplication::processEvents();
+        }
+        if (step % 8 == 0) {
+            for (const Mirror* mirror : {&kernos, &questions, &keys, &values, &shortcuts})
+                QCOMPARE(mirror->difference(), QString());
         }
         if (QTest::currentTestFailed())
             return;

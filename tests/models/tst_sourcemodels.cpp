@@ -33,7 +33,6 @@ private slots:
     void cleanup() { m_project.reset(); }
 
     void sharesAreWholePercents();
-    void withoutAnswersNothingIsCounted();
     void sortModes_data();
     void sortModes();
     void titlesAreFiltered();
@@ -61,8 +60,7 @@ void tst_SourceModels::sharesAreWholePercents() {
     QCOMPARE(sources.globalPercentageCoded(), 0);
     QSignalSpy global(&proxy, &SourceProxyModel::globalPercentageCodedChanged);
     QSignalSpy changed(&sources, &QAbstractItemModel::dataChanged);
-    sources.updateAllCodingStats();  // without a link nothing is coded; the lengths are taken
-    sources.applyCodedLengths({{1, 50}, {2, 49}, {3, 5}, {9, 99}}, false);
+    sources.applyCodedLengths({{1, 50}, {2, 49}, {3, 5}, {9, 99}});
     QCOMPARE(sources.percentageCoded(1), 33);
     QCOMPARE(sources.percentageCoded(2), 98);
     QCOMPARE(sources.percentageCoded(3), 0);
@@ -79,15 +77,6 @@ void tst_SourceModels::sharesAreWholePercents() {
     QCOMPARE(SourceModel::codedLengthsFromJson(reply), (QHash<int, int>{{2, 10}}));
     emit m_project->fileClosed();
     QCOMPARE(sources.globalPercentageCoded(), 0);
-}
-
-void tst_SourceModels::withoutAnswersNothingIsCounted() {
-    m_project->sources->setData({Source(1, QStringLiteral("S"), {}, {}, {})});
-    QSignalSpy global(m_project->sources.get(), &SourceModel::globalPercentageCodedChanged);
-    QSignalSpy changed(m_project->sources.get(), &QAbstractItemModel::dataChanged);
-    m_project->sources->updateAllCodingStats(false);
-    QCOMPARE(global.count(), 1);
-    QCOMPARE(changed.count(), 0);
 }
 
 void tst_SourceModels::sortModes_data() {
@@ -111,7 +100,6 @@ void tst_SourceModels::sortModes() {
                                  Source(2, QStringLiteral("a"), {}, QStringLiteral("Cy"), {})});
     m_project->answers->setData(
         {testAnswer(1, 1, 1, text(10)), testAnswer(2, 2, 1, text(10)), testAnswer(3, 3, 1, text(10))});
-    m_project->sources->updateAllCodingStats();
     m_project->sources->applyCodedLengths({{1, 5}, {2, 1}, {3, 9}});
     SourceProxyModel proxy;
     QSignalSpy changed(&proxy, &SourceProxyModel::sortModeChanged);
