@@ -189,18 +189,6 @@ ReplyBase* Connection::sendAsync(const QString& text, QObject* parent) {
     return reply;
 }
 
-ReplyBase Connection::request(const QString& text) {
-    QMutexLocker locker(&m_callMutex);
-    if (!ensureFreshToken()) {
-        qDebug() << "NO CONNECTION";
-        return ReplyBase();
-    }
-    const int id = ++m_messageId;
-    m_waiter->expectReply(id);
-    transmit(id, text);
-    return m_waiter->awaitReply(m_timings.request);
-}
-
 QVector<ReplyBase> Connection::requests(const QString& text, int count) {
     QMutexLocker locker(&m_callMutex);
     if (count < 1)

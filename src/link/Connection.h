@@ -19,8 +19,8 @@ class WebSocketHandler;
 
 /// The one owner of the link to the data service: the network thread with its two handlers, the cloud tokens,
 /// the numbers of the requests and the blocking call. Lives on the main thread; `send`, `sendAsync`,
-/// `request` and the blocking HTTP calls may be made on any thread but the network thread; one waits for the
-/// other.
+/// `request`, `requests` and the blocking HTTP calls may be made on any thread but the network thread; one
+/// waits for the other.
 class Connection : public QObject {
     Q_OBJECT
 
@@ -48,13 +48,13 @@ public:
     ReplyBase* sendAsync(const QString& text, QObject* parent = nullptr);
 
     /// Sends a request and blocks the calling thread until its reply has come, at most
-    /// `LinkTimings::request`. When the time runs out it gives the reply of the request before; a null reply
-    /// when it could not be sent.
-    ReplyBase request(const QString& text);
+    /// `LinkTimings::request` and no longer than the socket is open. A null reply when it could not be sent
+    /// or got no reply, never that of another request.
+    ReplyBase request(const QString& text) { return requests(text, 1).value(0); }
 
     /// Sends the same request `count` times without waiting in between, and blocks the calling thread until
-    /// all replies have come, at most `LinkTimings::request`. They are in the order of the requests, with
-    /// null replies for those that didn't come in time; empty when the requests could not be sent.
+    /// all replies have come, with the bounds of `request`. They are in the order of the requests, with null
+    /// replies for those that didn't come; empty when the requests could not be sent.
     QVector<ReplyBase> requests(const QString& text, int count);
 
     /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must

@@ -46,8 +46,6 @@ void DataHelper::connectLinkSignals() {
     connect(link, &Connection::accessChanged, this, &DataHelper::onAccessChanged, Qt::QueuedConnection);
 }
 
-void DataHelper::onMessageReceived(int, QJsonObject) {}
-
 bool DataHelper::mayRead(Log log) {
     if (!m_connection->isConnected()) {
         if (log == Log::Refusal)
@@ -71,10 +69,6 @@ bool DataHelper::mayWrite() {
     return canMutate(true);
 }
 
-ReplyBase DataHelper::ask(const QString& text) {
-    return m_connection->requests(text, 1).value(0);
-}
-
 QJsonObject DataHelper::read(const QString& text, Log log) {
     QJsonObject data;
     tryRead(text, log, data);
@@ -85,9 +79,9 @@ bool DataHelper::tryRead(const QString& text, Log log, QJsonObject& data) {
     QMutexLocker locker(&m_mutex);
     if (!mayRead(log))
         return true;
-    const ReplyBase reply = ask(text);
+    const ReplyBase reply = m_connection->request(text);
     data = reply.data();
-    return reply.id() != 0 && reply.errors().isEmpty();
+    return !reply.isNull() && reply.errors().isEmpty();
 }
 
 bool DataHelper::write(const QString& text, bool blocking) {
@@ -95,10 +89,14 @@ bool DataHelper::write(const QString& text, bool blocking) {
     if (!mayWrite())
         return false;
     qDebug().noquote() << text;
-    if (blocking)
-        return ask(text).errors().isEmpty();
-    m_connection->send(text);
-    return true;
+    if (!blocking) {
+        m_connection->send(text);
+        return true;
+    }
+    const ReplyBase reply = m_connection->request(text);
+    if (reply.isNull())
+        emit writeUnanswered();
+    return !reply.isNull() && reply.errors().isEmpty();
 }
 
 ReplyBase* DataHelper::queryListAsync(const QString& text, QObject* parent) {

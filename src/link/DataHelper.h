@@ -71,14 +71,6 @@ public:
         return readList<T>(text, keys, "queryList");
     }
 
-    /// A list read with arguments and all fields of the record.
-    template <typename T>
-    QList<T> queryWhere(const QStringList& arguments,
-                        wire::Operation operation = wire::Operation::QueryList) {
-        return readList<T>(listText<T>(arguments, operation), {wire::operationName(T::record(), operation)},
-                           "queryList");
-    }
-
     /// The first record of the reply's list, or an invalid one.
     template <typename T> T queryOne(const QString& text) {
         const QJsonArray list = read(text, Log::Refusal).value(listKey<T>()).toArray();
@@ -126,7 +118,7 @@ public:
     // Writes: false when refused. A write that is only sent learns its outcome from the notification.
 
     /// Creates or updates the record. Preferences, questions, kernos and shortcut keys wait for the reply and
-    /// give whether it had no errors; all others are only sent.
+    /// give whether it came and had no errors; all others are only sent.
     template <typename T> bool save(const T& record) { return save(record, !savesBlocking(T::record())); }
     /// The same with the choice made by the caller.
     template <typename T> bool save(const T& record, bool async) {
@@ -179,6 +171,8 @@ public:
     /// The object whose signals are the service's notifications; it lives on the network thread.
     WebSocketHandler* notifications() const;
 
+    /// The sentence for people about a local project whose file isn't there.
+    static QString missingFile(const QString& path);
     /// Whether `save` waits for the reply of a record of this kind.
     static bool savesBlocking(wire::Record record);
 
@@ -191,9 +185,12 @@ signals:
     void queryNotAllowed();
     void accessChanged(QString newAccess);
     void accessRevoked();
+    /// A write that waited for its reply got none: it may be stored or not.
+    void writeUnanswered();
+    /// The link is back, but the local project that was open could not be opened again; it is forgotten.
+    void reopenFailed(QString error);
 
 private slots:
-    void onMessageReceived(int msgId, QJsonObject json);
     void onReconnected();
     void onAccessChanged(const QString& newAccess);
 
@@ -224,11 +221,10 @@ private:
     void connectLinkSignals();
     bool mayRead(Log log);
     bool mayWrite();
-    /// The request's own reply; a null one when it didn't come in time, never that of the request before.
-    ReplyBase ask(const QString& text);
     QJsonObject read(const QString& text, Log log);
     bool tryRead(const QString& text, Log log, QJsonObject& data);
     bool write(const QString& text, bool blocking);
+    void reopen(const QJsonObject& project);
     void switchRegion(const QString& region);
     void forgetProject();
     Message call(const QNetworkRequest& request, const QByteArray* body);

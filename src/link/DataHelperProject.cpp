@@ -4,6 +4,8 @@
 #include "wire/AccessLevel.h"
 
 #include <QDebug>
+#include <QDir>
+#include <QFile>
 
 namespace {
 
@@ -37,7 +39,7 @@ bool DataHelper::openProject(const QJsonObject& project) {
     if (!m_connection->isConnected() && !m_connection->connect(m_connection->isRemote()))
         return false;
 
-    const ReplyBase reply = ask(wire::openProject(name, uuid));
+    const ReplyBase reply = m_connection->request(wire::openProject(name, uuid));
     const QJsonObject opened = reply.data().value(wire::name::dbOpen).toObject();
     const QString status = opened.value(keyStatus).toString();
     const QString access = opened.value(keyAccess).toString();
@@ -71,7 +73,7 @@ bool DataHelper::closeProject() {
         forgetProject();
         return true;
     }
-    const ReplyBase reply = ask(wire::closeProject());
+    const ReplyBase reply = m_connection->request(wire::closeProject());
     const QJsonObject closed = reply.data().value(wire::name::dbClose).toObject();
     qDebug() << "DB CLOSE" << closed.value(keyStatus).toString();
     if (!answersForNoProject(closed))
@@ -93,8 +95,32 @@ void DataHelper::disconnect() {
 void DataHelper::onReconnected() {
     const QJsonObject project = currentProject();
     if (!project.isEmpty())
-        openProject(project);
+        reopen(project);
     emit wsConnected();
+}
+
+// Opening a file that isn't there would make an empty one, and what people write would go there.
+void DataHelper::reopen(const QJsonObject& project) {
+    const QString name = project.value(keyName).toString();
+    const bool isMissing = !isRemote() && !QFile::exists(name);
+    if (!isMissing)
+        openProject(project);
+    // Whatever becomes of a project in the cloud, or of a link that has fallen again: the next link tries
+    // anew.
+    if (m_isOpen || isRemote() || !isConnected())
+        return;
+    {
+        QMutexLocker locker(&m_mutex);
+        forgetProject();
+    }
+    emit reopenFailed(isMissing ? missingFile(name)
+                                : tr("The project %1 could not be opened again. Please open it anew.")
+                                      .arg(QDir::toNativeSeparators(name)));
+}
+
+QString DataHelper::missingFile(const QString& path) {
+    return tr("There is no project file at %1 any more. Has it been renamed, moved or removed?")
+        .arg(QDir::toNativeSeparators(path));
 }
 
 void DataHelper::onAccessChanged(const QString& newAccess) {

@@ -11,6 +11,7 @@ struct LinkTimings {
     int reconnect = 2000;    ///< between two attempts to connect again
     int start = 30000;       ///< for the local service to start, to name its port and to answer the handshake
     int portLine = 200;      ///< for the rest of a port line whose end has not been read yet
+    int lastFrames = 200;    ///< for the end of the socket of a local service that has ended by itself
     int stop = 10000;        ///< for a local service that was asked to end, until it is killed
     int tokenAge = 1500;     ///< seconds after which cloud tokens are refreshed
 };

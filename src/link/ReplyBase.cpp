@@ -10,12 +10,13 @@ const QLatin1String keyData("data");
 }  // namespace
 
 ReplyBase::ReplyBase(const ReplyBase& other)
-    : QObject(), m_id(other.m_id), m_status(other.m_status), m_handler(other.m_handler),
-      m_errors(other.m_errors), m_data(other.m_data) {}
+    : QObject(), m_id(other.m_id), m_status(other.m_status), m_arrived(other.m_arrived),
+      m_handler(other.m_handler), m_errors(other.m_errors), m_data(other.m_data) {}
 
 ReplyBase& ReplyBase::operator=(const ReplyBase& other) {
     m_id = other.m_id;
     m_status = other.m_status;
+    m_arrived = other.m_arrived;
     m_handler = other.m_handler;
     m_errors = other.m_errors;
     m_data = other.m_data;
@@ -23,7 +24,7 @@ ReplyBase& ReplyBase::operator=(const ReplyBase& other) {
 }
 
 ReplyBase::ReplyBase(int id, int status, const QJsonObject& payload)
-    : m_id(id), m_status(status), m_errors(payload.value(keyErrors).toArray()),
+    : m_id(id), m_status(status), m_arrived(true), m_errors(payload.value(keyErrors).toArray()),
       m_data(payload.value(keyData).toObject()) {}
 
 ReplyBase::ReplyBase(WebSocketHandler* handler, int id, QObject* parent)
@@ -37,6 +38,7 @@ void ReplyBase::take(int id, int status, const QJsonObject& payload) {
         return;
     stopListening();
     m_status = status;
+    m_arrived = true;
     if (payload.contains(keyErrors))
         m_errors = payload.value(keyErrors).toArray();
     if (payload.contains(keyData))

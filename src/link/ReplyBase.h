@@ -11,7 +11,7 @@ class ReplyBase : public QObject {
     Q_OBJECT
 
 public:
-    /// A null reply: what a call gives that could not be sent.
+    /// A null reply: what a call gives that could not be sent or got no reply.
     ReplyBase() = default;
     ReplyBase(const ReplyBase& other);
     ReplyBase& operator=(const ReplyBase& other);
@@ -24,6 +24,8 @@ public:
     /// listening then and never finishes. Create it before the request is sent.
     ReplyBase(WebSocketHandler* handler, int id, QObject* parent = nullptr);
 
+    /// Whether the reply has not come. An awaited one is null until it finishes.
+    bool isNull() const { return !m_arrived; }
     int id() const { return m_id; }
     int status() const { return m_status; }
     QJsonArray errors() const { return m_errors; }
@@ -38,6 +40,7 @@ private:
 
     int m_id = 0;
     int m_status = 0;
+    bool m_arrived = false;
     WebSocketHandler* m_handler = nullptr;
     QJsonArray m_errors;
     QJsonObject m_data;

@@ -15,12 +15,19 @@ Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QOb
             if (m_missing == 0 || place < 0 || place >= m_replies.size() || m_replies.at(place).id() != 0)
                 return;
             m_replies[place] = ReplyBase(id, status, payload);
-            if (--m_missing > 0)
-                return;
-            m_reply = m_replies.last();
-            m_arrived.wakeAll();
+            if (--m_missing == 0)
+                m_arrived.wakeAll();
         },
         Qt::DirectConnection);
+    connect(
+        webSocketHandler, &WebSocketHandler::connected, this,
+        [this] {
+            QMutexLocker locker(&m_mutex);
+            m_open = true;
+        },
+        Qt::DirectConnection);
+    for (auto end : {&WebSocketHandler::disconnected, &WebSocketHandler::closedDueToAnotherSession})
+        connect(webSocketHandler, end, this, &Waiter::endReplies, Qt::DirectConnection);
     connect(
         httpHandler, &HttpHandler::finished, this,
         [this](const Message& message, int call) {
@@ -44,21 +51,18 @@ void Waiter::sleep(int milliseconds) {
     }
 }
 
-void Waiter::expectReply(int id) {
-    expectReplies(id, 1);
-}
-
-ReplyBase Waiter::awaitReply(int milliseconds) {
-    awaitReplies(milliseconds);
+void Waiter::endReplies() {
     QMutexLocker locker(&m_mutex);
-    return m_reply;
+    m_open = false;
+    m_missing = 0;
+    m_arrived.wakeAll();
 }
 
 void Waiter::expectReplies(int firstId, int count) {
     QMutexLocker locker(&m_mutex);
     m_replies.fill(ReplyBase(), count);
     m_firstId = firstId;
-    m_missing = count;
+    m_missing = m_open ? count : 0;
 }
 
 QVector<ReplyBase> Waiter::awaitReplies(int milliseconds) {

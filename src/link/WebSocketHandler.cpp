@@ -59,7 +59,7 @@ WebSocketHandler::~WebSocketHandler() {
     serviceprocess::end(*m_process, m_timings);
     delete m_process;
     delete m_socket;
-    delete m_openTimer;
+    delete m_abortTimer;
     delete m_disconnectTimer;
     delete m_pongTimer;
     delete m_pingTimer;
@@ -79,10 +79,11 @@ void WebSocketHandler::init() {
     m_pingTimer = newTimer(this, true);
     m_pongTimer = newTimer(this, false);
     m_disconnectTimer = newTimer(this, false);
-    m_openTimer = newTimer(this, false);
+    m_abortTimer = newTimer(this, false);
 
     connect(m_socket, &QWebSocket::connected, this, &WebSocketHandler::onConnected);
     connect(m_socket, &QWebSocket::disconnected, this, &WebSocketHandler::onDisconnected);
+    connect(m_socket, &QWebSocket::textFrameReceived, this, &WebSocketHandler::noteSignOfLife);
     connect(m_socket, &QWebSocket::textMessageReceived, this, &WebSocketHandler::onMessageReceived);
     connect(m_socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
             &WebSocketHandler::onError);
@@ -90,7 +91,7 @@ void WebSocketHandler::init() {
     connect(m_pingTimer, &QTimer::timeout, this, &WebSocketHandler::onPing);
     connect(m_pongTimer, &QTimer::timeout, this, &WebSocketHandler::onPongMissed);
     connect(m_disconnectTimer, &QTimer::timeout, this, &WebSocketHandler::onDisconnectTimeout);
-    connect(m_openTimer, &QTimer::timeout, this, &WebSocketHandler::onOpenTimeout);
+    connect(m_abortTimer, &QTimer::timeout, this, &WebSocketHandler::onAbortTimeout);
 }
 
 void WebSocketHandler::send(QString message) {
@@ -114,6 +115,8 @@ void WebSocketHandler::connectLocal() {
     open(QStringLiteral("ws://%1:%2").arg(QHostAddress(QHostAddress::LocalHost).toString()).arg(start.port),
          true);
     connect(m_process, &QProcess::readyReadStandardOutput, this, &WebSocketHandler::logProcessOutput);
+    connect(m_process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            &WebSocketHandler::onProcessEnded);
 }
 
 void WebSocketHandler::disconnect() {
@@ -121,7 +124,7 @@ void WebSocketHandler::disconnect() {
     m_process->disconnect();
     m_pingTimer->stop();
     m_pongTimer->stop();
-    m_openTimer->stop();
+    m_abortTimer->stop();
     closeSocket();
     m_process->terminate();
 }
@@ -142,7 +145,7 @@ void WebSocketHandler::open(const QString& url, bool local) {
     if (local)
         request.setRawHeader("Kernova-Service-Token", ServiceConfig::instance().serviceToken());
     m_socket->setProxy(QNetworkProxy(local ? QNetworkProxy::NoProxy : QNetworkProxy::DefaultProxy));
-    m_openTimer->start(m_timings.start);
+    m_abortTimer->start(m_timings.start);
     m_socket->open(request);
 }
 
@@ -155,7 +158,7 @@ void WebSocketHandler::onError(QAbstractSocket::SocketError) {
 }
 
 void WebSocketHandler::onConnected() {
-    m_openTimer->stop();
+    m_abortTimer->stop();
     // A pong that the former link still waited for is none of this one's.
     m_pongTimer->stop();
     m_connected = true;
@@ -165,7 +168,7 @@ void WebSocketHandler::onConnected() {
 
 void WebSocketHandler::onDisconnected() {
     qDebug() << "disconnected" << m_socket->closeReason() << m_socket->closeCode();
-    m_openTimer->stop();
+    m_abortTimer->stop();
     m_pingTimer->stop();
     m_connected = false;
     if (m_socket->closeCode() == wire::closeCodeOtherSession)
@@ -181,6 +184,11 @@ void WebSocketHandler::onPing() {
 
 void WebSocketHandler::onPong() {
     qDebug() << "pong received" << QDateTime::currentDateTime().toString();
+    noteSignOfLife();
+}
+
+// A service that is busy answers pings late, and then mostly with what it was busy with.
+void WebSocketHandler::noteSignOfLife() {
     m_pongTimer->stop();
     if (m_connected)
         return;
@@ -209,9 +217,14 @@ void WebSocketHandler::onDisconnectTimeout() {
     m_socket->abort();
 }
 
-void WebSocketHandler::onOpenTimeout() {
-    qDebug() << "the service did not answer the handshake";
+void WebSocketHandler::onAbortTimeout() {
+    qDebug() << "the service did not answer the handshake, or has ended";
     m_socket->abort();
+}
+
+// Its socket ends with it, after what it has still sent. Who waits for a reply is not to wait for longer.
+void WebSocketHandler::onProcessEnded() {
+    m_abortTimer->start(m_timings.lastFrames);
 }
 
 void WebSocketHandler::onMessageReceived(QString message) {

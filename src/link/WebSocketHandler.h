@@ -96,9 +96,11 @@ private:
     void onDisconnected();
     void onPing();
     void onPong();
+    void noteSignOfLife();
+    void onProcessEnded();
     void onPongMissed();
     void onDisconnectTimeout();
-    void onOpenTimeout();
+    void onAbortTimeout();
     void open(const QString& url, bool local);
     void closeSocket();
     void dispatch(const QJsonObject& payload);
@@ -109,7 +111,7 @@ private:
     QTimer* m_pingTimer = nullptr;
     QTimer* m_pongTimer = nullptr;
     QTimer* m_disconnectTimer = nullptr;
-    QTimer* m_openTimer = nullptr;  ///< bounds the handshake
+    QTimer* m_abortTimer = nullptr;  ///< bounds the handshake, and a socket whose service has ended
     mutable QMutex m_endpointMutex;
     QString m_endpoint;
     QWebSocket* m_socket = nullptr;

@@ -1,21 +1,12 @@
 #include "LinkSupport.h"
-#include "records/Group.h"
-#include "records/Highlight.h"
-#include "records/Kerno.h"
-#include "records/Preference.h"
-#include "records/Question.h"
-#include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "link/IdManager.h"
-#include "link/ListReads.h"
-#include "link/WebSocketHandler.h"
+#include "records/Question.h"
 #include "tests_support/RealService.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
 
-#include <QSignalSpy>
 #include <algorithm>
-#include <functional>
 #include <signal.h>
 
 /// The link and the data service together.
@@ -26,14 +17,8 @@ private slots:
     void initTestCase();
     void init();
     void cleanup();
-    void whatIsSavedIsReadBack();
-    void ownChangesAreAnnounced();
-    void batchesAreAnnouncedByTheirPlaces();
-    void errorsAreReported();
-    void idsAreUniqueAcrossReopening();
     void manyIdsAreReservedAtOnce();
     void aKilledServiceIsRestartedAndReopened();
-    void theWholeProjectTravelsBothWays();
 
 private:
     pid_t servicePid() const;
@@ -71,77 +56,7 @@ pid_t tst_RealService::servicePid() const {
     return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
 }
 
-void tst_RealService::whatIsSavedIsReadBack() {
-    const QString odd = QString::fromUtf8("a \"quoted\"\\n\n\ttab \xF0\x9F\x98\x80 \xC3\xA9");
-    QVERIFY(m_helper->save(Preference(QStringLiteral("k"), odd)));
-    QCOMPARE(m_helper->findById<Preference>(QStringLiteral("k")).value().toString(), odd);
-    QVERIFY(m_helper->save(Kerno(1, -1, QColor(Qt::red), odd, odd, {}, QStringLiteral("Ann"), 3, 4)));
-    const QList<Kerno> kernos = m_helper->findAll<Kerno>();
-    QCOMPARE(kernos.size(), 1);
-    QCOMPARE(kernos.first().title(), odd);
-    QCOMPARE(kernos.first().color(), QColor(Qt::red));
-    QVERIFY(kernos.first().timestamp().isValid());
-    QCOMPARE(m_helper->queryAuthors(QStringLiteral("kerno")), QStringList{QStringLiteral("Ann")});
-    QCOMPARE(m_helper->queryIds(reads::kernoIds(), QStringLiteral("kerno"), QStringLiteral("id")),
-             QVariantList{1});
-    QVERIFY(m_helper->closeProject());
-    QVERIFY(m_helper->openProject(m_project));
-    QCOMPARE(m_helper->findAll<Kerno>().size(), 1);
-}
-
-void tst_RealService::ownChangesAreAnnounced() {
-    QSignalSpy saved(m_helper->notifications(), &WebSocketHandler::groupSaved);
-    QSignalSpy deleted(m_helper->notifications(), &WebSocketHandler::groupDeleted);
-    Group group;
-    group.setGroupId(5);
-    group.setTitle(QStringLiteral("First"));
-    QVERIFY(m_helper->save(group));
-    QVERIFY(waitFor([&] { return saved.count() == 1; }));
-    QCOMPARE(saved.first().first().toJsonObject().value(QStringLiteral("id")).toInt(), 5);
-    QVERIFY(m_helper->remove(group));
-    QVERIFY(waitFor([&] { return deleted.count() == 1; }));
-    QVERIFY(m_helper->findAll<Group>().isEmpty());
-}
-
-void tst_RealService::batchesAreAnnouncedByTheirPlaces() {
-    QSignalSpy saved(m_helper->notifications(), &WebSocketHandler::batchHighlightsSaved);
-    QList<Highlight> highlights;
-    for (int i = 1; i <= 3; ++i)
-        highlights << Highlight(i, 1, 7, 2, {}, i * 10, 5, i * 10 + 5, QStringLiteral("Ann"), {}, 0, 0, 0,
-                                false);
-    QVERIFY(m_helper->batchSave(highlights));
-    QVERIFY(waitFor([&] { return saved.count() == 1; }));
-    const QJsonObject places = saved.first().first().toJsonObject();
-    QCOMPARE(places.value(QStringLiteral("sourceIds")).toArray(), QJsonArray{7});
-    QCOMPARE(places.value(QStringLiteral("questionIds")).toArray(), QJsonArray{2});
-    const QList<Highlight> window =
-        m_helper->queryList<Highlight>(reads::highlightsInWindow(7, 2, 18, 3), DataHelper::highlightKeys());
-    QCOMPARE(window.size(), 1);
-    QCOMPARE(window.first().id(), 2);
-    QCOMPARE(m_helper->findById<Highlight>(3).start(), 30);
-}
-
-void tst_RealService::errorsAreReported() {
-    QSignalSpy errors(m_helper->notifications(), &WebSocketHandler::errorOccurred);
-    const ReplyBase reply = m_helper->connection()->request(QStringLiteral("{thisIsNoOperation{id}}"));
-    QVERIFY(!reply.errors().isEmpty());
-    QVERIFY(!reply.errors().first().toObject().value(QStringLiteral("message")).toString().isEmpty());
-    QVERIFY(waitFor([&] { return errors.count() == 1; }));
-}
-
-void tst_RealService::idsAreUniqueAcrossReopening() {
-    IdManager* ids = IdManager::instance();
-    ids->init(true, m_helper.get());
-    const int first = ids->nextKernoId();
-    const int second = ids->nextKernoId();
-    QVERIFY(first > 0);
-    QVERIFY(second > first);
-    QVERIFY(m_helper->closeProject());
-    QVERIFY(m_helper->openProject(m_project));
-    QVERIFY(ids->nextKernoId() > second);
-}
-
-// More than one burst of requests, and single reservations around it.
+// More than one burst of requests, single reservations around it, and none twice.
 void tst_RealService::manyIdsAreReservedAtOnce() {
     constexpr int count = 2500;
     IdManager* ids = IdManager::instance();
@@ -152,6 +67,8 @@ void tst_RealService::manyIdsAreReservedAtOnce() {
     QVERIFY(many.first() > before);
     QVERIFY(std::adjacent_find(many.begin(), many.end(), std::greater_equal<int>()) == many.end());
     QCOMPARE(ids->maxHighlightId(), many.last());
+    QVERIFY(m_helper->closeProject());
+    QVERIFY(m_helper->openProject(m_project));
     QVERIFY(ids->nextHighlightId() > many.last());
     QCOMPARE(ids->nextKernoId(), 1);
     QVERIFY(ids->nextHighlightIds(0).isEmpty());
@@ -172,20 +89,6 @@ void tst_RealService::aKilledServiceIsRestartedAndReopened() {
     const QList<Question> questions = m_helper->findAll<Question>();
     QCOMPARE(questions.size(), 1);
     QCOMPARE(questions.first().question(), QStringLiteral("Why?"));
-}
-
-void tst_RealService::theWholeProjectTravelsBothWays() {
-    QVERIFY(m_helper->save(
-        Kerno(1, -1, QColor(Qt::blue), QStringLiteral("Trust"), {}, {}, QStringLiteral("Ann"), 3, 4)));
-    const Message exported = m_helper->exportProjectJson(m_project);
-    QVERIFY2(exported.status, qPrintable(exported.message));
-    const QJsonValue json = exported.json.value(QStringLiteral("project_json"));
-    QVERIFY(json.isObject());
-    const QJsonObject copy = localProject(path(QStringLiteral("copy.krn")));
-    const Message imported = m_helper->importProjectJson(copy, json);
-    QVERIFY2(imported.status, qPrintable(imported.message));
-    QVERIFY(m_helper->openProject(copy));
-    QCOMPARE(m_helper->findAll<Kerno>().first().title(), QStringLiteral("Trust"));
 }
 
 KERNOVA_TEST_MAIN(tst_RealService)

@@ -1,7 +1,6 @@
 #include "LinkSupport.h"
 #include "link/Connection.h"
 #include "link/ServiceConfig.h"
-#include "link/ServiceProcess.h"
 #include "link/WebSocketHandler.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
@@ -16,8 +15,6 @@ class tst_ServiceStart : public QObject {
     Q_OBJECT
 
 private slots:
-    void portLine_data();
-    void portLine();
     void aPortLineInPiecesIsReadWhole_data();
     void aPortLineInPiecesIsReadWhole();
     void aServiceThatDoesNotGetReadyEndsTheConnect_data();
@@ -31,28 +28,10 @@ private:
     QTemporaryDir m_folder;
 };
 
-void tst_ServiceStart::portLine_data() {
-    QTest::addColumn<QString>("output");
-    QTest::addColumn<int>("port");
-    QTest::addColumn<bool>("ended");
-    QTest::newRow("nothing") << QString() << 0 << false;
-    QTest::newRow("alone") << "Port: 5000\n" << 5000 << true;
-    QTest::newRow("between other text") << "ready\nPort: 65535 is mine\nPort: 1\n" << 65535 << true;
-    QTest::newRow("perhaps cut") << "Port: 50" << 50 << false;
-    QTest::newRow("no blank") << "Port:5000\n" << 0 << false;
-    QTest::newRow("no number") << "Port: none\n" << 0 << false;
-}
-
-void tst_ServiceStart::portLine() {
-    QFETCH(QString, output);
-    const serviceprocess::PortLine line = serviceprocess::findPort(output);
-    QTEST(line.port, "port");
-    QTEST(line.ended, "ended");
-}
-
 void tst_ServiceStart::aPortLineInPiecesIsReadWhole_data() {
     QTest::addColumn<QString>("script");
     QTest::newRow("pieces") << "printf 'Po'; sleep 0.1; printf 'rt: %1'; sleep 0.05; printf '%2\\n'";
+    QTest::newRow("other text") << "printf 'Port:1 Port: x\\nPort: %1%2 is mine\\nPort: 1\\n'";
     QTest::newRow("no line end") << "printf 'hello\\nPort: %1%2'";
 }
 

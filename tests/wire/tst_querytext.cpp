@@ -166,39 +166,6 @@ void QueryTextTest::namesOperations() {
 }
 
 void QueryTextTest::dispatchesTheFirstNotificationOfTheTable() {
-    const QStringList keys{QStringLiteral("kernoCreateOrUpdate"),
-                           QStringLiteral("kernoRemove"),
-                           QStringLiteral("groupCreateOrUpdate"),
-                           QStringLiteral("groupRemove"),
-                           QStringLiteral("groupKernoCreateOrUpdate"),
-                           QStringLiteral("groupKernoRemove"),
-                           QStringLiteral("sourceCreateOrUpdate"),
-                           QStringLiteral("sourceRemove"),
-                           QStringLiteral("highlightCreateOrUpdate"),
-                           QStringLiteral("highlightRemove"),
-                           QStringLiteral("highlightBatchCreateOrUpdate"),
-                           QStringLiteral("highlightBatchRemove"),
-                           QStringLiteral("memoCreateOrUpdate"),
-                           QStringLiteral("memoRemove"),
-                           QStringLiteral("memoBatchCreateOrUpdate"),
-                           QStringLiteral("memoBatchRemove"),
-                           QStringLiteral("questionCreateOrUpdate"),
-                           QStringLiteral("questionRemove"),
-                           QStringLiteral("questionAnswerCreateOrUpdate"),
-                           QStringLiteral("questionAnswerRemove"),
-                           QStringLiteral("sourceMetadataCreateOrUpdate"),
-                           QStringLiteral("sourceMetadataRemove"),
-                           QStringLiteral("sourceMetadataKeyCreateOrUpdate"),
-                           QStringLiteral("sourceMetadataKeyRemove"),
-                           QStringLiteral("sourceMetadataValueCreateOrUpdate"),
-                           QStringLiteral("sourceMetadataValueRemove"),
-                           QStringLiteral("chatMessageCreateOrUpdate"),
-                           QStringLiteral("chatMessageRemove")};
-    QCOMPARE(notificationTable().size(), size_t(keys.size()));
-    for (int i = 0; i < keys.size(); ++i) {
-        QCOMPARE(notificationTable()[size_t(i)].key, keys[i]);
-        QCOMPARE(int(notificationTable()[size_t(i)].notification), i);
-    }
     const QJsonObject two{{QStringLiteral("memoRemove"), 1}, {QStringLiteral("sourceRemove"), 2}};
     QCOMPARE(findNotification(two)->notification, Notification::SourceDeleted);
     QVERIFY(!findNotification({{QStringLiteral("preferenceCreateOrUpdate"), 1}}));
