@@ -39,10 +39,6 @@ void IModelListBase::onFileClosed() {
     m_initialDataSet = false;
 }
 
-QThreadPool* IModelListBase::connectionPool() const {
-    return m_project ? m_project->connectionPool() : nullptr;
-}
-
 ProjectEvents* IModelListBase::project() const {
     return m_project;
 }

@@ -6,7 +6,6 @@
 
 class DataHelper;
 class ProjectEvents;
-class QThreadPool;
 
 /// What all list models of the project share that doesn't depend on their record: they follow the opening and
 /// closing of the project and answer QML's questions for rows. A model outlives project files. Main thread.
@@ -48,9 +47,6 @@ protected:
     /// Blocks until the records have come, then emits `asyncDataFetched`.
     virtual void fetchAndPublish() = 0;
     virtual void onVariantData(const QVariant& data) = 0;
-
-    /// The workers of the project, for models that fetch there; null without a project.
-    virtual QThreadPool* connectionPool() const;
 
     DataHelper* dataHelper() const { return m_dataHelper; }
     /// The project; null without one.

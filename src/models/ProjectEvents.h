@@ -16,7 +16,6 @@ class GroupModel;
 class KernoGroupModel;
 class KernoModel;
 class KernoShortcutKeyModel;
-class QThreadPool;
 class QuestionAnswerMainModel;
 class QuestionModel;
 class SourceMetadataKeyModel;
@@ -40,7 +39,6 @@ public:
     virtual bool isOpened() const = 0;
     virtual DataHelper* dataHelper() const = 0;
     virtual BatchOperationManager* batchOperationManager() const = 0;
-    virtual QThreadPool* connectionPool() const = 0;
 
     /// The models of the project; null until they have been made.
     virtual KernoModel* kernoModel() const = 0;

@@ -52,27 +52,10 @@ Results combine(const Results& left, const Results& right, bool isAnd) {
     return result;
 }
 
-void dropSingleBrackets(QVector<Term>& terms) {
-    int run = 0;
-    for (int i = 0; i < terms.size(); ++i) {
-        if (terms.at(i).level != 0) {
-            const bool isLast = i == terms.size() - 1;
-            if (isLast && run == 0)
-                terms[i].level = 0;
-            else
-                ++run;
-        } else {
-            if (run == 1)
-                terms[i - 1].level = 0;
-            run = 0;
-        }
-    }
-}
-
 Results evaluate(QVector<Term> terms) {
     if (terms.isEmpty())
         return {};
-    dropSingleBrackets(terms);
+    // A bracket around a single row has no neighbour to join.
     for (int i = terms.size() - 1; i > 0; --i) {
         if (terms.at(i).level == 1 && terms.at(i - 1).level == 1)
             joinToPrevious(terms, i);

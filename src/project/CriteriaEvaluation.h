@@ -31,7 +31,4 @@ Results combine(const Results& left, const Results& right, bool isAnd);
 /// The answer to a whole query: brackets first, then the rest, each from the right. No terms give no results.
 Results evaluate(QVector<Term> terms);
 
-/// A bracket around a single row means nothing: gives its row the level 0.
-void dropSingleBrackets(QVector<Term>& terms);
-
 }  // namespace criteria

@@ -1,5 +1,6 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
 #include "models/BatchOperationManager.h"
 #include "models/ChatModel.h"
 #include "models/GroupModel.h"
@@ -15,20 +16,16 @@
 #include "project/AnswerCache.h"
 #include "project/ProjectModels.h"
 #include "records/SimpleCipher.h"
-#include "link/DataHelper.h"
 
 #include <QCoreApplication>
 #include <QPointer>
-#include <QThreadPool>
 
 KRNFile::KRNFile(QObject* parent, const ProjectTimings& timings) : KRNFile(LinkTimings(), timings, parent) {}
 
 KRNFile::KRNFile(const LinkTimings& linkTimings, const ProjectTimings& timings, QObject* parent)
-    : ProjectEvents(parent), m_timings(timings), m_threadPool(new QThreadPool(this)),
-      m_dataHelper(std::make_unique<DataHelper>(linkTimings)), m_cipher(std::make_unique<SimpleCipher>()),
-      m_answerCache(std::make_unique<AnswerCache>()),
+    : ProjectEvents(parent), m_timings(timings), m_dataHelper(std::make_unique<DataHelper>(linkTimings)),
+      m_cipher(std::make_unique<SimpleCipher>()), m_answerCache(std::make_unique<AnswerCache>()),
       m_batchOperationManager(new BatchOperationManager(this)), m_models(std::make_unique<ProjectModels>()) {
-    m_threadPool->setMaxThreadCount(1);
     ProjectContext::setCurrent(this);
     connect(this, &KRNFile::isOpenedChanged, this, &KRNFile::handleFileOpenChanged);
     connectLink();
@@ -38,7 +35,6 @@ KRNFile::KRNFile(const LinkTimings& linkTimings, const ProjectTimings& timings, 
 KRNFile::~KRNFile() {
     if (isOpened())
         close();
-    m_threadPool->waitForDone();
     // The models hold the query layer, so they go first.
     const QList<QAbstractItemModel*> models =
         findChildren<QAbstractItemModel*>(QString(), Qt::FindDirectChildrenOnly);
@@ -69,13 +65,6 @@ void KRNFile::initModels() {
     m_models->groups = new GroupModel(helper, this);
     m_models->shortcutKeys = new KernoShortcutKeyModel(helper, this);
     m_models->chat = new ChatModel(helper, this);
-    // QML looks the types of the getters up by name.
-    qRegisterMetaType<KernoModel*>("KernoModel*");
-    qRegisterMetaType<SourceModel*>("SourceModel*");
-    qRegisterMetaType<SourceMetadataKeyModel*>("SourceMetadataKeyModel*");
-    qRegisterMetaType<SourceMetadataValueModel*>("SourceMetadataValueModel*");
-    qRegisterMetaType<GroupModel*>("GroupModel*");
-    qRegisterMetaType<ChatModel*>("ChatModel*");
 }
 
 void KRNFile::connectLink() {
@@ -85,6 +74,11 @@ void KRNFile::connectLink() {
     connect(helper, &DataHelper::closedDueToAnotherSession, this, &KRNFile::closedDueToAnotherSession);
     connect(helper, &DataHelper::accessChanged, this, &KRNFile::onAccessChanged);
     connect(helper, &DataHelper::accessRevoked, this, &KRNFile::onAccessRevoked);
+    connect(helper, &DataHelper::reopenFailed, this, &KRNFile::onReopenFailed);
+    connect(helper, &DataHelper::writeUnanswered, this, [this] {
+        emit errorOccurred(
+            tr("The data service did not answer. Please check whether the last change is stored."));
+    });
     connect(helper, &DataHelper::mutationNotAllowed, this,
             [this] { emit notifyUser(tr("You are not allowed to change this project.")); });
     connect(helper, &DataHelper::queryNotAllowed, this,

@@ -74,8 +74,8 @@ public:
     Q_INVOKABLE void confirmOpenAlreadyOpenedFile(bool shouldOpen);
     /// Copies a local project's file to the same name with ".bak"; a copy that fails leaves the one before.
     Q_INVOKABLE bool makeBackup(const QUrl& project);
-    /// Copies the open local project to `outputFile`, over a file that is there, and opens the copy. When
-    /// that fails no project is open.
+    /// Copies the open local project to `outputFile`, over a file that is there, and opens the copy. When the
+    /// copying fails the project stays open; when the opening fails, no project is.
     Q_INVOKABLE bool saveAs(const QString& outputFile);
     /// Copies the open cloud project and opens the copy; gives success and, on failure, a sentence.
     Q_INVOKABLE QVariantList saveAsRemote(const QString& newName);
@@ -88,8 +88,6 @@ public:
     bool awaitingOpenConfirmation() const { return m_awaitingConfirmation; }
     int connectedUserCount() const { return m_userCount; }
     QJsonObject currentProject() const;
-    /// Whether a project has been opened since the program started.
-    bool hasBeenOpened() const { return m_opened; }
     /// Whether this client marked the project as open.
     bool holdsLock() const { return m_holdsLock; }
 
@@ -105,7 +103,6 @@ public:
 
     DataHelper* dataHelper() const override { return m_dataHelper.get(); }
     BatchOperationManager* batchOperationManager() const override { return m_batchOperationManager; }
-    QThreadPool* connectionPool() const override { return m_threadPool; }
     KernoModel* kernoModel() const override;
     SourceModel* sourceModel() const override;
     QuestionModel* questionListModel() const override;
@@ -321,6 +318,7 @@ public slots:
     void onErrorOccurred(const QJsonArray& errors);
     void onAccessChanged(const QString& name);
     void onAccessRevoked();
+    void onReopenFailed(const QString& error);
 
 signals:
     void isOpenedChanged();
@@ -346,12 +344,13 @@ private:
     bool createContents(bool singleQuestion);
     bool readContents();
     bool acquirePassword(const QString& password, bool exists);
+    bool failPassword();
     bool acquireLock();
     bool askWhetherToOpen();
     void setSingleQuestionMode(bool singleQuestion);
     void settle(int milliseconds);
     void reset();
-    void announceClosed();
+    void leaveProject();
     /// Returns when the service has stored everything that was sent before.
     void awaitStored() const;
     void putKerno(const Kerno& kerno);
@@ -361,8 +360,6 @@ private:
     QVariantMap readAnswer(const QJsonObject& element) const;
 
     ProjectTimings m_timings;
-    bool m_opened = false;  ///< set by the first project that was opened, and kept
-    QThreadPool* m_threadPool = nullptr;
     std::unique_ptr<DataHelper> m_dataHelper;
     QString m_lastError;
     QByteArray m_passwordHash;  ///< hexadecimal MD5; empty: no password is in force

@@ -1,10 +1,11 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
 #include "project/FileCopies.h"
 #include "project/ProjectPreferences.h"
-#include "link/DataHelper.h"
 
 #include <QDebug>
+#include <QDir>
 #include <QFileInfo>
 
 namespace {
@@ -34,8 +35,9 @@ bool KRNFile::saveAs(const QString& outputFile) {
     awaitStored();
     if (!copies::replace(current, target)) {
         qDebug() << "Failed to copy opened KRN file to save as" << target;
-        // Another project may stand under that name: it must not be taken for the copy.
-        return failOpen(tr("Unable to open project."));
+        m_lastError = tr("The project could not be copied to %1. It stays open where it was.")
+                          .arg(QDir::toNativeSeparators(target));
+        return false;
     }
     close();
     const QJsonObject project{{keyName, target}, {QStringLiteral("project_uuid"), QString()}};

@@ -1,5 +1,7 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/IdManager.h"
 #include "models/ChatModel.h"
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
@@ -14,8 +16,6 @@
 #include "project/ProjectModels.h"
 #include "project/ProjectPreferences.h"
 #include "records/SimpleCipher.h"
-#include "link/DataHelper.h"
-#include "link/IdManager.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -41,6 +41,8 @@ bool KRNFile::openProject(const QJsonObject& project, bool createNew, const QStr
     qDebug() << "open project" << project.value(QStringLiteral("name")).toString()
              << project.value(QStringLiteral("project_uuid")).toString() << "new:" << createNew;
     m_lastError.clear();
+    // A lost link leaves this client's mark on the project.
+    const bool isMarked = m_holdsLock && !isOpened() && project == currentProject();
     m_passwordHash.clear();
     m_cipher->clearKey();
     if (!m_dataHelper->isConnected()) {
@@ -51,6 +53,7 @@ bool KRNFile::openProject(const QJsonObject& project, bool createNew, const QStr
         close();
         settle(m_timings.closeSettle);
     }
+    m_holdsLock = isMarked;
     bool exists = false;
     if (!prepareFile(project, createNew, exists))
         return false;
@@ -64,14 +67,13 @@ bool KRNFile::openProject(const QJsonObject& project, bool createNew, const QStr
     IdManager::instance()->init(true, dataHelper());
     if (!(createNew ? createContents(singleQuestion) : readContents()))
         return failOpen(m_lastError);
-    if (!ignoreLock && !acquireLock())
+    if (!ignoreLock && !isMarked && !acquireLock())
         return failOpen({});
     settle(m_timings.settle);
     if (m_models->kernos)
         m_models->kernos->setData(m_dataHelper->findAll<Kerno>());
     emit canMutateChanged();
     emit fileOpened();
-    m_opened = true;
     return true;
 }
 
@@ -82,7 +84,11 @@ bool KRNFile::prepareFile(const QJsonObject& project, bool createNew, bool& exis
         return true;
     }
     QFile file(project.value(QStringLiteral("name")).toString());
-    exists = !createNew && file.exists();
+    exists = !createNew;
+    if (!createNew && !file.exists()) {
+        m_lastError = DataHelper::missingFile(file.fileName());
+        return false;
+    }
     if (!createNew || !file.exists() || file.remove())
         return true;
     qDebug() << "failed to remove" << file.fileName();
@@ -182,12 +188,19 @@ void KRNFile::close() {
         m_holdsLock = false;
         savePreference(preference::openLock, false);
     }
-    if (!m_dataHelper->closeProject())
-        return;
+    if (m_dataHelper->closeProject())
+        leaveProject();
+}
+
+// A project that isn't followed by another: the properties tell that it is gone.
+void KRNFile::leaveProject() {
     const bool hadProject = m_hasProject;
     reset();
-    if (hadProject)
-        announceClosed();
+    if (!hadProject)
+        return;
+    emit isOpenedChanged();
+    emit isOwnerChanged();
+    emit canMutateChanged();
 }
 
 void KRNFile::closeAndReset() {
@@ -215,13 +228,6 @@ void KRNFile::reset() {
     empty(m_models->chat);
     onConnectionCountChanged(0);
     IdManager::instance()->init(false, dataHelper());
-}
-
-// A project that isn't followed by another: the properties tell that it is gone.
-void KRNFile::announceClosed() {
-    emit isOpenedChanged();
-    emit isOwnerChanged();
-    emit canMutateChanged();
 }
 
 bool KRNFile::isOpened() const {

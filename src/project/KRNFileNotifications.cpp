@@ -1,5 +1,7 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/WebSocketHandler.h"
 #include "models/BatchOperationManager.h"
 #include "models/ChatModel.h"
 #include "models/GroupModel.h"
@@ -12,8 +14,6 @@
 #include "models/SourceMetadataValueModel.h"
 #include "models/SourceModel.h"
 #include "project/AnswerCache.h"
-#include "link/DataHelper.h"
-#include "link/WebSocketHandler.h"
 #include "wire/AccessLevel.h"
 
 #include <QDebug>
@@ -279,10 +279,12 @@ void KRNFile::onAccessChanged(const QString& name) {
     }
 }
 
+void KRNFile::onReopenFailed(const QString& error) {
+    leaveProject();
+    emit errorOccurred(error);
+}
+
 void KRNFile::onAccessRevoked() {
-    const bool hadProject = m_hasProject;
-    reset();
-    if (hadProject)
-        announceClosed();
+    leaveProject();
     emit notifyUser(tr("Your access to the project has been revoked by the project owner."));
 }

@@ -6,10 +6,8 @@
 bool KRNFile::acquirePassword(const QString& password, bool exists) {
     if (password.isEmpty()) {
         m_passwordHash.clear();
-        if (!exists) {
-            savePreference(preference::encrypted, false);
-            return true;
-        }
+        if (!exists)
+            return savePreference(preference::encrypted, false) || failPassword();
         if (!getPreference(preference::encrypted, false).toBool())
             return true;
         m_lastError = tr("Project is encrypted but no password provided!");
@@ -18,13 +16,19 @@ bool KRNFile::acquirePassword(const QString& password, bool exists) {
     m_passwordHash = projectpassword::hash(password);
     m_cipher->setKey(cipherKeyFromHash(m_passwordHash));
     if (!exists) {
-        savePreference(preference::hash, projectpassword::proof(*m_cipher));
-        savePreference(preference::encrypted, true);
-        return true;
+        return (savePreference(preference::hash, projectpassword::proof(*m_cipher)) &&
+                savePreference(preference::encrypted, true)) ||
+               failPassword();
     }
     if (projectpassword::proves(*m_cipher, getPreference(preference::hash, QString()).toString()))
         return true;
     m_lastError = tr("Invalid password supplied!");
+    return false;
+}
+
+// A project whose texts are enciphered but that keeps no proof could never be opened again.
+bool KRNFile::failPassword() {
+    m_lastError = tr("Failed to save whether the project has a password.");
     return false;
 }
 

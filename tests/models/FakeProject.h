@@ -14,7 +14,6 @@
 #include "models/SourceMetadataValueModel.h"
 #include "models/SourceModel.h"
 
-#include <QThreadPool>
 #include <functional>
 #include <memory>
 
@@ -32,7 +31,6 @@ public:
     bool isOpened() const override { return true; }
     DataHelper* dataHelper() const override { return m_helper; }
     BatchOperationManager* batchOperationManager() const override { return &m_batches; }
-    QThreadPool* connectionPool() const override { return &m_pool; }
     KernoModel* kernoModel() const override { return kernos.get(); }
     SourceModel* sourceModel() const override { return sources.get(); }
     QuestionModel* questionListModel() const override { return questions.get(); }
@@ -52,7 +50,6 @@ private:
 
     DataHelper* m_helper;
     mutable BatchOperationManager m_batches;
-    mutable QThreadPool m_pool;
 
 public:
     std::function<int(int, int)> overlap;

@@ -36,17 +36,9 @@ QJsonObject memoJson() {
             {"start", 0}, {"length", 5},   {"author", "Ann"}, {"timestamp", stamp}};
 }
 
-struct RecordCase {
-    QJsonObject json;
-    void (KRNFile::*saved)(const QJsonObject&);
-    void (KRNFile::*deleted)(const QJsonObject&);
-    QAbstractItemModel* (*model)(const KRNFile&);
-};
-
 using Start = std::function<void(BatchOperationManager&)>;
 
 }  // namespace
-Q_DECLARE_METATYPE(RecordCase)
 Q_DECLARE_METATYPE(Start)
 
 /// What the slots make of the service's notifications, without a service.
@@ -66,74 +58,6 @@ private slots:
     }
 
     void cleanup() { m_file.reset(); }
-
-    void recordsGoIntoTheirModel_data() {
-        QTest::addColumn<RecordCase>("c");
-        using File = const KRNFile&;
-        using Model = QAbstractItemModel*;
-        QTest::newRow("kerno") << RecordCase{kernoJson(5, "t"), &KRNFile::onKernoSaved,
-                                             &KRNFile::onKernoDeleted,
-                                             [](File f) -> Model { return f.kernoModel(); }};
-        QTest::newRow("source") << RecordCase{
-            {{"id", 5}, {"title", "t"}, {"icon", "i"}, {"author", "a"}, {"timestamp", stamp}},
-            &KRNFile::onSourceSaved,
-            &KRNFile::onSourceDeleted,
-            [](File f) -> Model { return f.sourceModel(); }};
-        QTest::newRow("question") << RecordCase{{{"id", 5}, {"question", "q"}, {"questionOrder", 1}},
-                                                &KRNFile::onQuestionSaved,
-                                                &KRNFile::onQuestionDeleted,
-                                                [](File f) -> Model { return f.questionListModel(); }};
-        QTest::newRow("answer") << RecordCase{{{"id", 5},
-                                               {"questionId", 1},
-                                               {"sourceId", 1},
-                                               {"author", "a"},
-                                               {"answer", "x"},
-                                               {"timestamp", stamp}},
-                                              &KRNFile::onAnswerSaved,
-                                              &KRNFile::onAnswerDeleted,
-                                              [](File f) -> Model { return f.answerModel(); }};
-        QTest::newRow("metadata key") << RecordCase{
-            {{"id", 5}, {"multipleChoice", false}, {"sortValuesAlphabetically", false}, {"key", "k"}},
-            &KRNFile::onMetadataKeySaved,
-            &KRNFile::onMetadataKeyDeleted,
-            [](File f) -> Model { return f.metadataKeyModel(); }};
-        QTest::newRow("metadata value") << RecordCase{{{"id", 5}, {"keyId", 1}, {"value", "v"}},
-                                                      &KRNFile::onMetadataValueSaved,
-                                                      &KRNFile::onMetadataValueDeleted,
-                                                      [](File f) -> Model { return f.metadataValueModel(); }};
-        QTest::newRow("metadata") << RecordCase{
-            {{"id", 5}, {"sourceId", 1}, {"keyId", 1}, {"valueId", 1}, {"author", "a"}, {"timestamp", stamp}},
-            &KRNFile::onMetadataSaved,
-            &KRNFile::onMetadataDeleted,
-            [](File f) -> Model { return f.metadataModel(); }};
-        QTest::newRow("group") << RecordCase{{{"id", 5}, {"description", "g"}},
-                                             &KRNFile::onGroupSaved,
-                                             &KRNFile::onGroupDeleted,
-                                             [](File f) -> Model { return f.groupModel(); }};
-        QTest::newRow("kerno group") << RecordCase{{{"id", 5}, {"groupId", 1}, {"kernoId", 1}},
-                                                   &KRNFile::onKernoGroupSaved,
-                                                   &KRNFile::onKernoGroupDeleted,
-                                                   [](File f) -> Model { return f.kernoGroupModel(); }};
-        QTest::newRow("chat") << RecordCase{
-            {{"id", 5}, {"message", "m"}, {"author", "a"}, {"timestamp", stamp}},
-            &KRNFile::onChatMessageSaved,
-            &KRNFile::onChatMessageDeleted,
-            [](File f) -> Model { return f.chatModel(); }};
-    }
-
-    void recordsGoIntoTheirModel() {
-        QFETCH(RecordCase, c);
-        const QAbstractItemModel* model = c.model(*m_file);
-        (m_file.get()->*c.saved)(c.json);
-        (m_file.get()->*c.saved)(c.json);
-        QCOMPARE(model->rowCount(), 1);
-        QJsonObject other = c.json;
-        other["id"] = 6;
-        (m_file.get()->*c.deleted)(other);
-        QCOMPARE(model->rowCount(), 1);
-        (m_file.get()->*c.deleted)(c.json);
-        QCOMPARE(model->rowCount(), 0);
-    }
 
     void othersKernosAreNoNewOnes() {
         SignalLog log;

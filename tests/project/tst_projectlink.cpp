@@ -1,65 +1,16 @@
 #include "ProjectSupport.h"
-#include "link/ServiceConfig.h"
-#include "link/WebSocketHandler.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
-#include "wire/QueryText.h"
 
-#include <QWebSocket>
+#include <QFile>
 
 namespace {
-
-/// Another person's program on the same service: a bare socket.
-class SecondClient {
-public:
-    bool open(const QUrl& endpoint, const QString& path) {
-        QNetworkRequest request(endpoint);
-        request.setRawHeader("Kernova-Service-Token", ServiceConfig::instance().serviceToken());
-        QObject::connect(&m_socket, &QWebSocket::textMessageReceived, [this](const QString& text) {
-            m_frames << wire::responseFromJson(wire::readFrame(text).object);
-        });
-        m_socket.open(request);
-        return waitFor([&] { return m_socket.state() == QAbstractSocket::ConnectedState; }) &&
-               !ask(wire::openProject(path, {})).isEmpty();
-    }
-
-    /// The `data` of the reply.
-    QJsonObject ask(const QString& text) {
-        const int id = ++m_number;
-        m_socket.sendTextMessage(wire::RequestFrame{{}, id, text}.toText());
-        QJsonObject data;
-        waitFor([&] {
-            for (const wire::ResponseFrame& frame : qAsConst(m_frames)) {
-                if (frame.messageId == id)
-                    data = frame.payload.value("data").toObject();
-            }
-            return !data.isEmpty();
-        });
-        return data;
-    }
-
-    bool hasSeen(const QString& key) const {
-        return std::any_of(m_frames.begin(), m_frames.end(), [&](const wire::ResponseFrame& frame) {
-            return frame.payload.value("data").toObject().contains(key);
-        });
-    }
-
-    template <typename T> QJsonObject save(const T& record) {
-        return ask(wire::mutation(wire::operationName(T::record(), wire::Operation::CreateOrUpdate),
-                                  record.mutationArguments(), T::queryFields()));
-    }
-
-private:
-    QWebSocket m_socket;
-    QList<wire::ResponseFrame> m_frames;
-    int m_number = 0;
-};
 
 const QString answersName = QStringLiteral("questionAnswerWithQuestionQueryList");
 
 }  // namespace
 
-/// What reaches the project over the link, from a scripted service and from a second client of the real one.
+/// What reaches the project over the link.
 class TestProjectLink : public QObject {
     Q_OBJECT
 
@@ -73,6 +24,8 @@ private:
                 record = {{"key", key}, {"value", 1}};
             client.reply(request, {{"preferenceQueryById", record}});
         });
+        if (!QFile(file.path()).open(QIODevice::WriteOnly))
+            return false;
         return file.connectLink() && file.open("study.krn", {}, true);
     }
 
@@ -106,6 +59,9 @@ private slots:
         emit file->isOpenedChanged();
         file->answer(4, 1);
         QCOMPARE(queries(), 6);
+        // Someone else has changed it.
+        service.push({{"data", QJsonObject{{"questionAnswerCreateOrUpdate", QJsonObject{{"id", 8}}}}}});
+        QVERIFY(waitFor([&] { return !file->answer(4, 1).isEmpty() && queries() == 7; }));
     }
 
     void readersAreRefused() {
@@ -122,11 +78,8 @@ private slots:
         QCOMPARE(notes.first().first().toString(),
                  QStringLiteral("You are not allowed to change this project."));
         QVERIFY(service.requestTexts().filter("mutation").isEmpty());
-        QVERIFY(!file->canMutate(true));
-        QCOMPARE(notes.count(), 2);
-
         service.push({{"access_privilege", "write"}});
-        QVERIFY(waitFor([&] { return notes.count() == 3; }));
+        QVERIFY(waitFor([&] { return notes.count() == 2; }));
         QVERIFY(file->canMutate());
     }
 
@@ -161,6 +114,45 @@ private slots:
         QCOMPARE(file->kernoModel()->rowCount(), 0);
     }
 
+    void aLostFileClosesTheProject() {
+        ScriptedService service;
+        ProjectUnderTest file;
+        QVERIFY(openScripted(file, service));
+        QSignalSpy errors(file.get(), &KRNFile::errorOccurred);
+        QSignalSpy closed(file.get(), &KRNFile::fileClosed);
+        QVERIFY(QFile::remove(file.path()));
+        service.abortAll();
+        QVERIFY(waitFor([&] { return errors.count() == 1; }));
+        QVERIFY(errors.first().first().toString().contains(file.path()));
+        QCOMPARE(closed.count(), 1);
+        QVERIFY(!file->isOpened());
+        // Opening it would make an empty one.
+        QCOMPARE(service.requestTexts().filter("dbOpen").size(), 1);
+    }
+
+    void aPasswordIsSetWholeOrNotAtAll_data() {
+        QTest::addColumn<QString>("key");
+        QTest::newRow("proof") << "___db_hash";
+        QTest::newRow("mark") << "___db_encrypted";
+    }
+
+    void aPasswordIsSetWholeOrNotAtAll() {
+        QFETCH(QString, key);
+        ScriptedService service;
+        service.on("preferenceCreateOrUpdate", [key](ScriptedClient& client, const ScriptedRequest& request) {
+            if (request.argument("key") == key)
+                client.send({request.frame.messageId,
+                             500,
+                             {{"errors", QJsonArray{QJsonObject{{"message", "disk full"}}}}}});
+            else
+                client.reply(request, {{"preferenceCreateOrUpdate", QJsonObject()}});
+        });
+        ProjectUnderTest file;
+        QVERIFY(!file.create("sesame"));
+        QVERIFY(!file->isOpened());
+        QVERIFY(!file->getLastOpenError().isEmpty());
+    }
+
     void lossesOfTheLinkAreTold() {
         ScriptedService service;
         ProjectUnderTest file;
@@ -170,33 +162,6 @@ private slots:
         log.listen(file.get(), &KRNFile::closedDueToAnotherSession, "another session");
         service.closeAll(4000);
         QVERIFY(waitFor([&] { return log.names == QStringList{"another session"}; }));
-    }
-
-    void twoClientsSeeTheSame() {
-        ProjectUnderTest file;
-        QVERIFY(file.create());
-        SecondClient other;
-        QVERIFY(other.open(QUrl(file->dataHelper()->notifications()->endpoint()), file.path()));
-        QVERIFY(waitFor([&] { return file->connectedUserCount() == 2; }));
-
-        QSignalSpy added(file.get(), &KRNFile::newKernoAdded);
-        QSignalSpy highlights(file.get(), &KRNFile::highlightSaved);
-        const int id = IdManager::instance()->nextKernoId();
-        other.save(Kerno(id + 10, -1, QColor(Qt::red), "theirs", {}, {}, "Bob", 1, 1));
-        QVERIFY(waitFor([&] { return file->kerno(id + 10).isValid(); }));
-        QCOMPARE(added.count(), 0);
-        file->saveKerno(Kerno(id, -1, QColor(Qt::red), "mine", {}, {}, "Ann", 1, 1));
-        QCOMPARE(added.count(), 1);
-        QVERIFY(waitFor([&] { return other.hasSeen("kernoCreateOrUpdate"); }));
-
-        QVERIFY(file.addContents("0123456789"));
-        QVERIFY(file->answer(1, 1).value("answer").toString().contains("0123456789"));
-        other.save(QuestionAnswer(1, 1, 1, "Bob", "changed by Bob", {}));
-        QVERIFY(waitFor([&] { return file->answer(1, 1).value("answer").toString().contains("Bob"); }));
-        file->saveHighlight(ProjectUnderTest::highlight(1, 0, 5));
-        QVERIFY(waitFor([&] { return highlights.count() == 1; }));
-        QVERIFY(waitFor([&] { return other.hasSeen("highlightCreateOrUpdate"); }));
-        QCOMPARE(highlights.count(), 1);
     }
 };
 

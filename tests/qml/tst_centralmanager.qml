@@ -107,9 +107,11 @@ TestCase {
         krnFile.calls = []
         krnFile.connected()
         compare(krnFile.calls.length > 0, data.reopened)
-        // A project that was made new must not be made new again.
-        if (data.reopened)
+        // A project that was made new must not be made new again, and is marked as open again.
+        if (data.reopened) {
             compare(krnFile.calls[0].arguments[1], false)
+            compare(krnFile.calls[0].arguments[4], false)
+        }
         compare(CentralManager.connected, true)
     }
 

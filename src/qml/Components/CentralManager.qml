@@ -85,11 +85,9 @@ CentralManagerState {
             return
         var fellSoon = Math.abs(disconnectedAt - reopen.timestamp) < __reopenWindow
         var longOutage = new Date() - disconnectedAt > appHelper.wsTimeout() && reopen.project.shared_count > 0
-        // Opening as new would empty the project, and its lock is still this client's own if it was open.
-        if (fellSoon || longOutage) {
-            openProject(reopen.project, reopen.password, false, reopen.singleQuestion,
-                        reopen.ignoreLock || hasFileOpen)
-        }
+        // Opening as new would empty the project.
+        if (fellSoon || longOutage)
+            openProject(reopen.project, reopen.password, false, reopen.singleQuestion, reopen.ignoreLock)
     }
 
     function __setUndoLock(locked) {
