@@ -10,6 +10,7 @@ Session::Session(KernovaApplication& application, KRNFile* krnFile)
     : m_application(application), m_krnFile(krnFile), m_undoManager(krnFile),
       m_appHelper(&m_undoManager, krnFile), m_projectMerger(krnFile->dataHelper()) {
     m_application.setAppHelper(&m_appHelper);
+    QObject::connect(&m_termination, &TerminationSignals::received, &m_application, &QCoreApplication::quit);
     QQmlContext* context = m_engine.rootContext();
     context->setContextProperty(QStringLiteral("krnFile"), m_krnFile);
     context->setContextProperty(QStringLiteral("appHelper"), &m_appHelper);

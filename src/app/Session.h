@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppHelper.h"
+#include "app/TerminationSignals.h"
 #include "merge/ProjectMerger.h"
 #include "project/ModelInstantiator.h"
 #include "undo/UndoManager.h"
@@ -11,7 +12,8 @@ class KernovaApplication;
 
 /// The objects that QML talks to, and the engine with the screens, from the start of the screens to their
 /// end. The project must exist and outlives the session. On destruction the project is closed first; then go
-/// the engine and the objects, in the reverse order of their making.
+/// the engine and the objects, in the reverse order of their making. While it lives, SIGTERM and SIGINT quit
+/// the application's event loop.
 class Session {
 public:
     /// Makes the objects and offers them to the engine; no screen is loaded yet.
@@ -30,6 +32,7 @@ public:
 private:
     KernovaApplication& m_application;
     KRNFile* m_krnFile;
+    TerminationSignals m_termination;
     UndoManager m_undoManager;
     AppHelper m_appHelper;
     ModelInstantiator m_instantiator;

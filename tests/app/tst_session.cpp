@@ -1,12 +1,18 @@
 #include "app/KernovaApplication.h"
 #include "app/Session.h"
 #include "app/Startup.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
 #include "project/KRNFile.h"
 #include "tests_support/TestMain.h"
 
 #include <QQmlComponent>
 #include <QQmlContext>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
+#include <csignal>
+#include <unistd.h>
 
 /// What stands before the screens are loaded, and the order of its end.
 class tst_Session : public QObject {
@@ -20,6 +26,7 @@ private slots:
     void newerPropertiesOfBaseItemsAreReachable();
     void screensReachTheProgramByName();
     void everythingEndsInTheReverseOrder();
+    void aSignalEndsInOrder();
 
 private:
     QString problemOf(const QString& qml);
@@ -129,6 +136,26 @@ void tst_Session::everythingEndsInTheReverseOrder() {
         record(&session.engine(), "engine");
     }
     QCOMPARE(ended, QStringList({"engine", "projectMerger", "instantiator", "appHelper", "undoManager"}));
+}
+
+void tst_Session::aSignalEndsInOrder() {
+    QTemporaryDir folder;
+    const QJsonObject project{{QStringLiteral("name"), folder.filePath(QStringLiteral("p.krn"))}};
+    const auto connectLink = [this] { return m_file->dataHelper()->connection()->connect(false); };
+    {
+        Session session(*static_cast<KernovaApplication*>(qApp), m_file);
+        QVERIFY(connectLink());
+        QVERIFY(m_file->openProject(project, true, QString(), true));
+        QVERIFY(m_file->holdsLock());
+        QTimer::singleShot(0, [] { ::kill(::getpid(), SIGTERM); });
+        qApp->exec();
+        QVERIFY(m_file->isOpened());
+    }
+    QVERIFY(!m_file->isOpened());
+    QVERIFY(connectLink());
+    QVERIFY(m_file->openProject(project, false, QString(), true, true));
+    QCOMPARE(m_file->getPreference(QStringLiteral("___db_open_lock")).toBool(), false);
+    m_file->closeAndReset();
 }
 
 int main(int argc, char** argv) {

@@ -12,6 +12,7 @@
 #include <QSignalSpy>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <csignal>
 #include <set>
 
 using wire::Record;
@@ -271,6 +272,19 @@ private slots:
         client = openClient();
         QVERIFY(client);
         QCOMPARE(kernoIds(*client).size(), size_t(300));
+    }
+
+    // A signal to all programs of a session: a client's last word, that its project is closed, must count.
+    void clientsHaveALastWordAfterASignal() {
+        const auto client = openClient();
+        QVERIFY(client);
+        ::kill(static_cast<pid_t>(m_service->pid()), SIGTERM);
+        QTest::qWait(300);
+        QVERIFY(
+            !client->ask(QStringLiteral("mutation{preferenceCreateOrUpdate(key:\"a\" value:1){key value}}"))
+                 .isUndefined());
+        client->close();
+        QCOMPARE(m_service->endByInput(), 0);
     }
 
     void waitsForAClientThatTakesNoAnswers() {

@@ -54,7 +54,7 @@ public:
         accept();
         m_signals.async_wait([this](beast::error_code error, int) {
             if (!error)
-                beginEnd();
+                beginLeave();
         });
         watchInput();
         m_io.run();
@@ -81,6 +81,26 @@ private:
             if (const std::shared_ptr<Private> me = weak.lock())
                 asio::post(me->m_io, [me] { me->beginEnd(); });
         }).detach();
+    }
+
+    /// A session that ends asks all programs at once, so the clients may have a last word, such as that their
+    /// project isn't open any more. A second signal allows none.
+    void beginLeave() {
+        m_signals.async_wait([this](beast::error_code error, int) {
+            if (!error)
+                beginEnd();
+        });
+        m_deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(m_limits.leavingTime);
+        awaitLeave();
+    }
+
+    void awaitLeave() {
+        if (m_ending)
+            return;
+        if (!m_dispatcher->clients().empty() && !isLate())
+            later([this] { awaitLeave(); });
+        else
+            beginEnd();
     }
 
     void beginEnd() {

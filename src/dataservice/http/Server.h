@@ -12,6 +12,7 @@ struct ServerLimits {
     int unsentBytes =
         16 * 1024 * 1024;  ///< of one client; no more of its requests are answered until some are sent
     int droppedBytes = 512 * 1024 * 1024;  ///< a client that lets this much wait is disconnected
+    int leavingTime = 2000;                ///< for the clients to leave after a signal to end
     int closingTime = 1000;                ///< for the last answers to leave at the end
 };
 
@@ -27,8 +28,9 @@ public:
     bool listen(QString* message);
     quint16 port() const;
 
-    /// Serves until SIGTERM, SIGINT or the end of standard input; then everything that arrived is carried out
-    /// and committed, and the files are closed.
+    /// Serves until the end of standard input, or SIGTERM or SIGINT and then until the clients have left or a
+    /// second signal has come. Then everything that arrived is carried out and committed, and the files are
+    /// closed.
     void run();
 
 private:
