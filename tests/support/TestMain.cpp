@@ -52,6 +52,9 @@ TestEnvironment::TestEnvironment() {
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         qputenv(name, QFile::encodeName(folder));
     }
+    // Tests that expect a debug line need the lines that a developer may have switched off.
+    for (const char* name : {"QT_LOGGING_RULES", "QT_LOGGING_CONF"})
+        qunsetenv(name);
 }
 
 TestEnvironment::~TestEnvironment() {

@@ -5,7 +5,8 @@
 #include <QTest>
 
 /// What every test program needs: a home of its own under a temporary folder (HOME, XDG_*, TMPDIR), made
-/// before the application object, and a run that fails when Qt printed a warning that no test expected.
+/// before the application object, log lines that the environment doesn't filter, and a run that fails when Qt
+/// printed a warning that no test expected.
 class TestEnvironment {
 public:
     TestEnvironment();
