@@ -41,11 +41,15 @@ bool replace(const QString& path, const QString& target) {
         if (copy.write(block) != block.size())
             return false;
     } while (!block.isEmpty());
-    if (source.error() != QFileDevice::NoError || !copy.commit())
-        return false;
-    // What a crash left of the former file would be rolled back into the copy.
-    QFile::remove(target + QStringLiteral("-journal"));
-    return true;
+    // What a crash left of the former file would be rolled back into the copy. It goes before the copy comes,
+    // and comes back when that fails.
+    const QString journal = target + QStringLiteral("-journal");
+    const QString setAside = journal + QStringLiteral(".former");
+    QFile::remove(setAside);
+    QFile::rename(journal, setAside);
+    const bool placed = source.error() == QFileDevice::NoError && copy.commit();
+    placed ? QFile::remove(setAside) : QFile::rename(setAside, journal);
+    return placed;
 }
 
 QString withProjectSuffix(const QString& path) {

@@ -148,37 +148,25 @@ private slots:
         QCOMPARE(reply.value(QStringLiteral("x")).toInt(), 5);
     }
 
-    void keepsTextsExactly_data() {
-        QTest::addColumn<QString>("sent");
-        QTest::addColumn<QString>("stored");
-        const QString half(QChar(0xD800));
-        QTest::newRow("empty") << QString() << QStringLiteral("");
-        QTest::newRow("byte order mark")
-            << QString(QChar(0xFEFF)) + QStringLiteral("a") << QString(QChar(0xFEFF)) + QStringLiteral("a");
-        QTest::newRow("swapped mark")
-            << QString(QChar(0xFFFE)) + QStringLiteral("a") << QString(QChar(0xFFFD)) + QStringLiteral("a");
-        QTest::newRow("nul") << QString(QChar(0)) + QStringLiteral("a")
-                             << QString(QChar(0)) + QStringLiteral("a");
-        QTest::newRow("half a pair") << QStringLiteral("a") + half + QStringLiteral("b")
-                                     << QStringLiteral("a") + QChar(0xFFFD) + QStringLiteral("b");
-        QTest::newRow("sql") << QStringLiteral("'; DROP TABLE tbl_kerno; --")
-                             << QStringLiteral("'; DROP TABLE tbl_kerno; --");
-    }
-
     void keepsTextsExactly() {
-        QFETCH(QString, sent);
-        QFETCH(QString, stored);
-        // Written out by hand: a frame may hold any text as an escape.
-        QString escaped;
-        for (QChar c : sent)
-            escaped += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-        m_client->sendRaw(
-            QStringLiteral(
-                "{\"auth\":\"\",\"msg_id\":\"i_900\",\"json_data\":\"mutation{sourceCreateOrUpdate("
-                "id:1 title:\\\"%1\\\"){id title}}\"}")
-                .arg(escaped));
-        QVERIFY(m_client->waitUntil([&] { return m_client->reply(900) != nullptr; }));
-        QCOMPARE(list(Record::Source).at(0).toObject().value(QStringLiteral("title")).toString(), stored);
+        const QString half(QChar(0xD800));
+        const QStringList texts{QStringLiteral(""),
+                                QString(QChar(0xFEFF)) + QLatin1Char('a'),
+                                QString(QChar(0xFFFE)) + QChar(0xFFFF),
+                                QString(QChar(0)) + QLatin1Char('a'),
+                                QStringLiteral("'; DROP TABLE tbl_kerno; --"),
+                                half + QLatin1Char('b')};
+        for (QString text : texts) {
+            // Written out by hand: a frame may hold any text as an escape.
+            QString escaped;
+            for (QChar c : text)
+                escaped += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            m_client->sendRaw(QStringLiteral("{\"auth\":\"\",\"msg_id\":\"i_900\",\"json_data\":\"mutation{"
+                                             "sourceCreateOrUpdate(id:1 title:\\\"%1\\\"){id title}}\"}")
+                                  .arg(escaped));
+            QCOMPARE(list(Record::Source).at(0).toObject().value(QStringLiteral("title")).toString(),
+                     text.replace(half, QString(QChar(0xFFFD))));
+        }
     }
 
     void givesScalarsBackAsTheirKind_data() {

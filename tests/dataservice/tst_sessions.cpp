@@ -10,6 +10,8 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <csignal>
@@ -250,6 +252,32 @@ private slots:
         QVERIFY(announced.size() > 100);
     }
 
+    void answersAfterTheCommit() {
+        auto client = openClient();
+        QVERIFY(client);
+        QVERIFY(client->ask(kernoSave.arg(1)).isObject());
+        int saved = 0;
+        {
+            // A reader of the file lets a transaction begin, and holds its commit up.
+            QSqlDatabase reader =
+                QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("reader"));
+            reader.setDatabaseName(m_file);
+            QVERIFY(reader.open());
+            QSqlQuery query(reader);
+            QVERIFY(query.exec(QStringLiteral("BEGIN")) &&
+                    query.exec(QStringLiteral("SELECT id FROM tbl_kerno")) && query.next());
+            saved = client->send(kernoSave.arg(2));
+            QVERIFY(!client->waitUntil([&] { return client->reply(saved) != nullptr; }, 200));
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("reader"));
+        QVERIFY(client->waitUntil([&] { return client->reply(saved) != nullptr; }));
+        m_service->kill();
+        init();
+        client = openClient();
+        QVERIFY(client);
+        QCOMPARE(kernoIds(*client), (std::set<int>{1, 2}));
+    }
+
     void carriesOutWhatWasAcceptedBeforeItEnds_data() {
         QTest::addColumn<bool>("bySignal");
         QTest::newRow("input closed") << false;
@@ -287,7 +315,15 @@ private slots:
         QCOMPARE(m_service->endByInput(), 0);
     }
 
+    void waitsForAClientThatTakesNoAnswers_data() {
+        QTest::addColumn<bool>("readsOn");
+        QTest::newRow("and then takes them") << true;
+        QTest::newRow("and then is gone") << false;
+    }
+
     void waitsForAClientThatTakesNoAnswers() {
+        QFETCH(bool, readsOn);
+        QFile::remove(m_file);
         const auto client = openClient();
         QVERIFY(client);
         const QString text(1000 * 1000, QLatin1Char('x'));
@@ -296,8 +332,9 @@ private slots:
                 QStringLiteral("mutation{sourceCreateOrUpdate(id:%1 title:\"%2\"){id}}").arg(id).arg(text));
         QVERIFY(client->ask(kernoMax.arg(QStringLiteral("false"))).isDouble());
 
-        // Asks for 800 MB and reads none of it.
-        constexpr int reads = 200;
+        // Asks for 240 MB and reads none of it, and for more changes than are taken from a client at once.
+        constexpr int reads = 60;
+        constexpr int changes = 3900;
         QTcpSocket idler;
         idler.setReadBufferSize(1000);
         idler.connectToHost(QHostAddress::LocalHost, m_service->port());
@@ -309,7 +346,11 @@ private slots:
         idler.write(maskedFrame(wire::openProject(m_file, {})));
         for (int i = 0; i < reads; ++i)
             idler.write(maskedFrame(QStringLiteral("{sourceQueryList{title}}")));
-        idler.flush();
+        for (int id = 1; id <= changes; ++id)
+            idler.write(maskedFrame(kernoSave.arg(100 + id)));
+        for (int i = 0; i < 200; ++i)
+            idler.write(maskedFrame(QStringLiteral("{kernoQueryList{id}}")));
+        while (idler.bytesToWrite() > 0 && idler.waitForBytesWritten(1000)) {}
         QVERIFY(client->waitUntil([&] { return count(*client, connections) == 2; }));
 
         // Others are served meanwhile, and the answers don't pile up.
@@ -321,8 +362,19 @@ private slots:
             const int kilobytes = peak.match(QString::fromLatin1(status.readAll())).captured(1).toInt();
             QVERIFY2(kilobytes > 0 && kilobytes < peakKilobytes, qPrintable(QString::number(kilobytes)));
         }
-        idler.abort();
-        QVERIFY(client->waitUntil([&] { return count(*client, connections) == 3; }));
+        QCOMPARE(kernoIds(*client).size(), size_t(50));
+        if (readsOn) {
+            idler.setReadBufferSize(0);
+            connect(&idler, &QTcpSocket::readyRead, [&] { idler.readAll(); });
+            idler.readAll();
+        } else {
+            idler.abort();
+            QVERIFY(client->waitUntil([&] { return count(*client, connections) == 3; }));
+        }
+        // What was taken from it is carried out in either case.
+        QVERIFY(client->waitUntil(
+            [&] { return count(*client, QStringLiteral("kernoCreateOrUpdate")) >= 50 + changes; }));
+        QVERIFY(kernoIds(*client).size() == size_t(50 + changes));
     }
 
     void storesNothingInAFileThatWasTakenAway() {

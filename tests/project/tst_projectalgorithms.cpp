@@ -5,6 +5,7 @@
 #include "project/SortOrder.h"
 #include "tests_support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -144,6 +145,20 @@ private slots:
         QVERIFY(!copies::replaceBackup(path));
         QCOMPARE(read(path + ".bak"), QByteArray("two"));
         QVERIFY(!QFile::exists(path + ".bak.tmp"));
+    }
+
+    void copiesLeaveNoJournalOfTheFormerFile() {
+        QTemporaryDir folder;
+        const QString path = folder.filePath("p.krn");
+        const QString target = folder.filePath("t.krn");
+        write(path, "one");
+        write(target, "two");
+        write(target + "-journal", "of two");
+        QVERIFY(!copies::replace(folder.filePath("none.krn"), target));
+        QCOMPARE(read(target + "-journal"), QByteArray("of two"));
+        QVERIFY(copies::replace(path, target));
+        QCOMPARE(read(target), QByteArray("one"));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"p.krn", "t.krn"}));
     }
 
     void completesNames() {

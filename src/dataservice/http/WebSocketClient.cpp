@@ -101,8 +101,12 @@ void WebSocketClient::write() {
         const bool wasCongested = me->isCongested();
         me->m_unsentBytes -= me->m_unsent.front().size();
         me->m_unsent.pop_front();
-        if (error)
-            return;  // the read ends as well, and sees to the rest
+        if (error) {
+            // While reading is paused nothing else would tell that the client is gone.
+            beast::get_lowest_layer(me->m_stream).cancel();
+            me->closed();
+            return;
+        }
         if (!me->m_unsent.empty())
             me->write();
         if (wasCongested && !me->isCongested())

@@ -4,6 +4,8 @@
 struct GroupLimits {
     int milliseconds = 10;
     int frames = 1000;
+    int retryMilliseconds =
+        5000;  ///< of requests one by one after their group failed, until the rest fail as well
     int answerBytes =
         16 * 1024 * 1024;  ///< no further request is taken into a group whose answers are this long
 };

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <algorithm>
+#include <optional>
 
 ProjectSession::ProjectSession(std::unique_ptr<ProjectStore> store, const GroupLimits& limits)
     : m_store(std::move(store)), m_limits(limits) {}
@@ -36,6 +37,7 @@ ProjectSession::GroupEnd ProjectSession::runGroup() {
     std::vector<Task> tasks;
     GroupEnd end = GroupEnd::Done;
     bool failed = false;
+    std::optional<Answer> failure;
     int answerBytes = 0;
     QElapsedTimer timer;
     timer.start();
@@ -61,8 +63,16 @@ ProjectSession::GroupEnd ProjectSession::runGroup() {
     if (failed || !m_store->commit().ok()) {
         // One bad request must not take its neighbours down with it.
         m_store->rollback();
-        for (Task& task : tasks)
-            runAlone(task);
+        timer.restart();
+        for (Task& task : tasks) {
+            // When the file itself can't be had, each would wait for it anew.
+            if (failure && timer.elapsed() > m_limits.retryMilliseconds && task.request.query.isMutation)
+                task.answer = *failure;
+            else
+                runAlone(task);
+            if (task.answer.kind == Outcome::Kind::Failed)
+                failure = task.answer;
+        }
     }
     for (const Task& task : tasks)
         deliver(task);

@@ -33,6 +33,11 @@ bool Statement::next() {
     return m_query->next();
 }
 
+QVariant Statement::value(int column) const {
+    const QVariant value = m_query->value(column);
+    return value.type() == QVariant::ByteArray ? QVariant(dialect::text(value.toByteArray())) : value;
+}
+
 Outcome Statement::outcome() const {
     const QSqlError error = m_query->lastError();
     if (m_prepared && !error.isValid())

@@ -23,7 +23,8 @@ public:
     /// False on failure; see `outcome`.
     bool run();
     bool next();
-    QVariant value(int column) const { return m_query->value(column); }
+    /// Invalid for NULL. Text that was asked for as bytes is a text.
+    QVariant value(int column) const;
     /// `Failed` when preparing, running or stepping went wrong.
     Outcome outcome() const;
 

@@ -72,6 +72,14 @@ QVariant bound(const QVariant& value) {
     return text.isNull() ? QStringLiteral("") : text;
 }
 
+QString text(const QByteArray& bytes) {
+    QString text = QString::fromUtf8(bytes.constData(), bytes.size());
+    // Taken for a mark and dropped here, too.
+    if (bytes.startsWith("\xEF\xBB\xBF"))
+        text.prepend(QChar(0xFEFF));
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
 QString beginText() {
     return QStringLiteral("BEGIN IMMEDIATE");
 }

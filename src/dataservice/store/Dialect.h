@@ -27,6 +27,9 @@ Outcome forbidWrites(Database& database);
 /// replaced.
 QVariant bound(const QVariant& value);
 
+/// The text that was stored, from its bytes.
+QString text(const QByteArray& bytes);
+
 /// Starts a transaction that may write. Waits a bounded time for another program that holds the file.
 QString beginText();
 

@@ -1,6 +1,7 @@
 #include "store/JoinedReads.h"
 
 #include "store/Database.h"
+#include "store/Sql.h"
 
 namespace joinedreads {
 namespace {
@@ -33,7 +34,8 @@ Outcome answersWithQuestion(Database& database, qint64 sourceId, std::optional<q
     Statement statement = database.statement(
         QStringLiteral(
             "SELECT a.\"id\", a.\"questionId\", a.\"sourceId\", COALESCE(q.\"question\", ''), a.\"author\", "
-            "a.\"timestamp\", a.\"answer\" FROM ") +
+            "a.\"timestamp\", ") +
+        sql::asBytes(QStringLiteral("a.\"answer\"")) + QStringLiteral(" FROM ") +
         name(wire::Record::QuestionAnswer) + QStringLiteral(" a LEFT JOIN ") + name(wire::Record::Question) +
         QStringLiteral(" q ON q.\"id\" = a.\"questionId\" WHERE a.\"sourceId\" = ?") +
         (questionId ? QStringLiteral(" AND a.\"questionId\" = ?") : QString()) +

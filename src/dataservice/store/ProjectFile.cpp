@@ -2,7 +2,6 @@
 
 #include "store/Database.h"
 #include "store/Dialect.h"
-#include "store/Migrations.h"
 
 #include <QDir>
 #include <QFile>
@@ -52,18 +51,20 @@ bool replaceFile(const QString& from, const QString& to) {
 #endif
 
 /// A project file of a known version that defines nothing but what such a file does.
-std::unique_ptr<Database> openKnown(const QString& path, int* version, QString* message) {
-    const dialect::Header header = dialect::readHeader(path);
+std::unique_ptr<Database> openKnown(const QString& path, const Migrations& history, int* version,
+                                    QString* message) {
+    const int newest = static_cast<int>(history.size());
+    dialect::Header header = dialect::readHeader(path);
     using Kind = dialect::Header::Kind;
     if (header.kind == Kind::Missing)
         return refuse(path, QStringLiteral("It doesn't exist."), message);
     if (header.kind == Kind::Empty || header.kind == Kind::Foreign)
         return refuse(path, QStringLiteral("It isn't a Kernova project, or it can't be read."), message);
-    if (header.version > currentSchemaVersion()) {
+    if (header.version > newest) {
         return refuse(path,
                       QStringLiteral("It was written by a newer version of Kernova (%1; this one knows %2).")
                           .arg(header.version)
-                          .arg(currentSchemaVersion()),
+                          .arg(newest),
                       message);
     }
     if (header.version < 1)
@@ -71,7 +72,10 @@ std::unique_ptr<Database> openKnown(const QString& path, int* version, QString* 
     std::unique_ptr<Database> database = Database::open(path, message);
     if (!database)
         return refuse(path, *message, message);
-    const Outcome outcome = checkSchema(*database, header.version);
+    // At the first read a transaction that a crash cut off is undone: with a migration, the version, too.
+    dialect::foreignChanges(*database);
+    header = dialect::readHeader(path);
+    const Outcome outcome = checkSchema(*database, history, header.version);
     if (!outcome.ok())
         return refuse(path, outcome.message, message);
     *version = header.version;
@@ -80,16 +84,16 @@ std::unique_ptr<Database> openKnown(const QString& path, int* version, QString* 
 
 }  // namespace
 
-std::unique_ptr<Database> open(const QString& path, QString* message) {
+std::unique_ptr<Database> open(const QString& path, QString* message, const Migrations& history) {
     int version = 0;
-    std::unique_ptr<Database> database = openKnown(path, &version, message);
+    std::unique_ptr<Database> database = openKnown(path, history, &version, message);
     if (!database)
         return nullptr;
     Outcome outcome = dialect::checkPages(*database);
     if (!outcome.ok())
         outcome.message = QStringLiteral("It is damaged: %1").arg(outcome.message);
     else
-        outcome = migrate(*database, version, currentSchemaVersion());
+        outcome = migrate(*database, history, version, static_cast<int>(history.size()));
     if (!outcome.ok())
         return refuse(path, outcome.message, message);
     return database;
@@ -99,7 +103,7 @@ std::unique_ptr<Database> openToLook(const QString& path, QString* message) {
     // The check of all pages keeps damage from spreading by later writes. Here none follow, and the schema's
     // own pages and the few that are read are checked as they are read: a damaged one is a failed read.
     int version = 0;
-    std::unique_ptr<Database> database = openKnown(path, &version, message);
+    std::unique_ptr<Database> database = openKnown(path, migrations(), &version, message);
     if (!database)
         return nullptr;
     const Outcome outcome = dialect::forbidWrites(*database);
@@ -114,7 +118,7 @@ std::unique_ptr<Database> createAt(const QString& path, QString* message) {
     std::unique_ptr<Database> database = Database::open(path, message);
     Outcome outcome = database ? dialect::markAsProject(*database) : Outcome::failed(*message);
     if (outcome.ok())
-        outcome = migrate(*database, 0, currentSchemaVersion());
+        outcome = migrate(*database, migrations(), 0, static_cast<int>(migrations().size()));
     if (outcome.ok())
         return database;
     database.reset();
@@ -131,7 +135,16 @@ QString temporaryNameBeside(const QString& path) {
 }
 
 Outcome moveIntoPlace(const QString& temporary, const QString& path) {
-    if (!syncPath(temporary) || !replaceFile(temporary, path)) {
+    // What a crash left beside the name belongs to the file that had it: it would be played into the new one.
+    // It goes before the new file comes, and comes back when that fails.
+    const QString setAside = temporary + QStringLiteral(".former");
+    const QStringList sideFiles{QStringLiteral("-journal"), QStringLiteral("-wal")};
+    for (const QString& suffix : sideFiles)
+        QFile::rename(path + suffix, setAside + suffix);
+    const bool placed = syncPath(temporary) && replaceFile(temporary, path);
+    for (const QString& suffix : sideFiles)
+        placed ? QFile::remove(setAside + suffix) : QFile::rename(setAside + suffix, path + suffix);
+    if (!placed) {
         QFile::remove(temporary);
         return Outcome::failed(QStringLiteral("The project file \"%1\" can't be written.").arg(path));
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/Migrations.h"
 #include "store/Outcome.h"
 
 #include <QByteArray>
@@ -13,7 +14,8 @@ namespace projectfile {
 
 /// Opens an existing project file after it passed every check, and brings it to the current version. A file
 /// that is refused is left as it is. Null with a sentence in `message` on any failure.
-std::unique_ptr<Database> open(const QString& path, QString* message);
+std::unique_ptr<Database> open(const QString& path, QString* message,
+                               const Migrations& history = migrations());
 
 /// Opens an existing project file to read a few rows, at a cost that doesn't grow with the file: its pages
 /// are not gone through and it is not migrated. Nothing can be written through what is given back.

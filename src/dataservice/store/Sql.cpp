@@ -12,28 +12,13 @@ QString places(int count) {
     return text;
 }
 
-QString columnType(const Column& column) {
-    switch (column.type) {
-    case FieldType::Integer:
-        return QStringLiteral("INTEGER NOT NULL DEFAULT -1");
-    case FieldType::Boolean:
-        return QStringLiteral("BOOLEAN NOT NULL DEFAULT FALSE");
-    case FieldType::Color:
-        return QStringLiteral("TEXT NOT NULL DEFAULT '#ffffff'");
-    case FieldType::Text:
-    case FieldType::Timestamp:
-        return QStringLiteral("TEXT NOT NULL DEFAULT ''");
-    case FieldType::Scalar:
-        return QStringLiteral("TEXT NOT NULL DEFAULT 'null'");
-    }
-    return {};
-}
-
 /// A column in a list of results. A highlight without its kerno is shown in black.
 QString selected(const Column& column) {
     if (column.joined)
         return QStringLiteral("COALESCE(k.") + quoted(column.name) + QStringLiteral(", '#000000')");
-    return QStringLiteral("t.") + quoted(column.name);
+    const QString name = QStringLiteral("t.") + quoted(column.name);
+    // As bytes, because the two units that are no characters don't survive the database's own conversion.
+    return column.type == FieldType::Text || column.type == FieldType::Scalar ? asBytes(name) : name;
 }
 
 }  // namespace
@@ -43,6 +28,10 @@ const QString removedTable = QStringLiteral("tbl_removed_record");
 
 QString quoted(const QString& name) {
     return QLatin1Char('"') + name + QLatin1Char('"');
+}
+
+QString asBytes(const QString& expression) {
+    return QStringLiteral("CAST(") + expression + QStringLiteral(" AS BLOB)");
 }
 
 QString equals(const QString& column) {
@@ -112,40 +101,6 @@ QString rememberTimestamp(const Table& table) {
 QString remove(const Table& table) {
     return QStringLiteral("DELETE FROM ") + table.name + QStringLiteral(" WHERE ") + quoted(table.id().name) +
            QStringLiteral(" = ?");
-}
-
-QString createTable(const Table& table) {
-    QStringList columns;
-    for (size_t i = 0; i < table.columns.size(); ++i) {
-        const Column& column = table.columns[i];
-        if (column.joined)
-            continue;
-        const bool isId = static_cast<int>(i) == table.idColumn;
-        const QString idType = table.hasTextId() ? QStringLiteral("TEXT NOT NULL PRIMARY KEY")
-                                                 : QStringLiteral("INTEGER PRIMARY KEY");
-        columns << quoted(column.name) + QLatin1Char(' ') + (isId ? idType : columnType(column));
-    }
-    return QStringLiteral("CREATE TABLE ") + table.name + QStringLiteral(" (") + columns.join(comma) +
-           QLatin1Char(')');
-}
-
-QString createIndex(const TableIndex& index) {
-    QStringList columns;
-    for (const QString& column : index.columns)
-        columns << quoted(column);
-    return QStringLiteral("CREATE INDEX ") + index.name + QStringLiteral(" ON ") +
-           tableOf(index.record).name + QStringLiteral(" (") + columns.join(comma) + QLatin1Char(')');
-}
-
-QString createCounterTable() {
-    return QStringLiteral("CREATE TABLE ") + counterTable +
-           QStringLiteral(" (\"record\" TEXT NOT NULL PRIMARY KEY, \"lastId\" INTEGER NOT NULL)");
-}
-
-QString createRemovedTable() {
-    return QStringLiteral("CREATE TABLE ") + removedTable +
-           QStringLiteral(" (\"record\" TEXT NOT NULL, \"id\" INTEGER NOT NULL, \"timestamp\" TEXT NOT NULL, "
-                          "PRIMARY KEY (\"record\", \"id\"))");
 }
 
 }  // namespace sql

@@ -11,6 +11,9 @@ namespace sql {
 /// The name in double quotes.
 QString quoted(const QString& name);
 
+/// The text of a column as it lies in the file. `Statement` gives it back as a text.
+QString asBytes(const QString& expression);
+
 /// A filter `column = ?`.
 QString equals(const QString& column);
 
@@ -35,13 +38,8 @@ QString rememberTimestamp(const Table& table);
 /// Place for a value: the id.
 QString remove(const Table& table);
 
-QString createTable(const Table& table);
-QString createIndex(const TableIndex& index);
-
 /// Tables of the store's own.
 extern const QString counterTable;  ///< the greatest id that a record ever had, by the record's word
 extern const QString removedTable;  ///< times of removed records, by word and id
-QString createCounterTable();
-QString createRemovedTable();
 
 }  // namespace sql

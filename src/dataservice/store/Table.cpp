@@ -54,12 +54,6 @@ Table makeTable(Record record) {
     return table;
 }
 
-TableIndex makeIndex(Record record, const QStringList& columns) {
-    return {QStringLiteral("idx_") + tableName(record).mid(4) + QLatin1Char('_') +
-                columns.join(QLatin1Char('_')),
-            record, columns};
-}
-
 }  // namespace
 
 bool Table::isPassage() const {
@@ -82,24 +76,4 @@ const Table& tableOf(Record record) {
         return made;
     }();
     return tables[static_cast<size_t>(record)];
-}
-
-const std::vector<TableIndex>& tableIndices() {
-    const QString sourceId = QStringLiteral("sourceId");
-    const QString questionId = QStringLiteral("questionId");
-    const QString kernoId = QStringLiteral("kernoId");
-    const QString keyId = QStringLiteral("keyId");
-    static const std::vector<TableIndex> indices{
-        makeIndex(Record::Kerno, {QStringLiteral("parentKernoId")}),
-        makeIndex(Record::Highlight, {sourceId, questionId}),
-        makeIndex(Record::Highlight, {kernoId, sourceId}),
-        makeIndex(Record::Highlight, {questionId}),
-        makeIndex(Record::Memo, {sourceId, questionId}),
-        makeIndex(Record::QuestionAnswer, {sourceId, questionId}),
-        makeIndex(Record::SourceMetadata, {sourceId}),
-        makeIndex(Record::SourceMetadata, {keyId, QStringLiteral("valueId")}),
-        makeIndex(Record::SourceMetadataValue, {keyId}),
-        makeIndex(Record::KernoGroup, {kernoId}),
-    };
-    return indices;
 }

@@ -36,13 +36,3 @@ struct Table {
 
 /// The table of a record. Built once.
 const Table& tableOf(wire::Record record);
-
-/// An index of the project file.
-struct TableIndex {
-    QString name;
-    wire::Record record;
-    QStringList columns;
-};
-
-/// The indices that serve the filtered reads.
-const std::vector<TableIndex>& tableIndices();
