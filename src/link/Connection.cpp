@@ -51,6 +51,7 @@ void Connection::connectHandlerSignals() {
         QObject::connect(m_webSocketHandler, signal, this, effect, Qt::DirectConnection);
     };
     onHandler(&WebSocketHandler::connected, [this] {
+        m_waiter->openReplies();
         m_connected = true;
         if (m_reconnect)
             emit reconnected();
@@ -58,13 +59,16 @@ void Connection::connectHandlerSignals() {
             emit connected();
         m_reconnect = true;
     });
+    // Who sees the link open can wait for replies, and whose wait ends with it finds it ended.
     onHandler(&WebSocketHandler::disconnected, [this] {
         m_connected = false;
         emit disconnected();
+        m_waiter->endReplies();
     });
     onHandler(&WebSocketHandler::closedDueToAnotherSession, [this] {
         m_connected = false;
         emit closedDueToAnotherSession();
+        m_waiter->endReplies();
     });
     onHandler(&WebSocketHandler::connectionLost, [this] {
         m_connected = false;

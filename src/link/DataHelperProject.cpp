@@ -76,7 +76,7 @@ bool DataHelper::closeProject() {
     const ReplyBase reply = m_connection->request(wire::closeProject());
     const QJsonObject closed = reply.data().value(wire::name::dbClose).toObject();
     qDebug() << "DB CLOSE" << closed.value(keyStatus).toString();
-    if (!answersForNoProject(closed))
+    if (!answersForNoProject(closed) && m_connection->isConnected())
         return false;
     forgetProject();
     return true;

@@ -20,15 +20,6 @@ Waiter::Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QOb
         },
         Qt::DirectConnection);
     connect(
-        webSocketHandler, &WebSocketHandler::connected, this,
-        [this] {
-            QMutexLocker locker(&m_mutex);
-            m_open = true;
-        },
-        Qt::DirectConnection);
-    for (auto end : {&WebSocketHandler::disconnected, &WebSocketHandler::closedDueToAnotherSession})
-        connect(webSocketHandler, end, this, &Waiter::endReplies, Qt::DirectConnection);
-    connect(
         httpHandler, &HttpHandler::finished, this,
         [this](const Message& message, int call) {
             QMutexLocker locker(&m_mutex);
@@ -49,6 +40,11 @@ void Waiter::sleep(int milliseconds) {
         if (!m_arrived.wait(&m_mutex, deadline))
             return;
     }
+}
+
+void Waiter::openReplies() {
+    QMutexLocker locker(&m_mutex);
+    m_open = true;
 }
 
 void Waiter::endReplies() {

@@ -23,6 +23,10 @@ class Waiter : public QObject {
 public:
     Waiter(WebSocketHandler* webSocketHandler, HttpHandler* httpHandler, QObject* parent = nullptr);
 
+    /// The socket is open, or has ended: without one no reply can come, so waits for replies end at once.
+    void openReplies();
+    void endReplies();
+
     /// From now on the frames with the `count` numbers from `firstId` are collected, and the last of them to
     /// come ends the wait. `count` is at least 1. Called before the requests are sent.
     void expectReplies(int firstId, int count);
@@ -40,7 +44,6 @@ public:
     Message awaitMessage(int milliseconds);
 
 private:
-    void endReplies();
     /// Sleeps until nothing is expected any more, at most `milliseconds`. The mutex is held before and after.
     void sleep(int milliseconds);
 
@@ -52,5 +55,5 @@ private:
     int m_missing = 0;  ///< replies that are still awaited
     int m_call = 0;     ///< number of the last HTTP call
     bool m_expectsMessage = false;
-    bool m_open = false;  ///< the socket: without one no reply can come
+    bool m_open = false;  ///< the socket
 };

@@ -42,6 +42,7 @@ private slots:
     void openingComparesTheReply();
     void closingComparesTheReply_data();
     void closingComparesTheReply();
+    void closingEndsWithTheLink();
     void openingClosesTheProjectBefore();
     void aLostLinkWithoutProjectOnlyTells();
 
@@ -227,6 +228,14 @@ void tst_DataHelper::closingComparesTheReply() {
     QCOMPARE(m_helper->isOpen(), !closed);
     QCOMPARE(m_helper->access().isEmpty(), closed);
     QCOMPARE(m_helper->currentProject().isEmpty(), closed);
+}
+
+void tst_DataHelper::closingEndsWithTheLink() {
+    m_service->on(wire::name::dbClose,
+                  [](ScriptedClient& client, const ScriptedRequest&) { client.abort(); });
+    QVERIFY(m_helper->closeProject());
+    QVERIFY(!m_helper->isOpen());
+    QVERIFY(m_helper->currentProject().isEmpty());
 }
 
 void tst_DataHelper::openingClosesTheProjectBefore() {
