@@ -3,6 +3,7 @@
 #include "app/AppHelper.h"
 
 #include <QFileOpenEvent>
+#include <QMessageBox>
 
 namespace {
 
@@ -14,6 +15,15 @@ KernovaApplication::KernovaApplication(int& argc, char** argv) : QApplication(ar
 
 KernovaApplication::~KernovaApplication() {
     sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+bool KernovaApplication::notify(QObject* receiver, QEvent* event) {
+    // Titles and messages stand in message boxes, and a box takes a text with a "<" for mark-up.
+    if (event->type() == QEvent::Polish) {
+        if (auto* box = qobject_cast<QMessageBox*>(receiver))
+            box->setTextFormat(Qt::PlainText);
+    }
+    return QApplication::notify(receiver, event);
 }
 
 bool KernovaApplication::event(QEvent* event) {

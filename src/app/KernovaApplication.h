@@ -17,6 +17,8 @@ public:
     void setAppHelper(AppHelper* appHelper) { m_appHelper = appHelper; }
 
     bool event(QEvent* event) override;
+    /// Has every message box show its text as it stands.
+    bool notify(QObject* receiver, QEvent* event) override;
 
 private:
     AppHelper* m_appHelper = nullptr;

@@ -11,6 +11,7 @@ Session::Session(KernovaApplication& application, KRNFile* krnFile)
       m_appHelper(&m_undoManager, krnFile), m_projectMerger(krnFile->dataHelper()) {
     m_application.setAppHelper(&m_appHelper);
     QObject::connect(&m_termination, &TerminationSignals::received, &m_application, &QCoreApplication::quit);
+    m_engine.setNetworkAccessManagerFactory(&m_access);
     QQmlContext* context = m_engine.rootContext();
     context->setContextProperty(QStringLiteral("krnFile"), m_krnFile);
     context->setContextProperty(QStringLiteral("appHelper"), &m_appHelper);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppHelper.h"
+#include "app/OfflineAccess.h"
 #include "app/TerminationSignals.h"
 #include "merge/ProjectMerger.h"
 #include "project/ModelInstantiator.h"
@@ -37,5 +38,6 @@ private:
     AppHelper m_appHelper;
     ModelInstantiator m_instantiator;
     ProjectMerger m_projectMerger;
+    OfflineAccess m_access;
     QQmlApplicationEngine m_engine;
 };

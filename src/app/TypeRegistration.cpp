@@ -1,5 +1,6 @@
 #include "app/TypeRegistration.h"
 
+#include "app/SourceTabs.h"
 #include "models/ComboBoxProxyModel.h"
 #include "models/FetchMoreListModel.h"
 #include "models/KernoHierarchyModel.h"
@@ -69,6 +70,7 @@ void registerQmlTypes() {
     creatable<KernoOverlapModel>(4, "KernoOverlapModel");
     creatable<KernoShortcutKeyProxyModel>(4, "KernoShortcutKeyProxyModel");
     creatable<KernoComboBoxModel>(4, "KernoComboBoxModel");
+    creatable<SourceTabs>(4, "SourceTabs");
     creatable<SourceProxyModel>(4, "SourceProxyModel");
     creatable<SourceMetadataKeyProxyModel>(4, "MetadataKeyModel");
     creatable<SourceMetadataValueProxyModel>(4, "MetadataValueModel");

@@ -6,6 +6,7 @@
 
 #include <QMutexLocker>
 #include <QTimer>
+#include <algorithm>
 
 QuestionAnswerModel::QuestionAnswerModel(DataHelper* helper, QObject* parent)
     : QuestionAnswerModelBase(helper, parent), m_mainModel(project() ? project()->answerModel() : nullptr) {
@@ -35,8 +36,20 @@ void QuestionAnswerModel::onDataFetched(QList<QuestionAnswer> data) {
 
 void QuestionAnswerModel::updateFromMainModel() {
     m_updatePending = false;
-    if (m_mainModel)
-        setData(m_mainModel->answers(sourceId()));
+    if (!m_mainModel)
+        return;
+    const QList<QuestionAnswer> answers = m_mainModel->answers(sourceId());
+    const bool sameRows = !answers.isEmpty() && answers.size() == rowCount() &&
+                          std::all_of(answers.cbegin(), answers.cend(), [this](const QuestionAnswer& answer) {
+                              return contains(answer.answerId());
+                          });
+    if (!sameRows) {
+        setData(answers);
+        return;
+    }
+    // Each row keeps its place, so that the text that somebody reads in it stays where it is.
+    for (const QuestionAnswer& answer : answers)
+        addOrUpdate(answer);
 }
 
 void QuestionAnswerModel::delayedUpdateFromMainModel() {

@@ -1,5 +1,7 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/IdManager.h"
 #include "models/KernoModel.h"
 #include "models/KernoShortcutKeyModel.h"
 #include "models/QuestionAnswerMainModel.h"
@@ -7,8 +9,6 @@
 #include "models/SourceModel.h"
 #include "project/AnswerCache.h"
 #include "records/Preference.h"
-#include "link/DataHelper.h"
-#include "link/IdManager.h"
 
 namespace {
 
@@ -49,8 +49,11 @@ void KRNFile::putKerno(const Kerno& kerno) {
     next.setGroupVisible(isNew || former.groupVisible());
     next.setNameVisible(isNew || former.nameVisible());
     kernoModel()->addOrUpdate(next);
-    if (isNew && id == IdManager::instance()->maxKernoId())
+    if (isNew && id == IdManager::instance()->maxKernoId()) {
         emit newKernoAdded(id);
+        if (!kernoModel()->contains(kerno.parentKernoId()))
+            emit kernoAppeared(kerno.x(), kerno.y());
+    }
     emit kernoUpdated(id);
 }
 

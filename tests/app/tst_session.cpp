@@ -6,8 +6,13 @@
 #include "project/KRNFile.h"
 #include "tests_support/TestMain.h"
 
+#include <QDirIterator>
+#include <QMessageBox>
+#include <QNetworkReply>
 #include <QQmlComponent>
 #include <QQmlContext>
+#include <QRegularExpression>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -21,6 +26,9 @@ class tst_Session : public QObject {
 private slots:
     void initTestCase();
     void namesAreSet();
+    void noScreenReadsATextAsMarkUp();
+    void nothingIsFetched();
+    void messageBoxesShowTextsAsTheyStand();
     void typesAreKnownByNameAndVersion_data();
     void typesAreKnownByNameAndVersion();
     void newerPropertiesOfBaseItemsAreReachable();
@@ -69,25 +77,62 @@ void tst_Session::namesAreSet() {
     QCOMPARE(m_file->parent(), qApp);
 }
 
+void tst_Session::noScreenReadsATextAsMarkUp() {
+    // What says of itself how it reads its text, and the one text that is stored as mark-up.
+    const QStringList allowed{QStringLiteral("PlainText.qml"),
+                              QStringLiteral("MarkedText.qml"),
+                              QStringLiteral("PlainTextEdit.qml"),
+                              QStringLiteral("CentralManagerState.qml"),
+                              QStringLiteral("StructuredQuestionItem.qml"),
+                              QStringLiteral("StyledTextArea.qml")};
+    const QRegularExpression bare(
+        QStringLiteral("(^|[^\\w.])(Text|TextEdit|Label|TextArea)\\s*\\{|textFormat:"));
+    int files = 0;
+    for (QDirIterator it(QStringLiteral(":/qml"), {QStringLiteral("*.qml")}, QDir::Files,
+                         QDirIterator::Subdirectories);
+         it.hasNext(); ++files) {
+        QFile file(it.next());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString source = QString::fromUtf8(file.readAll());
+        QVERIFY2(allowed.contains(it.fileName()) || !bare.match(source).hasMatch(),
+                 qPrintable(it.filePath()));
+    }
+    QVERIFY(files > 50);
+}
+
+void tst_Session::nothingIsFetched() {
+    Session session(*static_cast<KernovaApplication*>(qApp), m_file);
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QUrl away(QStringLiteral("http://127.0.0.1:%1/picture.png").arg(server.serverPort()));
+    const auto errorOf = [&](const QUrl& url) {
+        const std::unique_ptr<QNetworkReply> reply(
+            session.engine().networkAccessManager()->get(QNetworkRequest(url)));
+        const bool ended = QTest::qWaitFor([&] { return reply->isFinished(); });
+        return ended ? reply->error() : QNetworkReply::NoError;
+    };
+    QVERIFY(errorOf(away) != QNetworkReply::NoError);
+    QVERIFY(errorOf(QUrl(QStringLiteral("file://server/share/picture.png"))) != QNetworkReply::NoError);
+    QCOMPARE(errorOf(QUrl(QStringLiteral("qrc:/qml/main.qml"))), QNetworkReply::NoError);
+    QVERIFY(!server.hasPendingConnections() && !server.waitForNewConnection(1));
+}
+
+void tst_Session::messageBoxesShowTextsAsTheyStand() {
+    QMessageBox box;
+    box.setText(QStringLiteral("<b>bold</b>"));
+    box.ensurePolished();
+    QCOMPARE(box.textFormat(), Qt::PlainText);
+}
+
 void tst_Session::typesAreKnownByNameAndVersion_data() {
     QTest::addColumn<int>("minor");
-    const QVector<QPair<const char*, int>> types{{"SourceHighlighter", 0},
-                                                 {"KernovaTextEditBase", 2},
-                                                 {"KernovaWindow", 2},
-                                                 {"VariantListModel", 0},
-                                                 {"KernovaQML", 0},
-                                                 {"KernoProxyModel", 4},
-                                                 {"KernoHierarchyModel", 4},
-                                                 {"KernoOverlapModel", 4},
-                                                 {"KernoShortcutKeyProxyModel", 4},
-                                                 {"KernoComboBoxModel", 4},
-                                                 {"SourceProxyModel", 4},
-                                                 {"MetadataKeyModel", 4},
-                                                 {"MetadataValueModel", 4},
-                                                 {"SourceMetadataModel", 4},
-                                                 {"FetchMoreListModel", 4},
-                                                 {"AnswerModel", 4},
-                                                 {"SourceMetadataValueComboBoxModelProxy", 4}};
+    const QVector<QPair<const char*, int>> types{
+        {"SourceHighlighter", 0},   {"KernovaTextEditBase", 2}, {"KernovaWindow", 2},
+        {"VariantListModel", 0},    {"KernovaQML", 0},          {"KernoProxyModel", 4},
+        {"KernoHierarchyModel", 4}, {"KernoOverlapModel", 4},   {"KernoShortcutKeyProxyModel", 4},
+        {"KernoComboBoxModel", 4},  {"SourceProxyModel", 4},    {"SourceTabs", 4},
+        {"MetadataKeyModel", 4},    {"MetadataValueModel", 4},  {"SourceMetadataModel", 4},
+        {"FetchMoreListModel", 4},  {"AnswerModel", 4},         {"SourceMetadataValueComboBoxModelProxy", 4}};
     for (const auto& type : types)
         QTest::newRow(type.first) << type.second;
 }

@@ -106,6 +106,10 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
         const ShownText& text = texts[i];
         const QRectF clip = clipOf(text.item);
         const QRect place = (text.drawn & clip).toAlignedRect() & picture.rect();
+        // What is read as mark-up says so, and then is a text of our own.
+        if (text.item->property("textFormat").toInt() != Qt::PlainText &&
+            !text.item->property("isMarkedUp").toBool())
+            tell(text, QStringLiteral("may be read as mark-up"));
         if (text.item->property("truncated").toBool() && !isUsersOwn(text.text))
             tell(text, QStringLiteral("is cut"));
         if (text.drawn.left() < clip.left() - 1 || text.drawn.right() > clip.right() + 1)

@@ -44,6 +44,7 @@ void DisplayTextTest::keepsPositionsInMarkedUpTexts_data() {
     QTest::newRow("fragment") << start + "\na <b>b</b>\nc\n</body>";
     QTest::newRow("bold from the first line feed") << start + "\n<b>\na</b> b <u>c\n</u>\n</body>";
     QTest::newRow("entities") << start + "a &lt;b&gt; &amp;&amp; c</body>";
+    QTest::newRow("pictures") << start + "a <IMG alt='>' src=\"http://x.invalid/p.png\"/>b <img>c</body>";
     QTest::newRow("blank lines around") << "\n\n\na\n\n\n";
 }
 

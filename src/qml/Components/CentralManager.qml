@@ -10,7 +10,9 @@ CentralManagerState {
 
     // A link that falls this soon after a project was opened reopens it.
     readonly property int __reopenWindow: 60000
+    readonly property int __noticeTime: 5000
     property int __openedMemoId: -1
+    property int __selections: 0
 
     Settings {
         property alias darkTheme: root.darkTheme
@@ -70,6 +72,21 @@ CentralManagerState {
 
     function onButtonHoverChanged(button) {
         actionHoverChanged(button.hovered, button.text ? button.text : "", button.tooltip ? button.tooltip : "")
+    }
+
+    // Tells the person in the status bar why something isn't done.
+    function tell(message) {
+        showStatusMessage(message, __noticeTime)
+        noticeRequested(message, __noticeTime)
+    }
+
+    // A text's selection has come or gone. One of them is enough for the screens.
+    function countSelection(selected) {
+        __selections += selected ? 1 : -1
+        if (selected && currentMemoId === -1)
+            hasUserSelectedText = true
+        else if (__selections === 0)
+            hasUserSelectedText = false
     }
 
     // Raises the open dialog of the current mode, or lowers it.

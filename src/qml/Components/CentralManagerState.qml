@@ -133,6 +133,8 @@ Item {
     // Requests
     signal showStatusMessage(string message, int timeout)
     signal dismissStatusMessage(string message)
+    // Unlike the two before, this is shown in the status bar.
+    signal noticeRequested(string message, int timeout)
     signal rearrangeInManualSortRequested(int kernoId, real canvasX, real canvasY)
     signal promptDialogAccepted(var value, var data)
     signal promptDialogCancelled(var data)

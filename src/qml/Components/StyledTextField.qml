@@ -9,6 +9,9 @@ TextField {
     // A text of blanks alone is taken for no text when the editing ends.
     property bool clearIfWhitespaceOnlyOnEditingFinished: false
 
+    // What has been entered can't be used as it is.
+    property bool invalid: false
+
     implicitHeight: Units.dp(34)
     selectByMouse: true
     font.pixelSize: ApplicationStyle.dialog_text_font_size
@@ -27,6 +30,7 @@ TextField {
         background: FieldFrame {
             opacity: control.enabled ? 1.0 : 0.5
             focused: control.activeFocus
+            invalid: control.invalid
         }
     }
 }

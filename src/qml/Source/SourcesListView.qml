@@ -10,6 +10,16 @@ FocusScope {
     property Item list: null
     readonly property bool __hasFocus: activeFocus
 
+    // An expression that isn't one, mostly because more of it is to come, leaves the list as it is.
+    function __applyFilter() {
+        try {
+            list.model.filterRegExp = new RegExp(_filter.text, "i")
+            _filter.invalid = false
+        } catch (error) {
+            _filter.invalid = true
+        }
+    }
+
     // The list goes when it and its filter field have lost the focus.
     on__HasFocusChanged: {
         if (!__hasFocus)
@@ -38,7 +48,7 @@ FocusScope {
     Timer {
         id: _filterTimer
         interval: 500
-        onTriggered: root.list.model.filterRegExp = new RegExp(_filter.text.replace(/[-\/\\^$*+?.()|[\]{}]/g, "\\$&"), "i")
+        onTriggered: root.__applyFilter()
     }
 
     ColumnLayout {
@@ -67,6 +77,7 @@ FocusScope {
             DialogLabel { text: qsTr("Filter:"); font.pixelSize: ApplicationStyle.dialog_text_font_size_small }
             StyledTextField {
                 id: _filter
+                objectName: "sourceFilter"
                 Layout.fillWidth: true
                 implicitHeight: Units.dp(30)
                 font.pixelSize: ApplicationStyle.dialog_text_font_size_small
@@ -99,7 +110,7 @@ FocusScope {
                     delegate: SourceRow {
                         width: ListView.view.width
                         onChosen: {
-                            root.list.switchToSource(model.sourceId, CentralManager.currentSourceId)
+                            root.list.open(model.sourceId)
                             root.list.out = false
                         }
                         onRemoveRequested: root.list.removeRequested(model.sourceId, model.title)

@@ -7,7 +7,7 @@ Rectangle {
     id: root
 
     property Item list: null
-    readonly property bool __noSources: !!list && list.model.count === 0 && CentralManager.hasFileOpen
+    readonly property bool __noSources: !!list && list.tabs.length === 0 && CentralManager.hasFileOpen
 
     signal tabChangeRequested(int sourceId)
     signal removeRequested(int sourceId, string title)
@@ -38,21 +38,20 @@ Rectangle {
         interactive: false
         clip: true
         spacing: Units.dp(2)
-        model: root.list ? root.list.currentIds : []
+        model: root.list ? root.list.tabs : []
 
         delegate: TabShape {
             width: (_tabs.width - (_tabs.count - 1) * _tabs.spacing) / Math.max(1, _tabs.count)
             height: _tabs.height
-            selected: modelData === CentralManager.currentSourceId
-            // Read again when the list has changed.
-            text: root.list.revision >= 0 ? root.list.titleOf(modelData) : ""
+            selected: modelData.sourceId === CentralManager.currentSourceId
+            text: modelData.title
             acceptedButtons: Qt.LeftButton | Qt.RightButton
             onClicked: {
                 if (mouse.button === Qt.RightButton) {
-                    _tabMenu.sourceId = modelData
+                    _tabMenu.tab = modelData
                     _tabMenu.popup()
                 } else if (!selected) {
-                    root.tabChangeRequested(modelData)
+                    root.tabChangeRequested(modelData.sourceId)
                 }
             }
         }
@@ -87,12 +86,12 @@ Rectangle {
     StyledMenu {
         id: _tabMenu
 
-        property int sourceId: -1
+        property var tab: null
 
         MenuItem {
             text: qsTr("Remove the Source")
             enabled: CentralManager.canMutate
-            onTriggered: root.removeRequested(_tabMenu.sourceId, root.list.titleOf(_tabMenu.sourceId))
+            onTriggered: root.removeRequested(_tabMenu.tab.sourceId, _tabMenu.tab.title)
         }
     }
 }

@@ -21,7 +21,7 @@ QtObject {
             var top = __topOf(items[i])
             if (top + items[i].height > view.contentY || i === items.length - 1) {
                 var y = Math.max(0, view.contentY - top - items[i].questionHeight)
-                __savedPositions[sourceId] = { index: i, position: items[i].mainTextArea.positionAt(0, y) }
+                __savedPositions[sourceId] = { questionId: items[i].questionId, position: items[i].mainTextArea.positionAt(0, y) }
                 return
             }
         }
@@ -31,9 +31,9 @@ QtObject {
     function restored(sourceId) {
         var saved = __savedPositions[sourceId]
         var items = answerItems()
-        if (!saved || saved.index >= items.length || (saved.index === 0 && saved.position === 0))
+        var item = saved ? items.filter(function(item) { return item.questionId === saved.questionId })[0] : null
+        if (!item || (item === items[0] && saved.position === 0))
             return 0
-        var item = items[saved.index]
         return __topOf(item) + item.questionHeight + item.mainTextArea.positionToRectangle(saved.position).y
     }
 

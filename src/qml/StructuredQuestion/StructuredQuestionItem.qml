@@ -32,6 +32,7 @@ Item {
                                        + (__empty && CentralManager.singleQuestionMode
                                           ? 0.9 * windowHeight : _text.preferredHeight + Units.dp(250))
     property real windowHeight: 0
+    property bool __selectionCounted: false
 
     signal showPopUp(int sourceId, int questionId, int cursor)
     signal cursorRectChanged(real x, real y, real cursorHeight, real questionHeight)
@@ -43,11 +44,14 @@ Item {
     onSourceIdChanged: _setTimer.restart()
     onAnswerChanged: _setTimer.restart()
     onOffsetChanged: _setTimer.restart()
-    onHasSelectedTextChanged: {
-        if (hasSelectedText && CentralManager.currentMemoId === -1)
-            CentralManager.hasUserSelectedText = true
-        else if (!hasSelectedText)
-            CentralManager.hasUserSelectedText = false
+    onHasSelectedTextChanged: __countSelection(hasSelectedText)
+    Component.onDestruction: __countSelection(false)
+
+    function __countSelection(selected) {
+        if (selected === __selectionCounted)
+            return
+        __selectionCounted = selected
+        CentralManager.countSelection(selected)
     }
 
     function copy() {
@@ -131,8 +135,9 @@ Item {
         currentHighlight: _stripes.hoveredHighlight
         onCursorRectangleChanged: root.cursorRectChanged(cursorRectangle.x, cursorRectangle.y,
                                                          cursorRectangle.height, root.questionHeight)
-        Keys.onReleased: _dragArea.codeByKey(event)
+        Keys.onReleased: _dragArea.keyReleased(event)
         Keys.onPressed: {
+            _dragArea.keyPressed(event)
             if (event.matches(StandardKey.Copy)) {
                 root.copy()
                 event.accepted = true

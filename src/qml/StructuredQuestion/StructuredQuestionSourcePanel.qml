@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import QtQuick.Controls 1.4
 import Kernova 1.4
 import "../Components"
@@ -13,6 +14,9 @@ FocusScope {
     readonly property bool allLoaded: _answers.count === 0 || __loadedCount >= _answers.count
     readonly property bool navigationShown: _answers.count > 1
     property int __loadedCount: 0
+    // The view is to go where it was as soon as all is there: at once, or in a movement.
+    property bool __restoreDue: false
+    property bool __restoreMoves: false
 
     focus: true
 
@@ -20,7 +24,7 @@ FocusScope {
         if (resizing)
             _positions.save(sourceId)
         else
-            _restoreTimer.restart()
+            __restore(true)
     }
     onAllLoadedChanged: {
         if (allLoaded)
@@ -40,7 +44,21 @@ FocusScope {
         sourceId = id
         _model.sourceId = id
         _answers.model = _model
+        __restore(true)
+    }
+
+    function __restore(moves) {
+        __restoreDue = true
+        __restoreMoves = moves
         _restoreTimer.restart()
+    }
+
+    // Answers come and go while their source is read.
+    function __keepPosition() {
+        if (!__restoreDue && allLoaded)
+            _positions.save(sourceId)
+        if (_answers.count > 0)
+            __restore(false)
     }
 
     function __scrollTo(y, animated) {
@@ -93,6 +111,19 @@ FocusScope {
     }
 
     Connections {
+        target: _model
+        function onRowsAboutToBeInserted() { root.__keepPosition() }
+        function onRowsAboutToBeRemoved(parent, first, last) {
+            root.__keepPosition()
+            root.__loadedCount -= last - first + 1
+        }
+        function onModelAboutToBeReset() {
+            root.__keepPosition()
+            root.__loadedCount = 0
+        }
+    }
+
+    Connections {
         target: CentralManager
         function onCurrentSourceIdChanged() { root.__showSource(CentralManager.currentSourceId) }
         function onHasFileOpenChanged() { _positions.clear() }
@@ -102,8 +133,10 @@ FocusScope {
         id: _restoreTimer
         interval: 50
         onTriggered: {
-            if (root.allLoaded)
-                root.__scrollTo(_positions.restored(root.sourceId), true)
+            if (!root.allLoaded || !root.__restoreDue)
+                return
+            root.__restoreDue = false
+            root.__scrollTo(_positions.restored(root.sourceId), root.__restoreMoves)
         }
     }
 
@@ -185,7 +218,7 @@ FocusScope {
                             answer: _loader.row.answer || ""
                             dragItem: root.dragItem
                             resizing: root.resizing
-                            windowHeight: root.height
+                            windowHeight: root.Window.height
                             onCursorRectChanged: root.__followCursor(this, y, cursorHeight, questionHeight)
                         }
                     }

@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "../Components"
+import "../Utils.js" as Utils
 
 // Lies over a text: a press inside the selection takes the passage up, any other goes on to the text.
 MouseArea {
@@ -13,6 +14,7 @@ MouseArea {
     property bool __carrying: false
     property bool __unfoldSearch: false
     property double __pressedAt: 0
+    property int __pressedAlone: 0
 
     signal clickedForMenu(int position)
 
@@ -35,14 +37,24 @@ MouseArea {
 
     // Writes the selected passage, in positions of the whole answer, into the item or record.
     function fillPassage(target) {
-        target.start = textItem.selectionStart + item.offset
-        target.length = textItem.selectionEnd - textItem.selectionStart
-        target.sourceId = item.sourceId
-        target.questionId = item.questionId
-        return target
+        return Utils.fillPassage(target, {
+            start: textItem.selectionStart + item.offset,
+            length: textItem.selectionEnd - textItem.selectionStart,
+            sourceId: item.sourceId,
+            questionId: item.questionId
+        })
     }
 
-    function codeByKey(event) {
+    // A key codes when it is let go. What was held with it counts at its press: of Ctrl+C, Ctrl may go up first.
+    function keyPressed(event) {
+        if (!event.isAutoRepeat)
+            __pressedAlone = event.modifiers === Qt.NoModifier ? event.key : 0
+    }
+
+    function keyReleased(event) {
+        if (event.isAutoRepeat || event.key !== __pressedAlone)
+            return
+        __pressedAlone = 0
         if (event.text === "" || event.modifiers !== Qt.NoModifier || isBlank(event.text)
                 || isBlank(textItem.selectedText))
             return

@@ -112,8 +112,6 @@ DialogPanel {
         message = ""
         appHelper.clearUserInvokedFile()
         _recent.update(project.name, __makeBackupIfNeeded(project.name))
-        // Not the value alone: the title of the window follows the project to its close.
-        CentralManager.currentProject = Qt.binding(function() { return krnFile.currentProject })
         dialogBase.close()
     }
 

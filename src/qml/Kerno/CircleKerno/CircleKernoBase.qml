@@ -13,7 +13,7 @@ Rectangle {
     property bool isDragging: false
     property bool manualPosition: false
     property bool showContextMenu: false
-    property bool haloOn: false
+    readonly property bool haloOn: !!_halo.item && _halo.item.haloOn
     property bool forceAutoPosition: false
     property real canvasXAuto: 0
     property real canvasYAuto: 0
@@ -79,7 +79,24 @@ Rectangle {
         else
             CentralManager.notifyKernoMouseExited(kernoId)
     }
-    Component.onCompleted: refreshCodingText()
+    Component.onCompleted: {
+        refreshCodingText()
+        _halo.active = kernoId > 0 && kernoId === CentralManager.showPreferencesDialogForKerno
+    }
+
+    Loader {
+        id: _halo
+        active: false
+        sourceComponent: NewKernoHalo { onFinished: _halo.active = false }
+    }
+
+    Connections {
+        target: krnFile
+        function onNewKernoAdded(kernoId) {
+            if (kernoId === root.kernoId)
+                _halo.active = true
+        }
+    }
 
     Connections {
         target: CentralManager

@@ -55,14 +55,27 @@ DropArea {
         undoManager.updateKerno(kerno)
     }
 
+    // Whether the dragged kerno may become a child of the bubble. The canvas draws three levels, and a kerno on a
+    // fourth would be gone.
+    function takesKerno(kernoId, target) {
+        return CentralManager.canMutate && target.level < 2 && krnFile.canReparent(kernoId, target.kernoId)
+    }
+
     function __reparent(source, target) {
         source.state = "destroyed"
+        if (!takesKerno(source.kernoId, target)) {
+            if (CentralManager.canMutate)
+                CentralManager.tell(qsTr("The kerno can't go there: kernos nest in three levels only."))
+            return
+        }
         var kerno = krnFile.kerno(source.kernoId)
         kerno.parentKernoId = target.kernoId
         undoManager.updateKerno(kerno)
     }
 
     function __code(source, target) {
+        if (!CentralManager.canMutate)
+            return
         var highlight = Utils.fillPassage(instantiator.highlight(), source)
         highlight.kernoId = target.kernoId
         undoManager.addHighlight(highlight)
@@ -86,7 +99,7 @@ DropArea {
         }
         // The bubble that is being dragged is no target of its own.
         var below = _levels.kernosAt(drag, canvas, 0).filter(function(kerno) {
-            return kerno.kernoId !== root.mouseArea.level0KernoId
+            return !root.mouseArea.dragging || kerno.kernoId !== root.mouseArea.level0KernoId
         })
         if (below.length > 0)
             _levels.takeLevel0(below[0])

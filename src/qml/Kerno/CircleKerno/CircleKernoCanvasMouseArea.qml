@@ -99,8 +99,19 @@ MouseArea {
         if (target && target.state !== "destroyed" && dragging && target === level0Kerno && !_childDrag.active)
             __storePosition(target)
         __clearDragItem()
+        // A pointer that is let go outside has left without a word, and its bubble stays open.
+        if (!contains(Qt.point(mouse.x, mouse.y)))
+            _levels.clear()
     }
-    onCanceled: __clearDragItem()
+    onCanceled: {
+        __clearDragItem()
+        _levels.clear()
+    }
+    // Where the pointer is when a menu goes, its next move tells.
+    onMenuOpenChanged: {
+        if (!menuOpen)
+            _levels.clear()
+    }
     onClicked: {
         var kerno = topLevelKerno()
         if (mouse.button === Qt.RightButton && kerno)

@@ -50,13 +50,13 @@ Item {
         State {
             name: "circleDropActive"
             when: root.__isDropTarget && root.dropArea.containsCircleDrag
-                  && krnFile.canReparent(root.dropArea.draggedKernoId, root.kernoId)
+                  && root.dropArea.takesKerno(root.dropArea.draggedKernoId, _bubble)
             PropertyChanges { target: root; z: 1 }
             PropertyChanges { target: _bubble; background: "grey" }
         },
         State {
             name: "textDragActive"
-            when: root.__isDropTarget && root.dropArea.containsTextDrag
+            when: root.__isDropTarget && root.dropArea.containsTextDrag && CentralManager.canMutate
             PropertyChanges { target: _bubble; background: "grey" }
         }
     ]

@@ -4,7 +4,6 @@ import QtQuick.Controls 1.4
 import Kernova 1.4
 import "../../Components"
 import "../../controls/Window"
-import "../../Helper.js" as Helper
 
 // The top-level window: the screens, and the dialogs over them.
 KernovaWindow {
@@ -38,8 +37,6 @@ KernovaWindow {
         id: _frame
         anchors.fill: parent
         opacity: root.__laidOut ? 1 : 0
-
-        Component.onCompleted: Helper.krnFile = krnFile
 
         Binding {
             target: Units

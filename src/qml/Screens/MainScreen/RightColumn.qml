@@ -27,7 +27,7 @@ FocusScope {
         visible: root.__tabsShown
         z: 3
         list: _list
-        onTabChangeRequested: _list.switchToSource(sourceId, CentralManager.currentSourceId)
+        onTabChangeRequested: _list.open(sourceId)
         onRemoveRequested: _removeSource.ask(sourceId, title)
     }
 

@@ -32,6 +32,11 @@ Rectangle {
         function onIsOpenedChanged() { _filter.text = "" }
     }
 
+    Connections {
+        target: CentralManager
+        function onNoticeRequested(message, timeout) { root.showMessage(message, timeout) }
+    }
+
     Timer {
         id: _messageTimer
         onTriggered: root.permanentMessage = ""
