@@ -1,11 +1,11 @@
 #include "link/ListReads.h"
 
+#include "link/DataHelper.h"
 #include "records/Highlight.h"
 #include "records/Memo.h"
 #include "records/QuestionAnswer.h"
 #include "records/SourceMetadataKey.h"
 #include "records/SourceMetadataValue.h"
-#include "link/DataHelper.h"
 
 namespace reads {
 namespace {
