@@ -8,6 +8,7 @@
 
 #include <QDebug>
 #include <QMutexLocker>
+#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -61,6 +62,8 @@ QVariant KernoModel::data(const QModelIndex& index, int role) const {
                smallestScale;
     case HasChildrenRole:
         return hasChildren(kerno);
+    case HighlightsCountWithChildrenRole:
+        return highlightsCountWithChildren(kerno.kernoId());
     default:
         return {};
     }
@@ -72,6 +75,7 @@ QHash<int, QByteArray> KernoModel::roleNames() const {
         all.insert(HighlightsCountRole, "highlightsCount");
         all.insert(ScaleRole, "scale");
         all.insert(HasChildrenRole, "hasChildren");
+        all.insert(HighlightsCountWithChildrenRole, "highlightsCountWithChildren");
         return all;
     }();
     return names;
@@ -152,6 +156,24 @@ int KernoModel::highlightsCount(int kernoId) const {
     return m_quoteCounts.value(kernoId).toInt();
 }
 
+int KernoModel::highlightsCountWithChildren(int kernoId) const {
+    const QMutexLocker lock(&m_mutex);
+    QVector<int> ids{kernoId};
+    QSet<int> seen{kernoId};
+    int count = 0;
+    for (int i = 0; i < ids.size(); ++i) {
+        count += m_quoteCounts.value(ids.at(i)).toInt();
+        for (const Row* row : m_byParent.rows(ids.at(i))) {
+            // Two clients may have made a circle of parents.
+            if (seen.contains(row->kernoId()))
+                continue;
+            seen.insert(row->kernoId());
+            ids.append(row->kernoId());
+        }
+    }
+    return count;
+}
+
 int KernoModel::parentIdAt(int row) const {
     const QMutexLocker lock(&m_mutex);
     return row >= 0 && row < items().size() ? items().at(row)->parentKernoId() : -1;
@@ -181,7 +203,7 @@ void KernoModel::onModelUpdated(int, const Kerno& kerno, const QVector<int>& cha
     if (changedRoles.contains(static_cast<int>(KernoField::color)))
         emit kernoColorChanged(kerno);
     if (changedRoles.contains(static_cast<int>(KernoField::parentKernoId)))
-        emitAllChanged({HasChildrenRole});
+        emitAllChanged({HasChildrenRole, HighlightsCountWithChildrenRole});
 }
 
 void KernoModel::afterRowsChanged() {
@@ -255,5 +277,5 @@ void KernoModel::onKeyVariantValuesReplaced() {
     }
     emit highlightsChanged();
     const QMutexLocker lock(&m_mutex);
-    emitAllChanged({HighlightsCountRole, ScaleRole});
+    emitAllChanged({HighlightsCountRole, ScaleRole, HighlightsCountWithChildrenRole});
 }

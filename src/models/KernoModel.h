@@ -15,7 +15,8 @@ public:
     enum Role {
         HighlightsCountRole = static_cast<int>(KernoField::visible) + 1,  ///< number of codings
         ScaleRole,                                                        ///< size of the bubble, 0.7 to 1.5
-        HasChildrenRole
+        HasChildrenRole,
+        HighlightsCountWithChildrenRole  ///< its codings and those of all kernos below it
     };
 
     explicit KernoModel(DataHelper* helper, QObject* parent = nullptr);
@@ -43,6 +44,8 @@ public:
 
     /// Number of codings as of the last count.
     int highlightsCount(int kernoId) const;
+    /// The same with all kernos below it.
+    int highlightsCountWithChildren(int kernoId) const;
     int maxQuoteCount() const { return m_maxQuoteCount; }
     QuoteCounts* quoteCounts() { return &m_quoteCounts; }
     void onKeyVariantValuesReplaced() override;

@@ -1,10 +1,10 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/ListReads.h"
 #include "models/KernoModel.h"
 #include "project/KernoTree.h"
 #include "project/RecordMaps.h"
-#include "link/DataHelper.h"
-#include "link/ListReads.h"
 
 namespace {
 
@@ -80,10 +80,7 @@ int KRNFile::highlightsCountForKerno(int kernoId) const {
 }
 
 int KRNFile::highlightsCountForKernoWithChildren(int kernoId) const {
-    int count = highlightsCountForKerno(kernoId);
-    for (const Kerno& below : kernotree::descendants(kernoModel()->snapshot(), kernoId))
-        count += highlightsCountForKerno(below.kernoId());
-    return count;
+    return kernoModel()->highlightsCountWithChildren(kernoId);
 }
 
 int KRNFile::totalHighlightsCount() const {

@@ -104,9 +104,14 @@ void tst_KernoModel::countsAreAnnounced() {
     QCOMPARE(counted.count(), 1);
     QCOMPARE(changed.count(), 1);
     QCOMPARE(changed.first().at(1).toModelIndex().row(), 5);
-    QCOMPARE(rolesOf(changed, 0), (QVector<int>{267, 268}));
+    QCOMPARE(rolesOf(changed, 0), (QVector<int>{267, 268, 270}));
     QCOMPARE(kernos()->highlightsCount(1), 5);
     QCOMPARE(kernos()->maxQuoteCount(), 5);
+    // With those below it; a circle of parents ends.
+    kernos()->quoteCounts()->replace({{1, 1, {}}, {2, 2, {}}, {4, 4, {}}, {5, 8, {}}});
+    QCOMPARE(kernos()->highlightsCountWithChildren(1), 7);
+    kernos()->addOrUpdate(testKerno(1, 4));
+    QCOMPARE(kernos()->highlightsCountWithChildren(3), 7);
 }
 
 void tst_KernoModel::aClosedProjectLeavesNothing() {
@@ -160,7 +165,8 @@ void tst_KernoModel::movingTellsAllRowsOfChildren() {
     QSignalSpy coloured(kernos(), &KernoModel::kernoColorChanged);
     kernos()->addOrUpdate(testKerno(2, 5, QStringLiteral("cabin")));
     QCOMPARE(changed.count(), 2);
-    QCOMPARE(rolesOf(changed, 0), (QVector<int>{KernoModel::HasChildrenRole}));
+    QCOMPARE(rolesOf(changed, 0),
+             (QVector<int>{KernoModel::HasChildrenRole, KernoModel::HighlightsCountWithChildrenRole}));
     QCOMPARE(changed.first().at(1).toModelIndex().row(), 5);
     QCOMPARE(rolesOf(changed, 1), (QVector<int>{258}));
     Kerno blue = kernos()->record(2);

@@ -85,7 +85,8 @@ MockRows* MockKernos::source() {
     static MockRows rows({QStringLiteral("kernoId"), QStringLiteral("parentKernoId"), QStringLiteral("title"),
                           QStringLiteral("color"), QStringLiteral("description"), QStringLiteral("x"),
                           QStringLiteral("y"), QStringLiteral("visible"), QStringLiteral("highlightsCount"),
-                          QStringLiteral("scale"), QStringLiteral("hasChildren")});
+                          QStringLiteral("scale"), QStringLiteral("hasChildren"),
+                          QStringLiteral("highlightsCountWithChildren")});
     return &rows;
 }
 

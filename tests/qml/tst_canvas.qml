@@ -43,7 +43,7 @@ Item {
 
         function kerno(id, parent, x, y, children) {
             return { kernoId: id, parentKernoId: parent, title: "K" + id, color: "#3060c0", description: "", x: x, y: y,
-                     visible: true, highlightsCount: 0, scale: 0.7, hasChildren: !!children }
+                     visible: true, highlightsCount: 0, highlightsCountWithChildren: 0, scale: 0.7, hasChildren: !!children }
         }
 
         function bubble(id) {
@@ -279,8 +279,8 @@ Item {
         }
 
         function test_codingTextTellsChildrenApart() {
-            mockKernos.change(0, { highlightsCount: 2 })
-            mockKernos.change(3, { highlightsCount: 3 })
+            mockKernos.change(0, { highlightsCount: 2, highlightsCountWithChildren: 5 })
+            mockKernos.change(3, { highlightsCount: 3, highlightsCountWithChildren: 3 })
             CentralManager.showNumberOfCodingsInKernos = true
             compare([bubble(1).codingText, bubble(4).codingText], ["2 (5)", "3"])
             CentralManager.showNumberOfCodingsInKernos = false

@@ -34,7 +34,9 @@ Rectangle {
     readonly property real _canvasY: __auto ? canvasYAuto : canvasY
     readonly property int highlightsCount: __value("highlightsCount", 0)
     readonly property bool titleHighlighted: hovered || level === 0
-    property string codingText
+    readonly property int countWithChildren: __value("highlightsCountWithChildren", 0)
+    readonly property string codingText: countWithChildren === highlightsCount
+                                         ? "%1".arg(highlightsCount) : "%1 (%2)".arg(highlightsCount).arg(countWithChildren)
 
     width: 2 * scaledR
     height: 2 * scaledR
@@ -63,16 +65,7 @@ Rectangle {
         return dataSource && dataSource[role] !== undefined ? dataSource[role] : missing
     }
 
-    function refreshCodingText() {
-        if (kernoId < 1)
-            return
-        var withChildren = krnFile.highlightsCountForKernoWithChildren(kernoId)
-        codingText = krnFile.highlightsCountForKerno(kernoId) === withChildren
-                ? "%1".arg(highlightsCount) : "%1 (%2)".arg(highlightsCount).arg(withChildren)
-    }
-
     onHighlightsCountChanged: CentralManager.notifyHighlightsCountChanged()
-    onShowNumberOfCodingsChanged: refreshCodingText()
     onHoveredChanged: {
         if (hovered)
             CentralManager.notifyKernoMouseEntered(kernoId)
@@ -80,7 +73,6 @@ Rectangle {
             CentralManager.notifyKernoMouseExited(kernoId)
     }
     Component.onCompleted: {
-        refreshCodingText()
         _halo.active = kernoId > 0 && kernoId === CentralManager.showPreferencesDialogForKerno
     }
 
@@ -96,13 +88,6 @@ Rectangle {
             if (kernoId === root.kernoId)
                 _halo.active = true
         }
-    }
-
-    Connections {
-        target: CentralManager
-        enabled: root.showNumberOfCodings
-        function onNotifyKernoUpdated() { root.refreshCodingText() }
-        function onNotifyHighlightsCountChanged() { root.refreshCodingText() }
     }
 
     Rectangle {
