@@ -45,10 +45,11 @@ public:
 
     /// The same for callers to whom a failed read is not an empty list: false when the service reported an
     /// error or didn't answer in time. A refused read gives true and no records.
-    template <typename T> bool findAll(QList<T>& list) {
+    template <typename T> bool findAll(QList<T>& list) { return queryList(listText<T>(), list); }
+    template <typename T> bool queryList(const QString& text, QList<T>& list) {
         QJsonObject data;
-        const bool read = tryRead(listText<T>(), Log::Silent, data);
-        list = records<T>(data, {listKey<T>()}, "findAll");
+        const bool read = tryRead(text, Log::Silent, data);
+        list = records<T>(data, {listKey<T>()});
         return read;
     }
 
@@ -164,6 +165,9 @@ public:
     Message saveAs(const QString& newName);
     /// Asks the service for the whole project; the reply's `json` holds `project_json`.
     Message exportProjectJson(const QJsonObject& project);
+    /// The same with the preferences alone in `project_json`, where the service knows how: a cloud sends the
+    /// whole project.
+    Message exportPreferences(const QJsonObject& project);
     /// Writes a new project of the whole project `json`.
     Message importProjectJson(const QJsonObject& project, const QJsonValue& json);
 
@@ -230,6 +234,7 @@ private:
     Message call(const QNetworkRequest& request, const QByteArray* body);
     Message authorizedCall(const QUrl& url, const QByteArray* body);
     QString localServiceUrl(const QString& path) const;
+    Message exportJson(const QJsonObject& project, const QString& localPart);
 
     std::atomic<bool> m_isOpen{false};
     QJsonObject m_currentProject;

@@ -83,14 +83,22 @@ QString DataHelper::localServiceUrl(const QString& path) const {
     return url + path;
 }
 
-Message DataHelper::exportProjectJson(const QJsonObject& project) {
+Message DataHelper::exportJson(const QJsonObject& project, const QString& localPart) {
     if (isRemote()) {
         const QString uuid = project.value(keyProjectUuid).toString();
         return authorizedCall(ServiceConfig::instance().projectJsonUrl(uuid), nullptr);
     }
     const QByteArray name = QUrl::toPercentEncoding(project.value(keyName).toString());
-    return authorizedCall(
-        QUrl(localServiceUrl(localPath + QLatin1String("?name=") + QString::fromLatin1(name))), nullptr);
+    const QString query = QLatin1String("?name=") + QString::fromLatin1(name) + localPart;
+    return authorizedCall(QUrl(localServiceUrl(localPath + query)), nullptr);
+}
+
+Message DataHelper::exportProjectJson(const QJsonObject& project) {
+    return exportJson(project, {});
+}
+
+Message DataHelper::exportPreferences(const QJsonObject& project) {
+    return exportJson(project, QStringLiteral("&only=preferences"));
 }
 
 Message DataHelper::importProjectJson(const QJsonObject& project, const QJsonValue& json) {

@@ -109,6 +109,10 @@ QString answersOfSource(int source) {
     return DataHelper::listText<QuestionAnswer>({sourceId(source)});
 }
 
+QString sourceIdsOfAnswers() {
+    return oneField(Record::QuestionAnswer, {}, QStringLiteral("sourceId"));
+}
+
 QString kernoIdsOfParent(int parentKernoId) {
     return ids(Record::Kerno, {wire::argument(QStringLiteral("parentKernoId"), parentKernoId)});
 }

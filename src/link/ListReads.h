@@ -29,6 +29,8 @@ QString memos(int sourceId, int questionId);
 QString memosInWindow(int sourceId, int questionId, int sourceOffset, int sourceLength);
 
 QString answersOfSource(int sourceId);
+/// Gives the field `sourceId` of every answer.
+QString sourceIdsOfAnswers();
 QString kernoIdsOfParent(int parentKernoId);
 QString kernoIds();
 /// Gives the field `parentKernoId` of every kerno.

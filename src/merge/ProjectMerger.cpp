@@ -18,7 +18,7 @@ const Project* ProjectMerger::load(const QJsonObject& identity) {
     const QDateTime modified = QFileInfo(identity.value(QLatin1String("name")).toString()).lastModified();
     if (m_scratch && m_scratch->identity() == identity && m_scratchModified == modified)
         return m_scratch.get();
-    const Message message = m_helper->exportProjectJson(identity);
+    const Message message = m_helper->exportPreferences(identity);
     const QJsonValue json = message.json.value(QLatin1String("project_json"));
     if (!message.status || !json.isObject()) {
         m_lastError = reasonOf(message, identity);

@@ -12,8 +12,8 @@ class DataHelper;
 struct Message;
 
 /// Looks into projects that aren't open: the context object `projectMerger`. Every operation that has to read
-/// a project asks the service for all of it and waits, on the main thread; one that can't be read gives
-/// false.
+/// a project asks the service for its preferences, which is quick however large it is, and waits, on the main
+/// thread; one that can't be read gives false.
 class ProjectMerger : public QObject {
     Q_OBJECT
 

@@ -93,6 +93,8 @@ protected:
 
     /// Empties the model by a reset.
     void resetToEmpty();
+    /// Adds records whose keys aren't there yet after the last row, in one step.
+    void appendRows(const QList<T>& records);
     /// Puts a record at the end, or moves a row; both without any signal.
     void appendRow(const T& record);
     void moveRow(int from, int to);

@@ -222,6 +222,17 @@ template <typename T, typename K, typename F> void IModelList<T, K, F>::appendRo
     attach(added);
 }
 
+template <typename T, typename K, typename F> void IModelList<T, K, F>::appendRows(const QList<T>& records) {
+    if (records.isEmpty())
+        return;
+    const int before = m_items.size();
+    beginInsertRows({}, before, before + records.size() - 1);
+    for (const T& record : records)
+        appendRow(record);
+    endInsertRows();
+    afterRowsChanged();
+}
+
 template <typename T, typename K, typename F> void IModelList<T, K, F>::moveRow(int from, int to) {
     Row* moved = m_items.at(from);
     for (RowIndexBase<T>* index : m_indices)

@@ -4,6 +4,7 @@
 #include "records/Kerno.h"
 #include "records/Memo.h"
 #include "records/RecordTypes.h"
+#include "records/SimpleCipher.h"
 
 #include <QObject>
 #include <QSet>
@@ -39,6 +40,8 @@ public:
     virtual bool isOpened() const = 0;
     virtual DataHelper* dataHelper() const = 0;
     virtual BatchOperationManager* batchOperationManager() const = 0;
+    /// A copy of the cipher of the project's texts, for other threads; without a key texts pass unchanged.
+    virtual SimpleCipher textCipher() const { return {}; }
 
     /// The models of the project; null until they have been made.
     virtual KernoModel* kernoModel() const = 0;

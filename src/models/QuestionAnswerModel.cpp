@@ -13,8 +13,6 @@ QuestionAnswerModel::QuestionAnswerModel(DataHelper* helper, QObject* parent)
     connect(this, &QuestionAnswerModelBase::sourceIdChanged, this, &QuestionAnswerModel::updateFromMainModel);
     if (m_mainModel) {
         const auto later = &QuestionAnswerModel::delayedUpdateFromMainModel;
-        connect(m_mainModel, &QuestionAnswerMainModel::dataFetched, this,
-                &QuestionAnswerModel::onDataFetched);
         connect(m_mainModel, &QuestionAnswerMainModel::modelAdded, this,
                 &QuestionAnswerModel::onModelAddedToMainModel);
         connect(m_mainModel, &QuestionAnswerMainModel::modelUpdated, this,
@@ -22,7 +20,8 @@ QuestionAnswerModel::QuestionAnswerModel(DataHelper* helper, QObject* parent)
         connect(m_mainModel, &IModelListBase::initialDataSet, this, later);
         connect(m_mainModel, &QAbstractItemModel::modelReset, this, later);
         connect(m_mainModel, &QAbstractItemModel::dataChanged, this, later);
-        connect(m_mainModel, &QAbstractItemModel::rowsInserted, this, later);
+        connect(m_mainModel, &QAbstractItemModel::rowsInserted, this,
+                &QuestionAnswerModel::onRowsInsertedInMainModel);
         connect(m_mainModel, &QAbstractItemModel::rowsRemoved, this, later);
     }
     if (QuestionModel* questions = questionModel())
@@ -30,15 +29,12 @@ QuestionAnswerModel::QuestionAnswerModel(DataHelper* helper, QObject* parent)
                 &QuestionAnswerModel::onQuestionsOrderChanged);
 }
 
-void QuestionAnswerModel::onDataFetched(QList<QuestionAnswer> data) {
-    filterAndSetData(data);
-}
-
 void QuestionAnswerModel::updateFromMainModel() {
     m_updatePending = false;
     if (!m_mainModel)
         return;
-    const QList<QuestionAnswer> answers = m_mainModel->answers(sourceId());
+    m_mainModel->prefer(sourceId());
+    const QList<QuestionAnswer> answers = m_mainModel->arrivedAnswers(sourceId());
     const bool sameRows = !answers.isEmpty() && answers.size() == rowCount() &&
                           std::all_of(answers.cbegin(), answers.cend(), [this](const QuestionAnswer& answer) {
                               return contains(answer.answerId());
@@ -50,6 +46,16 @@ void QuestionAnswerModel::updateFromMainModel() {
     // Each row keeps its place, so that the text that somebody reads in it stays where it is.
     for (const QuestionAnswer& answer : answers)
         addOrUpdate(answer);
+}
+
+// While a project's texts arrive, those of other sources come by the hundred.
+void QuestionAnswerModel::onRowsInsertedInMainModel(const QModelIndex&, int first, int last) {
+    for (int row = first; row <= last; ++row) {
+        if (m_mainModel->sourceIdAt(row) == sourceId()) {
+            delayedUpdateFromMainModel();
+            return;
+        }
+    }
 }
 
 void QuestionAnswerModel::delayedUpdateFromMainModel() {
@@ -67,15 +73,6 @@ void QuestionAnswerModel::onModelAddedToMainModel(QuestionAnswer answer) {
 void QuestionAnswerModel::onModelUpdatedInMainModel(QuestionAnswer answer) {
     if (answer.sourceId() == sourceId())
         addOrUpdate(answer);
-}
-
-void QuestionAnswerModel::filterAndSetData(QList<QuestionAnswer> list) {
-    QList<QuestionAnswer> own;
-    for (const QuestionAnswer& answer : qAsConst(list)) {
-        if (answer.sourceId() == sourceId())
-            own.append(answer);
-    }
-    setData(own);
 }
 
 void QuestionAnswerModel::onQuestionsOrderChanged() {

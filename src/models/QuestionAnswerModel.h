@@ -16,12 +16,11 @@ protected:
     bool shouldRefreshOnOpen() const override { return false; }
 
 private slots:
-    void onDataFetched(QList<QuestionAnswer> data);
     void updateFromMainModel();
     void delayedUpdateFromMainModel();
+    void onRowsInsertedInMainModel(const QModelIndex& parent, int first, int last);
     void onModelAddedToMainModel(QuestionAnswer answer);
     void onModelUpdatedInMainModel(QuestionAnswer answer);
-    void filterAndSetData(QList<QuestionAnswer> list);
     void onQuestionsOrderChanged();
 
 private:

@@ -129,7 +129,7 @@ void SourceModel::updateAllCodingStatsAsync() {
 
 bool SourceModel::hasTexts() const {
     const QuestionAnswerMainModel* answers = project() ? project()->answerModel() : nullptr;
-    return answers && answers->rowCount() > 0;
+    return answers && !answers->isLoading() && answers->rowCount() > 0;
 }
 
 void SourceModel::applyCodedLengths(const QHash<int, int>& codedLengths) {

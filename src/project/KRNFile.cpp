@@ -65,6 +65,7 @@ void KRNFile::initModels() {
     m_models->groups = new GroupModel(helper, this);
     m_models->shortcutKeys = new KernoShortcutKeyModel(helper, this);
     m_models->chat = new ChatModel(helper, this);
+    connectTexts();
 }
 
 void KRNFile::connectLink() {

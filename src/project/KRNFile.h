@@ -46,6 +46,11 @@ class KRNFile : public ProjectEvents, public ProjectContext {
     Q_PROPERTY(bool canMutate READ canMutate NOTIFY canMutateChanged)
     Q_PROPERTY(int connectedUserCount READ connectedUserCount NOTIFY connectedUsersChanged)
     Q_PROPERTY(QObject* questionModel READ questionModel CONSTANT)
+    Q_PROPERTY(int textsHere READ textsHere NOTIFY textsChanged)
+    Q_PROPERTY(int textsExpected READ textsExpected NOTIFY textsChanged)
+    Q_PROPERTY(int textsFailed READ textsFailed NOTIFY textsChanged)
+    Q_PROPERTY(bool allTextsHere READ allTextsHere NOTIFY textsChanged)
+    Q_PROPERTY(bool waitsForTexts READ waitsForTexts NOTIFY textsChanged)
 
 public:
     explicit KRNFile(QObject* parent = nullptr, const ProjectTimings& timings = {});
@@ -91,6 +96,24 @@ public:
     /// Whether this client marked the project as open.
     bool holdsLock() const { return m_holdsLock; }
 
+    // The texts of an opened project arrive source by source while the screens are in use. Reads of single
+    // answers (`answer`, `partialAnswer`) always find them; what goes over all texts waits first.
+
+    /// Number of sources whose texts are in memory, are to come into it, and could not be read.
+    int textsHere() const;
+    int textsExpected() const;
+    int textsFailed() const;
+    bool allTextsHere() const;
+    /// Whether something waits for all texts.
+    bool waitsForTexts() const { return m_textWaits > 0; }
+    /// Calls `then` once: with true when all texts are in memory, at once if they are; with false when one
+    /// can't be read, the project closes, or the user gives up. Never, once `context` is gone.
+    void whenTextsAreHere(QObject* context, const std::function<void(bool allHere)>& then);
+    /// The same as a call that runs an event loop until then.
+    Q_INVOKABLE bool waitForTexts();
+    /// The user gives up: everything that waits for all texts ends with false.
+    Q_INVOKABLE void cancelTextWait();
+
     // The project's text cipher; without a password texts pass unchanged.
 
     QString encryptIfNeeded(const QString& text) const override;
@@ -103,6 +126,7 @@ public:
 
     DataHelper* dataHelper() const override { return m_dataHelper.get(); }
     BatchOperationManager* batchOperationManager() const override { return m_batchOperationManager; }
+    SimpleCipher textCipher() const override;
     KernoModel* kernoModel() const override;
     SourceModel* sourceModel() const override;
     QuestionModel* questionListModel() const override;
@@ -331,6 +355,9 @@ signals:
     void disconnected();
     void closedDueToAnotherSession();
     void notifyUser(QString noti);
+    void textsChanged();
+    /// What waits for all texts ends: whether they are here.
+    void textWaitEnded(bool allHere);
     void errorOccurred(QString error);
 
 private slots:
@@ -339,6 +366,7 @@ private slots:
 private:
     void connectLink();
     void connectNotifications();
+    void connectTexts();
     bool failOpen(const QString& error);
     bool prepareFile(const QJsonObject& project, bool createNew, bool& exists);
     bool createContents(bool singleQuestion);
@@ -372,6 +400,7 @@ private:
     bool m_hasProject = false;  ///< from an open to its close; losses of the link between them don't matter
     QString m_currentAuthor;
     int m_userCount = 0;
+    int m_textWaits = 0;
     BatchOperationManager* m_batchOperationManager = nullptr;
     QEventLoop* m_confirmLoop = nullptr;
     std::unique_ptr<ProjectModels> m_models;

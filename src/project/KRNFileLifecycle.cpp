@@ -70,8 +70,11 @@ bool KRNFile::openProject(const QJsonObject& project, bool createNew, const QStr
     if (!ignoreLock && !isMarked && !acquireLock())
         return failOpen({});
     settle(m_timings.settle);
+    QList<Kerno> kernos;
+    if (!m_dataHelper->findAll(kernos))
+        return failOpen(tr("Unable to open project."));
     if (m_models->kernos)
-        m_models->kernos->setData(m_dataHelper->findAll<Kerno>());
+        m_models->kernos->setData(kernos);
     emit canMutateChanged();
     emit fileOpened();
     return true;

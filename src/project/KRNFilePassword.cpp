@@ -32,6 +32,10 @@ bool KRNFile::failPassword() {
     return false;
 }
 
+SimpleCipher KRNFile::textCipher() const {
+    return m_passwordHash.isEmpty() ? SimpleCipher() : *m_cipher;
+}
+
 QString KRNFile::encryptIfNeeded(const QString& text) const {
     return m_passwordHash.isEmpty() ? text : m_cipher->encryptToString(text);
 }

@@ -1,12 +1,12 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/ListReads.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "models/QuestionModel.h"
 #include "models/SourceModel.h"
 #include "project/AnswerCache.h"
 #include "project/RecordMaps.h"
-#include "link/DataHelper.h"
-#include "link/ListReads.h"
 
 #include <QDebug>
 
@@ -50,7 +50,10 @@ QVariantList KRNFile::answers(int sourceId) const {
 }
 
 QuestionAnswer KRNFile::answer(int answerId) const {
-    return answerModel()->record(answerId);
+    // One that hasn't arrived yet stands in the project all the same.
+    return allTextsHere() || answerModel()->contains(answerId)
+               ? answerModel()->record(answerId)
+               : m_dataHelper->findById<QuestionAnswer>(answerId);
 }
 
 QVariantMap KRNFile::answer(int sourceId, int questionId) const {

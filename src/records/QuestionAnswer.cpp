@@ -65,17 +65,16 @@ QuestionAnswer::QuestionAnswer(const QuestionAnswer& other, int start, int lengt
 
 void QuestionAnswer::readText(const QJsonObject& json, SimpleCipher* decoder) {
     State& s = writableState();
-    const QByteArray bytes =
-        s.answer.isEmpty() ? QByteArray() : json.value(wireName(Field::answer)).toVariant().toByteArray();
+    const auto bytes = [&json] { return json.value(wireName(Field::answer)).toVariant().toByteArray(); };
     QString text = s.answer;
     if (decoder && decoder->hasKey()) {
         text = decoder->decryptToString(s.answer);
-        if (text.isEmpty() && !bytes.isEmpty())
-            text = decoder->decryptToString(bytes);
+        if (text.isEmpty() && !s.answer.isEmpty())
+            text = decoder->decryptToString(bytes());
     } else if (const ProjectContext* project = decoder ? nullptr : ProjectContext::current()) {
         text = project->decryptIfNeeded(s.answer);
-        if (text.isEmpty() && !bytes.isEmpty())
-            text = project->decryptIfNeeded(bytes);
+        if (text.isEmpty() && !s.answer.isEmpty())
+            text = project->decryptIfNeeded(bytes());
     }
     s.answer.clear();
     s.text = prepared(normalizedFromService(text));

@@ -1,11 +1,11 @@
 #include "undo/SourceCommands.h"
 
+#include "link/IdManager.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "models/QuestionModel.h"
 #include "models/SourceMetadataModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "link/IdManager.h"
 #include "undo/HighlightCommands.h"
 #include "undo/MemoCommands.h"
 #include "undo/MetadataCommands.h"
@@ -69,6 +69,10 @@ DeleteQuestionCommand::DeleteQuestionCommand(int questionId, KRNFile* file, QUnd
     : RecordCommand(Does::Remove, file, parent) {
     if (!takeStored(questionId))
         return;
+    if (!file->answerModel()->readAllTexts()) {
+        invalidate();
+        return;
+    }
     for (const QuestionAnswer& answer : file->answerModel()->snapshot()) {
         if (answer.questionId() == questionId)
             new DeleteAnswerCommand(answer, file, this);
@@ -99,6 +103,10 @@ DeleteSourceCommand::DeleteSourceCommand(int sourceId, KRNFile* file, QUndoComma
     : RecordCommand(Does::Remove, file, parent) {
     if (!takeStored(sourceId))
         return;
+    if (!file->answerModel()->readTexts(sourceId)) {
+        invalidate();
+        return;
+    }
     for (const QuestionAnswer& answer : file->answerModel()->answers(sourceId))
         new DeleteAnswerCommand(answer, file, this);
     for (const SourceMetadata& link : file->metadataModel()->linksOfSource(sourceId))

@@ -2,10 +2,12 @@
 #include "link/DataHelper.h"
 #include "models/HighlightsModel.h"
 #include "models/ModelDelays.h"
+#include "models/QuestionAnswerModel.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"
 
+#include <QAbstractItemModelTester>
 #include <QLoggingCategory>
 #include <QSignalSpy>
 
@@ -56,6 +58,7 @@ private slots:
     void windowsAreCutAndSorted();
     void repliesForAnotherTextAreDropped();
     void openingFillsTheModels();
+    void textsArriveSourceBySource();
     void failedReadsKeepWhatIsThere();
     void repliesOfAClosedProjectAreDropped();
     void countsAreAskedAnewWhenTheLinkIsBack();
@@ -225,6 +228,69 @@ void tst_ModelReads::openingFillsTheModels() {
     QCOMPARE(m_project->answers->answer(1, 1).plainAnswer(), QStringLiteral("text"));
     QVERIFY(waitFor([&] { return asked("sourceCodedLengthById") > 0; }));
     QCOMPARE(asked("kernoQueryList"), 0);  // the project hands the kernos over
+}
+
+// Through a change, a removal, a failure and a loss of the link while they are on their way.
+void tst_ModelReads::textsArriveSourceBySource() {
+    std::atomic<bool> healthy{false};
+    m_service->on(QStringLiteral("questionAnswerQueryList"), [&](ScriptedClient& client,
+                                                                 const ScriptedRequest& request) {
+        const int id = request.argument(QStringLiteral("sourceId")).toInt();
+        if (id == 0) {
+            // The list of sources that have answers: the last one's source isn't there yet.
+            QJsonArray list;
+            for (int sourceId = 1; sourceId <= 21; ++sourceId)
+                list.append(QJsonObject{{QStringLiteral("sourceId"), sourceId}});
+            client.reply(request, {{QStringLiteral("questionAnswerQueryList"), list}});
+            return;
+        }
+        const QJsonArray answers{
+            QJsonObject{{QStringLiteral("id"), id},
+                        {QStringLiteral("questionId"), 1},
+                        {QStringLiteral("sourceId"), id},
+                        {QStringLiteral("author"), QStringLiteral("Ann")},
+                        {QStringLiteral("answer"), QStringLiteral("text %1").arg(id)},
+                        {QStringLiteral("timestamp"), QStringLiteral("2024-05-01T10:00:00Z")}}};
+        if (id == 7 && !healthy)
+            client.send(
+                {request.frame.messageId, 200, {{QStringLiteral("errors"), QJsonArray{QJsonObject()}}}});
+        else
+            client.reply(request, {{QStringLiteral("questionAnswerQueryList"), answers}});
+    });
+    QuestionAnswerMainModel& answers = *m_project->answers;
+    const QAbstractItemModelTester tester(&answers);
+    QuestionAnswerModel shown(m_helper.get());
+    shown.setSourceId(15);
+    QSignalSpy finished(&answers, &QuestionAnswerMainModel::textsFinished);
+    QSignalSpy complete(&answers, &IModelListBase::initialDataSet);
+    QList<Source> sources;
+    for (int id = 1; id <= 20; ++id)
+        sources << Source(id, QStringLiteral("S"), {}, {}, {});
+    m_project->sources->setData(sources);
+    m_service->stall();
+    answers.refreshAsync();
+    QVERIFY(!answers.areTextsHere());
+    QVERIFY(waitFor([&] { return answers.textsExpected() > 0; }));
+    answers.addOrUpdate(testAnswer(3, 3, 1, QStringLiteral("newer")));
+    answers.removeByKey(4);
+    emit m_helper->wsDisconnected();
+    emit m_helper->wsConnected();
+    m_service->resume();
+    // One that is asked for is read at once.
+    QCOMPARE(answers.answer(18, 1).plainAnswer(), QStringLiteral("text 18"));
+    QVERIFY(waitFor([&] { return finished.count() == 1; }));
+    const QStringList texts = m_service->requestTexts().filter(QStringLiteral("questionAnswerQueryList("));
+    QVERIFY(texts.first().contains(QLatin1String("(sourceId:15)")));
+    QCOMPARE(shown.at(0).plainAnswer(), QStringLiteral("text 15"));
+    QCOMPARE(answers.rowCount(), 19);
+    QCOMPARE(answers.answer(3, 1).plainAnswer(), QStringLiteral("newer"));
+    QCOMPARE(answers.textsFailed(), 1);
+    QVERIFY(!answers.areTextsHere());
+    healthy = true;
+    answers.retryFailedTexts();
+    QVERIFY(waitFor([&] { return answers.areTextsHere(); }));
+    QCOMPARE(answers.rowCount(), 20);
+    QCOMPARE(complete.count(), 1);
 }
 
 void tst_ModelReads::failedReadsKeepWhatIsThere() {

@@ -57,6 +57,33 @@ private slots:
         QCOMPARE(IdManager::instance()->maxKernoId(), 1);
     }
 
+    // They arrive while the project is in use, deciphered on the way.
+    void textsAreAwaited() {
+        const QString password = QStringLiteral("s3cret");
+        ProjectUnderTest file;
+        QVERIFY(file.create(password));
+        for (int id = 1; id <= 12; ++id)
+            QVERIFY(file.addContents(QStringLiteral("words of %1").arg(id)));
+        file->close();
+        QVERIFY(file.open(QStringLiteral("study.krn"), password));
+        QVERIFY(!file->allTextsHere());
+        QVERIFY(file->waitForTexts());
+        QCOMPARE(file->textsHere(), 12);
+        QCOMPARE(file->answerModel()->rowCount(), 12);
+        QCOMPARE(file->partialAnswer(12, 1, 9, 2).plainAnswer(), QStringLiteral("12"));
+        file->close();
+        QVERIFY(file.open(QStringLiteral("study.krn"), password));
+        QList<bool> outcomes;
+        const auto note = [&outcomes](bool allHere) { outcomes << allHere; };
+        file->whenTextsAreHere(file.get(), note);
+        QVERIFY(file->waitsForTexts());
+        file->cancelTextWait();
+        file->whenTextsAreHere(file.get(), note);
+        file->close();
+        QCOMPARE(outcomes, (QList<bool>{false, false}));
+        QVERIFY(!file->waitsForTexts() && !file->waitForTexts());
+    }
+
     void announcesInOrder() {
         ProjectUnderTest file;
         QVERIFY(file.connectLink());

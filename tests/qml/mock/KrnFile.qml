@@ -9,6 +9,11 @@ QtObject {
     property bool awaitingOpenConfirmation: false
     property var currentProject: ({})
     property int connectedUserCount: 1
+    property bool allTextsHere: true
+    property int textsHere: 0
+    property int textsExpected: 0
+    property int textsFailed: 0
+    property bool waitsForTexts: false
     property bool openResult: true
     property bool backupResult: true
     property var preferences: ({})
@@ -78,12 +83,6 @@ QtObject {
         return children(id).some(function(child) { return child.visible || anyVisibleChildren(child.kernoId) })
     }
     function canReparent(id, parent) { return id > 0 && parent > 0 && id !== parent }
-    function highlightsCountForKerno(id) { return kerno(id).highlightsCount }
-    function highlightsCountForKernoWithChildren(id) {
-        return children(id).reduce(function(sum, child) {
-            return sum + highlightsCountForKernoWithChildren(child.kernoId)
-        }, kerno(id).highlightsCount)
-    }
     function highlightsOverviewPerSourceForKerno(id) {
         return id === 1 ? [{ sourceTitle: "Marta, bus driver", kernoHighlights: 3, sourceHighlights: 9 },
                            { sourceTitle: "Jonas, night nurse", kernoHighlights: 1, sourceHighlights: 3 }] : []

@@ -73,6 +73,25 @@ Rectangle {
         }
 
         PlainText {
+            objectName: "textProgress"
+            visible: CentralManager.hasFileOpen && !krnFile.allTextsHere
+            text: krnFile.textsFailed > 0
+                  ? qsTr("Loading texts: %1 of %2, %3 failed").arg(krnFile.textsHere).arg(krnFile.textsExpected)
+                                                             .arg(krnFile.textsFailed)
+                  : qsTr("Loading texts: %1 of %2").arg(krnFile.textsHere).arg(krnFile.textsExpected)
+            color: ApplicationStyle.default_text_color
+            font.pixelSize: ApplicationStyle.label_font_size
+        }
+        IconButton {
+            objectName: "cancelTextWait"
+            visible: krnFile.waitsForTexts
+            icon: "close"
+            iconSize: Units.dp(18)
+            tooltip: qsTr("Stop Waiting for the Texts")
+            onClicked: krnFile.cancelTextWait()
+        }
+
+        PlainText {
             visible: _zoom.visible
             text: qsTr("Zoom:")
             color: ApplicationStyle.default_text_color

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTimer>
+#include <unistd.h>
+
+/// The longest time between two passes of the event loop, within some milliseconds.
+class Pulse {
+public:
+    Pulse() {
+        m_timer.setInterval(2);  // one that never rests would take a core from the others
+        QObject::connect(&m_timer, &QTimer::timeout, [this] {
+            m_longest = qMax(m_longest, static_cast<double>(m_clock.nsecsElapsed()) / 1e6);
+            m_clock.restart();
+        });
+        m_clock.start();
+        m_timer.start();
+    }
+    void restart() {
+        m_longest = 0;
+        m_clock.restart();
+    }
+    /// In milliseconds, the time since the last pass included.
+    double longest() const { return qMax(m_longest, static_cast<double>(m_clock.nsecsElapsed()) / 1e6); }
+
+private:
+    QTimer m_timer;
+    QElapsedTimer m_clock;
+    double m_longest = 0;
+};
+
+/// The memory of this process that is in use, in 10^6 bytes.
+inline double megabytesResident() {
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        return 0;
+    return statm.readAll().split(' ').value(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
+}
