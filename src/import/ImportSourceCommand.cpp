@@ -1,8 +1,9 @@
 #include "import/ImportSourceCommand.h"
 
+#include "import/ImportedText.h"
+#include "link/IdManager.h"
 #include "models/QuestionModel.h"
 #include "project/KRNFile.h"
-#include "link/IdManager.h"
 #include "undo/SourceCommands.h"
 
 #include <algorithm>
@@ -109,6 +110,6 @@ void ImportSourceCommand::addSource(int sourceId, const QString& title) {
 
 void ImportSourceCommand::addAnswer(int answerId, int sourceId, int questionId, const QString& text) {
     QuestionAnswer answer(answerId, questionId, sourceId, QString(), QString(), now());
-    answer.setAnswer(text);
+    answer.setAnswer(importedText(text));
     new AddAnswerCommand(answer, file(), this);
 }

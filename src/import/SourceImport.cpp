@@ -13,28 +13,17 @@
 
 QVariantList SourceImport::pairsOfFile(const QUrl& file, const QString& questionMarker,
                                        const QString& answerMarker, bool noLoadedFile) const {
-    QStringList refusals;
-    const QVariantList pairs = read(file, questionMarker, answerMarker, noLoadedFile, refusals);
-    tellRefusals(refusals);
-    return pairs;
+    return read(file, questionMarker, answerMarker, noLoadedFile, {});
 }
 
 QVariantList SourceImport::read(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
-                                bool noLoadedFile, QStringList& refusals) const {
+                                bool noLoadedFile, const std::function<bool()>& cancelled) const {
     const bool needsMarkers = !noLoadedFile && !m_krnFile->singleQuestionMode();
     if (needsMarkers && (questionMarker.isEmpty() || answerMarker.isEmpty())) {
         qCDebug(logFileImport) << "Answer and/or question marker is empty!";
         return {};
     }
-    const textfile::Reading reading = textfile::read(file);
-    if (!reading.refusal.isEmpty())
-        refusals.append(reading.refusal);
-    return pairsOfText(reading.text, questionMarker, answerMarker, noLoadedFile);
-}
-
-void SourceImport::tellRefusals(const QStringList& refusals) const {
-    if (!refusals.isEmpty())
-        emit m_krnFile->notifyUser(refusals.join(QLatin1Char('\n')));
+    return pairsOfText(textfile::read(file, cancelled), questionMarker, answerMarker, noLoadedFile);
 }
 
 QVariantList SourceImport::pairsOfText(const QString& text, const QString& questionMarker,
@@ -57,13 +46,13 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
     progress.setWindowModality(Qt::WindowModal);
     m_undoManager->beginMacro(tr("Batch Import Sources"));
     int imported = 0;
-    QStringList refusals;
+    const auto cancelled = [&progress] { return progress.wasCanceled(); };
     for (const QUrl& file : files) {
         progress.setValue(progress.value() + 1);
         QCoreApplication::processEvents();
         if (progress.wasCanceled())
             break;
-        const QVariantList pairs = read(file, questionMarker, answerMarker, false, refusals);
+        const QVariantList pairs = read(file, questionMarker, answerMarker, false, cancelled);
         QCoreApplication::processEvents();
         if (save(textfile::titleFor(file), pairs))
             ++imported;
@@ -71,7 +60,6 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
     }
     m_undoManager->endMacro();
     progress.setValue(files.size());
-    tellRefusals(refusals);
     if (showInfo) {
         QMessageBox::information(nullptr, tr("Information"),
                                  tr("%1 Source(s) have successfully been imported.").arg(imported),
@@ -92,9 +80,8 @@ void SourceImport::importChosen(bool selectWholeFolder) const {
         if (!folder.isEmpty())
             importFolder(folder, QString(), QString(), true);
     } else {
-        const QList<QUrl> files =
-            QFileDialog::getOpenFileUrls(nullptr, tr("Import Multiple Sources"), QUrl(),
-                                         textfile::dialogPatterns().join(QLatin1Char(' ')));
+        const QList<QUrl> files = QFileDialog::getOpenFileUrls(nullptr, tr("Import Multiple Sources"), QUrl(),
+                                                               textfile::multipleFilesFilter());
         if (!files.isEmpty())
             importFiles(files, QString(), QString(), true);
     }

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QUrl>
 #include <QVariantList>
+#include <functional>
 
 class KRNFile;
 class UndoManager;
@@ -19,8 +20,7 @@ public:
         : m_undoManager(undoManager), m_krnFile(krnFile) {}
 
     /// Reads a file and gives its pairs. Gives none when the project needs markers and one is empty, when the
-    /// file can't be read, or when nothing is found in it; the user is told of a kind of file that isn't
-    /// supported.
+    /// file can't be read, or when nothing is found in it. Events are handled while a PDF is converted.
     QVariantList pairsOfFile(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
                              bool noLoadedFile) const;
     QVariantList pairsOfText(const QString& text, const QString& questionMarker, const QString& answerMarker,
@@ -44,8 +44,7 @@ public:
 
 private:
     QVariantList read(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
-                      bool noLoadedFile, QStringList& refusals) const;
-    void tellRefusals(const QStringList& refusals) const;
+                      bool noLoadedFile, const std::function<bool()>& cancelled) const;
 
     UndoManager* m_undoManager;
     KRNFile* m_krnFile;

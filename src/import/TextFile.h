@@ -3,27 +3,27 @@
 #include <QString>
 #include <QStringList>
 #include <QUrl>
+#include <functional>
 
-/// Reading the text of a file that is to become a source.
+/// Reading the text of a file that is to become a source. What dialogs, drop areas and folders offer comes
+/// from one list of kinds.
 namespace textfile {
 
-/// What a reading gave. The text of a file that can't be opened is empty, as that of an empty file.
-struct Reading {
-    QString text;
-    QString
-        refusal;  ///< a sentence for the user when the file's kind isn't supported; the text is then empty
-};
+/// Reads a local file by the kind that its suffix tells, in any case: Word and RTF documents as rich text
+/// fragments, PDF as trimmed text, anything else as text in UTF-8, with its line ends turned into line feeds.
+/// Gives an empty text when the file can't be read or has none. Main thread; while a PDF is converted events
+/// are handled, and `cancelled` is asked several times a second whether to give up.
+QString read(const QUrl& file, const std::function<bool()>& cancelled = {});
 
-/// Reads a local file. The bytes of a text file are decoded as UTF-8, with its line ends turned into line
-/// feeds. A file of a kind that isn't supported is not opened.
-Reading read(const QUrl& file);
+/// The suffixes of the kinds, in lower case.
+QStringList suffixes();
 
-/// The patterns of the files that can be imported, for file dialogs; and of those that an import of a whole
-/// folder takes up.
-QStringList dialogPatterns();
-QStringList folderPatterns();
+/// The name filter of the dialog that asks for one file, and of the one that asks for several.
+QString singleFileFilter();
+QString multipleFilesFilter();
 
-/// The readable files of a folder that an import of the folder takes up, by name.
+/// The readable files of a folder that an import of the folder takes up, by name. PDF files are not among
+/// them.
 QList<QUrl> importableFiles(const QUrl& folder);
 
 /// The title of a source made from the file: its name up to the last dot.

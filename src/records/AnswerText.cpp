@@ -1,17 +1,14 @@
 #include "records/AnswerText.h"
 
+#include "records/RichTextFragment.h"
+
 #include <QDebug>
 #include <QRegularExpression>
 
 namespace {
 
-const QString wrapperStart = QStringLiteral("<body style=\"white-space: pre-wrap;\">");
-const QString wrapperEnd = QStringLiteral("</body>");
-
-bool looksLikeHtml(const QString& text) {
-    static const QRegularExpression start(QStringLiteral("^<(html|head|body|p|h\\d{1}|div|header|ol)"));
-    return start.match(text).hasMatch() && !text.startsWith(wrapperStart);
-}
+const QString wrapperStart = richtext::wrapperStart();
+const QString wrapperEnd = richtext::wrapperEnd();
 
 bool isFramed(const QString& inner) {
     return inner.size() >= 2 && inner.startsWith(QLatin1Char('\n')) && inner.endsWith(QLatin1Char('\n'));
@@ -34,10 +31,15 @@ void remove(QString& text, std::initializer_list<char16_t> characters) {
 
 }  // namespace
 
+bool isTakenForHtml(const QString& text) {
+    static const QRegularExpression start(QStringLiteral("^<(html|head|body|p|h\\d{1}|div|header|ol)"));
+    return start.match(text).hasMatch() && !text.startsWith(wrapperStart);
+}
+
 // A rich text fragment has its text between two line breaks, which belong to the frame and not to the text.
 AnswerText AnswerText::prepare(const QString& text) {
     AnswerText answer;
-    answer.m_isHtml = looksLikeHtml(text);
+    answer.m_isHtml = isTakenForHtml(text);
     answer.m_stored = answer.m_isHtml ? text : wrapped(text);
     if (answer.m_stored.startsWith(wrapperStart) && answer.m_stored.endsWith(wrapperEnd)) {
         QString inner = answer.m_stored.mid(wrapperStart.size(),

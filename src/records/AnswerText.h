@@ -35,6 +35,10 @@ private:
     HtmlDocument m_document;  ///< empty for a plain text
 };
 
+/// Whether a text that becomes an answer counts as an HTML document of its own, by what it begins with. Any
+/// other text is put into a wrapper, in which only its marks have a meaning.
+bool isTakenForHtml(const QString& text);
+
 /// The clean-up of a text that the service delivers, before positions are counted.
 QString normalizedFromService(QString text);
 

@@ -1,10 +1,10 @@
 #include "import/SourceImport.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "models/QuestionModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
 #include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"
 #include "undo/UndoManager.h"
@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <sys/stat.h>
 
 /// Imports into a project at the real service.
 class tst_SourceImport : public QObject {
@@ -31,7 +32,8 @@ private slots:
     void markersAreNeededForQuestions();
     void aBatchIsOneStep();
     void aCancelledBatchKeepsWhatIsThere();
-    void otherKindsAreToldOnce();
+    void brokenFilesArePassedOver();
+    void aConversionIsCancelled();
 
 private:
     void openNew(bool singleQuestion);
@@ -228,17 +230,39 @@ void tst_SourceImport::aCancelledBatchKeepsWhatIsThere() {
     QCOMPARE(m_undo->count(), 1);
 }
 
-void tst_SourceImport::otherKindsAreToldOnce() {
+void tst_SourceImport::brokenFilesArePassedOver() {
     openNew(true);
     QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
     const QList<QUrl> files{write(QStringLiteral("a.docx"), "PK"), write(QStringLiteral("b.pdf"), "%PDF"),
-                            write(QStringLiteral("c.txt"), "text")};
+                            write(QStringLiteral("c.rtf"), "{\\rtf1 {\\b bold} <laughs> &amp; \\u228?}"),
+                            write(QStringLiteral("d.txt"), "")};
     QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
-    QCOMPARE(told.count(), 1);
-    const QString sentence = told.first().first().toString();
-    QVERIFY(sentence.contains(QStringLiteral("a.docx")) && sentence.contains(QStringLiteral("b.pdf")));
-    QVERIFY(import().pairsOfFile(files.first(), QString(), QString(), false).isEmpty());
-    QCOMPARE(told.count(), 2);
+    QCOMPARE(told.count(), 0);
+    settle();
+    QCOMPARE(sources(), QStringList{QString::fromUtf8("c: bold <laughs> & \u00e4")});
+}
+
+// The converter waits for ever for what comes out of a pipe.
+void tst_SourceImport::aConversionIsCancelled() {
+    openNew(true);
+    const QString pipe = m_folder.filePath(QStringLiteral("pipe.pdf"));
+    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+    QTimer canceller;
+    int turns = 0;
+    connect(&canceller, &QTimer::timeout, [&turns] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            auto* const dialog = qobject_cast<QProgressDialog*>(widget);
+            if (dialog && dialog->value() == 1 && ++turns == 30)
+                dialog->cancel();
+        }
+    });
+    canceller.start(10);
+    const QList<QUrl> files{write(QStringLiteral("first.txt"), "a"), QUrl::fromLocalFile(pipe),
+                            write(QStringLiteral("last.txt"), "b")};
+    QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
+    QVERIFY(turns >= 30);
+    settle();
+    QCOMPARE(sources(), QStringList{QStringLiteral("first: a")});
 }
 
 int main(int argc, char** argv) {
