@@ -2,10 +2,13 @@
 
 #include "app/AppLog.h"
 #include "app/CommandLine.h"
+#include "import/ImportedText.h"
+#include "import/TextFile.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "link/ServiceConfig.h"
 #include "project/KRNFile.h"
+#include "records/AnswerText.h"
 #include "text/ContrastColor.h"
 
 #include <QCoreApplication>
@@ -129,9 +132,28 @@ bool AppHelper::connectToServer(bool remote) {
     return m_krnFile->dataHelper()->connection()->connect(remote);
 }
 
+QStringList AppHelper::importSuffixes() const {
+    return textfile::suffixes();
+}
+
+QString AppHelper::importFilter() const {
+    return textfile::singleFileFilter();
+}
+
 QVariantList AppHelper::importQuestions(const QUrl& file, const QString& questionMarker,
                                         const QString& answerMarker, bool noLoadedFile) {
-    return sourceImport().pairsOfFile(file, questionMarker, answerMarker, noLoadedFile);
+    m_readingCancelled = false;
+    return sourceImport().pairsOfFile(file, questionMarker, answerMarker, noLoadedFile,
+                                      [this] { return m_readingCancelled; });
+}
+
+void AppHelper::cancelReading() {
+    m_readingCancelled = true;
+}
+
+QString AppHelper::importPreview(const QString& text, int length) const {
+    const QString plain = AnswerText::prepare(normalizedForStorage(importedText(text))).plain();
+    return plain.size() > length ? plain.left(length) + QLatin1String(" [...]") : plain;
 }
 
 QVariantList AppHelper::importQuestionsFromClipboard(const QString& questionMarker,

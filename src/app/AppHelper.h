@@ -22,6 +22,9 @@ class AppHelper : public QObject {
         QString userInvokedFile READ userInvokedFile WRITE setUserInvokedFile NOTIFY userInvokedFileChanged)
     Q_PROPERTY(bool isTouchEnabledDevice READ isTouchEnabledDevice CONSTANT)
     Q_PROPERTY(QString region READ region CONSTANT)
+    /// The suffixes of files that can be imported, in lower case, and the dialog's filter for them.
+    Q_PROPERTY(QStringList importSuffixes READ importSuffixes CONSTANT)
+    Q_PROPERTY(QString importFilter READ importFilter CONSTANT)
 
 public:
     /// Neither pointer is owned; both outlive the object. Takes a project file from the command line.
@@ -38,6 +41,8 @@ public:
     bool isTouchEnabledDevice() const;
     /// The cloud region in use.
     QString region() const;
+    QStringList importSuffixes() const;
+    QString importFilter() const;
 
     /// Black or white, for text on the colour.
     Q_INVOKABLE QColor contrastFontColor(const QColor& background) const;
@@ -87,6 +92,11 @@ public:
 
     Q_INVOKABLE QVariantList importQuestions(const QUrl& file, const QString& questionMarker,
                                              const QString& answerMarker, bool noLoadedFile = false);
+    /// Ends the reading of `importQuestions`, which then gives what it has, or nothing.
+    Q_INVOKABLE void cancelReading();
+    /// How a text that was read will be shown once it is imported: as plain text, and at most as much of it
+    /// as `length` says, with " [...]" where it is cut.
+    Q_INVOKABLE QString importPreview(const QString& text, int length) const;
     Q_INVOKABLE QVariantList importQuestionsFromClipboard(const QString& questionMarker,
                                                           const QString& answerMarker);
     Q_INVOKABLE bool saveImportedQuestions(const QString& sourceTitle, const QVariantList& questions);
@@ -120,4 +130,5 @@ private:
     QClipboard* m_clipboard = nullptr;
     bool m_clipboardHasText = false;
     QString m_userInvokedFile;
+    bool m_readingCancelled = false;
 };

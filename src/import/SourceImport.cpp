@@ -12,12 +12,8 @@
 #include <QProgressDialog>
 
 QVariantList SourceImport::pairsOfFile(const QUrl& file, const QString& questionMarker,
-                                       const QString& answerMarker, bool noLoadedFile) const {
-    return read(file, questionMarker, answerMarker, noLoadedFile, {});
-}
-
-QVariantList SourceImport::read(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
-                                bool noLoadedFile, const std::function<bool()>& cancelled) const {
+                                       const QString& answerMarker, bool noLoadedFile,
+                                       const std::function<bool()>& cancelled) const {
     const bool needsMarkers = !noLoadedFile && !m_krnFile->singleQuestionMode();
     if (needsMarkers && (questionMarker.isEmpty() || answerMarker.isEmpty())) {
         qCDebug(logFileImport) << "Answer and/or question marker is empty!";
@@ -52,7 +48,7 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
         QCoreApplication::processEvents();
         if (progress.wasCanceled())
             break;
-        const QVariantList pairs = read(file, questionMarker, answerMarker, false, cancelled);
+        const QVariantList pairs = pairsOfFile(file, questionMarker, answerMarker, false, cancelled);
         QCoreApplication::processEvents();
         if (save(textfile::titleFor(file), pairs))
             ++imported;

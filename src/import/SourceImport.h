@@ -22,7 +22,7 @@ public:
     /// Reads a file and gives its pairs. Gives none when the project needs markers and one is empty, when the
     /// file can't be read, or when nothing is found in it. Events are handled while a PDF is converted.
     QVariantList pairsOfFile(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
-                             bool noLoadedFile) const;
+                             bool noLoadedFile, const std::function<bool()>& cancelled = {}) const;
     QVariantList pairsOfText(const QString& text, const QString& questionMarker, const QString& answerMarker,
                              bool noLoadedFile) const;
 
@@ -43,9 +43,6 @@ public:
     void importChosen(bool selectWholeFolder) const;
 
 private:
-    QVariantList read(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
-                      bool noLoadedFile, const std::function<bool()>& cancelled) const;
-
     UndoManager* m_undoManager;
     KRNFile* m_krnFile;
 };

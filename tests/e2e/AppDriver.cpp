@@ -5,9 +5,11 @@
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPixmap>
 #include <QPointer>
 #include <QQuickWindow>
@@ -133,6 +135,15 @@ QStringList lettersOf(const QString& text) {
             letters.append(unit);
     }
     return letters;
+}
+
+std::unique_ptr<QMimeData> filesAsData(const QStringList& paths) {
+    auto data = std::make_unique<QMimeData>();
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls << QUrl::fromLocalFile(path);
+    data->setUrls(urls);
+    return data;
 }
 
 }  // namespace
@@ -336,6 +347,44 @@ bool AppDriver::answerMessageBox(const QString& button) {
         }
     }
     return false;
+}
+
+QString AppDriver::messageBoxText() const {
+    auto* box = qobject_cast<QMessageBox*>(openDialog("QMessageBox"));
+    return box ? box->text() : QString();
+}
+
+bool AppDriver::progressIsShown() const {
+    return openDialog("QProgressDialog");
+}
+
+bool AppDriver::cancelProgress() {
+    QWidget* dialog = openDialog("QProgressDialog");
+    auto* button = dialog ? dialog->findChild<QAbstractButton*>() : nullptr;
+    if (button)
+        QTest::mouseClick(button, Qt::LeftButton);
+    return button;
+}
+
+void AppDriver::dragFilesOver(const QStringList& paths) {
+    QQuickWindow* window = mainWindow();
+    const QPoint middle(window->width() / 2, window->height() / 2);
+    const std::unique_ptr<QMimeData> data = filesAsData(paths);
+    QDragEnterEvent enter(middle, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &enter);
+    QDragMoveEvent move(middle, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &move);
+    settle();
+}
+
+void AppDriver::dropFiles(const QStringList& paths) {
+    dragFilesOver(paths);
+    QQuickWindow* window = mainWindow();
+    const std::unique_ptr<QMimeData> data = filesAsData(paths);
+    QDropEvent drop(QPointF(window->width() / 2.0, window->height() / 2.0), Qt::CopyAction, data.get(),
+                    Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &drop);
+    settle();
 }
 
 QImage AppDriver::stillScreen() {

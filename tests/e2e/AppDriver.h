@@ -64,6 +64,17 @@ public:
     /// Answers the message box that is open with the button that reads so; false when none is open.
     bool answerMessageBox(const QString& button);
 
+    /// What the message box that is open tells; empty when none is open.
+    QString messageBoxText() const;
+
+    /// Whether a dialog that shows progress is seen; and presses its only button.
+    bool progressIsShown() const;
+    bool cancelProgress();
+
+    /// Has files from outside hover over the middle of the window, and lets go of them there.
+    void dragFilesOver(const QStringList& paths);
+    void dropFiles(const QStringList& paths);
+
     /// Saves what is on the screen once nothing moves there any more; the path of the picture.
     QString screenshot(const QString& name);
 

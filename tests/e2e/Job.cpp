@@ -65,6 +65,16 @@ bool Job::untilOpen() {
            gone(QStringLiteral("Author:"));
 }
 
+bool Job::chooseTheme(bool dark) {
+    if (!click(QStringLiteral("Settings")) || !click(QStringLiteral("General Project Preferences")) ||
+        !shown(QStringLiteral("Colour theme:")))
+        return false;
+    const QList<QQuickItem*> switches = m_driver.itemsOfType(QStringLiteral("Switch"));
+    if (switches.value(2) && switches[2]->property("checked").toBool() != dark)
+        m_driver.click(switches[2]);
+    return click(QStringLiteral("Save")) && gone(QStringLiteral("Colour theme:"));
+}
+
 bool Job::importFiles(const QStringList& paths) {
     // The tab strip asks for the first source; later ones come by the add button.
     QQuickItem* add = m_driver.itemNamed(QStringLiteral("addSource"));

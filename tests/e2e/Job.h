@@ -46,6 +46,8 @@ protected:
     /// Makes a project of one question, without a password, and waits until it is open.
     bool createProject(const QString& path);
     bool untilOpen();
+    /// By the preferences of an open project.
+    bool chooseTheme(bool dark);
     bool importFiles(const QStringList& paths);
     /// Makes a kerno by the add button and its dialog.
     bool addKerno(const QString& title);

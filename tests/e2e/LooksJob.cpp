@@ -92,16 +92,6 @@ bool LooksJob::makeLargeProject(const QString& name) {
            until([&] { return m_canvas.bubble(longTitle); }, QStringLiteral("the bubbles do not come"));
 }
 
-bool LooksJob::chooseTheme(bool dark) {
-    if (!click(QStringLiteral("Settings")) || !click(QStringLiteral("General Project Preferences")) ||
-        !shown(QStringLiteral("Colour theme:")))
-        return false;
-    const QList<QQuickItem*> switches = m_driver.itemsOfType(QStringLiteral("Switch"));
-    if (switches.value(2) && switches[2]->property("checked").toBool() != dark)
-        m_driver.click(switches[2]);
-    return click(QStringLiteral("Save")) && gone(QStringLiteral("Colour theme:"));
-}
-
 bool LooksJob::look(const QString& name) {
     m_driver.screenshot(m_size + QLatin1Char('-') + name);
     QQuickWindow* window = m_driver.mainWindow();

@@ -15,7 +15,6 @@ public:
 
 private:
     bool makeLargeProject(const QString& name);
-    bool chooseTheme(bool dark);
     bool lookAtAll();
     bool lookAtMenus();
     bool lookAtNotes();

@@ -1,6 +1,7 @@
 #include "CanvasJob.h"
 #include "CodingJob.h"
 #include "FirstLightJob.h"
+#include "ImportJob.h"
 #include "LooksJob.h"
 #include "ProjectJob.h"
 #include "RescueJob.h"
@@ -37,6 +38,7 @@ const std::vector<JobEntry>& jobs() {
         {"first-light", {QStringLiteral("code"), QStringLiteral("reopen")}, {}, make<FirstLightJob>},
         {"canvas", {QStringLiteral("arrange")}, {}, make<CanvasJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
+        {"import", ImportJob::runs(), {}, make<ImportJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},

@@ -6,7 +6,6 @@ import "../../Utils.js" as Utils
 DropArea {
     id: root
 
-    readonly property var extensions: ["txt", "rtf", "docx", "pdf"]
     readonly property bool accepting: CentralManager.singleQuestionMode && CentralManager.hasFileOpen
                                       && CentralManager.canMutate
     property var files: []
@@ -17,7 +16,8 @@ DropArea {
     function importable(urls) {
         return Utils.filter(Utils.map(Array.prototype.slice.call(urls), function(url) { return url.toString() }),
                             function(url) {
-            return root.extensions.indexOf(url.substring(url.lastIndexOf(".") + 1).toLowerCase()) >= 0
+            var suffix = url.substring(url.lastIndexOf(".") + 1).toLowerCase()
+            return /^file:/.test(url) && appHelper.importSuffixes.indexOf(suffix) >= 0
         })
     }
 
@@ -30,7 +30,8 @@ DropArea {
         var urls = files
         files = []
         drop.accept(Qt.CopyAction)
-        appHelper.batchImportQuestions(urls, "", "", true)
+        // Later: the program from which the files come waits for the end of the drop.
+        Qt.callLater(function() { appHelper.batchImportQuestions(urls, "", "", true) })
     }
 
     Rectangle {

@@ -15,6 +15,9 @@ DialogPanel {
     property url file
     property var items: []
     property string message
+    // A PDF is converted while the screens stay alive.
+    property bool reading: false
+    property bool closing: false
     readonly property int __longestPreview: 2000
 
     heading: qsTr("Import Source")
@@ -26,7 +29,7 @@ DialogPanel {
             refresh()
     }
 
-    Keys.onEscapePressed: dialogBase.close()
+    Keys.onEscapePressed: leave()
     Keys.onReturnPressed: {
         if (_import.enabled)
             importNow()
@@ -34,6 +37,14 @@ DialogPanel {
 
     function __markersGiven() {
         return !structured || (_questionMarker.text !== "" && _answerMarker.text !== "")
+    }
+
+    function leave() {
+        closing = reading
+        if (reading)
+            appHelper.cancelReading()
+        else
+            dialogBase.close()
     }
 
     function refresh() {
@@ -46,7 +57,7 @@ DialogPanel {
         if (fromClipboard)
             items = appHelper.importQuestionsFromClipboard(_questionMarker.text, _answerMarker.text)
         else if (file.toString() !== "")
-            items = appHelper.importQuestions(file, _questionMarker.text, _answerMarker.text)
+            __read()
         else
             return
         if (items.length === 0) {
@@ -56,6 +67,14 @@ DialogPanel {
         }
     }
 
+    function __read() {
+        reading = true
+        items = appHelper.importQuestions(file, _questionMarker.text, _answerMarker.text)
+        reading = false
+        if (closing)
+            leave()
+    }
+
     function importNow() {
         var title = _title.text.trim()
         message = title === "" ? qsTr("Please provide a source title!") : ""
@@ -63,7 +82,7 @@ DialogPanel {
             dialogBase.close()
     }
 
-    function __preview(text) {
+    function __cut(text) {
         return text.length > __longestPreview ? text.substring(0, __longestPreview) + " [...]" : text
     }
 
@@ -83,7 +102,7 @@ DialogPanel {
                 elide: Text.ElideMiddle
                 color: ApplicationStyle.dialog_text_color_alternative
             }
-            StyledButton { text: qsTr("Select File"); onClicked: _fileDialog.open() }
+            StyledButton { enabled: !root.reading; text: qsTr("Select File"); onClicked: _fileDialog.open() }
         }
 
         DialogLabel { text: qsTr("Source Title:") }
@@ -112,10 +131,16 @@ DialogPanel {
 
         DialogLabel {
             anchors.centerIn: parent
-            visible: root.items.length === 0
+            visible: root.items.length === 0 && !root.reading
             text: qsTr("No imported data to preview.")
             color: ApplicationStyle.dialog_text_color_alternative
             opacity: 0.7
+        }
+
+        BusyIndicator {
+            anchors.centerIn: parent
+            visible: root.reading
+            running: root.reading
         }
 
         StyledScrollView {
@@ -128,8 +153,8 @@ DialogPanel {
                 spacing: ApplicationStyle.default_margin
                 delegate: ImportPreviewRow {
                     width: ListView.view.width
-                    question: root.structured ? root.__preview(modelData.question) : ""
-                    answer: root.__preview(modelData.answer)
+                    question: root.structured ? root.__cut(modelData.question) : ""
+                    answer: appHelper.importPreview(modelData.answer, root.__longestPreview)
                 }
             }
         }
@@ -147,13 +172,13 @@ DialogPanel {
         Layout.topMargin: ApplicationStyle.default_margin
         spacing: ApplicationStyle.default_margin
 
-        StyledButton { text: qsTr("Refresh"); onClicked: root.refresh() }
+        StyledButton { enabled: !root.reading; text: qsTr("Refresh"); onClicked: root.refresh() }
         Item { Layout.fillWidth: true }
-        StyledButton { text: qsTr("Cancel"); onClicked: root.dialogBase.close() }
+        StyledButton { text: qsTr("Cancel"); onClicked: root.leave() }
         StyledButton {
             id: _import
             primary: true
-            enabled: CentralManager.canMutate && root.items.length > 0
+            enabled: CentralManager.canMutate && !root.reading && root.items.length > 0
             text: qsTr("Import")
             onClicked: root.importNow()
         }
@@ -163,7 +188,7 @@ DialogPanel {
         id: _fileDialog
         title: qsTr("Import Source")
         folder: shortcuts.documents
-        nameFilters: ["*.txt *.docx *.rtf *.pdf"]
+        nameFilters: [appHelper.importFilter]
         onAccepted: {
             root.file = fileUrl
             _title.text = Utils.getFileName(Utils.filePathFromUrl(fileUrl), false)
