@@ -184,9 +184,13 @@ bool ImportJob::cancelReading() {
         return false;
     bool chosen = false;
     bool looked = false;
+    // Each step has a turn of its own, which comes from the event loop in which the file is read.
     const auto leave = [&] {
-        chosen = chosen || m_driver.chooseFiles({pipe});
-        if (chosen && !looked && !m_driver.itemsOfType(QStringLiteral("BusyIndicator")).isEmpty())
+        if (!chosen) {
+            chosen = m_driver.chooseFiles({pipe});
+            return false;
+        }
+        if (!looked && !m_driver.itemsOfType(QStringLiteral("BusyIndicator")).isEmpty())
             looked = shoot(QStringLiteral("reading"));
         return looked && m_driver.clickText(QStringLiteral("Cancel"));
     };

@@ -40,7 +40,7 @@ DialogPanel {
     }
 
     function leave() {
-        closing = reading
+        closing = true
         if (reading)
             appHelper.cancelReading()
         else
@@ -52,27 +52,31 @@ DialogPanel {
         items = []
         if (!__markersGiven()) {
             message = qsTr("Question and answer markers are required!")
-            return
+        } else if (fromClipboard) {
+            __take(appHelper.importQuestionsFromClipboard(_questionMarker.text, _answerMarker.text))
+        } else if (file.toString() !== "") {
+            // Later: events are handled while a PDF is read, which what brought us here may not expect.
+            reading = true
+            Qt.callLater(__read)
         }
-        if (fromClipboard)
-            items = appHelper.importQuestionsFromClipboard(_questionMarker.text, _answerMarker.text)
-        else if (file.toString() !== "")
-            __read()
+    }
+
+    function __read() {
+        var found = closing ? [] : appHelper.importQuestions(file, _questionMarker.text, _answerMarker.text)
+        reading = false
+        if (closing)
+            dialogBase.close()
         else
-            return
+            __take(found)
+    }
+
+    function __take(found) {
+        items = found
         if (items.length === 0) {
             message = /\.pdf$/i.test(file.toString())
                     ? qsTr("The file has no text to import. A PDF file must contain text, not only pictures of it.")
                     : qsTr("There is no text to import. Please check the file and the markers.")
         }
-    }
-
-    function __read() {
-        reading = true
-        items = appHelper.importQuestions(file, _questionMarker.text, _answerMarker.text)
-        reading = false
-        if (closing)
-            leave()
     }
 
     function importNow() {
