@@ -31,7 +31,6 @@ private slots:
     void newKernosLieOnTheCanvas();
     void temporaryFoldersStayUntilDeleted();
     void pathsAreMade();
-    void textsAndNumbersForScreens();
 
 private:
     std::unique_ptr<KRNFile> m_file;
@@ -179,16 +178,6 @@ void tst_AppHelper::pathsAreMade() {
     QVERIFY(!m_helper->saveGrabbedItem(nullptr, path + QStringLiteral("/none.png")));
     m_helper->grab(m_file.get(), path + QStringLiteral("/none.png"));
     QVERIFY(QDir(path).isEmpty());
-}
-
-void tst_AppHelper::textsAndNumbersForScreens() {
-    QCOMPARE(m_helper->memoColor(), QColor(255, 196, 67));
-    QCOMPARE(m_helper->hostNotFoundErrorTr(QStringLiteral("a.b")), QStringLiteral("Host a.b not found"));
-    QCOMPARE(m_helper->wsTimeout(), 60000);
-    QVERIFY(!m_helper->isTestMode());
-    QVERIFY(m_helper->aboutDialogContent().contains(QStringLiteral("Apache License")));
-    m_helper->setCurrentAuthor(QStringLiteral("Ann"));
-    QCOMPARE(m_file->getCurrentAuthor(), QStringLiteral("Ann"));
 }
 
 int main(int argc, char** argv) {

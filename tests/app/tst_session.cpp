@@ -9,7 +9,6 @@
 #include <QDirIterator>
 #include <QMessageBox>
 #include <QNetworkReply>
-#include <QQmlComponent>
 #include <QQmlContext>
 #include <QRegularExpression>
 #include <QTcpServer>
@@ -29,16 +28,11 @@ private slots:
     void noScreenReadsATextAsMarkUp();
     void nothingIsFetched();
     void messageBoxesShowTextsAsTheyStand();
-    void typesAreKnownByNameAndVersion_data();
-    void typesAreKnownByNameAndVersion();
-    void newerPropertiesOfBaseItemsAreReachable();
     void screensReachTheProgramByName();
     void everythingEndsInTheReverseOrder();
     void aSignalEndsInOrder();
 
 private:
-    QString problemOf(const QString& qml);
-
     KRNFile* m_file = nullptr;
 };
 
@@ -56,15 +50,6 @@ QObject* contextObject(Session& session, const char* name) {
 void tst_Session::initTestCase() {
     expectWarning("This plugin does not support application fonts");
     m_file = startup::setUp();
-}
-
-/// Why an element can't be made; empty when it can.
-QString tst_Session::problemOf(const QString& qml) {
-    QQmlEngine engine;
-    QQmlComponent component(&engine);
-    component.setData(qml.toUtf8(), QUrl());
-    const std::unique_ptr<QObject> made(component.isReady() ? component.create() : nullptr);
-    return made ? QString() : component.errorString();
 }
 
 void tst_Session::namesAreSet() {
@@ -122,43 +107,6 @@ void tst_Session::messageBoxesShowTextsAsTheyStand() {
     box.setText(QStringLiteral("<b>bold</b>"));
     box.ensurePolished();
     QCOMPARE(box.textFormat(), Qt::PlainText);
-}
-
-void tst_Session::typesAreKnownByNameAndVersion_data() {
-    QTest::addColumn<int>("minor");
-    const QVector<QPair<const char*, int>> types{
-        {"SourceHighlighter", 0},   {"KernovaTextEditBase", 2}, {"KernovaWindow", 2},
-        {"VariantListModel", 0},    {"KernovaQML", 0},          {"KernoProxyModel", 4},
-        {"KernoHierarchyModel", 4}, {"KernoOverlapModel", 4},   {"KernoShortcutKeyProxyModel", 4},
-        {"KernoComboBoxModel", 4},  {"SourceProxyModel", 4},    {"SourceTabs", 4},
-        {"MetadataKeyModel", 4},    {"MetadataValueModel", 4},  {"SourceMetadataModel", 4},
-        {"FetchMoreListModel", 4},  {"AnswerModel", 4},         {"SourceMetadataValueComboBoxModelProxy", 4}};
-    for (const auto& type : types)
-        QTest::newRow(type.first) << type.second;
-}
-
-void tst_Session::typesAreKnownByNameAndVersion() {
-    QFETCH(int, minor);
-    const QString qml = QStringLiteral("import Kernova 1.%1\n%2 {}");
-    const QString name = QString::fromLatin1(QTest::currentDataTag());
-    QCOMPARE(problemOf(qml.arg(minor).arg(name)), QString());
-    if (minor > 0)
-        QVERIFY(!problemOf(qml.arg(minor - 1).arg(name)).isEmpty());
-}
-
-void tst_Session::newerPropertiesOfBaseItemsAreReachable() {
-    QCOMPARE(
-        problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
-                                 "KernovaTextEditBase { selectByKeyboard: true; padding: 2; wrapMode: "
-                                 "TextEdit.Wrap; activeFocusOnTab: true; property var doc: textDocument }")),
-        QString());
-    QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
-                                      "KernovaWindow { property bool a: active; opacity: 0.5; "
-                                      "onWindowClosing: close.accepted = false; Item {} }")),
-             QString());
-    QCOMPARE(problemOf(QStringLiteral("import QtQuick 2.15\nimport Kernova 1.4\n"
-                                      "QtObject { property int o: KernovaQML.OrderDescending }")),
-             QString());
 }
 
 void tst_Session::screensReachTheProgramByName() {

@@ -83,6 +83,18 @@ qreal contrastIn(const QImage& picture, const QRect& place) {
     return best;
 }
 
+// What is meant to be mark-up says so, and is a text of our own; so is what stands in an empty field.
+bool mayBeReadAsMarkUp(const ShownText& text) {
+    if (text.item->property("textFormat").toInt() == Qt::PlainText ||
+        text.item->property("isMarkedUp").toBool())
+        return false;
+    for (const QQuickItem* parent = text.item; parent; parent = parent->parentItem()) {
+        if (parent->property("placeholderText").toString() == text.text)
+            return false;
+    }
+    return true;
+}
+
 bool isUsersOwn(const QString& text) {
     return text.contains(QLatin1Char('/')) || text.contains(QLatin1String("very long"));
 }
@@ -106,9 +118,7 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
         const ShownText& text = texts[i];
         const QRectF clip = clipOf(text.item);
         const QRect place = (text.drawn & clip).toAlignedRect() & picture.rect();
-        // What is read as mark-up says so, and then is a text of our own.
-        if (text.item->property("textFormat").toInt() != Qt::PlainText &&
-            !text.item->property("isMarkedUp").toBool())
+        if (mayBeReadAsMarkUp(text))
             tell(text, QStringLiteral("may be read as mark-up"));
         if (text.item->property("truncated").toBool() && !isUsersOwn(text.text))
             tell(text, QStringLiteral("is cut"));

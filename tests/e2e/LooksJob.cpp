@@ -163,7 +163,7 @@ bool LooksJob::lookAtSources() {
     QQuickItem* toggle = m_driver.itemNamed(QStringLiteral("toggleSources"));
     QQuickItem* memos = m_driver.itemNamed(QStringLiteral("memosToggle"));
     m_driver.click(toggle);
-    if (!shown(QStringLiteral("All Sources")) || !look(QStringLiteral("sources")))
+    if (!shown(QStringLiteral("All Sources")) || !look(QStringLiteral("sources")) || !filterSources())
         return false;
     m_driver.click(toggle);
     if (!gone(QStringLiteral("All Sources")))
@@ -172,6 +172,21 @@ bool LooksJob::lookAtSources() {
     const bool fine = look(QStringLiteral("memos"));
     m_driver.click(memos);
     return fine;
+}
+
+// The filter is an expression over the titles. It changes the list alone, and no tab.
+bool LooksJob::filterSources() {
+    QQuickItem* field = m_driver.itemNamed(QStringLiteral("sourceFilter"));
+    const auto rows = [&] { return m_driver.itemsOfType(QStringLiteral("SourceRow")).size(); };
+    const auto tabs = [&] { return m_driver.itemsOfType(QStringLiteral("TabShape")).size(); };
+    const int allRows = rows();
+    const int allTabs = tabs();
+    return expect(field && m_driver.fill(field, QStringLiteral("VIEW 7$")),
+                  QStringLiteral("the sources have no filter")) &&
+           until([&] { return rows() == 1; }, QStringLiteral("the filter leaves other sources")) &&
+           expect(tabs() == allTabs, QStringLiteral("a filtered list takes tabs away")) &&
+           m_driver.fill(field, QString()) &&
+           until([&] { return rows() == allRows; }, QStringLiteral("sources stay away"));
 }
 
 // Each is closed by Esc.

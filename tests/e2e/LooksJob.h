@@ -21,6 +21,7 @@ private:
     bool lookAtDialogs();
     bool lookAtOpening();
     bool lookAtSources();
+    bool filterSources();
     /// Takes a picture, and judges what is uppermost.
     bool look(const QString& name);
     /// Looks at the dialog that holds the text, and closes it by Esc.

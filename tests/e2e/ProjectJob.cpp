@@ -6,7 +6,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QQuickWindow>
 #include <QSettings>
+#include <algorithm>
 
 namespace {
 
@@ -36,7 +38,7 @@ bool ProjectJob::play(const QString& run) {
         return unlock();
     if (run == QLatin1String("structured"))
         return makeStructured() && importByMarkers() && goThroughQuestions();
-    return tidyRecent() && refuseBroken() && openEleventh();
+    return tidyRecent() && refuseBroken() && openEleventh() && signOut();
 }
 
 bool ProjectJob::startNew() {
@@ -205,4 +207,23 @@ bool ProjectJob::openEleventh() {
                !paths.contains(path(QStringLiteral("gone-10.krn")));
     };
     return until(dropped, QStringLiteral("the eleventh project does not drop the tenth from the list"));
+}
+
+// Nothing of the project is left on the window.
+bool ProjectJob::signOut() {
+    const auto title = [&] { return m_driver.mainWindow()->title(); };
+    if (!until([&] { return title().endsWith(QLatin1String("eleventh.krn")); },
+               QStringLiteral("the title does not name the project")) ||
+        !click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
+        !shown(QStringLiteral("Open Selected")))
+        return false;
+    const QList<QQuickItem*> buttons = m_driver.itemsOfType(QStringLiteral("IconButton"));
+    const auto leave = std::find_if(buttons.cbegin(), buttons.cend(), [](const QQuickItem* button) {
+        return button->property("icon") == QStringLiteral("sign-out");
+    });
+    return expect(leave != buttons.cend() && m_driver.click(*leave),
+                  QStringLiteral("there is no way to sign out")) &&
+           shown(QStringLiteral("Sign In")) &&
+           until([&] { return !title().contains(QLatin1String(".krn")); },
+                 QStringLiteral("the title keeps a project that is closed"));
 }

@@ -21,6 +21,7 @@ private:
     bool tidyRecent();
     bool refuseBroken();
     bool openEleventh();
+    bool signOut();
 
     /// Opens the new mode of the open dialog and names the author.
     bool startNew();

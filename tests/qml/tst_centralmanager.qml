@@ -31,18 +31,9 @@ TestCase {
         return object
     }
 
-    function test_sizes() {
-        compare(CentralManager.canvasBaseHeight, 525)
-        verify(CentralManager.lineHeight > 8 && CentralManager.lineHeight < 40)
-        compare(Units.dp(10) >= 10, true)
-    }
-
     function test_autopositions_data() {
         return [
-            { tag: "1 of 1", index: 0, count: 1, x: 350, y: 262.5 },
-            { tag: "3 of 3", index: 2, count: 3, x: 350, y: 420 },
             { tag: "5 of 7", index: 4, count: 7, x: 455, y: 262.5 },
-            { tag: "12 of 12", index: 11, count: 12, x: 560, y: 446.25 },
             { tag: "1 of 13", index: 0, count: 13, x: 56, y: 42 },
             // 3 rows of 5
             { tag: "7 of 13", index: 6, count: 13, x: 126 + 56, y: 157.5 + 42 },
@@ -155,16 +146,19 @@ TestCase {
         compare(locks.count, 2)
     }
 
-    function test_newKernoOpensItsPreferences() {
-        krnFile.newKernoAdded(12)
-        compare(CentralManager.showPreferencesDialogForKerno, 12)
-        CentralManager.showPreferencesDialogForKerno = -1
-    }
-
     function test_countsFollowHighlights() {
         krnFile.highlightsUpdated(1, 1)
         compare([CentralManager.totalNumberOfHighlights, CentralManager.maxNumberOfHighlights], [12, 5])
         fuzzyCompare(CentralManager.kernoScaleHighlightFactor(5), 1.5, 1e-9)
+    }
+
+    function test_oneSelectionIsEnough() {
+        CentralManager.countSelection(true)
+        CentralManager.countSelection(true)
+        CentralManager.countSelection(false)
+        compare(CentralManager.hasUserSelectedText, true)
+        CentralManager.countSelection(false)
+        compare(CentralManager.hasUserSelectedText, false)
     }
 
     function test_hoverTellsTheTooltipOrElseTheLabel() {

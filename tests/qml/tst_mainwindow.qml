@@ -62,14 +62,6 @@ TestCase {
         tryCompare(window, "blocked", false)
     }
 
-    function test_bothThemes() {
-        CentralManager.darkTheme = false
-        compare(String(ApplicationStyle.canvas_background_color), "#dcdcff")
-        compare(String(ApplicationStyle.highlights_bar_color), "#d1d1d1ff")
-        CentralManager.darkTheme = true
-        compare(String(ApplicationStyle.canvas_background_color), "#0f1140")
-    }
-
     function test_theColumnWidensForMemos() {
         var screen = window.mainWindowStack.currentItem
         window.width = 1400

@@ -33,7 +33,6 @@ private slots:
     void aRunningRequestForRepaintingServesAll();
     void aDisabledPainterTakesItsColoursAway();
     void anAnswerWithoutIdsIsForgotten();
-    void theLineHeightIsTheModels();
 
 private:
     QTextDocument* document() const { return m_edit->textDocument()->textDocument(); }
@@ -250,14 +249,6 @@ void tst_KernovaTextEdit::anAnswerWithoutIdsIsForgotten() {
     m_edit->rehighlight();
     m_edit->highlighter()->rehighlight();
     QCOMPARE(painted(), QStringLiteral("..........|.........."));
-}
-
-void tst_KernovaTextEdit::theLineHeightIsTheModels() {
-    QSignalSpy changed(m_edit.get(), &KernovaTextEdit::lineHeightChanged);
-    m_edit->setLineHeight(17.5);
-    m_edit->setLineHeight(17.5);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(highlights()->lineHeight(), 17.5);
 }
 
 KERNOVA_GUI_TEST_MAIN(tst_KernovaTextEdit)
