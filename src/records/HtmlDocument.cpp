@@ -1,18 +1,27 @@
 #include "records/HtmlDocument.h"
 
 #include "records/HtmlCharacters.h"
+#include "records/HtmlDepth.h"
 
 #include <QSet>
+#include <QThread>
 #include <algorithm>
 #include <gumbo.h>
+#include <memory>
 
 namespace {
 
+// Each tag of the parser costs time with the depth that it stands in, so a text that nests deeper is refused.
+constexpr int maxDepth = 20000;
+
+// The parser's clean-up recurses, and a text can nest deeper than the estimate says. One with tags enough to
+// matter is parsed on a stack that would hold all of them.
+constexpr uint stackAtLeast = 1u << 20;
+constexpr uint stackPerLevel = 512;
+constexpr int mostLevels = 4000000;
+
 const QString bodyTag = QStringLiteral("body");
 const QString breakTag = QStringLiteral("br");
-
-// The parser's clean-up recurses, so the depth of a foreign text is bounded before it is parsed.
-constexpr int maxOpenTags = 20000;
 
 bool isBlock(const QString& tag) {
     static const QSet<QString> blocks{
@@ -21,17 +30,6 @@ bool isBlock(const QString& tag) {
         QStringLiteral("h5"),      QStringLiteral("h6"),         QStringLiteral("hr"), QStringLiteral("li"),
         QStringLiteral("p")};
     return blocks.contains(tag);
-}
-
-bool isVoid(const QString& tag) {
-    static const QSet<QString> voids{
-        QStringLiteral("area"),    QStringLiteral("base"),  QStringLiteral("basefont"),
-        QStringLiteral("bgsound"), QStringLiteral("br"),    QStringLiteral("col"),
-        QStringLiteral("embed"),   QStringLiteral("frame"), QStringLiteral("hr"),
-        QStringLiteral("img"),     QStringLiteral("input"), QStringLiteral("keygen"),
-        QStringLiteral("link"),    QStringLiteral("meta"),  QStringLiteral("param"),
-        QStringLiteral("source"),  QStringLiteral("track"), QStringLiteral("wbr")};
-    return voids.contains(tag);
 }
 
 bool holdsRawText(const QString& tag) {
@@ -74,24 +72,29 @@ void appendEscaped(QString& out, const QString& text, bool attribute) {
     }
 }
 
-bool nestsTooDeep(const QByteArray& html) {
-    int open = 0;
-    int deepest = 0;
-    for (int at = html.indexOf('<'); at >= 0; at = html.indexOf('<', at + 1)) {
-        open += at + 1 < html.size() && html.at(at + 1) == '/' ? -1 : 1;
-        deepest = std::max(deepest, open);
-    }
-    return deepest > maxOpenTags;
-}
-
 }  // namespace
 
 /// Walks a parsed tree, without recursion, into the parts of a document.
 class HtmlReader {
 public:
     static bool read(const QByteArray& html, QVector<HtmlDocument::Part>& parts) {
-        if (nestsTooDeep(html))
+        const htmldepth::Estimate depth = htmldepth::estimate(html, maxDepth);
+        if (depth.open > maxDepth)
             return false;
+        if (depth.tags <= maxDepth) {
+            parse(html, parts);
+            return true;
+        }
+        const auto parser = std::unique_ptr<QThread>(QThread::create([&] { parse(html, parts); }));
+        parser->setStackSize(stackAtLeast +
+                             static_cast<uint>(std::min(depth.tags, mostLevels)) * stackPerLevel);
+        parser->start();
+        parser->wait();
+        return true;
+    }
+
+private:
+    static void parse(const QByteArray& html, QVector<HtmlDocument::Part>& parts) {
         GumboOutput* output = gumbo_parse_with_options(&kGumboDefaultOptions, html.constData(),
                                                        static_cast<size_t>(html.size()));
         const GumboDocument& document = output->document->v.document;
@@ -100,10 +103,8 @@ public:
         for (unsigned i = 0; i < document.children.length; ++i)
             readTree(static_cast<const GumboNode*>(document.children.data[i]), parts);
         gumbo_destroy_output(&kGumboDefaultOptions, output);
-        return true;
     }
 
-private:
     struct Open {
         const GumboNode* node;
         unsigned next;
@@ -284,7 +285,7 @@ QString HtmlDocument::serialized() const {
             raw = holdsRawText(part.text);
             break;
         case Kind::Close:
-            if (!isVoid(part.text))
+            if (!htmldepth::isVoid(part.text.toUtf8()))
                 out += QLatin1String("</") + part.text + QLatin1Char('>');
             raw = false;
             break;
