@@ -36,9 +36,9 @@ ImportSourceCommand::ImportSourceCommand(const QString& sourceTitle, const QVari
 }
 
 void ImportSourceCommand::importWholeText(const QString& sourceTitle, const QString& text) {
-    const int sourceId = IdManager::instance()->nextSourceId();
     const int questionId = IdManager::instance()->maxQuestionId();
-    if (questionId < 1) {
+    const int sourceId = questionId < 1 ? 0 : IdManager::instance()->nextSourceId();
+    if (sourceId < 1) {
         invalidate();
         return;
     }
@@ -48,6 +48,10 @@ void ImportSourceCommand::importWholeText(const QString& sourceTitle, const QStr
 
 void ImportSourceCommand::importPairs(const QVariantList& pairs) {
     const int sourceId = IdManager::instance()->nextSourceId();
+    if (sourceId < 1) {
+        invalidate();
+        return;
+    }
     addSource(sourceId, QString());
 
     QStringList questions;
@@ -62,6 +66,8 @@ void ImportSourceCommand::importPairs(const QVariantList& pairs) {
 
     QList<Question> all = file()->questionListModel()->snapshot();
     all.append(addMissingQuestions(questions));
+    if (!isValid())
+        return;
     QList<Question> unanswered = all;
     QList<int> answerIds = IdManager::instance()->nextAnswerIds(unanswered.size());
     if (answerIds.size() < unanswered.size()) {

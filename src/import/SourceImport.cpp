@@ -4,6 +4,7 @@
 #include "import/ImportSourceCommand.h"
 #include "import/QuestionParser.h"
 #include "import/TextFile.h"
+#include "link/DataHelper.h"
 #include "project/KRNFile.h"
 #include "undo/UndoManager.h"
 
@@ -33,7 +34,8 @@ bool SourceImport::save(const QString& sourceTitle, const QVariantList& question
         qCDebug(logFileImport) << "Cannot save imported questions. Empty list passed!";
         return false;
     }
-    return m_undoManager->push(new ImportSourceCommand(sourceTitle, questions, m_krnFile));
+    return m_undoManager->perform(
+        [&] { return std::make_unique<ImportSourceCommand>(sourceTitle, questions, m_krnFile); });
 }
 
 int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionMarker,
@@ -41,6 +43,7 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
     QProgressDialog progress(tr("Importing sources..."), tr("Cancel"), 0, files.size());
     progress.setWindowModality(Qt::WindowModal);
     m_undoManager->beginMacro(tr("Batch Import Sources"));
+    const QJsonObject project = m_krnFile->currentProject();
     int imported = 0;
     const auto cancelled = [&progress] { return progress.wasCanceled(); };
     for (const QUrl& file : files) {
@@ -50,8 +53,12 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
             break;
         const QVariantList pairs = pairsOfFile(file, questionMarker, answerMarker, false, cancelled);
         QCoreApplication::processEvents();
-        if (save(textfile::titleFor(file), pairs))
+        if (m_krnFile->currentProject() != project)
+            break;
+        if (save(textfile::titleFor(file), pairs)) {
             ++imported;
+            awaitNotifications();
+        }
         QCoreApplication::processEvents();
     }
     m_undoManager->endMacro();
@@ -62,6 +69,12 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
                                  QMessageBox::Ok);
     }
     return imported;
+}
+
+// The questions that the next file adds are given to the sources that the models have. A service answers
+// after it has told what it stored before.
+void SourceImport::awaitNotifications() const {
+    m_krnFile->dataHelper()->maxId(wire::word(wire::Record::Source), false);
 }
 
 int SourceImport::importFolder(const QUrl& folder, const QString& questionMarker, const QString& answerMarker,

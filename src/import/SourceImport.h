@@ -43,6 +43,9 @@ public:
     void importChosen(bool selectWholeFolder) const;
 
 private:
+    /// Returns when all that was sent has been stored and its notifications wait in the event loop.
+    void awaitNotifications() const;
+
     UndoManager* m_undoManager;
     KRNFile* m_krnFile;
 };

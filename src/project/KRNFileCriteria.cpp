@@ -1,11 +1,12 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
 #include "models/QuestionModel.h"
 #include "models/SourceModel.h"
 #include "project/PassageRanges.h"
+#include "project/Places.h"
 #include "project/QueryCriterion.h"
 #include "project/QueryRecords.h"
-#include "link/DataHelper.h"
 
 #include <QDebug>
 #include <algorithm>
@@ -22,32 +23,6 @@ QList<QueryCriterion> validCriteria(const QVariantList& maps) {
             qDebug() << "Invalid criterion:" << map;
     }
     return valid;
-}
-
-using Place = QPair<int, int>;  ///< source and question
-
-/// The highlights by place, each list in the one order of highlights, equal ones by id.
-QHash<Place, QList<Highlight>> byPlace(QList<Highlight> highlights) {
-    std::sort(highlights.begin(), highlights.end(), [](const Highlight& a, const Highlight& b) {
-        if (highlightLessThan(a, b) || highlightLessThan(b, a))
-            return highlightLessThan(a, b);
-        return a.highlightId() < b.highlightId();
-    });
-    QHash<Place, QList<Highlight>> places;
-    for (const Highlight& highlight : qAsConst(highlights))
-        places[{highlight.sourceId(), highlight.questionId()}].append(highlight);
-    return places;
-}
-
-/// Every pair of a source and a question, in the order of the lists.
-QList<Place> allPlaces(const SourceModel& sources, const QuestionModel& questions) {
-    QList<Place> places;
-    const QList<Question> questionList = questions.snapshot();
-    for (const Source& source : sources.snapshot()) {
-        for (const Question& question : questionList)
-            places.append({source.sourceId(), question.questionId()});
-    }
-    return places;
 }
 
 /// A passage as screens show it: the record's fields, and what the record looks up.

@@ -2,7 +2,6 @@
 
 #include <QDateTime>
 #include <QUndoCommand>
-#include <QVariant>
 
 class BatchOperationManager;
 class KRNFile;
@@ -20,15 +19,8 @@ public:
     /// whole.
     bool isValid() const;
 
-    /// The id of the record that the command is about; invalid when it has none.
-    QVariant data() const { return m_data; }
-
 protected:
     void invalidate() { m_valid = false; }
-    void setData(const QVariant& data) { m_data = data; }
-    /// Working memory for subclasses.
-    QVariantMap& state() { return m_state; }
-
     KRNFile* file() const { return m_file; }
     BatchOperationManager* batches() const;
     bool hasParent() const { return m_hasParent; }
@@ -44,6 +36,4 @@ private:
     KRNFile* m_file;
     bool m_hasParent;
     bool m_valid = true;
-    QVariant m_data;
-    QVariantMap m_state;
 };

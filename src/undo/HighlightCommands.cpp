@@ -1,7 +1,8 @@
 #include "undo/HighlightCommands.h"
 
-#include "project/KRNFile.h"
 #include "link/IdManager.h"
+#include "project/KRNFile.h"
+#include "undo/Dependants.h"
 #include "undo/HighlightMerge.h"
 
 #include <QDebug>
@@ -27,9 +28,13 @@ AddHighlightCommand::AddHighlightCommand(const Highlight& highlight, KRNFile* fi
 // The author compared is the one of the record that was passed in: a screen's record has none yet, and so
 // joins only with highlights that have none.
 void AddHighlightCommand::merge(Highlight& added) {
-    const QList<Highlight> existing =
-        file()->highlightsOfKerno(added.kernoId(), added.sourceId(), added.questionId());
-    const coding::Addition addition = coding::add(existing, {added.start(), added.end()}, added.author());
+    const auto existing =
+        dependants::highlightsOfKerno(*file(), added.kernoId(), added.sourceId(), added.questionId());
+    if (!existing) {
+        invalidate();
+        return;
+    }
+    const coding::Addition addition = coding::add(*existing, {added.start(), added.end()}, added.author());
     if (addition.alreadyCoded) {
         invalidate();
         return;

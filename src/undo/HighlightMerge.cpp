@@ -40,11 +40,4 @@ QList<Highlight> joinOverlapping(QList<Highlight> highlights) {
     return joined;
 }
 
-QHash<Place, QList<Highlight>> byPlace(const QList<Highlight>& highlights) {
-    QHash<Place, QList<Highlight>> places;
-    for (const Highlight& h : highlights)
-        places[{h.sourceId(), h.questionId()}].append(h);
-    return places;
-}
-
 }  // namespace coding

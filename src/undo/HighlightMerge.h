@@ -2,15 +2,11 @@
 
 #include "records/Highlight.h"
 
-#include <QHash>
 #include <QList>
 #include <QPair>
 
 /// What becomes of passages of one kerno that meet. Values in, values out.
 namespace coding {
-
-/// A source and a question: where an answer lies.
-using Place = QPair<int, int>;
 
 /// What coding a new passage does to the passages that its kerno already has in the same answer.
 struct Addition {
@@ -26,8 +22,5 @@ Addition add(const QList<Highlight>& existing, const QPair<int, int>& range, con
 /// The highlights in reading order with every run of overlapping ones joined into its first. Touching ones
 /// stay apart. The result keeps the first one's id and author; the records given are not changed.
 QList<Highlight> joinOverlapping(QList<Highlight> highlights);
-
-/// The highlights by place, each list in the order given.
-QHash<Place, QList<Highlight>> byPlace(const QList<Highlight>& highlights);
 
 }  // namespace coding

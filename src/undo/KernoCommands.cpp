@@ -4,6 +4,7 @@
 #include "models/KernoModel.h"
 #include "models/KernoShortcutKeyModel.h"
 #include "project/KRNFile.h"
+#include "undo/Dependants.h"
 #include "undo/HighlightCommands.h"
 #include "undo/KernoBatch.h"
 
@@ -41,15 +42,40 @@ DeleteKernoCommand::DeleteKernoCommand(int kernoId, KRNFile* file, QUndoCommand*
     : RecordCommand(Does::Remove, file, parent) {
     if (!takeStored(kernoId))
         return;
-    if (cascade == Cascade::All) {
-        for (const Kerno& below : file->kernoModel()->childrenOf(kernoId))
-            new DeleteKernoCommand(below.id(), file, this);
+    QSet<int> deleted;
+    if (cascade == Cascade::All)
+        addBelow(deleted);
+    addDependants();
+}
+
+DeleteKernoCommand::DeleteKernoCommand(int kernoId, KRNFile* file, QUndoCommand* parent, QSet<int>& deleted)
+    : RecordCommand(Does::Remove, file, parent) {
+    if (!takeStored(kernoId))
+        return;
+    addBelow(deleted);
+    addDependants();
+}
+
+void DeleteKernoCommand::addBelow(QSet<int>& deleted) {
+    deleted.insert(record().id());
+    for (const Kerno& below : file()->kernoModel()->childrenOf(record().id())) {
+        if (!deleted.contains(below.id()))
+            new DeleteKernoCommand(below.id(), file(), this, deleted);
     }
-    new BatchDeleteHighlightsCommand(file->highlightsOfKerno(kernoId), file, this);
-    for (const KernoGroup& link : file->kernoGroupModel()->linksOfKerno(kernoId))
-        new DeleteKernoGroupCommand(link, file, this);
-    for (const KernoShortcutKey& key : file->shortcutKeyModel()->keysOfKerno(kernoId))
-        new DeleteKernoShortcutKeyCommand(key, file, this);
+}
+
+void DeleteKernoCommand::addDependants() {
+    const int id = record().id();
+    const auto highlights = dependants::highlightsOfKerno(*file(), id);
+    if (!highlights) {
+        invalidate();
+        return;
+    }
+    new BatchDeleteHighlightsCommand(*highlights, file(), this);
+    for (const KernoGroup& link : file()->kernoGroupModel()->linksOfKerno(id))
+        new DeleteKernoGroupCommand(link, file(), this);
+    for (const KernoShortcutKey& key : file()->shortcutKeyModel()->keysOfKerno(id))
+        new DeleteKernoShortcutKeyCommand(key, file(), this);
 }
 
 void DeleteKernoCommand::run(bool forward) {

@@ -33,6 +33,12 @@ public:
 
 protected:
     void run(bool forward) override;
+
+private:
+    /// `deleted` has the kernos that the whole change deletes already: the parents may run in a circle.
+    DeleteKernoCommand(int kernoId, KRNFile* file, QUndoCommand* parent, QSet<int>& deleted);
+    void addBelow(QSet<int>& deleted);
+    void addDependants();
 };
 
 using AddKernoGroupCommand = AddRecordCommand<KernoGroup>;

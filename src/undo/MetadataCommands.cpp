@@ -5,9 +5,9 @@
 #include "models/SourceMetadataModel.h"
 #include "models/SourceMetadataValueModel.h"
 #include "project/KRNFile.h"
-#include "link/IdManager.h"
 
 #include <QDebug>
+#include <algorithm>
 
 DeleteMetadataKeyCommand::DeleteMetadataKeyCommand(int keyId, KRNFile* file, QUndoCommand* parent)
     : RecordCommand(Does::Remove, file, parent) {
@@ -57,8 +57,20 @@ AdvancedAddMetadataCommand::AdvancedAddMetadataCommand(const QString& inlineKey,
     : FileManipulationCommand(file, parent) {
     qDebug() << "init";
     const SourceMetadataKey key = keyFor(inlineKey);
+    if (!isUsable(key)) {
+        invalidate();
+        return;
+    }
+    QList<SourceMetadataValue> values;
     for (const QVariant& text : inlineValues) {
-        const SourceMetadataValue value = valueFor(key.id(), text);
+        const auto isSame = [&text](const SourceMetadataValue& value) { return value.value() == text; };
+        if (std::none_of(values.cbegin(), values.cend(), isSame))
+            values.append(valueFor(key.id(), text));
+    }
+    // A property of one value keeps the last.
+    if (!key.multipleChoice())
+        values = values.mid(values.size() - 1);
+    for (const SourceMetadataValue& value : qAsConst(values)) {
         if (sourceId > 0 && !file->metadataModel()->hasLink(key.id(), value.id(), sourceId))
             newGiveMetadataCommand(key, value, sourceId, file, this);
     }
@@ -71,18 +83,14 @@ SourceMetadataKey AdvancedAddMetadataCommand::keyFor(const QString& name) {
         if (key.key() == name)
             return key;
     }
-    const SourceMetadataKey key(IdManager::instance()->nextSourceMetadataKeyId(), false, false, name);
-    new AddMetadataKeyCommand(key, file(), this);
-    return key;
+    return (new AddMetadataKeyCommand(SourceMetadataKey(-1, false, false, name), file(), this))->record();
 }
 
 SourceMetadataValue AdvancedAddMetadataCommand::valueFor(int keyId, const QVariant& text) {
-    SourceMetadataValue value = file()->metadataValueModel()->findValue(keyId, text);
+    const SourceMetadataValue value = file()->metadataValueModel()->findValue(keyId, text);
     if (isUsable(value))
         return value;
-    value = SourceMetadataValue(IdManager::instance()->nextSourceMetadataValueId(), keyId, text);
-    new AddMetadataValueCommand(value, file(), this);
-    return value;
+    return (new AddMetadataValueCommand(SourceMetadataValue(-1, keyId, text), file(), this))->record();
 }
 
 void AdvancedAddMetadataCommand::run(bool forward) {

@@ -1,36 +1,37 @@
 #include "undo/RecodingCommands.h"
 
-#include "models/KernoModel.h"
-#include "models/QuestionModel.h"
-#include "models/SourceModel.h"
-#include "project/KRNFile.h"
 #include "link/IdManager.h"
+#include "models/KernoModel.h"
+#include "project/KRNFile.h"
+#include "undo/Dependants.h"
 #include "undo/HighlightCommands.h"
+#include "undo/HighlightMerge.h"
 #include "undo/KernoBatch.h"
 #include "undo/KernoCommands.h"
 
 #include <QCoreApplication>
 
-QList<coding::Place> RecodingCommand::places() const {
-    const QList<Source> sources = file()->sourceModel()->snapshot();
-    const QList<Question> questions = file()->questionListModel()->snapshot();
-    QList<coding::Place> places;
-    places.reserve(sources.size() * questions.size());
-    for (const Source& source : sources) {
-        for (const Question& question : questions)
-            places.append({source.id(), question.id()});
+QList<Highlight> RecodingCommand::rewritten(const QList<Highlight>& highlights, const Rewriting& rewrite) {
+    const QHash<Place, QList<Highlight>> found = byPlace(highlights);
+    QList<Highlight> all;
+    for (const Place& place : allPlaces(*file()->sourceModel(), *file()->questionListModel())) {
+        const QList<Highlight> here = rewrite(found.value(place));
+        if (here.isEmpty())
+            continue;
+        m_affectedPairs.append(place);
+        all += here;
     }
-    return places;
+    return all;
 }
 
 void RecodingCommand::run(bool forward) {
-    for (const coding::Place& place : qAsConst(m_affectedPairs))
+    for (const Place& place : qAsConst(m_affectedPairs))
         batches()->startHighlightBatch(place.first, place.second);
     {
         const KernoBatch batch(batches());
         forward ? redoChildren() : undoChildren();
     }
-    for (const coding::Place& place : qAsConst(m_affectedPairs))
+    for (const Place& place : qAsConst(m_affectedPairs))
         batches()->finishHighlightBatch(place.first, place.second);
 }
 
@@ -41,13 +42,22 @@ MergeKernosCommand::MergeKernosCommand(int kernoId1, int kernoId2, const QString
     : RecodingCommand(file, parent) {
     const Kerno first = file->kerno(kernoId1);
     const Kerno second = file->kerno(kernoId2);
-    if (first.id() < 1 || second.id() < 1 || first.id() == second.id()) {
+    const bool areTwo = first.id() >= 1 && second.id() >= 1 && first.id() != second.id();
+    const auto firsts = areTwo ? dependants::highlightsOfKerno(*file, kernoId1) : std::nullopt;
+    const auto seconds = firsts ? dependants::highlightsOfKerno(*file, kernoId2) : std::nullopt;
+    const int mergedId = seconds ? IdManager::instance()->nextKernoId() : 0;
+    if (mergedId < 1) {
         invalidate();
         return;
     }
+    Kerno merged(second);
+    merged.setKernoId(mergedId);
+    merged.setParentKernoId(parentOfMerged(first, second));
+    merged.setTitle(newName);
+    QList<Highlight> highlights = rewritten(*firsts + *seconds, coding::joinOverlapping);
+    for (Highlight& highlight : highlights)
+        highlight.setKernoId(mergedId);
     const QList<Kerno> below = kernosBelow(kernoId1, kernoId2);
-    const Kerno merged = mergedRecord(first, second, newName);
-    const QList<Highlight> highlights = mergedHighlights(kernoId1, kernoId2, merged.id());
 
     using Cascade = DeleteKernoCommand::Cascade;
     new DeleteKernoCommand(kernoId1, file, this, Cascade::KeepBelow);
@@ -55,25 +65,24 @@ MergeKernosCommand::MergeKernosCommand(int kernoId1, int kernoId2, const QString
     new AddKernoCommand(merged, file, this);
     new BatchCreateHighlightsCommand(highlights, file, this);
     for (Kerno kerno : below) {
-        kerno.setParentKernoId(merged.id());
+        kerno.setParentKernoId(mergedId);
         new UpdateKernoCommand(kerno, file, this);
     }
 }
 
-Kerno MergeKernosCommand::mergedRecord(const Kerno& first, const Kerno& second,
-                                       const QString& newName) const {
-    Kerno merged(second);
-    merged.setKernoId(IdManager::instance()->nextKernoId());
-    merged.setTitle(newName);
-    // Where the second lay below the first, the way up to it vanishes with the first.
-    QSet<int> seen;
-    for (int id = second.parentKernoId(); id > 0 && !seen.contains(id);
-         id = file()->kerno(id).parentKernoId()) {
+// Where the second lay below the first, the way up to it vanishes with the first. Parents in a circle lead
+// nowhere: the merged kerno stands on top then, where it can be seen.
+int MergeKernosCommand::parentOfMerged(const Kerno& first, const Kerno& second) const {
+    int parent = second.parentKernoId();
+    QSet<int> seen{second.id()};
+    for (int id = parent; id > 0; id = file()->kerno(id).parentKernoId()) {
+        if (seen.contains(id))
+            return -1;
         seen.insert(id);
         if (id == first.id())
-            merged.setParentKernoId(first.parentKernoId());
+            parent = first.parentKernoId();
     }
-    return merged;
+    return parent;
 }
 
 QList<Kerno> MergeKernosCommand::kernosBelow(int kernoId1, int kernoId2) const {
@@ -87,54 +96,31 @@ QList<Kerno> MergeKernosCommand::kernosBelow(int kernoId1, int kernoId2) const {
     return below;
 }
 
-QList<Highlight> MergeKernosCommand::mergedHighlights(int kernoId1, int kernoId2, int mergedId) {
-    const auto firsts = coding::byPlace(file()->highlightsOfKerno(kernoId1));
-    const auto seconds = coding::byPlace(file()->highlightsOfKerno(kernoId2));
-    QList<Highlight> all;
-    for (const coding::Place& place : places()) {
-        const QList<Highlight> joined = coding::joinOverlapping(firsts.value(place) + seconds.value(place));
-        if (joined.isEmpty())
-            continue;
-        addAffected(place);
-        all += joined;
-    }
-    for (Highlight& highlight : all)
-        highlight.setKernoId(mergedId);
-    return all;
-}
-
+// The copies have no id yet: the batch command reserves one for each, so that it can take them back.
 DuplicateKernoCommand::DuplicateKernoCommand(int kernoId, KRNFile* file, QUndoCommand* parent)
     : RecodingCommand(file, parent) {
     Kerno kerno = file->kerno(kernoId);
-    if (!isUsable(kerno)) {
+    const auto originals = isUsable(kerno) ? dependants::highlightsOfKerno(*file, kernoId) : std::nullopt;
+    if (!originals) {
         invalidate();
         return;
     }
-    kerno.setKernoId(IdManager::instance()->nextKernoId());
+    kerno.setKernoId(-1);
     kerno.setParentKernoId(-1);
     kerno.setTitle(QStringLiteral("%1 %2").arg(
         kerno.title(), QCoreApplication::translate("DuplicateKernoCommand", "Duplicate")));
     kerno.setColor(QColor());
-    const QList<Highlight> highlights = copiedHighlights(kernoId, kerno.id());
-    new AddKernoCommand(kerno, file, this);
-    new BatchCreateHighlightsCommand(highlights, file, this);
-}
-
-// The copies have no id yet: the batch command reserves one for each, so that it can take them back.
-QList<Highlight> DuplicateKernoCommand::copiedHighlights(int kernoId, int copyId) {
-    const auto originals = coding::byPlace(file()->highlightsOfKerno(kernoId));
-    QList<Highlight> copies;
-    for (const coding::Place& place : places()) {
-        const QList<Highlight> here = originals.value(place);
-        if (here.isEmpty())
-            continue;
-        addAffected(place);
-        for (const Highlight& original : here) {
-            Highlight copy = ownCopy(original);
-            copy.setHighlightId(0);
-            copy.setKernoId(copyId);
-            copies.append(copy);
+    const auto* const added = new AddKernoCommand(kerno, file, this);
+    if (!added->isValid())
+        return;
+    const int copyId = added->record().id();
+    const auto copied = [copyId](QList<Highlight> highlights) {
+        for (Highlight& highlight : highlights) {
+            highlight.detach();
+            highlight.setHighlightId(0);
+            highlight.setKernoId(copyId);
         }
-    }
-    return copies;
+        return highlights;
+    };
+    new BatchCreateHighlightsCommand(rewritten(*originals, copied), file, this);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "project/Places.h"
 #include "records/Kerno.h"
 #include "undo/FileManipulationCommand.h"
-#include "undo/HighlightMerge.h"
+
+#include <functional>
 
 /// Base of commands that write the codings of whole kernos anew, over many answers. Listeners keep quiet
 /// while it runs, and each answer's highlights are announced once afterwards.
@@ -14,14 +16,15 @@ public:
 protected:
     RecodingCommand(KRNFile* file, QUndoCommand* parent) : FileManipulationCommand(file, parent) {}
 
-    /// The answers of the project, source by source, each in the order of the questions.
-    QList<coding::Place> places() const;
-    void addAffected(const coding::Place& place) { m_affectedPairs.append(place); }
+    using Rewriting = std::function<QList<Highlight>(const QList<Highlight>&)>;
+    /// What `rewrite` makes of the highlights of each answer, in the order of sources and questions; the
+    /// answers that have some are those that are announced.
+    QList<Highlight> rewritten(const QList<Highlight>& highlights, const Rewriting& rewrite);
 
 private:
     void run(bool forward);
 
-    QList<coding::Place> m_affectedPairs;
+    QList<Place> m_affectedPairs;
 };
 
 /// Puts a new kerno in the place of two: it takes over the codings of both, those that overlap joined, and
@@ -33,16 +36,12 @@ public:
                        QUndoCommand* parent = nullptr);
 
 private:
-    Kerno mergedRecord(const Kerno& first, const Kerno& second, const QString& newName) const;
+    int parentOfMerged(const Kerno& first, const Kerno& second) const;
     QList<Kerno> kernosBelow(int kernoId1, int kernoId2) const;
-    QList<Highlight> mergedHighlights(int kernoId1, int kernoId2, int mergedId);
 };
 
 /// Adds a copy of a kerno at the top level, with copies of all its codings.
 class DuplicateKernoCommand : public RecodingCommand {
 public:
     DuplicateKernoCommand(int kernoId, KRNFile* file, QUndoCommand* parent = nullptr);
-
-private:
-    QList<Highlight> copiedHighlights(int kernoId, int copyId);
 };

@@ -35,7 +35,6 @@ protected:
     /// which.
     bool take(const T& record) {
         m_record = ownCopy(record);
-        setData(m_record.id());
         const bool usable = isUsable(m_record);
         if (!usable)
             invalidate();
@@ -43,10 +42,7 @@ protected:
     }
 
     /// The same with a record that the project is asked for.
-    bool takeStored(const typename T::Key& key) {
-        setData(key);
-        return take(factsOf<T>().stored(*file(), key));
-    }
+    bool takeStored(const typename T::Key& key) { return take(factsOf<T>().stored(*file(), key)); }
 
     virtual void run(bool forward) {
         const bool childrenNow = (m_order == Order::ChildrenFirst) == forward;
@@ -97,7 +93,6 @@ public:
     IModelUpdateFileManipulationCommand(const T& model, KRNFile* file, QUndoCommand* parent = nullptr)
         : FileManipulationCommand(file, parent), m_newModel(ownCopy(model)),
           m_oldModel(ownCopy(factsOf<T>().stored(*file, model.id()))) {
-        setData(m_newModel.id());
         if (!isUsable(m_newModel) || !isUsable(m_oldModel) || m_newModel.equals(m_oldModel))
             invalidate();
     }

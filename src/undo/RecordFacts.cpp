@@ -1,18 +1,20 @@
 #include "undo/RecordFacts.h"
 
+#include "link/IdManager.h"
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
 #include "models/KernoShortcutKeyModel.h"
 #include "models/SourceMetadataModel.h"
 #include "models/SourceMetadataValueModel.h"
 #include "project/KRNFile.h"
-#include "link/IdManager.h"
 
 namespace {
 
 template <typename T> void assignId(T& record, void (T::*setId)(int), int (IdManager::*nextId)()) {
-    if (record.id() < 1)
-        (record.*setId)((IdManager::instance()->*nextId)());
+    if (record.id() >= 1)
+        return;
+    (record.*setId)(1);
+    (record.*setId)(isUsable(record) ? (IdManager::instance()->*nextId)() : 0);
 }
 
 }  // namespace

@@ -12,7 +12,8 @@ template <typename T> struct RecordFacts {
     void (*remove)(KRNFile& file, const T& record);
     /// The record that the project has under this id or key, or an invalid one.
     T (*stored)(KRNFile& file, const typename T::Key& key);
-    /// Makes a new record of it: reserves an id unless it has one, and names its author.
+    /// Makes a new record of it: reserves an id unless it has one, or no id would make it usable, and names
+    /// its author.
     void (*create)(T& record, const QString& author);
 };
 

@@ -6,6 +6,8 @@
 #include "models/SourceMetadataModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "project/Places.h"
+#include "undo/Dependants.h"
 #include "undo/HighlightCommands.h"
 #include "undo/MemoCommands.h"
 #include "undo/MetadataCommands.h"
@@ -14,20 +16,15 @@
 
 namespace {
 
-struct Place {
-    int sourceId;
-    int questionId;
-};
-
 /// False when there are no ids for them.
-bool addEmptyAnswers(const QVector<Place>& places, KRNFile* file, QUndoCommand* parent) {
+bool addEmptyAnswers(const QList<Place>& places, KRNFile* file, QUndoCommand* parent) {
     QList<int> ids = IdManager::instance()->nextAnswerIds(places.size());
     if (ids.size() < places.size())
         return false;
-    for (const Place& place : places)
-        new AddAnswerCommand(QuestionAnswer(ids.takeFirst(), place.questionId, place.sourceId, QString(),
-                                            QString(), QDateTime()),
-                             file, parent);
+    for (const auto& [sourceId, questionId] : places)
+        new AddAnswerCommand(
+            QuestionAnswer(ids.takeFirst(), questionId, sourceId, QString(), QString(), QDateTime()), file,
+            parent);
     return true;
 }
 
@@ -48,8 +45,14 @@ DeleteAnswerCommand::DeleteAnswerCommand(const QuestionAnswer& answer, KRNFile* 
 void DeleteAnswerCommand::addDependants() {
     const int sourceId = record().sourceId();
     const int questionId = record().questionId();
-    new BatchDeleteHighlightsCommand(file()->highlights(sourceId, questionId), file(), this);
-    new BatchDeleteMemosCommand(file()->memos(sourceId, questionId), file(), this);
+    const auto highlights = dependants::highlights(*file(), sourceId, questionId);
+    const auto memos = dependants::memos(*file(), sourceId, questionId);
+    if (!highlights || !memos) {
+        invalidate();
+        return;
+    }
+    new BatchDeleteHighlightsCommand(*highlights, file(), this);
+    new BatchDeleteMemosCommand(*memos, file(), this);
 }
 
 AddQuestionCommand::AddQuestionCommand(const Question& question, KRNFile* file, QUndoCommand* parent)
@@ -58,7 +61,7 @@ AddQuestionCommand::AddQuestionCommand(const Question& question, KRNFile* file, 
     factsOf<Question>().create(added, currentAuthor());
     if (!take(added))
         return;
-    QVector<Place> places;
+    QList<Place> places;
     for (const Source& source : file->sourceModel()->snapshot())
         places.append({source.id(), added.id()});
     if (!addEmptyAnswers(places, file, this))
@@ -92,7 +95,7 @@ AddSourceCommand::AddSourceCommand(const Source& source, KRNFile* file, bool add
         added.setTitle(QCoreApplication::translate("AddSourceCommand", "Source %1").arg(added.id()));
     if (!take(added) || !addAnswers)
         return;
-    QVector<Place> places;
+    QList<Place> places;
     for (const Question& question : file->questionListModel()->snapshot())
         places.append({added.id(), question.id()});
     if (!addEmptyAnswers(places, file, this))

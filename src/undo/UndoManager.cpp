@@ -1,18 +1,14 @@
 #include "undo/UndoManager.h"
 
-#include "project/KRNFile.h"
 #include "link/DataHelper.h"
+#include "project/KRNFile.h"
 #include "undo/FileManipulationCommand.h"
 
 #include <QDebug>
-#include <QEventLoop>
-#include <QThreadPool>
 #include <QUndoStack>
 
 UndoManager::UndoManager(KRNFile* file, QObject* parent)
-    : QObject(parent), m_eventLoop(new QEventLoop(this)), m_undoStack(new QUndoStack(this)), m_file(file),
-      m_threadPool(new QThreadPool(this)) {
-    m_threadPool->setMaxThreadCount(1);
+    : QObject(parent), m_undoStack(new QUndoStack(this)), m_file(file) {
     connect(m_undoStack, &QUndoStack::canUndoChanged, this, [this] { emit canUndoChanged(); });
     connect(m_undoStack, &QUndoStack::canRedoChanged, this, [this] { emit canRedoChanged(); });
     connect(m_undoStack, &QUndoStack::undoTextChanged, this, [this] { emit undoTextChanged(); });
@@ -26,15 +22,14 @@ UndoManager::UndoManager(KRNFile* file, QObject* parent)
 UndoManager::~UndoManager() {
     // The stack would tell of its end through this object, which is half gone by then.
     m_undoStack->disconnect(this);
-    qDeleteAll(m_pendingCommands);
 }
 
 bool UndoManager::canUndo() const {
-    return m_undoStack->canUndo() && !m_busy;
+    return m_undoStack->canUndo();
 }
 
 bool UndoManager::canRedo() const {
-    return m_undoStack->canRedo() && !m_busy;
+    return m_undoStack->canRedo();
 }
 
 QString UndoManager::undoText() const {
@@ -59,33 +54,23 @@ bool UndoManager::mayChange() const {
     return m_file->isOpened() && m_file->dataHelper()->isConnected() && m_file->canMutate(true);
 }
 
-bool UndoManager::push(FileManipulationCommand* command) {
-    if (mayChange())
-        return pushOrDefer(command);
-    delete command;
-    return false;
+bool UndoManager::perform(const Builder& build) {
+    return mayChange() && run(build());
 }
 
-bool UndoManager::pushOrDefer(FileManipulationCommand* command) {
-    if (!command->isValid()) {
-        delete command;
+bool UndoManager::push(Command command) {
+    return mayChange() && run(std::move(command));
+}
+
+bool UndoManager::run(Command command) {
+    if (!command || !command->isValid())
         return false;
-    }
-    if (m_macroPending) {
-        m_pendingCommands.append(command);
-        return true;
-    }
-    if (m_macroRequested && !m_macroOpen) {
+    if (m_macros > 0 && !m_macroOpen) {
         m_undoStack->beginMacro(m_macroText);
         m_macroOpen = true;
     }
-    m_undoStack->push(command);
+    m_undoStack->push(command.release());
     return true;
-}
-
-bool UndoManager::perform(const Builder& build) {
-    FileManipulationCommand* command = mayChange() ? build() : nullptr;
-    return command && pushOrDefer(command);
 }
 
 void UndoManager::performAndFinish(const Builder& build) {
@@ -94,56 +79,42 @@ void UndoManager::performAndFinish(const Builder& build) {
 }
 
 void UndoManager::beginMacro(const QString& text) {
-    endMacro();
-    m_macroText = text;
-    m_macroRequested = true;
+    if (m_macros++ == 0)
+        m_macroText = text;
 }
 
 void UndoManager::endMacro() {
-    m_macroRequested = false;
-    if (!m_macroOpen)
+    if (m_macros == 0 || --m_macros > 0)
         return;
+    if (m_macroOpen)
+        m_undoStack->endMacro();
+    else
+        qDebug() << "No pending commands. Ignoring macro:" << m_macroText;
     m_macroOpen = false;
-    m_undoStack->endMacro();
     finish();
 }
 
-void UndoManager::flushMacro() {
-    m_macroPending = false;
-    if (m_pendingCommands.isEmpty()) {
-        qDebug() << "No pending commands. Ignoring macro:" << m_macroText;
-        return;
-    }
-    m_undoStack->beginMacro(m_macroText);
-    for (QUndoCommand* command : qAsConst(m_pendingCommands))
-        m_undoStack->push(command);
-    m_pendingCommands.clear();
-    m_undoStack->endMacro();
-}
-
 void UndoManager::finish() {
-    if (m_eventLoop->isRunning())
-        m_eventLoop->exit(0);
-    m_busy = false;
     emit canUndoChanged();
     emit canRedoChanged();
 }
 
 void UndoManager::undo() {
-    if (m_busy || !m_undoStack->canUndo() || !mayChange())
+    if (!m_undoStack->canUndo() || !mayChange())
         return;
     m_undoStack->undo();
     finish();
 }
 
 void UndoManager::redo() {
-    if (m_busy || !m_undoStack->canRedo() || !mayChange())
+    if (!m_undoStack->canRedo() || !mayChange())
         return;
     m_undoStack->redo();
     finish();
 }
 
 void UndoManager::clearStack() {
+    m_macros = 0;
     m_macroOpen = false;
     m_undoStack->clear();
     finish();

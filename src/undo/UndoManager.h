@@ -15,12 +15,10 @@
 #include <QObject>
 #include <QVariant>
 #include <functional>
+#include <memory>
 
 class FileManipulationCommand;
 class KRNFile;
-class QEventLoop;
-class QThreadPool;
-class QUndoCommand;
 class QUndoStack;
 
 /// The one way in which a user's change reaches the project: each operation builds a command, and pushing the
@@ -53,11 +51,17 @@ public:
     /// Number of steps that are done; the step below it is the next to be undone.
     int index() const;
 
-    /// Takes the command over and runs it, or throws it away. True when it became a step, or a part of a
-    /// macro.
-    bool push(FileManipulationCommand* command);
+    using Command = std::unique_ptr<FileManipulationCommand>;
+    using Builder = std::function<Command()>;
 
-    /// What is pushed until `endMacro` becomes one step; a macro in which nothing was pushed leaves none.
+    /// Builds a command and runs it, unless no mutation would be sent: then nothing is built, since building
+    /// may reserve ids. A builder may give null. True when the command became a step, or a part of a macro.
+    bool perform(const Builder& build);
+    /// The same with a command that is there already.
+    bool push(Command command);
+
+    /// What is pushed until `endMacro` becomes one step; a macro in which nothing was pushed leaves none. One
+    /// within another is a part of it.
     void beginMacro(const QString& text);
     void endMacro();
 
@@ -135,27 +139,17 @@ signals:
     void indexChanged();
 
 private:
-    using Builder = std::function<FileManipulationCommand*()>;
-
     /// Whether mutations would be sent; tells the user when only the access level forbids it.
     bool mayChange() const;
     /// The same as `push`, once it is known that mutations would be sent.
-    bool pushOrDefer(FileManipulationCommand* command);
-    /// Builds and pushes a command unless no mutation would be sent. A builder may give null.
-    bool perform(const Builder& build);
+    bool run(Command command);
     void performAndFinish(const Builder& build);
-    void flushMacro();
     /// What nearly every operation ends with.
     void finish();
 
-    QEventLoop* m_eventLoop = nullptr;
     QUndoStack* m_undoStack = nullptr;
     KRNFile* m_file = nullptr;
-    QThreadPool* m_threadPool = nullptr;
-    QList<QUndoCommand*> m_pendingCommands;
     QString m_macroText;
-    bool m_macroPending = false;
-    bool m_busy = false;
-    bool m_macroRequested = false;  ///< between `beginMacro` and `endMacro`
-    bool m_macroOpen = false;       ///< and something was pushed
+    int m_macros = 0;          ///< how many are begun and not ended
+    bool m_macroOpen = false;  ///< and something was pushed
 };

@@ -10,7 +10,7 @@
 #include "undo/RecodingCommands.h"
 
 void UndoManager::addHighlight(const Highlight& highlight) {
-    performAndFinish([&] { return new AddHighlightCommand(highlight, m_file); });
+    performAndFinish([&] { return std::make_unique<AddHighlightCommand>(highlight, m_file); });
 }
 
 void UndoManager::tryAddHighlightByShortcut(const Highlight& highlight, const QString& shortcutKey) {
@@ -23,24 +23,28 @@ void UndoManager::tryAddHighlightByShortcut(const Highlight& highlight, const QS
 }
 
 void UndoManager::addHighlightToNewKerno(const Highlight& highlight, const Kerno& kerno) {
-    m_macroText = tr("Code into new Kerno.");
-    m_macroPending = true;
-    if (perform([&] { return new AddKernoCommand(kerno, m_file); }))
-        pushOrDefer(new AddHighlightCommand(highlight, m_file, true));
-    flushMacro();
-    finish();
+    Highlight coded = ownCopy(highlight);
+    beginMacro(tr("Code into new Kerno."));
+    const bool isAdded = perform([&] {
+        auto command = std::make_unique<AddKernoCommand>(kerno, m_file);
+        coded.setKernoId(command->record().id());
+        return command;
+    });
+    if (isAdded)
+        run(std::make_unique<AddHighlightCommand>(coded, m_file, true));
+    endMacro();
 }
 
 void UndoManager::deleteHighlight(int id) {
-    performAndFinish([&] { return new DeleteHighlightCommand(id, m_file); });
+    performAndFinish([&] { return std::make_unique<DeleteHighlightCommand>(id, m_file); });
 }
 
 void UndoManager::addKerno(const QVariantMap& data) {
     performAndFinish([&] {
-        return new AddKernoCommand(data.value(QStringLiteral("title")).toString(),
-                                   data.value(QStringLiteral("parentKernoId")).toInt(),
-                                   data.value(QStringLiteral("x")).toInt(),
-                                   data.value(QStringLiteral("y")).toInt(), m_file);
+        return std::make_unique<AddKernoCommand>(data.value(QStringLiteral("title")).toString(),
+                                                 data.value(QStringLiteral("parentKernoId")).toInt(),
+                                                 data.value(QStringLiteral("x")).toInt(),
+                                                 data.value(QStringLiteral("y")).toInt(), m_file);
     });
 }
 
@@ -49,60 +53,63 @@ void UndoManager::updateKerno(const Kerno& kerno, const QVariantList&) {
 }
 
 void UndoManager::updateKerno(const Kerno& kerno) {
-    performAndFinish([&] { return new UpdateKernoCommand(kerno, m_file); });
+    performAndFinish([&] { return std::make_unique<UpdateKernoCommand>(kerno, m_file); });
 }
 
 void UndoManager::deleteKerno(int kernoId) {
-    performAndFinish([&] { return new DeleteKernoCommand(kernoId, m_file); });
+    performAndFinish([&] { return std::make_unique<DeleteKernoCommand>(kernoId, m_file); });
 }
 
 void UndoManager::duplicateKerno(int kernoId) {
-    perform([&] { return new DuplicateKernoCommand(kernoId, m_file); });
+    perform([&] { return std::make_unique<DuplicateKernoCommand>(kernoId, m_file); });
 }
 
 void UndoManager::mergeKernos(int kernoId1, int kernoId2, const QString& newKernoName) {
-    perform([&] { return new MergeKernosCommand(kernoId1, kernoId2, newKernoName, m_file); });
+    perform([&] { return std::make_unique<MergeKernosCommand>(kernoId1, kernoId2, newKernoName, m_file); });
 }
 
 void UndoManager::addGroup(int groupId, const QString& title) {
-    perform([&]() -> FileManipulationCommand* {
+    perform([&]() -> Command {
         Group group = m_file->groupModel()->record(groupId);
         if (group.isValid()) {
             group.setTitle(title);
-            return new UpdateGroupCommand(group, m_file);
+            return std::make_unique<UpdateGroupCommand>(group, m_file);
         }
-        return new AddGroupCommand(Group(-1, title, true), m_file);
+        return std::make_unique<AddGroupCommand>(Group(-1, title, true), m_file);
     });
 }
 
 void UndoManager::deleteGroup(int modelId) {
-    performAndFinish([&] { return new DeleteGroupCommand(modelId, m_file); });
+    performAndFinish([&] { return std::make_unique<DeleteGroupCommand>(modelId, m_file); });
 }
 
 void UndoManager::addKernoGroup(int kernoId, int groupId) {
-    perform([&] {
-        const bool exists = m_file->kernoGroupModel()->link(kernoId, groupId).isValid();
-        return exists ? nullptr : new AddKernoGroupCommand(KernoGroup(-1, groupId, kernoId), m_file);
+    perform([&]() -> Command {
+        if (m_file->kernoGroupModel()->link(kernoId, groupId).isValid())
+            return nullptr;
+        return std::make_unique<AddKernoGroupCommand>(KernoGroup(-1, groupId, kernoId), m_file);
     });
 }
 
 void UndoManager::deleteKernoGroup(int kernoId, int groupId) {
-    perform([&] {
+    perform([&]() -> Command {
         const KernoGroup link = m_file->kernoGroupModel()->link(kernoId, groupId);
-        return link.isValid() ? new DeleteKernoGroupCommand(link, m_file) : nullptr;
+        if (!link.isValid())
+            return nullptr;
+        return std::make_unique<DeleteKernoGroupCommand>(link, m_file);
     });
 }
 
 void UndoManager::setKernoShortcut(const QString& key, int kernoId) {
     if (key.isEmpty())
         return;
-    performAndFinish([&]() -> FileManipulationCommand* {
+    performAndFinish([&]() -> Command {
         if (kernoId < 1)
-            return new DeleteKernoShortcutKeyCommand(key, m_file);
+            return std::make_unique<DeleteKernoShortcutKeyCommand>(key, m_file);
         KernoShortcutKey bound = m_file->shortcutKeyModel()->record(key);
         if (!bound.isValid())
-            return new AddKernoShortcutKeyCommand(key, kernoId, m_file);
+            return std::make_unique<AddKernoShortcutKeyCommand>(key, kernoId, m_file);
         bound.setKernoId(kernoId);
-        return new UpdateKernoShortcutKeyCommand(bound, m_file);
+        return std::make_unique<UpdateKernoShortcutKeyCommand>(bound, m_file);
     });
 }

@@ -6,27 +6,27 @@
 #include "undo/MetadataCommands.h"
 
 void UndoManager::addMetadataKey(const SourceMetadataKey& key) {
-    performAndFinish([&] { return new AddMetadataKeyCommand(key, m_file); });
+    performAndFinish([&] { return std::make_unique<AddMetadataKeyCommand>(key, m_file); });
 }
 
 void UndoManager::updateMetadataKey(const SourceMetadataKey& key) {
-    performAndFinish([&] { return new UpdateMetadataKeyCommand(key, m_file); });
+    performAndFinish([&] { return std::make_unique<UpdateMetadataKeyCommand>(key, m_file); });
 }
 
 void UndoManager::deleteMetadataKey(int keyId) {
-    performAndFinish([&] { return new DeleteMetadataKeyCommand(keyId, m_file); });
+    performAndFinish([&] { return std::make_unique<DeleteMetadataKeyCommand>(keyId, m_file); });
 }
 
 void UndoManager::addMetadataValue(const SourceMetadataValue& value) {
-    performAndFinish([&] { return new AddMetadataValueCommand(value, m_file); });
+    performAndFinish([&] { return std::make_unique<AddMetadataValueCommand>(value, m_file); });
 }
 
 void UndoManager::updateMetadataValue(const SourceMetadataValue& value) {
-    performAndFinish([&] { return new UpdateMetadataValueCommand(value, m_file); });
+    performAndFinish([&] { return std::make_unique<UpdateMetadataValueCommand>(value, m_file); });
 }
 
 void UndoManager::deleteMetadataValue(int valueId) {
-    performAndFinish([&] { return new DeleteMetadataValueCommand(valueId, m_file); });
+    performAndFinish([&] { return std::make_unique<DeleteMetadataValueCommand>(valueId, m_file); });
 }
 
 void UndoManager::addMetadataKeyAndValue(const QString& key, const QVariant& value, int sourceId) {
@@ -34,28 +34,29 @@ void UndoManager::addMetadataKeyAndValue(const QString& key, const QVariant& val
 }
 
 void UndoManager::addMetadataKeyAndValues(const QString& key, const QVariantList& values, int sourceId) {
-    performAndFinish([&] { return new AdvancedAddMetadataCommand(key, values, sourceId, m_file); });
+    performAndFinish(
+        [&] { return std::make_unique<AdvancedAddMetadataCommand>(key, values, sourceId, m_file); });
 }
 
 void UndoManager::addMetadata(int keyId, int valueId, int sourceId) {
     performAndFinish([&] {
-        return newGiveMetadataCommand(m_file->metadataKey(keyId),
-                                      m_file->metadataValueModel()->record(valueId), sourceId, m_file);
+        return Command(newGiveMetadataCommand(
+            m_file->metadataKey(keyId), m_file->metadataValueModel()->record(valueId), sourceId, m_file));
     });
 }
 
 void UndoManager::deleteMetadata(int metadataId) {
-    performAndFinish([&] { return new DeleteMetadataCommand(metadataId, m_file); });
+    performAndFinish([&] { return std::make_unique<DeleteMetadataCommand>(metadataId, m_file); });
 }
 
 void UndoManager::deleteMetadata(int keyId, int sourceId) {
-    performAndFinish([&]() -> FileManipulationCommand* {
+    performAndFinish([&]() -> Command {
         const QList<SourceMetadata> links = m_file->metadataModel()->links(keyId, sourceId);
         if (links.isEmpty())
             return nullptr;
-        auto* all = new FileManipulationCommand(m_file);
+        auto all = std::make_unique<FileManipulationCommand>(m_file);
         for (const SourceMetadata& link : links)
-            new DeleteMetadataCommand(link, m_file, all);
+            new DeleteMetadataCommand(link, m_file, all.get());
         return all;
     });
 }

@@ -46,7 +46,6 @@ private slots:
     void joining();
     void joiningLeavesTheRecordsGivenAlone();
     void joiningEqualsRepeatedUnions();
-    void placesKeepTheirOrder();
 };
 
 void tst_HighlightMerge::addingSwallowsTheOverlappingRun_data() {
@@ -171,14 +170,6 @@ void tst_HighlightMerge::joiningEqualsRepeatedUnions() {
         std::sort(ranges.begin(), ranges.end());
         QCOMPARE(joined, ranges);
     }
-}
-
-void tst_HighlightMerge::placesKeepTheirOrder() {
-    const auto places = coding::byPlace(
-        {highlight(1, {5, 6}, {}, 2), highlight(2, {0, 1}, {}, 1), highlight(3, {1, 2}, {}, 2)});
-    QCOMPARE(places.size(), 2);
-    QCOMPARE(idsOf(places.value({2, 1})), (QList<int>{1, 3}));
-    QCOMPARE(idsOf(places.value({1, 1})), QList<int>{2});
 }
 
 KERNOVA_TEST_MAIN(tst_HighlightMerge)

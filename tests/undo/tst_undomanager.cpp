@@ -96,15 +96,15 @@ void tst_UndoManager::cleanup() {
 }
 
 void tst_UndoManager::anInvalidPartMakesTheWholeInvalid() {
-    auto* whole = new CountingCommand;
-    auto* part = new CountingCommand(whole);
+    auto whole = std::make_unique<CountingCommand>();
+    auto* part = new CountingCommand(whole.get());
     new CountingCommand(part);
     auto* deep = new CountingCommand(part);
-    new CountingCommand(whole);
+    new CountingCommand(whole.get());
     QVERIFY(whole->isValid());
     deep->invalidate();
     QVERIFY(!whole->isValid());
-    QVERIFY(!undo()->push(whole));
+    QVERIFY(!undo()->push(std::move(whole)));
     QCOMPARE(CountingCommand::alive, 0);
     QCOMPARE(CountingCommand::done, 0);
     QCOMPARE(undo()->count(), 0);
@@ -118,7 +118,7 @@ void tst_UndoManager::aReaderLeavesNoStep_data() {
     row("a macro", [](UndoManager& undo) { undo.addHighlightToNewKerno(highlight(0, 4), kerno(5)); });
     row("a tree", [](UndoManager& undo) { undo.addMetadataKeyAndValue(text("Age"), text("30")); });
     row("a group", [](UndoManager& undo) { undo.addGroup(-1, text("x")); });
-    row("a pushed command", [](UndoManager& undo) { undo.push(new CountingCommand); });
+    row("a pushed command", [](UndoManager& undo) { undo.push(std::make_unique<CountingCommand>()); });
 }
 
 void tst_UndoManager::aReaderLeavesNoStep() {
@@ -237,11 +237,11 @@ void tst_UndoManager::whatIsPushedInAMacroIsOneStep() {
     QCOMPARE(undo()->count(), 0);
 
     undo()->beginMacro(text("Import"));
-    QVERIFY(undo()->push(new CountingCommand));
-    auto* invalid = new CountingCommand;
+    QVERIFY(undo()->push(std::make_unique<CountingCommand>()));
+    auto invalid = std::make_unique<CountingCommand>();
     invalid->invalidate();
-    QVERIFY(!undo()->push(invalid));
-    QVERIFY(undo()->push(new CountingCommand));
+    QVERIFY(!undo()->push(std::move(invalid)));
+    QVERIFY(undo()->push(std::make_unique<CountingCommand>()));
     QVERIFY(!undo()->canUndo());
     undo()->endMacro();
     QCOMPARE(CountingCommand::done, 2);
@@ -254,7 +254,7 @@ void tst_UndoManager::whatIsPushedInAMacroIsOneStep() {
 
 void tst_UndoManager::aMacroEndsWithItsProject() {
     undo()->beginMacro(text("Import"));
-    QVERIFY(undo()->push(new CountingCommand));
+    QVERIFY(undo()->push(std::make_unique<CountingCommand>()));
     undo()->clearStack();
     undo()->endMacro();
     QCOMPARE(undo()->count(), 0);
@@ -287,7 +287,7 @@ void tst_UndoManager::manyHighlightsAreOneMutation() {
     QList<Highlight> highlights;
     for (int i = 0; i < 100; ++i)
         highlights.append(highlight(i, i + 1));
-    QVERIFY(undo()->push(new BatchCreateHighlightsCommand(highlights, file())));
+    QVERIFY(undo()->push(std::make_unique<BatchCreateHighlightsCommand>(highlights, file())));
     QCOMPARE(highlights.first().id(), -1);
     QCOMPARE(mutations(), QStringList{text("highlightBatchCreateOrUpdate")});
     undo()->undo();
@@ -305,7 +305,8 @@ void tst_UndoManager::whatGetsNoIdsLeavesNoStep() {
     m_project->service.answer(text("highlightMaxId"), 0);
     mutations();
     undo()->addQuestion(Question(-1, text("Why?"), 1));
-    QVERIFY(!undo()->push(new BatchCreateHighlightsCommand({highlight(0, 4), highlight(5, 9)}, file())));
+    QVERIFY(!undo()->push(std::make_unique<BatchCreateHighlightsCommand>(
+        QList<Highlight>{highlight(0, 4), highlight(5, 9)}, file())));
     QCOMPARE(undo()->count(), 0);
     QCOMPARE(mutations(), QStringList());
 }
