@@ -1,5 +1,6 @@
 #include "records/HtmlDepth.h"
 
+#include <QHash>
 #include <QSet>
 #include <QVector>
 #include <algorithm>
@@ -56,7 +57,7 @@ public:
             }
             ++result.tags;
             if (!isVoid(name) && !closeThemselves.contains(name))
-                m_open.append(name);
+                open(name);
             result.open = std::max(result.open, m_open.size());
         }
         return result;
@@ -102,21 +103,34 @@ private:
         }
     }
 
+    void open(const QByteArray& name) {
+        m_open.append(name);
+        ++m_openOfName[name];
+    }
+
     void close(const QByteArray& name) {
-        int place = m_open.size() - 1;
-        while (place >= 0 && m_open.at(place) != name && !walls.contains(m_open.at(place)))
-            --place;
-        if (place < 0 || m_open.at(place) != name)
+        if (m_openOfName.value(name) == 0)
             return;
-        const auto isClosed = [&](const QByteArray& tag) { return !formatting.contains(tag); };
-        m_open.remove(place);
-        if (!formatting.contains(name))
-            m_open.erase(std::remove_if(m_open.begin() + place, m_open.end(), isClosed), m_open.end());
+        int place = m_open.size() - 1;
+        while (m_open.at(place) != name && !walls.contains(m_open.at(place)))
+            --place;
+        if (m_open.at(place) != name)
+            return;
+        const bool closesInner = !formatting.contains(name);
+        const QVector<QByteArray> inner = m_open.mid(place + 1);
+        m_open.resize(place);
+        --m_openOfName[name];
+        for (const QByteArray& tag : inner) {
+            --m_openOfName[tag];
+            if (!closesInner || formatting.contains(tag))
+                open(tag);
+        }
     }
 
     const QByteArray& m_html;
     int m_at = 0;
     QVector<QByteArray> m_open;
+    QHash<QByteArray, int> m_openOfName;
 };
 
 }  // namespace

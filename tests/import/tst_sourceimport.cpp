@@ -31,9 +31,11 @@ private slots:
     void matchingQuestionsAreUsedAgain();
     void markersAreNeededForQuestions();
     void aBatchIsOneStep();
+    void aBatchGivesEachSourceAllQuestions();
     void aCancelledBatchKeepsWhatIsThere();
     void brokenFilesArePassedOver();
     void aConversionIsCancelled();
+    void aBatchEndsWithItsProject();
 
 private:
     void openNew(bool singleQuestion);
@@ -205,6 +207,40 @@ void tst_SourceImport::aBatchIsOneStep() {
     m_undo->undo();
     settle();
     QCOMPARE(sources(), QStringList());
+}
+
+void tst_SourceImport::aBatchGivesEachSourceAllQuestions() {
+    openNew(false);
+    const QList<QUrl> files{write(QStringLiteral("1.txt"), "Q: a A: one"),
+                            write(QStringLiteral("2.txt"), "Q: b A: two Q: a A: three"),
+                            write(QStringLiteral("3.txt"), "Q: c A: four Q: b A: five")};
+    const auto whole = [this] {
+        settle();
+        return m_file->dataHelper()->exportProjectJson(m_file->currentProject()).json;
+    };
+    const QJsonObject before = whole();
+    QCOMPARE(import().importFiles(files, QStringLiteral("Q:"), QStringLiteral("A:"), false), 3);
+    const QJsonObject after = whole();
+    QStringList answers;
+    for (const QString& source : sources())
+        answers << source.mid(source.indexOf(QLatin1Char(':')));
+    QCOMPARE(answers, QStringList({":  | one |  | ", ":  | three | two | ", ":  |  | five | four"}));
+    QCOMPARE(m_undo->count(), 1);
+    m_undo->undo();
+    QCOMPARE(whole(), before);
+    m_undo->redo();
+    QCOMPARE(whole(), after);
+}
+
+void tst_SourceImport::aBatchEndsWithItsProject() {
+    openNew(true);
+    const QList<QUrl> files{write(QStringLiteral("a.txt"), "a"), write(QStringLiteral("b.txt"), "b")};
+    const auto openOther = connect(
+        m_file.get(), &KRNFile::newSourceAdded, this, [this] { openNew(true); }, Qt::QueuedConnection);
+    QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
+    disconnect(openOther);
+    QCOMPARE(sources(), QStringList());
+    QCOMPARE(m_undo->count(), 0);
 }
 
 void tst_SourceImport::aCancelledBatchKeepsWhatIsThere() {

@@ -56,6 +56,7 @@ private slots:
     void updatedKernoJoinsTheHierarchyAtOnce();
     void overlapsSortTheKernos();
     void overlapsAreCountedOncePerBurst();
+    void aChangeWhileOverlapsAreCountedWaits();
     void comboBoxFindsKernos();
 
 private:
@@ -364,6 +365,20 @@ void tst_KernoModel::overlapsAreCountedOncePerBurst() {
     QVERIFY(waitFor([&] { return reads == 10; }));
     QCoreApplication::processEvents();
     QCOMPARE(reads, 10);
+}
+
+void tst_KernoModel::aChangeWhileOverlapsAreCountedWaits() {
+    KernoOverlapModel proxy;
+    int running = 0;
+    m_project->overlap = [&](int mainId, int) {
+        if (++running > 1)
+            qFatal("counted within a count");
+        proxy.setKernoId(2);
+        --running;
+        return mainId;
+    };
+    proxy.setKernoId(1);
+    QVERIFY(waitFor([&] { return idsOf(proxy, KernoOverlapModel::OverlapsRole).value(0) == 2; }));
 }
 
 void tst_KernoModel::comboBoxFindsKernos() {

@@ -61,6 +61,7 @@ private slots:
     void replacingAnnouncesWhatItMust();
     void firstRowsAreAnnouncedOncePerProject();
     void updatesNameTheirRoles();
+    void arrivingRowsAreFoundAtOnce();
     void jsonElementsAreMerged();
     void oddJsonIsIgnored_data();
     void oddJsonIsIgnored();
@@ -129,6 +130,18 @@ void tst_ModelFrame::updatesNameTheirRoles() {
     QCOMPARE(changed.first().at(0).toModelIndex().row(), 1);
     QCOMPARE(changed.first().at(2).value<QVector<int>>(), QVector<int>{260});
     QCOMPARE(model.at(1).title(), QStringLiteral("new"));
+}
+
+void tst_ModelFrame::arrivingRowsAreFoundAtOnce() {
+    KernoModel model(nullptr);
+    QList<int> children;
+    connect(&model, &QAbstractItemModel::rowsInserted, [&](const QModelIndex&, int row) {
+        QCOMPARE(model.indexOfKey(model.at(row).id()), row);
+        children = model.childIdsOf(1);
+    });
+    model.addOrUpdate(testKerno(1));
+    model.addOrUpdate(testKerno(2, 1));
+    QCOMPARE(children, QList<int>{2});
 }
 
 void tst_ModelFrame::jsonElementsAreMerged() {

@@ -317,6 +317,9 @@ void tst_PassageModels::memosFollowTheirText() {
     emit m_project->memoDeleted(testMemo(1, 45, 5));
     QCOMPARE(added.count(), 1);
     QCOMPARE(removed.count(), 1);
+    emit m_project->memoSaved(testMemo(2, 60, 5));
+    QCOMPARE(removed.takeLast().first().value<Memo>().start(), 0);
+    QCOMPARE(added.takeLast().first().value<Memo>().start(), 60);
     QCOMPARE(memos.roleNames().value(MemosModel::TitleRole), QByteArray("title"));
 }
 

@@ -155,7 +155,13 @@ private slots:
         };
         join(1, 1, 1);
         join(2, 1, 2);
-        join(3, 2, 2);
+        for (int id = 1; id <= 2; ++id)
+            m_file->onGroupSaved({{"id", id}, {"description", "g"}});
+        QSignalSpy told(m_file->groupModel(), &QAbstractItemModel::dataChanged);
+        join(3, 1, 3);
+        QCOMPARE(told.count(), 1);
+        join(3, 2, 2);  // both the new group and the former one are told
+        QCOMPARE(told.count(), 3);
         QCOMPARE(m_file->getAssociatedGroups(2), QVariantList({1, 2}));
         const auto visible = [this] {
             return QList<bool>{m_file->kerno(1).visible(), m_file->kerno(2).visible(),

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "project/KRNFile.h"
 #include "link/DataHelper.h"
 #include "link/IdManager.h"
 #include "link/LinkTimings.h"
+#include "project/KRNFile.h"
 #include "tests_support/ScriptedService.h"
 #include "tests_support/WaitFor.h"
 #include "undo/UndoManager.h"
@@ -15,10 +15,8 @@
 class ScriptedProject {
 public:
     ScriptedProject() : file(quickTimings(), ProjectTimings{0, 0}), undo(&file) {
-        for (const char* word :
-             {"kerno", "source", "highlight", "memo", "question", "questionAnswer", "group", "groupKerno",
-              "sourceMetadata", "sourceMetadataKey", "sourceMetadataValue"}) {
-            const QString operation = QLatin1String(word) + QLatin1String("MaxId");
+        for (const QString& word : words()) {
+            const QString operation = word + QLatin1String("MaxId");
             service.on(operation, [operation, last = 100](ScriptedClient& client,
                                                           const ScriptedRequest& request) mutable {
                 client.reply(request, {{operation, ++last}});
@@ -30,6 +28,21 @@ public:
         service.forgetRequests();
     }
     ~ScriptedProject() { IdManager::instance()->init(false, nullptr); }
+
+    /// The kinds of records that have ids.
+    static QStringList words() {
+        return {"kerno",
+                "source",
+                "highlight",
+                "memo",
+                "question",
+                "questionAnswer",
+                "group",
+                "groupKerno",
+                "sourceMetadata",
+                "sourceMetadataKey",
+                "sourceMetadataValue"};
+    }
 
     /// The operations of all mutations since the start or the last call, in order.
     QStringList mutations() {
@@ -44,6 +57,9 @@ public:
         service.forgetRequests();
         return operations;
     }
+
+    /// How many ids were asked for.
+    int reservations() { return service.requestTexts().filter(QStringLiteral("MaxId")).size(); }
 
     bool setAccess(const QString& level) {
         service.push({{QStringLiteral("access_privilege"), level}});

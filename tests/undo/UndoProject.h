@@ -1,5 +1,8 @@
 #pragma once
 
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/LinkTimings.h"
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
 #include "models/KernoModel.h"
@@ -11,9 +14,6 @@
 #include "models/SourceMetadataValueModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
-#include "link/LinkTimings.h"
 #include "undo/UndoManager.h"
 
 #include <QCoreApplication>
@@ -31,7 +31,8 @@
 /// ("Age", one value: 1 "30", 2 "40") and 2 ("Role", several: 3 "Nurse", 4 "Doctor").
 class UndoProject {
 public:
-    UndoProject() : file(LinkTimings(), ProjectTimings{0, 0}), undo(&file) {
+    explicit UndoProject(const QString& password = {})
+        : file(LinkTimings(), ProjectTimings{0, 0}), undo(&file), m_password(password) {
         file.initModels();
         file.setCurrentAuthor(QStringLiteral("Bea"));
     }
@@ -49,10 +50,14 @@ public:
         QCoreApplication::processEvents();
     }
 
-    /// The whole project as the service has it stored.
+    /// The whole project as the service has it stored. Under a password without the answers, which look
+    /// different with each saving.
     QJsonObject json() {
         settle();
-        return exported();
+        QJsonObject whole = exported();
+        if (!m_password.isEmpty())
+            whole.remove(QStringLiteral("question_answers"));
+        return whole;
     }
 
     /// All records of the project's lists, as sorted texts.
@@ -74,6 +79,7 @@ private:
     bool makeOriginal();
     void fill();
 
+    const QString m_password;
     QTemporaryDir m_folder;
     QJsonObject m_original;
     int m_copies = 0;
@@ -155,7 +161,7 @@ inline bool UndoProject::open() {
     const Message imported = file.dataHelper()->importProjectJson(copy, m_original);
     if (!imported.status)
         return fail(imported.message);
-    if (!file.openProject(copy, false, QString(), false, true))
+    if (!file.openProject(copy, false, m_password, false, true))
         return fail(file.getLastOpenError());
     settle();
     undo.clearStack();
@@ -165,10 +171,11 @@ inline bool UndoProject::open() {
 inline bool UndoProject::makeOriginal() {
     if (!file.dataHelper()->connection()->connect(false))
         return fail(QStringLiteral("the service can't be reached"));
-    if (!file.openProject(project(QStringLiteral("original.krn")), true, QString(), false, true))
+    if (!file.openProject(project(QStringLiteral("original.krn")), true, m_password, false, true))
         return fail(file.getLastOpenError());
     fill();
-    const QJsonObject filled = json();
+    settle();
+    const QJsonObject filled = exported();
     int count = 0;
     for (auto list = filled.begin(); list != filled.end(); ++list)
         m_original.insert(list.key(), undotest::aged(list.value(), count));

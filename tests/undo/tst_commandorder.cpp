@@ -1,4 +1,5 @@
 #include "ScriptedProject.h"
+#include "models/BatchOperationManager.h"
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
 #include "models/KernoModel.h"
@@ -13,6 +14,7 @@
 
 #include <QLoggingCategory>
 #include <functional>
+#include <utility>
 
 using Operation = std::function<void(UndoManager& undo)>;
 Q_DECLARE_METATYPE(Operation)
@@ -26,14 +28,46 @@ QString text(const char* utf8) {
 const QString saves = text("CreateOrUpdate");
 const QString removes = text("Remove");
 
+/// The operations as they are sent: a record that is replaced is marked by a "=".
+QStringList sent(QStringList mutations) {
+    return mutations.replaceInStrings(text("="), QString());
+}
+
 /// What takes the mutations back: the opposite of each, from the last to the first.
 QStringList opposite(const QStringList& mutations) {
     QStringList back;
-    for (QString mutation : mutations)
-        back.prepend(mutation.endsWith(saves) ? mutation.replace(saves, removes)
-                                              : mutation.replace(removes, saves));
-    return back;
+    for (QString mutation : mutations) {
+        if (mutation.endsWith(saves))
+            mutation.replace(saves, removes);
+        else if (mutation.endsWith(removes))
+            mutation.replace(removes, saves);
+        back.prepend(mutation);
+    }
+    return sent(back);
 }
+
+/// The signals of bulk changes, in their order.
+class BulkLog : public QObject {
+public:
+    explicit BulkLog(const BatchOperationManager* batches) {
+        const auto add = [this](const char* what) { return [this, what] { m_entries << text(what); }; };
+        connect(batches, &BatchOperationManager::aboutToBatchUpdateKernos, this, add("kernos"));
+        connect(batches, &BatchOperationManager::batchUpdateKernosFinished, this, add("/kernos"));
+        connect(batches, &BatchOperationManager::metadataBatchUpdateFinished, this, add("/metadata"));
+        connect(batches, &BatchOperationManager::sourcesBatchUpdateFinished, this, add("/sources"));
+        connect(batches, &BatchOperationManager::editAnswerFinished, this, add("/answer"));
+        connect(batches, &BatchOperationManager::highlightsBatchUpdateFinished, this,
+                [this](int source, int question) {
+                    m_entries << text("/highlights %1.%2").arg(source).arg(question);
+                });
+    }
+
+    /// All since the last call, with commas.
+    QString take() { return std::exchange(m_entries, {}).join(text(", ")); }
+
+private:
+    QStringList m_entries;
+};
 
 /// A highlight and a memo in one: each reads its own fields.
 QJsonObject stored(int id) {
@@ -51,8 +85,8 @@ QJsonObject stored(int id) {
 
 }  // namespace
 
-/// The order in which the parts of a change reach the service: what depends on a record goes away before it
-/// and comes back after it.
+/// What a change sends and announces: the parts of it in their order, since what depends on a record goes
+/// away before it and comes back after it; and nothing at all when it can't be prepared whole.
 class tst_CommandOrder : public QObject {
     Q_OBJECT
 
@@ -60,16 +94,20 @@ private slots:
     void initTestCase() { QLoggingCategory::setFilterRules(text("*.debug=false")); }
     void dependantsGoFirstAndComeLast_data();
     void dependantsGoFirstAndComeLast();
+    void whatCantBePreparedWholeIsRefused_data() { dependantsGoFirstAndComeLast_data(); }
+    void whatCantBePreparedWholeIsRefused();
+    void kernosMergedInACircleStandOnTop();
 
 private:
     static void fill(ScriptedProject& project);
 };
 
-/// One record of each kind, all of which hang together; kerno 2 lies below kerno 1.
+/// One record of each kind, all of which hang together; kerno 2 lies below kerno 1, and 3 below 2.
 void tst_CommandOrder::fill(ScriptedProject& project) {
     const KRNFile& file = project.file;
     file.kernoModel()->setData({Kerno(1, -1, Qt::red, text("a"), {}, {}, {}, 0, 0),
-                                Kerno(2, 1, Qt::red, text("b"), {}, {}, {}, 0, 0)});
+                                Kerno(2, 1, Qt::red, text("b"), {}, {}, {}, 0, 0),
+                                Kerno(3, 2, Qt::red, text("c"), {}, {}, {}, 0, 0)});
     file.groupModel()->setData({Group(1, text("g"), true)});
     file.kernoGroupModel()->setData({KernoGroup(1, 1, 1)});
     file.shortcutKeyModel()->setData({KernoShortcutKey(text("A"), 1, {})});
@@ -81,8 +119,8 @@ void tst_CommandOrder::fill(ScriptedProject& project) {
     file.metadataModel()->setData({SourceMetadata(1, 1, 1, 1, {}, {})});
     project.service.on(text("highlightQueryList"),
                        [](ScriptedClient& client, const ScriptedRequest& request) {
-                           const bool isKerno2 = request.argument(text("kernoId")) == text("2");
-                           const QJsonArray highlights = isKerno2 ? QJsonArray() : QJsonArray({stored(1)});
+                           const bool isBelow = request.argument(text("kernoId")).toInt() > 1;
+                           const QJsonArray highlights = isBelow ? QJsonArray() : QJsonArray({stored(1)});
                            client.reply(request, {{text("highlightQueryList"), highlights}});
                        });
     project.service.answer(text("memoQueryList"), QJsonArray({stored(1)}));
@@ -91,12 +129,28 @@ void tst_CommandOrder::fill(ScriptedProject& project) {
 void tst_CommandOrder::dependantsGoFirstAndComeLast_data() {
     QTest::addColumn<Operation>("operation");
     QTest::addColumn<QString>("mutations");
-    const auto row = [](const char* name, const char* mutations, Operation operation) {
-        QTest::newRow(name) << operation << text(mutations);
+    QTest::addColumn<QString>("bulk");  // what is announced around them
+    const auto row = [](const char* name, const char* mutations, Operation operation, const char* bulk = "") {
+        QTest::newRow(name) << operation << text(mutations) << text(bulk);
     };
-    row("a kerno goes",
-        "kernoRemove highlightBatchRemove groupKernoRemove kernoShortcutKeyRemove kernoRemove",
-        [](UndoManager& undo) { undo.deleteKerno(1); });
+    const char* const all =
+        "kernoRemove kernoRemove highlightBatchRemove groupKernoRemove kernoShortcutKeyRemove kernoRemove";
+    row(
+        "a kerno goes", all, [](UndoManager& undo) { undo.deleteKerno(1); }, "kernos, /kernos");
+    row(
+        "kernos in a circle go", all,
+        [](UndoManager& undo) {
+            Kerno top = undo.file()->kerno(1);
+            top.setParentKernoId(3);
+            undo.file()->kernoModel()->addOrUpdate(top);
+            undo.deleteKerno(1);
+        },
+        "kernos, /kernos");
+    row(
+        "two kernos become one",
+        "highlightBatchRemove groupKernoRemove kernoShortcutKeyRemove kernoRemove kernoRemove "
+        "kernoCreateOrUpdate highlightBatchCreateOrUpdate kernoCreateOrUpdate=",
+        [](UndoManager& undo) { undo.mergeKernos(1, 2, text("x")); }, "kernos, /kernos, /highlights 1.1");
     row("a group goes", "groupKernoRemove groupRemove", [](UndoManager& undo) { undo.deleteGroup(1); });
     row("a source goes",
         "highlightBatchRemove memoBatchRemove questionAnswerRemove sourceMetadataRemove sourceRemove",
@@ -111,29 +165,71 @@ void tst_CommandOrder::dependantsGoFirstAndComeLast_data() {
         [](UndoManager& undo) { undo.addSource(Source(-1, text("t"), {}, {}, {})); });
     row("a question comes", "questionCreateOrUpdate questionAnswerCreateOrUpdate",
         [](UndoManager& undo) { undo.addQuestion(Question(-1, text("r"), 2)); });
-    row("a property comes with a value",
+    row(
+        "a property comes with a value",
         "sourceMetadataKeyCreateOrUpdate sourceMetadataValueCreateOrUpdate sourceMetadataCreateOrUpdate",
-        [](UndoManager& undo) { undo.addMetadataKeyAndValue(text("l"), text("w"), 1); });
+        [](UndoManager& undo) { undo.addMetadataKeyAndValue(text("l"), text("w"), 1); }, "/metadata");
     row("a passage comes over another", "highlightRemove highlightCreateOrUpdate", [](UndoManager& undo) {
         undo.addHighlight(Highlight(-1, 1, 1, 1, {}, 3, 6, 9, {}, {}, 0, 0, 0, false));
     });
-    row("a kerno comes once more", "kernoCreateOrUpdate highlightBatchCreateOrUpdate",
-        [](UndoManager& undo) { undo.duplicateKerno(1); });
+    row(
+        "a kerno comes once more", "kernoCreateOrUpdate highlightBatchCreateOrUpdate",
+        [](UndoManager& undo) { undo.duplicateKerno(1); }, "kernos, /kernos, /highlights 1.1");
 }
 
 void tst_CommandOrder::dependantsGoFirstAndComeLast() {
     QFETCH(Operation, operation);
     QFETCH(QString, mutations);
+    QFETCH(QString, bulk);
     const QStringList expected = mutations.split(QLatin1Char(' '));
     ScriptedProject project;
     QVERIFY(project.isOpen);
     fill(project);
+    BulkLog log(project.file.batchOperationManager());
     operation(project.undo);
-    QCOMPARE(project.mutations(), expected);
+    QCOMPARE(project.mutations(), sent(expected));
+    QCOMPARE(log.take(), bulk);
     project.undo.undo();
     QCOMPARE(project.mutations(), opposite(expected));
+    QCOMPARE(log.take(), bulk);
     project.undo.redo();
-    QCOMPARE(project.mutations(), expected);
+    QCOMPARE(project.mutations(), sent(expected));
+    QCOMPARE(log.take(), bulk);
+}
+
+// Without an id the parts would name different records; without the codings these would be left behind.
+void tst_CommandOrder::whatCantBePreparedWholeIsRefused() {
+    QFETCH(Operation, operation);
+    QFETCH(QString, mutations);
+    ScriptedProject project;
+    QVERIFY(project.isOpen);
+    fill(project);
+    const bool reads = mutations.contains(text("highlight"));
+    const bool reserves = mutations.contains(QRegularExpression(text("CreateOrUpdate( |$)")));
+    if (reads) {
+        project.service.answer(text("highlightQueryList"), QJsonValue());
+        operation(project.undo);
+        QCOMPARE(project.mutations(), QStringList());
+        fill(project);
+    }
+    if (reserves) {
+        for (const QString& word : project.words())
+            project.service.answer(word + text("MaxId"), 0);
+        operation(project.undo);
+        QCOMPARE(project.mutations(), QStringList());
+    }
+    QCOMPARE(project.undo.count(), 0);
+}
+
+void tst_CommandOrder::kernosMergedInACircleStandOnTop() {
+    ScriptedProject project;
+    QVERIFY(project.isOpen);
+    const KernoModel* const kernos = project.file.kernoModel();
+    project.file.kernoModel()->setData({Kerno(1, 2, Qt::red, text("a"), {}, {}, {}, 0, 0),
+                                        Kerno(2, 1, Qt::red, text("b"), {}, {}, {}, 0, 0)});
+    project.undo.mergeKernos(1, 2, text("x"));
+    QCOMPARE(kernos->snapshot().last().title(), text("x"));
+    QCOMPARE(kernos->snapshot().last().parentKernoId(), -1);
 }
 
 KERNOVA_TEST_MAIN(tst_CommandOrder)

@@ -1,6 +1,7 @@
 #include "UndoProject.h"
 #include "tests_support/TestMain.h"
 
+#include <QRandomGenerator>
 #include <functional>
 #include <utility>
 
@@ -24,9 +25,73 @@ QStringList rangesOf(KRNFile& file, int kernoId) {
     return ranges;
 }
 
+/// One of the ids, or one that there isn't.
+int pick(QRandomGenerator& random, const QVariantList& ids) {
+    const int place = random.bounded(ids.size() + 1);
+    return place < ids.size() ? ids.at(place).toInt() : 99;
+}
+
+/// Changes something at random, or tries to.
+void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) {
+    const QString name = text("n%1").arg(random.bounded(6));
+    const int kerno = pick(random, file.kernoIds());
+    const int otherKerno = pick(random, file.kernoIds());
+    const int source = pick(random, file.sourceIds());
+    const int question = pick(random, file.questionIds());
+    const int group = 1 + random.bounded(4);
+    const int start = random.bounded(20);
+    const int end = start + 1 + random.bounded(20);
+    const QList<std::function<void()>> changes{
+        [&] { undo.addHighlight(highlight(-1, kerno, source, question, start, end, {})); },
+        [&] { undo.addHighlight(highlight(-1, kerno, source, question, start, end)); },
+        [&] { undo.deleteHighlight(pick(random, file.highlightIds())); },
+        [&] { undo.addHighlightToNewKerno(highlight(-1, -1, source, question, start, end), Kerno()); },
+        [&] { undo.tryAddHighlightByShortcut(highlight(-1, -1, source, question, start, end), text("a")); },
+        [&] { undo.addMemo(memo(-1, source, question, start, end, name)); },
+        [&] { undo.deleteMemo(1 + random.bounded(6)); },
+        [&] {
+            undo.addKerno({{text("title"), name}, {text("parentKernoId"), kerno}});
+        },
+        [&] {
+            Kerno changed = file.kerno(kerno);
+            changed.setTitle(name);
+            changed.setParentKernoId(otherKerno);
+            undo.updateKerno(changed);
+        },
+        [&] { undo.deleteKerno(kerno); },
+        [&] { undo.mergeKernos(kerno, otherKerno, name); },
+        [&] { undo.duplicateKerno(kerno); },
+        [&] { undo.addGroup(group, name); },
+        [&] { undo.deleteGroup(group); },
+        [&] { undo.addKernoGroup(kerno, group); },
+        [&] { undo.deleteKernoGroup(kerno, group); },
+        [&] { undo.setKernoShortcut(text("A"), kerno); },
+        [&] { undo.setKernoShortcut(text("A"), -1); },
+        [&] { undo.addSource(Source(-1, name, {}, {}, {})); },
+        [&] { undo.updateSourceTitle(source, name); },
+        [&] { undo.deleteSource(source); },
+        [&] { undo.addQuestion(Question(-1, name, 1)); },
+        [&] { undo.deleteQuestion(question); },
+        [&] {
+            QuestionAnswer changed = file.answer(1 + random.bounded(12));
+            changed.setAnswer(name);
+            undo.updateAnswer(changed);
+        },
+        [&] {
+            undo.addMetadataKeyAndValues(name, {text("x"), name, text("x")}, source);
+        },
+        [&] { undo.addMetadata(1 + random.bounded(3), 1 + random.bounded(6), source); },
+        [&] { undo.deleteMetadata(1 + random.bounded(3), source); },
+        [&] { undo.deleteMetadataKey(1 + random.bounded(3)); },
+        [&] { undo.deleteMetadataValue(1 + random.bounded(6)); }};
+    changes.at(random.bounded(changes.size()))();
+}
+
 }  // namespace
 
-/// Undo gives back exactly what was there, and redo what was done: ids, links, order, texts and times.
+/// Undo gives back exactly what was there, and redo what was done: ids, links, texts and times, both in what
+/// is stored and in the models. The order of rows is that of ids here; what a person sees is sorted by the
+/// views.
 class tst_UndoContract : public QObject {
     Q_OBJECT
 
@@ -34,6 +99,8 @@ private slots:
     void init();
     void everyChangeIsTakenBackExactly_data();
     void everyChangeIsTakenBackExactly();
+    void aLongSequenceIsTakenBackAndDoneAgain_data();
+    void aLongSequenceIsTakenBackAndDoneAgain();
     void changesThatChangeNothingLeaveNoStep_data();
     void changesThatChangeNothingLeaveNoStep();
     void aNewSourceGetsATitleAndAnswers();
@@ -219,6 +286,44 @@ void tst_UndoContract::everyChangeIsTakenBackExactly() {
     QCOMPARE(m_project.modelTexts(), rowsAfter);
 }
 
+void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain_data() {
+    QTest::addColumn<QString>("password");
+    QTest::addColumn<uint>("seed");
+    QTest::newRow("open") << QString() << 1u;
+    QTest::newRow("under a password") << text("s3cret") << 2u;
+}
+
+void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain() {
+    QFETCH(QString, password);
+    QFETCH(uint, seed);
+    UndoProject project(password);
+    QVERIFY2(project.open(), qPrintable(project.error));
+    UndoManager& undo = project.undo;
+    QRandomGenerator random(seed);
+    QList<QJsonObject> stored{project.json()};
+    QList<QStringList> rows{project.modelTexts()};
+    while (undo.count() < 60) {
+        const int before = undo.count();
+        changeAnything(random, undo, project.file);
+        const QJsonObject now = project.json();
+        if (undo.count() == before) {
+            QCOMPARE(difference(stored.last(), now), QString());
+            continue;
+        }
+        stored.append(now);
+        rows.append(project.modelTexts());
+    }
+    for (int step = undo.count() - 1; step >= 0; --step) {
+        undo.undo();
+        QCOMPARE(difference(stored.at(step), project.json()), QString());
+        QCOMPARE(project.modelTexts(), rows.at(step));
+    }
+    while (undo.canRedo())
+        undo.redo();
+    QCOMPARE(difference(stored.last(), project.json()), QString());
+    QCOMPARE(project.modelTexts(), rows.last());
+}
+
 void tst_UndoContract::changesThatChangeNothingLeaveNoStep_data() {
     QTest::addColumn<Change>("change");
     const auto row = [](const char* name, Change change) { QTest::newRow(name) << change; };
@@ -374,6 +479,14 @@ void tst_UndoContract::aPropertyOfOneValueHasItReplaced() {
     QCOMPARE(links->links(1, 1).first().valueId(), 2);
     QCOMPARE(links->links(1, 2).size(), 1);
     QCOMPARE(links->links(1, 2).first().valueId(), 2);
+
+    m_project.undo.addMetadataKeyAndValues(text("Town"), {text("Oslo"), text("Oslo"), text("Rome")}, 3);
+    m_project.settle();
+    const int town = m_project.file.metadataKeyModel()->snapshot().last().id();
+    const auto values = m_project.file.metadataValueModel()->valuesOfKey(town);
+    QCOMPARE(values.size(), 2);
+    QCOMPARE(links->links(town, 3).size(), 1);
+    QCOMPARE(links->links(town, 3).first().valueId(), values.last().id());
 }
 
 KERNOVA_TEST_MAIN(tst_UndoContract)

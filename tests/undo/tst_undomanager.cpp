@@ -74,7 +74,6 @@ private slots:
     void newKernosGoRoundThePalette();
     void aParentBelowOneIsNone();
     void manyHighlightsAreOneMutation();
-    void whatGetsNoIdsLeavesNoStep();
 
 private:
     UndoManager* undo() { return &m_project->undo; }
@@ -129,6 +128,7 @@ void tst_UndoManager::aReaderLeavesNoStep() {
     operation(m_project->undo);
     QCOMPARE(undo()->count(), 0);
     QVERIFY(!undo()->canUndo());
+    QCOMPARE(m_project->reservations(), 0);
     QCOMPARE(mutations(), QStringList());
     QCoreApplication::processEvents();
     QCOMPARE(told.count(), 1);
@@ -205,6 +205,7 @@ void tst_UndoManager::operationsEndAlike() {
     QTEST(canUndo.count(), "told");
     QTEST(canRedo.count(), "told");
     QCOMPARE(undo()->count(), 0);
+    QCOMPARE(m_project->reservations(), 0);
 }
 
 void tst_UndoManager::codingIntoANewKernoIsOneStep() {
@@ -295,20 +296,6 @@ void tst_UndoManager::manyHighlightsAreOneMutation() {
     highlights.last().setLength(0);
     QVERIFY(!BatchCreateHighlightsCommand(highlights, file()).isValid());
     QVERIFY(!BatchDeleteHighlightsCommand(highlights, file()).isValid());
-}
-
-// Part of them would be a step that can't be taken back whole.
-void tst_UndoManager::whatGetsNoIdsLeavesNoStep() {
-    file()->sourceModel()->setData(
-        {Source(1, text("First"), {}, {}, {}), Source(2, text("Second"), {}, {}, {})});
-    m_project->service.answer(text("questionAnswerMaxId"), 0);
-    m_project->service.answer(text("highlightMaxId"), 0);
-    mutations();
-    undo()->addQuestion(Question(-1, text("Why?"), 1));
-    QVERIFY(!undo()->push(std::make_unique<BatchCreateHighlightsCommand>(
-        QList<Highlight>{highlight(0, 4), highlight(5, 9)}, file())));
-    QCOMPARE(undo()->count(), 0);
-    QCOMPARE(mutations(), QStringList());
 }
 
 KERNOVA_TEST_MAIN(tst_UndoManager)
