@@ -122,9 +122,9 @@ template <typename T, typename K, typename F> void IModelList<T, K, F>::addOrUpd
         return;
     }
     QVector<int> changedRoles;
-    for (auto field = T::descriptors().cbegin(); field != T::descriptors().cend(); ++field) {
-        if (existing->fieldValue(field.key(), false) != record.fieldValue(field.key(), false))
-            changedRoles.append(field.key());
+    for (const FieldInfo& field : T::fieldInfos()) {
+        if (existing->fieldValue(field.number, false) != record.fieldValue(field.number, false))
+            changedRoles.append(field.number);
     }
     assignRow(existing, record);
     onModelUpdated(existing->row, record, changedRoles);

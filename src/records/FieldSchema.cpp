@@ -126,14 +126,7 @@ QString argument(const QString& wireName, const QVariant& value) {
 }  // namespace fields
 
 void FieldLists::add(const FieldInfo& info) {
-    FieldDescriptor descriptor;
-    descriptor.wireName = info.wireName;
-    descriptor.roleName = info.roleName;
-    descriptor.notCompared = !info.compared && !info.local;
-    descriptor.localOnly = info.local;
-    descriptor.defaultValue = info.defaultValue;
     Q_ASSERT(info.number == firstFieldNumber + static_cast<int>(infos.size()));
-    descriptors.insert(info.number, descriptor);
     infos.push_back(info);
     roleNames.insert(info.number, info.roleName.toUtf8());
     if (!info.local)

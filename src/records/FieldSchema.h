@@ -1,6 +1,5 @@
 #pragma once
 
-#include "records/FieldDescriptor.h"
 #include "records/RecordFields.h"
 
 #include <QByteArray>
@@ -8,7 +7,6 @@
 #include <QDateTime>
 #include <QHash>
 #include <QJsonObject>
-#include <QMap>
 #include <QStringList>
 #include <variant>
 #include <vector>
@@ -63,7 +61,6 @@ QString argument(const QString& wireName, const QVariant& value);
 
 /// What follows from a field table, worked out once for each record.
 struct FieldLists {
-    QMap<int, FieldDescriptor> descriptors;
     std::vector<FieldInfo> infos;
     QStringList queryFields;  ///< wire names of all fields that aren't local
     QHash<int, QByteArray> roleNames;

@@ -15,8 +15,8 @@ public:
     IModel() = default;
     virtual ~IModel() = default;
 
-    /// A copy counts as read well, whatever its source; an assignment takes both flags over.
-    IModel(const IModel& other) : m_fromService(other.m_fromService), m_parsedOk(true) {}
+    /// A copy counts as read well, whatever its source; an assignment takes the flag over.
+    IModel(const IModel&) : m_parsedOk(true) {}
     IModel(IModel&& other) noexcept = default;
     IModel& operator=(const IModel& other) = default;
     IModel& operator=(IModel&& other) noexcept = default;
@@ -26,9 +26,6 @@ public:
 
     /// One text for each field that is sent, in the order of the field table.
     virtual QStringList mutationArguments() const = 0;
-
-    /// Has no effect in any record.
-    virtual void prepare() {}
 
     /// The value of a field by its number; invalid for a number outside the table. `forService` gives the
     /// timestamp as whole seconds since the epoch, now.
@@ -42,17 +39,13 @@ public:
 
     virtual QJsonValue toJson() const { return QJsonValue::fromVariant(toVariantMap()); }
 
-    /// Whether the record was read from JSON.
-    bool fromService() const { return m_fromService; }
-
     /// Whether every field could be read; true for a record built field by field, false for an empty one.
     bool parsedOk() const { return m_parsedOk; }
 
 protected:
-    IModel(bool fromService, bool parsedOk) : m_fromService(fromService), m_parsedOk(parsedOk) {}
+    explicit IModel(bool parsedOk) : m_parsedOk(parsedOk) {}
     void setParsedOk(bool ok) { m_parsedOk = ok; }
 
 private:
-    bool m_fromService = false;
     bool m_parsedOk = false;
 };

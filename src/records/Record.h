@@ -17,7 +17,6 @@ class Record : public IModel<K, F> {
 public:
     using State = S;
 
-    static const QMap<int, FieldDescriptor>& descriptors() { return lists().descriptors; }
     static const std::vector<FieldInfo>& fieldInfos() { return lists().infos; }
     static const QStringList& queryFields() { return lists().queryFields; }
     static const QHash<int, QByteArray>& roleNames() { return lists().roleNames; }
@@ -75,10 +74,10 @@ protected:
     Record() : m_state(new S) {}
 
     /// For a record built field by field.
-    explicit Record(S* state) : IModel<K, F>(false, true), m_state(state) {}
+    explicit Record(S* state) : IModel<K, F>(true), m_state(state) {}
 
     /// Reads all fields that aren't local. A field that can't be read keeps its default.
-    Record(const QJsonObject& json, const char* queryId) : IModel<K, F>(true, true), m_state(new S) {
+    Record(const QJsonObject& json, const char* queryId) : IModel<K, F>(true), m_state(new S) {
         bool ok = true;
         S& target = *m_state;
         for (const FieldRow<S>& field : Derived::rows()) {

@@ -152,11 +152,11 @@ QStringList rows(const QAbstractItemModel& model) {
     return all;
 }
 
-QJsonObject wireForm(const QVariantMap& byRole, const QMap<int, FieldDescriptor>& fields) {
+QJsonObject wireForm(const QVariantMap& byRole, const std::vector<FieldInfo>& fields) {
     QJsonObject json;
-    for (const FieldDescriptor& field : fields) {
+    for (const FieldInfo& field : fields) {
         const QVariant value = byRole.value(field.roleName);
-        if (field.localOnly)
+        if (field.local)
             continue;
         if (value.userType() == QMetaType::QColor)
             json.insert(field.wireName, value.value<QColor>().name());
@@ -205,7 +205,7 @@ public:
             for (int i = 0; i < 4; ++i) {
                 const T record = m_random(random);
                 store(record);
-                batch.append(wireForm(storedFields(record), T::descriptors()));
+                batch.append(wireForm(storedFields(record), T::fieldInfos()));
             }
             m_live->setFromJson(batch);
             break;

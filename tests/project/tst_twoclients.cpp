@@ -1,4 +1,5 @@
 #include "ProjectSupport.h"
+#include "link/ServiceConfig.h"
 #include "models/BatchOperationManager.h"
 #include "models/ChatModel.h"
 #include "models/GroupModel.h"
@@ -9,7 +10,6 @@
 #include "models/SourceMetadataModel.h"
 #include "models/SourceMetadataValueModel.h"
 #include "models/TextGeometry.h"
-#include "link/ServiceConfig.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
 
@@ -43,9 +43,9 @@ signals:
 /// What the service stores of a record, as text.
 template <typename T> QString storedText(const T& record) {
     QStringList values;
-    for (auto field = T::descriptors().cbegin(); field != T::descriptors().cend(); ++field) {
-        if (!field->localOnly)
-            values << field->wireName + '=' + record.fieldValue(field.key(), false).toString();
+    for (const FieldInfo& field : T::fieldInfos()) {
+        if (!field.local)
+            values << field.wireName + '=' + record.fieldValue(field.number, false).toString();
     }
     return values.join(QStringLiteral(", "));
 }

@@ -63,7 +63,6 @@ private slots:
     void fieldTablesAndPropertiesAgree();
     void argumentsFollowTheTable_data();
     void argumentsFollowTheTable();
-    void queryFieldsLeaveLocalOnesOut();
     void readsWhatItCanAndSaysWhetherItWasAll();
     void readsAndComparesHighlights();
     void copiesShareAsTheirKindSays();
@@ -115,31 +114,17 @@ void RecordsTest::argumentsFollowTheTable_data() {
                                           QStringLiteral("author:\"Ada\""),
                                           QStringLiteral("x:3"),
                                           QStringLiteral("y:4")};
-    QTest::newRow("highlight") << Highlight(highlightJson(), "queryList").mutationArguments()
-                               << QStringList{QStringLiteral("id:4"),          QStringLiteral("kernoId:2"),
-                                              QStringLiteral("sourceId:3"),    QStringLiteral("questionId:1"),
-                                              QStringLiteral("start:10"),      QStringLiteral("length:5"),
-                                              QStringLiteral("author:\"Ada\"")};
     QTest::newRow("answer")
         << QuestionAnswer(1, 2, 3, QStringLiteral("A"), QStringLiteral("x"), QDateTime()).mutationArguments()
         << QStringList{QStringLiteral("id:1"), QStringLiteral("questionId:2"), QStringLiteral("sourceId:3"),
                        QStringLiteral("author:\"A\""),
                        QStringLiteral("answer:\"<body style=\\\"white-space: pre-wrap;\\\">x</body>\"")};
-    QTest::newRow("key") << SourceMetadataKey(1, true, false, QStringLiteral("Age")).mutationArguments()
-                         << QStringList{QStringLiteral("id:1"), QStringLiteral("multipleChoice:1"),
-                                        QStringLiteral("sortValuesAlphabetically:0"),
-                                        QStringLiteral("key:\"Age\"")};
-    QTest::newRow("group") << Group(7, QStringLiteral("Core"), true).mutationArguments()
-                           << QStringList{QStringLiteral("id:7"), QStringLiteral("description:\"Core\"")};
     QTest::newRow("number") << Preference(QStringLiteral("k"), 5).mutationArguments()
                             << QStringList{QStringLiteral("key:\"k\""), QStringLiteral("value:5")};
     QTest::newRow("switch") << Preference(QStringLiteral("k"), true).mutationArguments()
                             << QStringList{QStringLiteral("key:\"k\""), QStringLiteral("value:1")};
     QTest::newRow("text") << Preference(QStringLiteral("k"), QStringLiteral("30")).mutationArguments()
                           << QStringList{QStringLiteral("key:\"k\""), QStringLiteral("value:\"30\"")};
-    QTest::newRow("shortcut")
-        << KernoShortcutKey(QStringLiteral("A"), 2, QStringLiteral("Ada")).mutationArguments()
-        << QStringList{QStringLiteral("shortcutKey:\"A\""), QStringLiteral("kernoId:2")};
 }
 
 void RecordsTest::argumentsFollowTheTable() {
@@ -148,22 +133,12 @@ void RecordsTest::argumentsFollowTheTable() {
     QCOMPARE(arguments, expected);
 }
 
-void RecordsTest::queryFieldsLeaveLocalOnesOut() {
-    QCOMPARE(Highlight::queryFields().join(QLatin1Char(' ')),
-             QStringLiteral("id kernoId sourceId questionId color start length author timestamp"));
-    QCOMPARE(Kerno::queryFields().join(QLatin1Char(' ')),
-             QStringLiteral("id parentKernoId color title description timestamp author x y"));
-    QCOMPARE(Group::queryFields().join(QLatin1Char(' ')), QStringLiteral("id description"));
-    QCOMPARE(KernoShortcutKey::queryFields().join(QLatin1Char(' ')), QStringLiteral("shortcutKey kernoId"));
-}
-
 void RecordsTest::readsWhatItCanAndSaysWhetherItWasAll() {
     const Kerno partial(QJsonObject{{QStringLiteral("id"), 3},
                                     {QStringLiteral("title"), QStringLiteral("T")},
                                     {QStringLiteral("x"), QStringLiteral("12")},
                                     {QStringLiteral("y"), QJsonObject()}},
                         "queryList");
-    QVERIFY(partial.fromService());
     QVERIFY(!partial.parsedOk());
     QVERIFY(partial.isValid());
     QVERIFY(!partial.color().isValid());
