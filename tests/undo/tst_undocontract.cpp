@@ -106,7 +106,6 @@ private slots:
     void aNewSourceGetsATitleAndAnswers();
     void aPassageIsCodedByKey();
     void overlappingPassagesOfOneAuthorBecomeOne();
-    void deletingAKernoKeepsOthers();
     void mergingJoinsWhatOverlaps();
     void mergingGivesTheKernosBelowAsTheyAre();
     void mergingDownwardsKeepsTheWayUp();
@@ -271,19 +270,6 @@ void tst_UndoContract::everyChangeIsTakenBackExactly() {
     QCOMPARE(m_project.modelTexts(), rowsAfter);
     undo.undo();
     QCOMPARE(difference(before, m_project.json()), QString());
-
-    // In haste: each of these begins before the notifications of the one before have come.
-    for (int i = 0; i < 2; ++i) {
-        undo.redo();
-        undo.undo();
-    }
-    QCOMPARE(difference(before, m_project.json()), QString());
-    QCOMPARE(m_project.modelTexts(), rowsBefore);
-    undo.redo();
-    undo.undo();
-    undo.redo();
-    QCOMPARE(difference(after, m_project.json()), QString());
-    QCOMPARE(m_project.modelTexts(), rowsAfter);
 }
 
 void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain_data() {
@@ -318,10 +304,17 @@ void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain() {
         QCOMPARE(difference(stored.at(step), project.json()), QString());
         QCOMPARE(project.modelTexts(), rows.at(step));
     }
-    while (undo.canRedo())
-        undo.redo();
-    QCOMPARE(difference(stored.last(), project.json()), QString());
-    QCOMPARE(project.modelTexts(), rows.last());
+    // In haste: each of these begins before the notifications of the one before have come.
+    for (int round = 0; round < 2; ++round) {
+        while (undo.canRedo())
+            undo.redo();
+        QCOMPARE(difference(stored.last(), project.json()), QString());
+        QCOMPARE(project.modelTexts(), rows.last());
+        while (undo.canUndo())
+            undo.undo();
+        QCOMPARE(difference(stored.first(), project.json()), QString());
+        QCOMPARE(project.modelTexts(), rows.first());
+    }
 }
 
 void tst_UndoContract::changesThatChangeNothingLeaveNoStep_data() {
@@ -406,15 +399,6 @@ void tst_UndoContract::overlappingPassagesOfOneAuthorBecomeOne() {
     m_project.undo.undo();
     m_project.undo.addHighlight(highlight(-1, 1, 1, 1, 8, 22));
     QCOMPARE(rangesOf(m_project.file, 1), (QStringList{text("1.1 0-30"), text("2.2 6-9")}));
-}
-
-void tst_UndoContract::deletingAKernoKeepsOthers() {
-    m_project.undo.deleteKerno(2);
-    m_project.settle();
-    QVERIFY(m_project.file.kerno(3).isValid());
-    QVERIFY(!m_project.file.kerno(4).isValid());
-    QCOMPARE(rangesOf(m_project.file, 1).size(), 3);
-    QCOMPARE(m_project.file.shortcutKeyModel()->rowCount(), 2);
 }
 
 void tst_UndoContract::mergingJoinsWhatOverlaps() {
