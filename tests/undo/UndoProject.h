@@ -163,6 +163,8 @@ inline bool UndoProject::open() {
         return fail(imported.message);
     if (!file.openProject(copy, false, m_password, false, true))
         return fail(file.getLastOpenError());
+    if (!file.waitForTexts())
+        return fail(QStringLiteral("texts are missing"));
     settle();
     undo.clearStack();
     return true;
