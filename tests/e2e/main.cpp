@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int runLimitMs = 140000;
+constexpr int runLimitMs = 280000;
 
 // A job and its runs of the program; those of `killed` end by a kill, not by themselves.
 struct JobEntry {
