@@ -1,3 +1,6 @@
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/LinkTimings.h"
 #include "models/ChatModel.h"
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
@@ -11,10 +14,6 @@
 #include "models/SourceMetadataValueModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "project/QueryCriterion.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
-#include "link/LinkTimings.h"
 #include "wire/Frames.h"
 #include "wire/QueryText.h"
 
@@ -217,21 +216,23 @@ QVariantList criteriaRows() {
 
 void measureCriteria(KRNFile& file, int highlightCount) {
     const QVariantList rows = criteriaRows();
-    const QString& name = wire::name::kernoQueryListWithHighlightsAndCriteria;
-    const double answering = threadMilliseconds([&] {
-        for (const QVariant& row : rows)
-            file.dataHelper()->queryValue(QueryCriterion(row.toMap()).queryText(), name);
-    });
     QVariantList result;
     double client = 0;
-    const double whole = milliseconds(
-        [&] { client = threadMilliseconds([&] { result = file.kernosWithHighlightsAndCriteria(rows); }); });
+    double whole = 0;
+    // The best of some rounds: what other programs take of the machine is none of ours.
+    for (int round = 0; round < rounds; ++round) {
+        double own = 0;
+        const double elapsed = milliseconds(
+            [&] { own = threadMilliseconds([&] { result = file.kernosWithHighlightsAndCriteria(rows); }); });
+        whole = round == 0 ? elapsed : qMin(whole, elapsed);
+        client = round == 0 ? own : qMin(client, own);
+    }
     int found = 0;
     for (const QVariant& map : qAsConst(result))
         found += map.toMap().value(text("highlights")).toList().size();
     std::printf(
         "criteria, 10 rows, %6d highlights: %5.0f ms in all, %4.0f ms of the caller's own; %d found\n",
-        highlightCount, whole, client - answering, found);
+        highlightCount, whole, client, found);
 }
 
 /// The bytes of the service's answer that fills the model of these records.

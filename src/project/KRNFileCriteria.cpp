@@ -25,6 +25,17 @@ QList<QueryCriterion> validCriteria(const QVariantList& maps) {
     return valid;
 }
 
+/// The answers to all rows, read at once; none when the rows have to be asked one by one.
+QVector<criteria::Results> answersToAll(DataHelper& helper, const QList<QueryCriterion>& rows,
+                                        QueryRecords& records) {
+    const QString text = QueryCriterion::commonQueryText(rows);
+    if (text.isEmpty())
+        return {};
+    const QJsonValue answer =
+        helper.queryValue(text, wire::name::kernoQueryListWithHighlightsAndManyCriteria);
+    return answer.isArray() ? records.read(answer.toArray(), rows.size()) : QVector<criteria::Results>();
+}
+
 /// A passage as screens show it: the record's fields, and what the record looks up.
 QVariantMap passageMap(const QuestionAnswer& answer) {
     QVariantMap map = answer.toVariantMap();
@@ -51,9 +62,13 @@ QVariantList KRNFile::kernosWithHighlightsAndCriteria(const QVariantList& criter
     const QList<QueryCriterion> rows = validCriteria(criteriaMaps);
     if (rows.isEmpty())
         return records.toMaps(ask(QueryCriterion::unconditionalQueryText()));
+    QVector<criteria::Results> answers = answersToAll(*m_dataHelper, rows, records);
+    // A row that the service refuses goes without an answer, and must not take those of the others away.
+    for (int i = answers.size(); i < rows.size(); ++i)
+        answers.append(ask(rows.at(i).queryText()));
     QVector<criteria::Term> terms;
-    for (const QueryCriterion& row : rows)
-        terms.append({row.level(), row.isAnd(), ask(row.queryText())});
+    for (int i = 0; i < rows.size(); ++i)
+        terms.append({rows.at(i).level(), rows.at(i).isAnd(), answers.at(i)});
     return records.toMaps(criteria::evaluate(terms));
 }
 

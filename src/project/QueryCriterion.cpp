@@ -23,10 +23,10 @@ QString quoted(const QString& name, const QString& text) {
     return name + QStringLiteral(": \"") + text + QLatin1Char('"');
 }
 
-QString criteriaQuery(const QStringList& arguments) {
+QString criteriaQuery(const QString& operation, const QStringList& arguments) {
     const QStringList fields = Kerno::queryFields() + QStringList{QStringLiteral(" highlights{")} +
                                Highlight::queryFields() + QStringList{QStringLiteral("}")};
-    return wire::read(wire::name::kernoQueryListWithHighlightsAndCriteria, arguments, fields);
+    return wire::read(operation, arguments, fields);
 }
 
 }  // namespace
@@ -49,21 +49,39 @@ QueryCriterion::QueryCriterion(const QVariantMap& map) {
     m_valid = !m_property.isEmpty() && m_value.isValid();
 }
 
-QString QueryCriterion::queryText() const {
+QStringList QueryCriterion::arguments() const {
     const auto named = fieldNames.constFind(m_property);
     const bool isMetadataKey = named == fieldNames.constEnd();
     const QString fieldName = isMetadataKey ? QStringLiteral("value") : *named;
     const int keyId = isMetadataKey ? m_property.toInt() : -1;
     const QString value = m_value.toString();
     if (m_op.isEmpty() || value.isEmpty())
-        return unconditionalQueryText();
+        return {};
     QStringList arguments{quoted(QStringLiteral("fieldName"), fieldName),
                           quoted(QStringLiteral("operator"), m_op), quoted(QStringLiteral("value"), value)};
     if (keyId != -1)
         arguments << QStringLiteral("keyId: %1").arg(keyId);
-    return criteriaQuery(arguments);
+    return arguments;
+}
+
+QString QueryCriterion::queryText() const {
+    return criteriaQuery(wire::name::kernoQueryListWithHighlightsAndCriteria, arguments());
 }
 
 QString QueryCriterion::unconditionalQueryText() {
-    return criteriaQuery({});
+    return criteriaQuery(wire::name::kernoQueryListWithHighlightsAndCriteria, {});
+}
+
+QString QueryCriterion::commonQueryText(const QList<QueryCriterion>& rows) {
+    QStringList records;
+    for (const QueryCriterion& row : rows) {
+        const QString value = row.m_value.toString();
+        if (value.contains(QLatin1Char('"')) || value.contains(QLatin1Char('\\')))
+            return {};
+        records << QLatin1Char('{') + row.arguments().join(QLatin1Char(' ')) + QLatin1Char('}');
+    }
+    if (records.size() > wire::maxCriteria)
+        return {};
+    return criteriaQuery(wire::name::kernoQueryListWithHighlightsAndManyCriteria,
+                         {QStringLiteral("criteria: [") + records.join(QLatin1Char(',')) + QLatin1Char(']')});
 }

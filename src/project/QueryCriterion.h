@@ -29,7 +29,14 @@ public:
     /// The text of the read without a condition: all kernos with all their highlights.
     static QString unconditionalQueryText();
 
+    /// The text of one read that answers all rows. Empty when they must be asked one by one: too many, or a
+    /// value that could break out of its row, and break its own read alone.
+    static QString commonQueryText(const QList<QueryCriterion>& rows);
+
 private:
+    /// None for a row that all highlights pass. The value goes in as it stands.
+    QStringList arguments() const;
+
     QString m_op;
     int m_level = 0;
     bool m_isAnd = false;

@@ -1,5 +1,7 @@
 #include "project/QueryRecords.h"
 
+#include "wire/Operations.h"
+
 namespace {
 
 const QString kernoName = QStringLiteral("kerno");
@@ -20,6 +22,29 @@ criteria::Results QueryRecords::read(const QJsonArray& answer) {
         results.append(item);
     }
     return results;
+}
+
+QVector<criteria::Results> QueryRecords::read(const QJsonArray& answer, int rows) {
+    QVector<criteria::Results> all(rows);
+    for (criteria::Results& results : all)
+        results.reserve(answer.size());
+    for (const QJsonValue& element : answer) {
+        QJsonObject kerno = element.toObject();
+        const QJsonArray list = kerno.take(highlightsName).toArray();
+        const int kernoNumber = m_kernos.add(kerno);
+        for (criteria::Results& results : all)
+            results.append(criteria::Item{kernoNumber, {}});
+        for (const QJsonValue& value : list) {
+            const QJsonObject highlight = value.toObject();
+            const int number = m_highlights.add(highlight);
+            const int passes = highlight.value(wire::name::passes).toInt();
+            for (int row = 0; row < rows; ++row) {
+                if (passes >> row & 1)
+                    all[row].last().highlights.append(number);
+            }
+        }
+    }
+    return all;
 }
 
 QVariantList QueryRecords::toMaps(const criteria::Results& results) const {

@@ -14,6 +14,10 @@ public:
     /// The answer to one row: kerno objects, each with its `highlights`.
     criteria::Results read(const QJsonArray& answer);
 
+    /// The answer to `rows` rows at once: the same, with the rows that a highlight passes as bits in
+    /// `passes`.
+    QVector<criteria::Results> read(const QJsonArray& answer, int rows);
+
     /// One map for each item, with `kerno` and the `highlights`.
     QVariantList toMaps(const criteria::Results& results) const;
 

@@ -16,6 +16,12 @@ public:
         return m_next++;
     }
 
+    /// For a record that stands but once in all answers.
+    int add(const QJsonObject& json) {
+        m_objects.append(json);
+        return m_objects.size() - 1;
+    }
+
     int size() const { return m_objects.size(); }
 
     /// The record of a number as a map for screens.

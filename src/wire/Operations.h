@@ -136,7 +136,15 @@ inline const QString sourceCodedLengthById = QStringLiteral("sourceCodedLengthBy
 inline const QString quoteCountsInKernos = QStringLiteral("quoteCountsInKernosQueryList");
 inline const QString kernoQueryListWithHighlightsAndCriteria =
     QStringLiteral("kernoQueryListWithHighlightsAndCriteria");
+/// Our own: many criteria in one read. Each highlight says in `passes` which of them it passes, the first in
+/// the lowest bit.
+inline const QString kernoQueryListWithHighlightsAndManyCriteria =
+    QStringLiteral("kernoQueryListWithHighlightsAndManyCriteria");
+inline const QString passes = QStringLiteral("passes");
 }  // namespace name
+
+/// The most criteria of one read.
+constexpr int maxCriteria = 31;
 
 /// The uuid of a project that has none: what the service answers for local projects and after a close.
 inline const QString nullUuid = QStringLiteral("00000000-0000-0000-0000-000000000000");

@@ -89,7 +89,7 @@ private slots:
             {QStringLiteral("ALTER TABLE tbl_kerno ADD COLUMN \"weight\" INTEGER NOT NULL DEFAULT 3")});
         Table wider = tableOf(wire::Record::Kerno);
         wider.columns.push_back(
-            {QStringLiteral("weight"), QStringLiteral("weight"), FieldType::Integer, true});
+            {QStringLiteral("weight"), QStringLiteral("weight"), FieldType::Integer, true, false, {}});
         const int weight = static_cast<int>(wider.columns.size()) - 1;
         for (int opening = 0; opening < 2; ++opening) {
             const std::unique_ptr<Database> database = projectfile::open(m_path, &message, later);

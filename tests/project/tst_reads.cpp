@@ -3,8 +3,11 @@
 #include "models/SourceMetadataKeyModel.h"
 #include "models/SourceMetadataValueModel.h"
 #include "project/ModelInstantiator.h"
+#include "project/QueryCriterion.h"
+#include "project/QueryRecords.h"
 #include "tests_support/TestMain.h"
 
+#include <QRandomGenerator>
 #include <functional>
 
 /// Reads and writes against the real service.
@@ -292,6 +295,57 @@ private slots:
             2);
         QCOMPARE(m_file->highlightsOverviewPerSourceForKerno(1).size(), 1);
         QVERIFY(m_file->highlightsOverviewPerSourceForKerno(-1).isEmpty());
+    }
+
+    void rowsAskedTogetherFindWhatEachFindsAlone() {
+        QRandomGenerator random(11);
+        for (int id = 1; id <= 6; ++id)
+            addKerno(id, -1, QString(QLatin1Char('a' + id)));
+        const QStringList people{"Ann", "Bob", "Cem"};
+        for (int id = 1; id <= 80; ++id) {
+            Highlight highlight(id, 1 + random.bounded(6), 1 + random.bounded(3), 1, QColor(),
+                                random.bounded(40), 5, 0, people.at(random.bounded(3)), {}, 0, 0, 0, false);
+            m_file->saveHighlight(highlight);
+        }
+        const QList<QPair<QString, QVariant>> conditions{{"HA", "Ann"},
+                                                         {"HA", "Bob"},
+                                                         {"ST", 2},
+                                                         {"QA", "Nobody"},
+                                                         {"HA", ""},
+                                                         {"GR", 1},
+                                                         {"HD", "2020-01-01"},
+                                                         {"HA", "a\"b"},
+                                                         {"HA", "a\\nb"},
+                                                         {"HA", "Ann\"},{fieldName:\""}};
+        for (int round = 0; round < 60; ++round) {
+            QVariantList maps;
+            QueryRecords records;
+            QVector<criteria::Term> terms;
+            for (int i = 1 + random.bounded(5); i > 0; --i) {
+                const auto& condition = conditions.at(random.bounded(conditions.size()));
+                maps.append(QVariantMap{{"property", condition.first},
+                                        {"operator", random.bounded(2) ? "=" : "!="},
+                                        {"value", condition.second},
+                                        {"junctionOperator", random.bounded(2) ? " AND" : " OR"},
+                                        {"level", random.bounded(2)}});
+                const QueryCriterion row(maps.last().toMap());
+                terms.append(
+                    {row.level(), row.isAnd(),
+                     records.read(m_file->dataHelper()
+                                      ->queryValue(row.queryText(),
+                                                   wire::name::kernoQueryListWithHighlightsAndCriteria)
+                                      .toArray())});
+            }
+            QCOMPARE(m_file->kernosWithHighlightsAndCriteria(maps),
+                     records.toMaps(criteria::evaluate(terms)));
+        }
+        // The one read is answered, and isn't silently replaced by many.
+        const QVariantMap plain{
+            {"property", "HA"}, {"operator", "="}, {"value", "Ann"}, {"junctionOperator", " OR"}};
+        QVERIFY(m_file->dataHelper()
+                    ->queryValue(QueryCriterion::commonQueryText({QueryCriterion(plain)}),
+                                 wire::name::kernoQueryListWithHighlightsAndManyCriteria)
+                    .isArray());
     }
 
     void savedKernosAreThereAtOnce() {

@@ -23,40 +23,73 @@ struct Columns {
     int examined(int n) const { return static_cast<int>(requested.size()) + n; }
 };
 
-Outcome readCriterion(ProjectStore& store, Arguments& arguments, Criterion* criterion) {
-    const QString fieldName = QStringLiteral("fieldName");
-    if (!arguments.has(fieldName)) {
-        arguments.finish();
-        return Outcome::done();
-    }
-    const QString field = arguments.text(fieldName);
-    const QString op = arguments.text(QStringLiteral("operator"));
-    const QString value = arguments.text(QStringLiteral("value"));
-    const qint64 keyId = arguments.integer(QStringLiteral("keyId"), -1);
-    if (!arguments.finish())
-        return Outcome::done();
-    return Criterion::read(store.database(), field, op, value, keyId, criterion);
+/// A bit for each criterion for which `passes` holds, the first in the lowest.
+template <typename Passes> qint64 passing(const std::vector<Criterion>& criteria, Passes passes) {
+    qint64 bits = 0;
+    for (size_t i = 0; i < criteria.size(); ++i)
+        bits |= static_cast<qint64>(passes(criteria[i])) << i;
+    return bits;
 }
 
-/// Every kerno, with those of its highlights that pass.
-Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query) {
+/// A criterion that isn't there is met by all.
+Outcome readCriterion(ProjectStore& store, const wire::ParsedQuery& query, std::vector<Fault>* faults,
+                      Criterion* criterion) {
+    Arguments arguments(query);
+    const QString fieldName = QStringLiteral("fieldName");
+    const bool given = arguments.has(fieldName);
+    QString field, op, value;
+    qint64 keyId = -1;
+    if (given) {
+        field = arguments.text(fieldName);
+        op = arguments.text(QStringLiteral("operator"));
+        value = arguments.text(QStringLiteral("value"));
+        keyId = arguments.integer(QStringLiteral("keyId"), -1);
+    }
+    const bool readable = arguments.finish();
+    faults->insert(faults->end(), arguments.faults.begin(), arguments.faults.end());
+    return given && readable ? Criterion::read(store.database(), field, op, value, keyId, criterion)
+                             : Outcome::done();
+}
+
+Outcome readCriteria(ProjectStore& store, const wire::ParsedQuery& query, std::vector<Fault>* faults,
+                     std::vector<Criterion>* criteria) {
+    Arguments arguments(query);
+    const auto records = arguments.records(QStringLiteral("criteria"));
+    if (arguments.finish() && (records.empty() || static_cast<int>(records.size()) > wire::maxCriteria))
+        arguments.faults.push_back(
+            {QStringLiteral("There must be 1 to %1 criteria.").arg(wire::maxCriteria), query.position});
+    *faults = arguments.faults;
+    Outcome outcome;
+    for (const std::vector<wire::QueryArgument>* record : records) {
+        wire::ParsedQuery one = query;
+        one.arguments = *record;
+        criteria->emplace_back();
+        if (faults->empty() && outcome.ok())
+            outcome = readCriterion(store, one, faults, &criteria->back());
+    }
+    return outcome;
+}
+
+/// Every kerno, with those of its highlights that pass; with `many`, of several criteria at least one.
+Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query, bool many) {
     const QString nested = QStringLiteral("highlights");
     const QString author = QStringLiteral("author");
     const QString timestamp = QStringLiteral("timestamp");
-    Arguments arguments(query);
+    std::vector<Fault> faults;
     std::vector<wire::QueryField> highlightFields;
     for (const wire::QueryField& field : query.fields) {
         if (field.name == nested)
             highlightFields = field.fields;
     }
     Columns kernos(tableOf(wire::Record::Kerno), query.fields, nested,
-                   {QStringLiteral("id"), author, timestamp}, &arguments.faults);
+                   {QStringLiteral("id"), author, timestamp}, &faults);
     Columns highlights(tableOf(wire::Record::Highlight), highlightFields, {},
-                       {QStringLiteral("sourceId"), author, timestamp}, &arguments.faults);
-    Criterion criterion;
-    const Outcome understood = readCriterion(store, arguments, &criterion);
-    if (!arguments.faults.empty())
-        return Answer::refused(arguments.faults);
+                       {QStringLiteral("sourceId"), author, timestamp}, &faults);
+    std::vector<Criterion> criteria(many ? 0 : 1);
+    const Outcome understood = many ? readCriteria(store, query, &faults, &criteria)
+                                    : readCriterion(store, query, &faults, &criteria.front());
+    if (!faults.empty())
+        return Answer::refused(faults);
     if (!understood.ok())
         return Answer::from(understood);
 
@@ -68,20 +101,28 @@ Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query)
     const Outcome outer = store.select(kernos.selection, [&](const RowView& kerno) {
         const qint64 kernoId = kerno.integer(kernos.examined(0));
         json.beginObject();
-        for (size_t i = 0; i < kernos.requested.size(); ++i) {
-            const Column& column = kernos.selection.table->columns[static_cast<size_t>(kernos.requested[i])];
-            json.key(column.name);
-            writeValue(json, column.type, kerno.value(static_cast<int>(i)));
-        }
+        writeFields(json, *kernos.selection.table, kernos.requested, kerno);
         json.key(nested).beginArray();
-        if (inner.ok() &&
-            criterion.kernoPasses(kernoId, kerno.text(kernos.examined(1)), kerno.text(kernos.examined(2)))) {
+        const qint64 candidates = passing(criteria, [&](const Criterion& criterion) {
+            return criterion.kernoPasses(kernoId, kerno.text(kernos.examined(1)),
+                                         kerno.text(kernos.examined(2)));
+        });
+        if (inner.ok() && candidates != 0) {
             highlights.selection.filters = {{kernoIdColumn, kernoId}};
             inner = store.select(highlights.selection, [&](const RowView& row) {
-                if (criterion.highlightPasses(row.integer(highlights.examined(0)),
-                                              row.text(highlights.examined(1)),
-                                              row.text(highlights.examined(2))))
-                    writeRow(json, *highlights.selection.table, highlights.requested, row);
+                const qint64 source = row.integer(highlights.examined(0));
+                const QString by = row.text(highlights.examined(1));
+                const QString at = row.text(highlights.examined(2));
+                const qint64 passed = candidates & passing(criteria, [&](const Criterion& criterion) {
+                                          return criterion.highlightPasses(source, by, at);
+                                      });
+                if (passed == 0)
+                    return;
+                json.beginObject();
+                writeFields(json, *highlights.selection.table, highlights.requested, row);
+                if (many)
+                    json.key(wire::name::passes).value(passed);
+                json.endObject();
             });
         }
         json.endArray().endObject();
@@ -90,8 +131,18 @@ Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query)
     return payload.finish(outer.ok() ? inner : outer);
 }
 
+Answer oneCriterion(ProjectStore& store, const wire::ParsedQuery& query) {
+    return kernosWithHighlights(store, query, false);
+}
+
+Answer manyCriteria(ProjectStore& store, const wire::ParsedQuery& query) {
+    return kernosWithHighlights(store, query, true);
+}
+
 }  // namespace
 
 ReadHandler criteriaHandler(const QString& operation) {
-    return operation == wire::name::kernoQueryListWithHighlightsAndCriteria ? kernosWithHighlights : nullptr;
+    if (operation == wire::name::kernoQueryListWithHighlightsAndManyCriteria)
+        return manyCriteria;
+    return operation == wire::name::kernoQueryListWithHighlightsAndCriteria ? oneCriterion : nullptr;
 }

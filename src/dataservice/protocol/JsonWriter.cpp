@@ -1,6 +1,7 @@
 #include "protocol/JsonWriter.h"
 
 #include <QLocale>
+#include <array>
 #include <cmath>
 
 namespace {
@@ -42,6 +43,13 @@ JsonWriter& JsonWriter::key(const QString& name) {
     separate();
     append(name);
     m_bytes += ':';
+    m_needsComma = false;
+    return *this;
+}
+
+JsonWriter& JsonWriter::key(const QByteArray& json) {
+    separate();
+    m_bytes += json;
     m_needsComma = false;
     return *this;
 }
@@ -92,8 +100,16 @@ void JsonWriter::separate() {
 
 void JsonWriter::append(const QString& text) {
     m_bytes += '"';
-    const ushort* unit = text.utf16();
-    const ushort* const end = unit + text.size();
+    // Most texts of a project's lists are short and plain, and a conversion costs more than they do.
+    std::array<char, 64> plain;
+    const ushort* const units = text.utf16();
+    const int most = qMin(text.size(), static_cast<int>(plain.size()));
+    int at = 0;
+    for (; at < most && units[at] < 0x80 && !needsEscape(units[at]); ++at)
+        plain[static_cast<size_t>(at)] = static_cast<char>(units[at]);
+    m_bytes.append(plain.data(), at);
+    const ushort* unit = units + at;
+    const ushort* const end = units + text.size();
     const ushort* run = unit;
     const auto flush = [&] {
         if (unit > run)

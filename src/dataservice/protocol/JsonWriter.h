@@ -11,6 +11,8 @@ public:
     JsonWriter& beginArray();
     JsonWriter& endArray();
     JsonWriter& key(const QString& name);
+    /// A key in its JSON form, with the colon.
+    JsonWriter& key(const QByteArray& json);
     JsonWriter& value(const QString& text);
     JsonWriter& value(qint64 number);
     JsonWriter& value(double number);  ///< null for what JSON can't hold

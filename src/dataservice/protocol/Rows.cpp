@@ -26,12 +26,16 @@ void writeValue(JsonWriter& json, FieldType type, const QVariant& value) {
     }
 }
 
-void writeRow(JsonWriter& json, const Table& table, const std::vector<int>& columns, const RowView& row) {
-    json.beginObject();
+void writeFields(JsonWriter& json, const Table& table, const std::vector<int>& columns, const RowView& row) {
     for (size_t i = 0; i < columns.size(); ++i) {
         const Column& column = table.columns[static_cast<size_t>(columns[i])];
-        json.key(column.name);
+        json.key(column.jsonKey);
         writeValue(json, column.type, row.value(static_cast<int>(i)));
     }
+}
+
+void writeRow(JsonWriter& json, const Table& table, const std::vector<int>& columns, const RowView& row) {
+    json.beginObject();
+    writeFields(json, table, columns, row);
     json.endObject();
 }

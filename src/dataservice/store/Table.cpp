@@ -49,7 +49,8 @@ Table makeTable(Record record) {
         const bool joined = !field.sent && field.type != FieldType::Timestamp;
         if (field.type == FieldType::Timestamp)
             table.timestampColumn = static_cast<int>(table.columns.size());
-        table.columns.push_back({field.wireName, field.roleName, field.type, field.sent, joined});
+        table.columns.push_back({field.wireName, field.roleName, field.type, field.sent, joined,
+                                 '"' + field.wireName.toLatin1() + "\":"});
     }
     return table;
 }

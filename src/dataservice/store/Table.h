@@ -13,6 +13,7 @@ struct Column {
     FieldType type = FieldType::Integer;
     bool sent = false;    ///< a mutation's argument
     bool joined = false;  ///< read from another table, never stored
+    QByteArray jsonKey;   ///< how an object's member of this name begins: `"name":`
 };
 
 /// A table of the project file: one for each record of the protocol.
