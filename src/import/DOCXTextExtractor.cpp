@@ -13,6 +13,9 @@ const QString contentTypesNamespace =
 const QString mainDocumentType =
     QStringLiteral("application/vnd.openxmlformats-officedocument.wordprocessingml.document.main+xml");
 
+// Far more than the longest transcript; reading takes several times as much memory.
+constexpr qint64 mostPartBytes = qint64(32) << 20;
+
 /// The path of the main document inside the archive; empty when the list of parts names none, or is broken.
 QString mainPart(const QByteArray& listOfParts) {
     SafeXmlReader xml(QString::fromUtf8(listOfParts));
@@ -41,7 +44,9 @@ QString DOCXTextExtractor::extract() {
     m_pendingEnds.clear();
     if (m_path.isEmpty())
         return {};
-    ZipArchive archive(m_path);
+    ZipLimits limits;
+    limits.entryBytes = mostPartBytes;
+    ZipArchive archive(m_path, limits);
     const QString part = mainPart(archive.read(contentTypes));
     const QByteArray document = part.isEmpty() ? QByteArray() : archive.read(part);
     if (document.isEmpty()) {

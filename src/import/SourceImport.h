@@ -21,6 +21,8 @@ public:
 
     /// Reads a file and gives its pairs. Gives none when the project needs markers and one is empty, when the
     /// file can't be read, or when nothing is found in it. Events are handled while a PDF is converted.
+    /// The texts are as they were read: who makes answers of them by another way than `save` passes them
+    /// through `importedText`.
     QVariantList pairsOfFile(const QUrl& file, const QString& questionMarker, const QString& answerMarker,
                              bool noLoadedFile, const std::function<bool()>& cancelled = {}) const;
     QVariantList pairsOfText(const QString& text, const QString& questionMarker, const QString& answerMarker,
