@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QJsonObject>
 #include <QLoggingCategory>
 #include <QPainter>
 #include <QPdfWriter>
@@ -49,7 +50,7 @@ void importManyFiles(const QTemporaryDir& folder) {
     const auto file = std::make_unique<KRNFile>(nullptr);
     file->initModels();
     UndoManager undo(file.get());
-    const QVariantMap project{{QStringLiteral("name"), folder.filePath(QStringLiteral("project.krn"))}};
+    const QJsonObject project{{QStringLiteral("name"), folder.filePath(QStringLiteral("project.krn"))}};
     if (!file->dataHelper()->connection()->connect(false) ||
         !file->openProject(project, true, QString(), true))
         qFatal("the project does not open");
@@ -110,7 +111,7 @@ void readLongRtf(const QTemporaryDir& folder) {
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "minimal");
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     const QTemporaryDir folder;
