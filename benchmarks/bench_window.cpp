@@ -11,6 +11,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QQmlComponent>
+#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTimer>
 #include <cstdio>
@@ -106,13 +107,17 @@ int measure(Session& session, KRNFile& file, const QString& path) {
     const qint64 shown = clock.elapsed();
     const double heldByText = pulse.longest();
     pulse.restart();
+    int frames = 0;
+    QObject counting;
+    QObject::connect(window, &QQuickWindow::frameSwapped, &counting, [&frames] { ++frames; });
     until([&] { return file.allTextsHere(); });
     const qint64 complete = clock.elapsed();
     std::printf("opened after %lld ms, drawn after %lld ms (main thread held %.0f ms), text of a source "
                 "after %lld ms "
-                "(%.0f ms), all texts after %lld ms (%.0f ms)\n",
+                "(%.0f ms), all texts after %lld ms (%.0f ms, %d frames drawn)\n",
                 static_cast<long long>(returned), static_cast<long long>(drawn), heldByDrawing,
-                static_cast<long long>(shown), heldByText, static_cast<long long>(complete), pulse.longest());
+                static_cast<long long>(shown), heldByText, static_cast<long long>(complete), pulse.longest(),
+                frames);
     QEventLoop rest;
     QTimer::singleShot(3000, &rest, &QEventLoop::quit);
     rest.exec();

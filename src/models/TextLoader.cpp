@@ -8,9 +8,12 @@
 
 namespace {
 
-/// So many sources are on their way or on the worker at a time. Enough to keep service and worker busy; a
-/// blocking read of the screens waits for no more than these.
-constexpr int atOnce = 6;
+/// So many sources are on their way or on the worker at a time. Enough to keep service and worker busy while
+/// the window draws; a blocking read of the screens waits for no more than these.
+constexpr int atOnce = 12;
+
+/// Milliseconds between two announcements of progress: each makes the window draw anew.
+constexpr int progressInterval = 250;
 
 const QString sourceIdName = QStringLiteral("sourceId");
 
@@ -48,6 +51,7 @@ void TextLoader::start(const QList<int>& sourceIds, const SimpleCipher& cipher) 
     m_missing = QSet<int>(sourceIds.cbegin(), sourceIds.cend());
     m_expected = m_missing.size();
     m_listing = true;
+    m_sinceProgress.start();
     emit progressed();
     askForList();
 }
@@ -92,7 +96,6 @@ void TextLoader::stop() {
     m_failed.clear();
     m_converting = 0;
     m_expected = 0;
-    m_shownProgress = 0;
     m_cipher = SimpleCipher();
 }
 
@@ -195,9 +198,8 @@ void TextLoader::fail(int sourceId) {
 }
 
 void TextLoader::announce() {
-    const int progress = (hereCount() + failedCount()) * 100 / std::max(m_expected, 1);
-    if (progress != m_shownProgress || !isLoading()) {
-        m_shownProgress = progress;
+    if (!isLoading() || m_sinceProgress.hasExpired(progressInterval)) {
+        m_sinceProgress.restart();
         emit progressed();
     }
     if (!isLoading())

@@ -4,6 +4,7 @@
 #include "records/QuestionAnswer.h"
 #include "records/SimpleCipher.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -52,7 +53,7 @@ public:
 signals:
     /// All answers of one source, in the order of their ids.
     void arrived(int sourceId, QList<QuestionAnswer> answers);
-    /// The counts above have changed: at about each hundredth of the whole, and always at the end.
+    /// The counts above have changed: a few times in a second, and always at the end.
     void progressed();
     /// Nothing comes any more by itself: all texts are here, or some could not be read.
     void finished();
@@ -80,7 +81,7 @@ private:
     QSet<int> m_failed;                ///< not here, and no longer asked for
     int m_converting = 0;              ///< replies on the worker
     int m_expected = 0;
-    int m_shownProgress = 0;
+    QElapsedTimer m_sinceProgress;
     int m_run = 0;  ///< a result of the worker from an earlier run is dropped
     QThreadPool m_pool;
 };

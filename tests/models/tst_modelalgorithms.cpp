@@ -1,7 +1,5 @@
 #include "models/KernoLevels.h"
-#include "models/ManualSort.h"
 #include "models/PassageRange.h"
-#include "models/Reparenting.h"
 #include "models/RowIndex.h"
 #include "models/StripeLayout.h"
 #include "records/Highlight.h"
@@ -16,52 +14,20 @@ struct Entry {
     int group = 0;
 };
 
-using Numbers = QVector<int>;
-
 }  // namespace
-
-Q_DECLARE_METATYPE(QVector<StripeExtent>)
 
 /// The algorithms of the models, on values.
 class tst_ModelAlgorithms : public QObject {
     Q_OBJECT
 
 private slots:
-    void stripesTakeTheFirstFreeColumn_data();
-    void stripesTakeTheFirstFreeColumn();
     void randomStripesNeverCollide();
     void repaintRangeTakesInNeighbours_data();
     void repaintRangeTakesInNeighbours();
-    void kernosMoveWithinTheRule_data();
-    void kernosMoveWithinTheRule();
     void levelsAreListedDepthFirst();
     void anglesShareTheCircle();
-    void unknownIdsComeFirst();
     void indexFollowsTheRows();
 };
-
-void tst_ModelAlgorithms::stripesTakeTheFirstFreeColumn_data() {
-    QTest::addColumn<QVector<StripeExtent>>("stripes");
-    QTest::addColumn<Numbers>("columns");
-    QTest::addColumn<int>("count");
-    QTest::newRow("none") << QVector<StripeExtent>{} << Numbers{} << 1;
-    QTest::newRow("one") << QVector<StripeExtent>{{0, 16}} << Numbers{0} << 1;
-    QTest::newRow("two on a line") << QVector<StripeExtent>{{0, 16}, {0, 16}} << Numbers{0, 1} << 2;
-    QTest::newRow("line below") << QVector<StripeExtent>{{0, 16}, {16, 32}} << Numbers{0, 0} << 1;
-    QTest::newRow("lines one and three") << QVector<StripeExtent>{{0, 16}, {32, 48}} << Numbers{0, 0} << 1;
-    QTest::newRow("a freed column is used again")
-        << QVector<StripeExtent>{{0, 64}, {0, 16}, {16, 32}, {16, 48}} << Numbers{0, 1, 1, 2} << 3;
-    QTest::newRow("the first of two free ones")
-        << QVector<StripeExtent>{{0, 16}, {0, 16}, {16, 32}} << Numbers{0, 1, 0} << 2;
-}
-
-void tst_ModelAlgorithms::stripesTakeTheFirstFreeColumn() {
-    QFETCH(QVector<StripeExtent>, stripes);
-    QFETCH(int, count);
-    const StripeColumns result = stripeColumns(stripes);
-    QTEST(result.columns, "columns");
-    QCOMPARE(result.count, count);
-}
 
 void tst_ModelAlgorithms::randomStripesNeverCollide() {
     QRandomGenerator random(7);
@@ -124,30 +90,6 @@ void tst_ModelAlgorithms::repaintRangeTakesInNeighbours() {
     QTEST(range.second, "last");
 }
 
-void tst_ModelAlgorithms::kernosMoveWithinTheRule_data() {
-    QTest::addColumn<bool>("same");
-    QTest::addColumn<bool>("bothExist");
-    QTest::addColumn<bool>("hasChildren");
-    QTest::addColumn<bool>("hasGrandChildren");
-    QTest::addColumn<bool>("newParentHasParent");
-    QTest::addColumn<bool>("allowed");
-    QTest::newRow("onto itself") << true << true << false << false << false << false;
-    QTest::newRow("unknown") << false << false << false << false << false << false;
-    QTest::newRow("childless anywhere") << false << true << false << false << true << true;
-    QTest::newRow("with children to the top level") << false << true << true << false << false << true;
-    QTest::newRow("with children below a child") << false << true << true << false << true << false;
-    QTest::newRow("with grandchildren") << false << true << true << true << false << false;
-}
-
-void tst_ModelAlgorithms::kernosMoveWithinTheRule() {
-    QFETCH(bool, same);
-    QFETCH(bool, bothExist);
-    QFETCH(bool, hasChildren);
-    QFETCH(bool, hasGrandChildren);
-    QFETCH(bool, newParentHasParent);
-    QTEST(mayReparent({same, bothExist, hasChildren, hasGrandChildren, newParentHasParent}), "allowed");
-}
-
 void tst_ModelAlgorithms::levelsAreListedDepthFirst() {
     const QHash<int, QList<int>> children{{1, {2, 5}}, {2, {3, 4}}, {4, {9}}, {5, {1}}};
     const KernoLevels found = kernoLevels(1, [&children](int id) { return children.value(id); });
@@ -162,15 +104,6 @@ void tst_ModelAlgorithms::anglesShareTheCircle() {
     QCOMPARE(angleForOverlap(overlaps, 1, 1), 180);
     QCOMPARE(angleForOverlap(overlaps, 8, 1), 30);
     QCOMPARE(angleForOverlap({}, 0, 1), 30);
-}
-
-void tst_ModelAlgorithms::unknownIdsComeFirst() {
-    ManualSortOrder order;
-    order.set({4, 2, 4});
-    QCOMPARE(order.place(4), 0);
-    QVERIFY(order.lessThan(9, 4));
-    QVERIFY(order.lessThan(4, 2));
-    QVERIFY(!order.lessThan(9, 8));
 }
 
 void tst_ModelAlgorithms::indexFollowsTheRows() {

@@ -69,8 +69,6 @@ private slots:
     void outOfRangeGivesEmptyRecords();
     void theLastOfEqualKeysIsFound();
     void variantsBecomeRows();
-    void rolesOfAllModels_data();
-    void rolesOfAllModels();
 };
 
 void tst_ModelFrame::replacingAnnouncesWhatItMust_data() {
@@ -190,7 +188,6 @@ void tst_ModelFrame::rowsAreReadByName() {
     KernoModel model(nullptr);
     model.setData(kernos(2));
     QCOMPARE(model.get(1).value(QStringLiteral("title")).toString(), QStringLiteral("kerno 2"));
-    QCOMPARE(model.get(1).size(), model.roleNames().size());
     QCOMPARE(model.get(1, "kernoId"), QVariant(2));
     QVERIFY(!model.get(1, "Title").isValid());
     QVERIFY(!model.get(2, "title").isValid());
@@ -228,30 +225,6 @@ void tst_ModelFrame::variantsBecomeRows() {
     QCOMPARE(model.rowCount(), 2);
     emit model.asyncDataFetched(QVariant(5));
     QCOMPARE(model.rowCount(), 0);
-}
-
-void tst_ModelFrame::rolesOfAllModels_data() {
-    QTest::addColumn<int>("number");
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("model");
-    QTest::newRow("kerno highlightsCount") << 267 << QByteArray("highlightsCount") << 0;
-    QTest::newRow("kerno scale") << 268 << QByteArray("scale") << 0;
-    QTest::newRow("kerno hasChildren") << 269 << QByteArray("hasChildren") << 0;
-    QTest::newRow("source share") << 262 << QByteArray("sourcePercentageCoded") << 1;
-    QTest::newRow("source project's share") << 263 << QByteArray("globalPercentageCoded") << 1;
-    QTest::newRow("answer question") << 264 << QByteArray("question") << 2;
-    QTest::newRow("answer order") << 265 << QByteArray("questionOrder") << 2;
-    QTest::newRow("link value") << 263 << QByteArray("value") << 3;
-    QTest::newRow("group count") << 260 << QByteArray("associatedKernosCount") << 4;
-}
-
-void tst_ModelFrame::rolesOfAllModels() {
-    QFETCH(int, number);
-    QFETCH(int, model);
-    FakeProject project;
-    const QList<IModelListBase*> models{project.kernos.get(), project.sources.get(), project.answers.get(),
-                                        project.links.get(), project.groups.get()};
-    QTEST(models.at(model)->roleNames().value(number), "name");
 }
 
 KERNOVA_TEST_MAIN(tst_ModelFrame)

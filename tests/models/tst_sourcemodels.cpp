@@ -8,7 +8,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QLoggingCategory>
-#include <QRandomGenerator>
 #include <QSignalSpy>
 
 namespace {
@@ -38,7 +37,6 @@ private slots:
     void titlesAreFiltered();
     void questionsKeepTheirOrder();
     void aNewOrderMovesRows();
-    void randomOrdersEndSorted();
     void answersAreFound();
     void partsOfAnswers_data();
     void partsOfAnswers();
@@ -156,18 +154,6 @@ void tst_SourceModels::aNewOrderMovesRows() {
     QCOMPARE(ordered.count(), 1);
     QCOMPARE(reset.count(), 0);
     QCOMPARE(questions.indexOfKey(1), 3);
-}
-
-void tst_SourceModels::randomOrdersEndSorted() {
-    QuestionModel& questions = *m_project->questions;
-    const QAbstractItemModelTester tester(&questions);
-    QRandomGenerator random(3);
-    for (int step = 0; step < 300; ++step)
-        questions.addOrUpdate(question(1 + random.bounded(15), random.bounded(8)));
-    const QList<int> orders = idsOf(questions, static_cast<int>(QuestionField::questionOrder));
-    QVERIFY(std::is_sorted(orders.cbegin(), orders.cend()));
-    for (int row = 0; row < questions.rowCount(); ++row)
-        QCOMPARE(questions.indexOfKey(questions.at(row).questionId()), row);
 }
 
 void tst_SourceModels::answersAreFound() {
