@@ -1,9 +1,9 @@
-#include "models/KernoModel.h"
-#include "models/SourceModel.h"
-#include "project/KRNFile.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "link/LinkTimings.h"
+#include "models/KernoModel.h"
+#include "models/SourceModel.h"
+#include "project/KRNFile.h"
 #include "undo/UndoManager.h"
 
 #include <QCoreApplication>

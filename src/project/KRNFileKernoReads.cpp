@@ -1,5 +1,7 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/ListReads.h"
 #include "models/GroupModel.h"
 #include "models/KernoGroupModel.h"
 #include "models/KernoModel.h"
@@ -7,8 +9,6 @@
 #include "project/KernoTree.h"
 #include "project/RecordMaps.h"
 #include "project/SortOrder.h"
-#include "link/DataHelper.h"
-#include "link/ListReads.h"
 
 #include <algorithm>
 

@@ -1,5 +1,7 @@
 #include "project/KRNFile.h"
 
+#include "link/DataHelper.h"
+#include "link/ListReads.h"
 #include "models/GroupModel.h"
 #include "models/KernovaQML.h"
 #include "models/SourceMetadataKeyModel.h"
@@ -7,8 +9,6 @@
 #include "project/RecordMaps.h"
 #include "project/SortOrder.h"
 #include "records/Preference.h"
-#include "link/DataHelper.h"
-#include "link/ListReads.h"
 
 #include <QDebug>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "project/KRNFile.h"
 
-#include "project/Statistics.h"
 #include "link/DataHelper.h"
+#include "project/Statistics.h"
 
 // The answer to a statistics read, after the client's share of the arithmetic; empty on a closed project.
 QVariantList KRNFile::readStatistics(const QString& text, const QString& name,

@@ -1,8 +1,8 @@
 #include "project/ModelInstantiator.h"
 
+#include "link/IdManager.h"
 #include "models/ProjectEvents.h"
 #include "models/QuestionModel.h"
-#include "link/IdManager.h"
 
 Kerno ModelInstantiator::kerno(bool assignNewId) {
     Kerno kerno;

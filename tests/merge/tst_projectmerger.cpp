@@ -1,7 +1,7 @@
-#include "merge/ProjectMerger.h"
-#include "project/KRNFile.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
+#include "merge/ProjectMerger.h"
+#include "project/KRNFile.h"
 #include "tests_support/TestMain.h"
 
 #include <QTemporaryDir>

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "link/IdManager.h"
+#include "link/LinkTimings.h"
 #include "models/KernoModel.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "models/QuestionModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
-#include "link/IdManager.h"
-#include "link/LinkTimings.h"
 #include "tests_support/SignalLog.h"
 
 #include <QSignalSpy>
