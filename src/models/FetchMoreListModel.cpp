@@ -44,12 +44,12 @@ QHash<int, QByteArray> FetchMoreListModel::roleNames() const {
     return m_source ? m_source->roleNames() : QAbstractListModel::roleNames();
 }
 
-bool FetchMoreListModel::canFetchMore(const QModelIndex& parent) const {
-    return !parent.isValid() && !m_announcing && m_source && m_shownCount < m_source->rowCount();
+bool FetchMoreListModel::canFetchMore() const {
+    return !m_announcing && m_source && m_shownCount < m_source->rowCount();
 }
 
-void FetchMoreListModel::fetchMore(const QModelIndex& parent) {
-    if (!canFetchMore(parent))
+void FetchMoreListModel::fetchMore() {
+    if (!canFetchMore())
         return;
     const int added = qMin(m_source->rowCount() - m_shownCount, batchSize);
     showRows(m_shownCount + added);

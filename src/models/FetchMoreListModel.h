@@ -20,8 +20,12 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    Q_INVOKABLE bool canFetchMore(const QModelIndex& parent = QModelIndex()) const override;
-    Q_INVOKABLE void fetchMore(const QModelIndex& parent = QModelIndex()) override;
+    // The screen says when it is ready for the next batch. What views ask of any model is not overridden: a
+    // view would fetch batch after batch at once.
+    using QAbstractListModel::canFetchMore;
+    using QAbstractListModel::fetchMore;
+    Q_INVOKABLE bool canFetchMore() const;
+    Q_INVOKABLE void fetchMore();
 
 signals:
     void sourceModelChanged();

@@ -12,7 +12,9 @@ class KernoHierarchyModel : public BaseProxyModelWithManualSortOrder<KernoModel,
     Q_PROPERTY(QList<int> kernoIds READ kernoIds NOTIFY kernoIdsChanged)
 
 public:
-    enum Role { LevelRole = KernoModel::HasChildrenRole + 1 };  ///< 0 for the main kerno, 1, 2
+    enum Role {
+        LevelRole = KernoModel::HighlightsCountWithChildrenRole + 1
+    };  ///< 0 for the main kerno, 1, 2
 
     explicit KernoHierarchyModel(QObject* parent = nullptr);
 

@@ -12,8 +12,9 @@ class KernoOverlapModel : public BaseProxyModelWithManualSortOrder<KernoModel, K
 
 public:
     enum Role {
-        OverlapsRole = KernoModel::HasChildrenRole + 1,  ///< number of overlaps with the main kerno
-        OverlapFactorRole                                ///< that number by the largest one, 0 to 1
+        OverlapsRole =
+            KernoModel::HighlightsCountWithChildrenRole + 1,  ///< number of overlaps with the main kerno
+        OverlapFactorRole                                     ///< that number by the largest one, 0 to 1
     };
 
     explicit KernoOverlapModel(QObject* parent = nullptr);
