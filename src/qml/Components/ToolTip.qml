@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "."
+import "Quarter.js" as Quarter
 
 // A black note beside the mouse of `area`, on the side towards the area's centre.
 Rectangle {
@@ -11,13 +12,8 @@ Rectangle {
     property real maximumWidth: area ? area.width / 2 : Units.dp(300)
     default property alias content: _content.data
 
-    // The quarter of the area in which the mouse is: 1 top left, 2 top right, 3 bottom right, 4 bottom left.
-    readonly property int corner: {
-        if (!area)
-            return 1
-        var left = area.mouseX < area.width / 2
-        return area.mouseY < area.height / 2 ? (left ? 1 : 2) : (left ? 4 : 3)
-    }
+    // The quarter of the area in which the mouse is; see Quarter.js.
+    property int corner: area ? Quarter.quarter(area.mouseX, area.mouseY, area.width, area.height) : 1
     readonly property bool __leftHalf: corner === 1 || corner === 4
     readonly property bool __topHalf: corner === 1 || corner === 2
 

@@ -7,6 +7,10 @@ import "../Utils.js" as Utils
 Rectangle {
     id: root
 
+    // The panel whose quotes are shown, or null.
+    property Item quotesPanel: null
+    property bool sourceShown: true
+
     height: Units.dp(30)
     color: ApplicationStyle.selected_tab
 
@@ -38,9 +42,16 @@ Rectangle {
         anchors.topMargin: Units.dp(3)
         spacing: Units.dp(2)
 
+        QuoteActions {
+            height: parent.height
+            rightPadding: Units.dp(4)
+            panel: root.quotesPanel
+        }
+
         TabShape {
             width: Units.dp(44)
             height: parent.height
+            visible: root.sourceShown
             selected: true
             selectedColor: ApplicationStyle.selected_tab_alternative
             notSelectedColor: ApplicationStyle.not_selected_tab_alternative

@@ -7,6 +7,7 @@ Image {
     id: root
 
     property bool dropHovered: false
+    property bool takesDrops: false
 
     width: Units.dp(60)
     height: Units.dp(60)
@@ -38,6 +39,18 @@ Image {
         kerno.x = position.x
         kerno.y = position.y
         undoManager.addHighlightToNewKerno(highlight, kerno)
+    }
+
+    DropArea {
+        anchors.fill: parent
+        keys: ["text"]
+        enabled: root.takesDrops
+        onEntered: root.dropHovered = true
+        onExited: root.dropHovered = false
+        onDropped: {
+            root.dropHovered = false
+            root.codeIntoNewKerno(drop.source)
+        }
     }
 
     MouseArea {

@@ -99,7 +99,7 @@ DropArea {
         }
         // The bubble that is being dragged is no target of its own.
         var below = _levels.kernosAt(drag, canvas, 0).filter(function(kerno) {
-            return !root.mouseArea.dragging || kerno.kernoId !== root.mouseArea.level0KernoId
+            return !root.mouseArea || !root.mouseArea.dragging || kerno.kernoId !== root.mouseArea.level0KernoId
         })
         if (below.length > 0)
             _levels.takeLevel0(below[0])

@@ -20,6 +20,7 @@ MouseArea {
 
     property double __enteredAt: 0
     property var __draggedRow: null
+    property int __doubleClickedId: -1
 
     hoverEnabled: true
     acceptedButtons: Qt.LeftButton | Qt.RightButton
@@ -102,9 +103,15 @@ MouseArea {
         // A pointer that is let go outside has left without a word, and its bubble stays open.
         if (!contains(Qt.point(mouse.x, mouse.y)))
             _levels.clear()
+        // Not at the double click itself: an area that is hidden while it is pressed takes the next click for a part of
+        // that one.
+        if (__doubleClickedId > 0)
+            CentralManager.showHierarchyViewForKerno = __doubleClickedId
+        __doubleClickedId = -1
     }
     onCanceled: {
         __clearDragItem()
+        __doubleClickedId = -1
         _levels.clear()
     }
     // Where the pointer is when a menu goes, its next move tells.
@@ -118,6 +125,12 @@ MouseArea {
             _menu.show(kerno)
         else if (!kerno)
             CentralManager.unhandledMouseClick(mouse)
+    }
+
+    onDoubleClicked: {
+        var kerno = topLevelKerno()
+        if (mouse.button === Qt.LeftButton && kerno)
+            __doubleClickedId = kerno.kernoId
     }
 
     KernoLevels {

@@ -8,6 +8,7 @@ ToolTip {
     property int kernoId: -1
     property int overlap: -1
     property bool suppressed: false
+    property alias delay: _delay.interval
     property bool __due: false
     property var __kerno: null
     property var __sources: []

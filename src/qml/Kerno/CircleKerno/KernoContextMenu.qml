@@ -28,6 +28,15 @@ StyledMenu {
     }
 
     MenuItem {
+        text: qsTr("Overview")
+        onTriggered: CentralManager.showHierarchyViewForKerno = root.kernoId
+    }
+    MenuItem {
+        text: qsTr("Overlap")
+        onTriggered: CentralManager.showOverlapViewForKernoId = root.kernoId
+    }
+    MenuSeparator {}
+    MenuItem {
         text: qsTr("Edit")
         enabled: CentralManager.canMutate
         onTriggered: CentralManager.showPreferencesDialogForKerno = root.kernoId

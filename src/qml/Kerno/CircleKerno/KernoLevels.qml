@@ -39,7 +39,7 @@ QtObject {
         if (!level0Kerno)
             return
         var found
-        if (!level1Kerno && level1Allowed) {
+        if (!level1Kerno && level1Allowed && level0Kerno.ring) {
             found = kernosAt(mouse, level0Kerno.ring, 1)
             if (found.length > 0) {
                 level1Kerno = found[0]
@@ -64,7 +64,8 @@ QtObject {
         }
         if (level1Kerno && !HitTest.contains(area, mouse, level1Kerno.ring))
             level1Kerno = null
-        if (!level1Kerno && !HitTest.contains(area, mouse, level0Kerno.ring))
+        // A bubble without a ring is left at its own edge.
+        if (!level1Kerno && !HitTest.contains(area, mouse, level0Kerno.ring || level0Kerno))
             level0Kerno = null
     }
 }

@@ -50,6 +50,7 @@ Item {
             Layout.fillWidth: true
             enabled: CentralManager.canvasEnabled
             actionBarHeight: root.actionBarHeight
+            partialAnswersPanel: _right.partialAnswersPanel
             textRight: CentralManager.hasFileOpen
                        ? qsTr("Source Coded: %1% (%2% total)").arg(_right.sourcePercentageCoded)
                                                               .arg(_right.globalPercentageCoded) : ""

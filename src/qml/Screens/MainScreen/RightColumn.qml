@@ -2,6 +2,7 @@ import QtQuick 2.15
 import QtQuick.Controls 1.4
 import "../../Components"
 import "../../Source"
+import "../../searchpanel"
 import "../../StructuredQuestion"
 
 // The sources: their tabs and list, and the panels about them.
@@ -10,10 +11,22 @@ FocusScope {
 
     property Item dragItem: null
     property bool resizing: false
+    readonly property alias partialAnswersPanel: _partialAnswers
     readonly property alias sourcePercentageCoded: _list.sourcePercentageCoded
     readonly property alias globalPercentageCoded: _list.globalPercentageCoded
     readonly property bool __tabsShown: !CentralManager.showSearchPanel && !CentralManager.showMetadataOverviewPanel
                                         && !CentralManager.showingOverlapOrHierarchy
+    // What stands over the source view, or null.
+    readonly property Item __panel: CentralManager.showingOverlapOrHierarchy ? _partialAnswers : null
+
+    on__PanelChanged: {
+        if (rightStackView.depth > 1)
+            rightStackView.pop()
+        if (__panel)
+            rightStackView.push({ item: __panel, destroyOnPop: false })
+        if (__panel !== _partialAnswers)
+            _partialAnswers.resetModel()
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -44,9 +57,18 @@ FocusScope {
         }
     }
 
+    KernoViewTabs {
+        id: _viewTabs
+        anchors { top: _tabs.bottom; left: parent.left; right: parent.right }
+        height: visible ? Units.dp(30) : 0
+        visible: CentralManager.showingOverlapOrHierarchy
+    }
+
     PanelBar {
         id: _panelBar
-        anchors { top: _tabs.bottom; left: parent.left; right: parent.right }
+        anchors { top: _viewTabs.bottom; left: parent.left; right: parent.right }
+        quotesPanel: root.__panel && root.__panel.quotes ? root.__panel : null
+        sourceShown: !root.__panel
     }
 
     StackView {
@@ -54,10 +76,18 @@ FocusScope {
         anchors { top: _panelBar.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
         enabled: !_list.out
         clip: true
+        delegate: ApplicationStyle.stack_view_delegate.createObject(rightStackView)
         initialItem: StructuredQuestionSourcePanel {
             dragItem: root.dragItem
             resizing: root.resizing
         }
+    }
+
+    PartialAnswersPanel {
+        id: _partialAnswers
+        visible: false
+        dragItem: root.dragItem
+        resizing: root.resizing
     }
 
     RemoveSourceDialog { id: _removeSource }

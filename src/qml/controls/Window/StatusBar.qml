@@ -100,7 +100,9 @@ Rectangle {
         StyledSlider {
             id: _zoom
             objectName: "zoom"
-            visible: !CentralManager.showAsTreeView && !CentralManager.showingOverlapOrHierarchy
+            // The hierarchy view is enlarged as the canvas is; it can be opened from the tree, too.
+            visible: CentralManager.showOverlapViewForKernoId < 1
+                     && (!CentralManager.showAsTreeView || CentralManager.showHierarchyViewForKerno > 0)
             Layout.preferredWidth: Units.dp(80)
             minimumValue: 1.0
             maximumValue: 2.5

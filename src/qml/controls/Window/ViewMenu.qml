@@ -41,6 +41,17 @@ StyledMenu {
     }
     MenuSeparator {}
     MenuItem {
+        text: qsTr("Kernos as Tree View")
+        checkable: true
+        checked: CentralManager.showAsTreeView
+        enabled: !CentralManager.showingOverlapOrHierarchy
+        onTriggered: {
+            CentralManager.showAsTreeView = !CentralManager.showAsTreeView
+            checked = Qt.binding(function() { return CentralManager.showAsTreeView })
+        }
+    }
+    MenuSeparator {}
+    MenuItem {
         text: qsTr("Show Number of Codings")
         checkable: true
         checked: CentralManager.showNumberOfCodingsInKernos
