@@ -249,6 +249,15 @@ bool AppDriver::clickText(const QString& text, Qt::MouseButton button) {
     return click(itemWithText(text), button);
 }
 
+bool AppDriver::doubleClick(QQuickItem* item) {
+    if (!click(item))
+        return false;
+    const QPointF centre(item->width() / 2, item->height() / 2);
+    QTest::mouseDClick(item->window(), Qt::LeftButton, Qt::NoModifier, item->mapToScene(centre).toPoint());
+    settle();
+    return true;
+}
+
 void AppDriver::hover(QQuickItem* item, const QPointF& position) {
     movePointer(item->window(), item->mapToScene(position).toPoint());
     settle();

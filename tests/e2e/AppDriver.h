@@ -41,6 +41,7 @@ public:
     bool click(QQuickItem* item, Qt::MouseButton button = Qt::LeftButton);
     bool clickAt(QQuickItem* item, const QPointF& position, Qt::MouseButton button = Qt::LeftButton);
     bool clickText(const QString& text, Qt::MouseButton button = Qt::LeftButton);
+    bool doubleClick(QQuickItem* item);
     void hover(QQuickItem* item, const QPointF& position);
 
     /// Presses at `from`, moves in small steps to `to`, and lets go; both in the items' own coordinates.

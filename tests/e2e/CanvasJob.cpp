@@ -153,16 +153,6 @@ bool CanvasJob::duplicate() {
     return closeProperties() && undone(index, before);
 }
 
-// Every new kerno comes with its dialog.
-bool CanvasJob::closeProperties() {
-    QQuickItem* title = m_driver.itemNamed(QStringLiteral("kernoTitle"));
-    if (!expect(title && AppDriver::waitFor([&] { return title->hasActiveFocus(); }),
-                QStringLiteral("the dialog of the new kerno does not come")))
-        return false;
-    m_driver.press(Qt::Key_Escape);
-    return gone(QStringLiteral("Kerno Properties"));
-}
-
 bool CanvasJob::merge() {
     const int index = undoIndex();
     const QString before = kernos();

@@ -17,7 +17,6 @@ private:
     bool takeChildOut();
     bool addByMenu();
     bool duplicate();
-    bool closeProperties();
     bool merge();
     bool remove();
     bool arrange();

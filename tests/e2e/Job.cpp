@@ -114,6 +114,15 @@ bool Job::nameNewKerno(const QString& title) {
            until([&] { return m_canvas.bubble(title); }, QStringLiteral("no bubble reads ") + title);
 }
 
+bool Job::closeProperties() {
+    QQuickItem* title = m_driver.itemNamed(QStringLiteral("kernoTitle"));
+    if (!expect(title && AppDriver::waitFor([&] { return title->hasActiveFocus(); }),
+                QStringLiteral("the dialog of the new kerno does not come")))
+        return false;
+    m_driver.press(Qt::Key_Escape);
+    return gone(QStringLiteral("Kerno Properties"));
+}
+
 bool Job::undo() {
     const int index = undoIndex();
     m_driver.press(Qt::Key_Z, Qt::ControlModifier);

@@ -53,6 +53,8 @@ protected:
     bool addKerno(const QString& title);
     /// Gives the kerno whose dialog has come up a title.
     bool nameNewKerno(const QString& title);
+    /// Closes the dialog that comes up for a kerno that has come or come back.
+    bool closeProperties();
     /// Goes a step back or forth, by keys.
     bool undo();
     bool redo();

@@ -30,8 +30,9 @@ QRectF clipOf(const QQuickItem* item) {
 }
 
 void collect(QQuickItem* item, QList<ShownText>& found) {
-    if (!item->isVisible() || item->opacity() < 0.1 ||
-        item->objectName() == QLatin1String("flickableContent"))
+    // Bubbles stand where people or their codings put them, one over another.
+    static const QStringList surfaces{QStringLiteral("flickableContent"), QStringLiteral("bubbles")};
+    if (!item->isVisible() || item->opacity() < 0.1 || surfaces.contains(item->objectName()))
         return;
     const QString text = item->inherits("QQuickText") ? item->property("text").toString() : QString();
     if (!text.trimmed().isEmpty()) {

@@ -118,7 +118,7 @@ bool LooksJob::closeDialog(const QString& name, const QString& text) {
 bool LooksJob::lookAtAll() {
     m_canvas.leave();
     return look(QStringLiteral("main")) && lookAtMenus() && lookAtNotes() && lookAtSources() &&
-           lookAtDialogs() && lookAtOpening();
+           lookAtViews() && lookAtDialogs() && lookAtOpening();
 }
 
 bool LooksJob::lookAtMenus() {
@@ -187,6 +187,49 @@ bool LooksJob::filterSources() {
            expect(tabs() == allTabs, QStringLiteral("a filtered list takes tabs away")) &&
            m_driver.fill(field, QString()) &&
            until([&] { return rows() == allRows; }, QStringLiteral("sources stay away"));
+}
+
+// The first kerno has children and quotes; the tenth shares some of them.
+bool LooksJob::lookAtViews() {
+    const auto home = [&] {
+        return click(QStringLiteral("Home")) &&
+               until([&] { return m_canvas.bubble(QStringLiteral("Theme 5"), 0); },
+                     QStringLiteral("the canvas does not come back"));
+    };
+    const auto toggleTree = [&] {
+        return click(QStringLiteral("View")) && click(QStringLiteral("Kernos as Tree View"));
+    };
+    const auto stands = [&](const char* type, int count) {
+        return until([&] { return m_driver.itemsOfType(QString::fromLatin1(type)).size() >= count; },
+                     QStringLiteral("there are too few ") + QString::fromLatin1(type));
+    };
+    const auto quotesStand = [&] {
+        return until(
+            [&] {
+                const QQuickItem* quote = m_driver.itemsOfType(QStringLiteral("SearchResultsItem")).value(0);
+                return quote && quote->opacity() == 1;
+            },
+            QStringLiteral("no quote stands"));
+    };
+    if (!toggleTree() || !stands("TreeViewKerno", kernoCount) || !look(QStringLiteral("tree")) ||
+        !toggleTree() || !home() ||
+        !m_canvas.chooseInMenu(QStringLiteral("Theme 10"), QStringLiteral("Overlap")) ||
+        !stands("KernoViewBubble", kernoCount) || !quotesStand() || !look(QStringLiteral("overlap")))
+        return false;
+    QQuickItem* inner = m_canvas.bubble(QStringLiteral("Theme 19"));
+    m_driver.click(inner);
+    m_driver.hover(inner, QPointF(20, 20));
+    const auto isTold = [&] {
+        const QQuickItem* note = m_driver.itemsOfType(QStringLiteral("GeneralKernoToolTip")).value(0);
+        return note && note->opacity() > 0.89;
+    };
+    if (!until(isTold, QStringLiteral("a bubble does not tell about its overlaps")) || !quotesStand() ||
+        !look(QStringLiteral("overlap-second")) || !home() ||
+        !m_canvas.chooseInMenu(longTitle, QStringLiteral("Overview")) || !stands("HierarchyRow", 20) ||
+        !quotesStand() || !look(QStringLiteral("hierarchy")))
+        return false;
+    m_driver.click(m_canvas.bubble(QStringLiteral("Theme 181")));
+    return quotesStand() && look(QStringLiteral("hierarchy-selected")) && home();
 }
 
 // Each is closed by Esc.

@@ -18,6 +18,7 @@ private:
     bool lookAtAll();
     bool lookAtMenus();
     bool lookAtNotes();
+    bool lookAtViews();
     bool lookAtDialogs();
     bool lookAtOpening();
     bool lookAtSources();

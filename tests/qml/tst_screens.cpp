@@ -1,5 +1,10 @@
 #include "MockRows.h"
 
+#include "models/FetchMoreListModel.h"
+#include "models/KernoHierarchyModel.h"
+#include "models/KernoOverlapModel.h"
+#include "models/VariantListModel.h"
+
 #include <QApplication>
 #include <QFont>
 #include <QQmlComponent>
@@ -43,6 +48,11 @@ public:
         qmlRegisterType<MockKernos>("Kernova", 1, 4, "KernoProxyModel");
         qmlRegisterType<MockKernoChoice>("Kernova", 1, 4, "KernoComboBoxModel");
         qmlRegisterType<MockRows>("Kernova", 1, 4, "KernoShortcutKeyProxyModel");
+        // These need no project: without one they are empty.
+        qmlRegisterType<VariantListModel>("Kernova", 1, 0, "VariantListModel");
+        qmlRegisterType<FetchMoreListModel>("Kernova", 1, 4, "FetchMoreListModel");
+        qmlRegisterType<KernoHierarchyModel>("Kernova", 1, 4, "KernoHierarchyModel");
+        qmlRegisterType<KernoOverlapModel>("Kernova", 1, 4, "KernoOverlapModel");
         qmlRegisterType<MockSources>("Kernova", 1, 4, "SourceProxyModel");
         qmlRegisterType<MockAnswers>("Kernova", 1, 4, "AnswerModel");
     }

@@ -89,5 +89,11 @@ QtObject {
     }
     function filterKernosByName(name) { calls.push({ name: "filterKernosByName", arguments: [name] }) }
     function sourceTitle(id) { return mockSources.row(mockSources.find("sourceId", id)).title }
+    property string wholeAnswer
+    function partialAnswer(sourceId, questionId, start, length) {
+        return { sourceId: sourceId, questionId: questionId, offset: start, answer: wholeAnswer.substr(start, length) }
+    }
+    function partialAnswersForKernos(ids) { return [] }
+    function partialAnswersForOverlapsBetweenKernos(id1, id2) { return [] }
     function memo(id) { return { memoId: id } }
 }
