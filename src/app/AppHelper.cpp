@@ -14,23 +14,16 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFile>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPoint>
 #include <QRandomGenerator>
-#include <QSqlDatabase>
 #include <QTouchDevice>
 #include <algorithm>
-
-namespace {
-
-const QString synonymsConnection = QStringLiteral("synonyms");
-
-}  // namespace
 
 AppHelper::AppHelper(UndoManager* undoManager, KRNFile* krnFile)
     : m_undoManager(undoManager), m_krnFile(krnFile), m_eventLoop(new QEventLoop(this)) {
     openSynonyms();
+    initSearch();
     m_clipboard = QGuiApplication::clipboard();
     connect(m_clipboard, &QClipboard::changed, this, &AppHelper::clipboardDataChanged);
     m_clipboardHasText = !m_clipboard->text().isEmpty();
@@ -38,20 +31,7 @@ AppHelper::AppHelper(UndoManager* undoManager, KRNFile* krnFile)
 }
 
 AppHelper::~AppHelper() {
-    QSqlDatabase::removeDatabase(synonymsConnection);
-}
-
-void AppHelper::openSynonyms() const {
-    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), synonymsConnection);
-    const QFileInfo file(QCoreApplication::applicationDirPath() + QLatin1String("/synonyms.db"));
-    if (file.exists() && file.isFile() && file.isReadable()) {
-        database.setDatabaseName(file.absoluteFilePath());
-        database.open();
-    } else {
-        qCDebug(logAppHelper) << "Failed to open synonyms db" << file.absoluteFilePath()
-                              << "\n\texists:" << file.exists() << "\n\tisFile:" << file.isFile()
-                              << "\n\tisReadable:" << file.isReadable();
-    }
+    closeSynonyms();
 }
 
 void AppHelper::setUserInvokedFile(const QString& file) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/SourceImport.h"
+#include "records/QuestionAnswer.h"
 
 #include <QClipboard>
 #include <QColor>
@@ -12,6 +13,10 @@
 class KRNFile;
 class QEventLoop;
 class UndoManager;
+
+namespace Search {
+class SourceSearch;
+}
 
 /// What screens need beside the project itself: clipboard, captures, colours, folders, the vendor's pages,
 /// the link to the service, and the entry points of imports. The context object `appHelper`. Main thread.
@@ -108,6 +113,18 @@ public:
     Q_INVOKABLE int batchImportQuestions(const QList<QUrl>& files, const QString& questionMarker,
                                          const QString& answerMarker, bool showInfo = false);
 
+    // Search: see Search::SourceSearch, whose signals come through as those of the search below.
+
+    /// `sourceId` 0 stands for all sources. The results come by signal, within the call.
+    Q_INVOKABLE void search(const QString& term, int sourceId, bool wholeWords, bool alternativeEndings,
+                            bool searchCodedTextOnly, const QStringList& synonyms,
+                            const QVariantList& queryCriteria, bool isAndOperator);
+    /// The excerpt [start, start + length) of an answer, marked as in the last search.
+    Q_INVOKABLE QuestionAnswer extendedSearchResult(int sourceId, int questionId, int start,
+                                                    int length) const;
+    /// Maps with "category" and "synonym", none for a word that isn't known.
+    Q_INVOKABLE QVariantList synonyms(const QString& word) const;
+
 signals:
     void searchResultsAvailable(QVariantList results);
     void searchStarted();
@@ -121,12 +138,15 @@ private slots:
     void clipboardDataChanged();
 
 private:
+    void initSearch();
     void openSynonyms() const;
+    void closeSynonyms() const;
     SourceImport sourceImport() const { return {m_undoManager, m_krnFile}; }
 
     UndoManager* m_undoManager;
     KRNFile* m_krnFile;
-    QEventLoop* m_eventLoop;  ///< stands ready for imports that have to wait
+    Search::SourceSearch* m_search = nullptr;  ///< a child
+    QEventLoop* m_eventLoop;                   ///< stands ready for imports that have to wait
     QClipboard* m_clipboard = nullptr;
     bool m_clipboardHasText = false;
     QString m_userInvokedFile;

@@ -24,6 +24,19 @@ QString wrapped(const QString& text) {
     return wrapperStart + frame + text + frame + wrapperEnd;
 }
 
+QString withMarks(const QString& plain, const AnswerText::Marks& marks) {
+    QString html;
+    int done = 0;
+    for (const QPair<int, int>& mark : marks) {
+        html += plain.mid(done, mark.first - done).toHtmlEscaped() +
+                QLatin1String("<b><u><font color=\"orange\">") +
+                plain.mid(mark.first, mark.second - mark.first).toHtmlEscaped() +
+                QLatin1String("</font></u></b>");
+        done = mark.second;
+    }
+    return html + plain.mid(done).toHtmlEscaped();
+}
+
 void remove(QString& text, std::initializer_list<char16_t> characters) {
     for (char16_t c : characters)
         text.remove(QChar(c));
@@ -72,7 +85,17 @@ AnswerText AnswerText::part(const AnswerText& whole, int start, int length) {
     return answer;
 }
 
+AnswerText AnswerText::marked(const QString& plain, const Marks& marks) {
+    AnswerText answer;
+    answer.m_held = Held::MarkedText;
+    answer.m_plain = plain;
+    answer.m_marks = marks;
+    return answer;
+}
+
 QString AnswerText::stored() const {
+    if (m_held == Held::MarkedText)
+        return wrapped(withMarks(m_plain, m_marks));
     if (m_held == Held::Document)
         return m_stored;
     const QString frame = m_held == Held::FramedPlainText ? QStringLiteral("\n") : QString();
@@ -80,7 +103,14 @@ QString AnswerText::stored() const {
 }
 
 HtmlDocument AnswerText::document() const {
-    return m_held == Held::Document ? m_document : HtmlDocument::fromPlainText(m_plain);
+    switch (m_held) {
+    case Held::Document:
+        return m_document;
+    case Held::MarkedText:
+        return HtmlDocument::parse(wrapperStart + withMarks(m_plain, m_marks) + wrapperEnd);
+    default:
+        return HtmlDocument::fromPlainText(m_plain);
+    }
 }
 
 QString normalizedFromService(QString text) {

@@ -3,6 +3,7 @@
 #include "records/HtmlDocument.h"
 
 #include <QString>
+#include <QVector>
 
 /// The text of an answer in all its forms: what is stored, what is shown, and the plain text on which
 /// positions count. Made once for a stored text and then shared by all copies of the answer. A text without
@@ -25,14 +26,20 @@ public:
     /// The part [start, start + length) of another text, counted in its plain text.
     static AnswerText part(const AnswerText& whole, int start, int length);
 
+    /// A plain text with marks around some stretches [first, second), which come in order and don't overlap.
+    /// A search makes thousands of these, and a person looks at a few.
+    using Marks = QVector<QPair<int, int>>;
+    static AnswerText marked(const QString& plain, const Marks& marks);
+
 private:
-    enum class Held { Document, PlainText, FramedPlainText };
+    enum class Held { Document, PlainText, FramedPlainText, MarkedText };
 
     Held m_held = Held::Document;
     bool m_isHtml = false;
     QString m_plain;
-    QString m_stored;         ///< empty for a plain text
-    HtmlDocument m_document;  ///< empty for a plain text
+    QString m_stored;         ///< of a document
+    HtmlDocument m_document;  ///< of a document
+    Marks m_marks;            ///< of a marked text
 };
 
 /// Whether a text that becomes an answer counts as an HTML document of its own, by what it begins with. Any

@@ -63,6 +63,14 @@ QuestionAnswer::QuestionAnswer(const QuestionAnswer& other, int start, int lengt
     s.text = std::make_shared<const AnswerText>(AnswerText::part(*other.state().text, start, length));
 }
 
+QuestionAnswer QuestionAnswer::markedPart(int start, int length, const AnswerText::Marks& marks) const {
+    QuestionAnswer part(*this);
+    State& s = part.writableState();
+    s.offset += start;
+    s.text = std::make_shared<const AnswerText>(AnswerText::marked(plainAnswer().mid(start, length), marks));
+    return part;
+}
+
 void QuestionAnswer::readText(const QJsonObject& json, SimpleCipher* decoder) {
     State& s = writableState();
     const auto bytes = [&json] { return json.value(wireName(Field::answer)).toVariant().toByteArray(); };

@@ -61,6 +61,10 @@ public:
     /// The part [start, start + length) of another answer; `offset` tells where it lies in the whole.
     QuestionAnswer(const QuestionAnswer& other, int start, int length);
 
+    /// The same part as plain text with marks, which count from the start of the part. For showing; it is cut
+    /// out of the plain text, so the emphasis of the whole is gone.
+    QuestionAnswer markedPart(int start, int length, const AnswerText::Marks& marks) const;
+
     static wire::Record record() { return wire::Record::QuestionAnswer; }
     static const std::vector<FieldRow<QuestionAnswerState>>& rows();
 
