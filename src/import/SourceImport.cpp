@@ -5,6 +5,7 @@
 #include "import/QuestionParser.h"
 #include "import/TextFile.h"
 #include "link/DataHelper.h"
+#include "link/IdManager.h"
 #include "project/KRNFile.h"
 #include "undo/UndoManager.h"
 
@@ -44,6 +45,13 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
     progress.setWindowModality(Qt::WindowModal);
     m_undoManager->beginMacro(tr("Batch Import Sources"));
     const QJsonObject project = m_krnFile->currentProject();
+    const bool wholeTexts = m_krnFile->singleQuestionMode();
+    // An id that is asked for waits until the file before is stored; with ids at hand, many are stored at
+    // once.
+    if (wholeTexts) {
+        IdManager::instance()->stock(wire::Record::Source, files.size());
+        IdManager::instance()->stock(wire::Record::QuestionAnswer, files.size());
+    }
     int imported = 0;
     const auto cancelled = [&progress] { return progress.wasCanceled(); };
     for (const QUrl& file : files) {
@@ -57,11 +65,15 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
             break;
         if (save(textfile::titleFor(file), pairs)) {
             ++imported;
-            awaitNotifications();
+            if (!wholeTexts)
+                awaitNotifications();
         }
         QCoreApplication::processEvents();
     }
+    IdManager::instance()->dropStock();
     m_undoManager->endMacro();
+    if (wholeTexts && imported > 0 && m_krnFile->currentProject() == project)
+        awaitNotifications();
     progress.setValue(files.size());
     if (showInfo) {
         QMessageBox::information(nullptr, tr("Information"),

@@ -32,6 +32,7 @@ IdManager* IdManager::instance() {
 
 void IdManager::init(bool fetch, DataHelper* helper) {
     m_helper = helper;
+    dropStock();
     for (wire::Record record : counted) {
         const int highest = fetch && helper ? helper->nextId(wire::word(record), false) : 0;
         m_counters.insert(static_cast<int>(record), highest);
@@ -39,9 +40,19 @@ void IdManager::init(bool fetch, DataHelper* helper) {
 }
 
 int IdManager::next(wire::Record record) {
-    const int id = m_helper ? m_helper->nextId(wire::word(record), true) : 0;
+    QList<int>& stocked = m_stock[static_cast<int>(record)];
+    int id = 0;
+    if (!stocked.isEmpty())
+        id = stocked.takeFirst();
+    else if (m_helper)
+        id = m_helper->nextId(wire::word(record), true);
     m_counters.insert(static_cast<int>(record), id);
     return id;
+}
+
+void IdManager::stock(wire::Record record, int count) {
+    m_stock.insert(static_cast<int>(record),
+                   m_helper ? m_helper->nextIds(wire::word(record), count) : QList<int>());
 }
 
 QList<int> IdManager::nextIds(wire::Record record, int count) {

@@ -41,6 +41,11 @@ public:
     QList<int> nextQuestionIds(int count) { return nextIds(wire::Record::Question, count); }
     QList<int> nextAnswerIds(int count) { return nextIds(wire::Record::QuestionAnswer, count); }
 
+    /// Reserves ids of a kind in advance: as many calls for one id then ask nobody, and so don't wait for
+    /// what was sent before them. What is left of them is dropped with the stock or the project.
+    void stock(wire::Record record, int count);
+    void dropStock() { m_stock.clear(); }
+
     /// The last id that is known; asks nobody.
     Q_INVOKABLE int maxKernoId() const { return max(wire::Record::Kerno); }
     Q_INVOKABLE int maxHighlightId() const { return max(wire::Record::Highlight); }
@@ -62,5 +67,6 @@ private:
     int max(wire::Record record) const { return m_counters.value(static_cast<int>(record), 0); }
 
     QPointer<DataHelper> m_helper;
-    QHash<int, int> m_counters;  ///< last known id by `wire::Record`
+    QHash<int, int> m_counters;      ///< last known id by `wire::Record`
+    QHash<int, QList<int>> m_stock;  ///< ids reserved in advance, likewise
 };

@@ -29,7 +29,7 @@ private slots:
 
 namespace {
 
-constexpr int rounds = 220;
+constexpr int rounds = 200;
 constexpr qint64 longestMs = 5000;
 constexpr long mostKilobytes = 300 * 1024;
 

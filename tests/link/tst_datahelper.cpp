@@ -274,6 +274,17 @@ void tst_DataHelper::idsAreReservedAtTheService() {
     QCOMPARE(ids->maxKernoId(), 8);
     QCOMPARE(ids->nextIds(wire::Record::Kerno, 3), QList<int>({9, 10, 11}));
     QCOMPARE(ids->maxKernoId(), 11);
+    // A stock is asked for at once, and then hands out one by one.
+    ids->stock(wire::Record::Kerno, 3);
+    QCOMPARE(*last, 14);
+    QCOMPARE(ids->maxKernoId(), 11);
+    QCOMPARE(ids->nextKernoId(), 12);
+    QCOMPARE(ids->nextKernoId(), 13);
+    QCOMPARE(ids->maxKernoId(), 13);
+    QCOMPARE(*last, 14);
+    ids->dropStock();
+    QCOMPARE(ids->nextKernoId(), 15);
+    ids->stock(wire::Record::Kerno, 1);
     ids->init(false, m_helper.get());
     QCOMPARE(ids->maxKernoId(), 0);
     m_helper.reset();
