@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/SourceImport.h"
+#include "models/VariantListModel.h"
 #include "records/QuestionAnswer.h"
 
 #include <QClipboard>
@@ -27,6 +28,7 @@ class AppHelper : public QObject {
         QString userInvokedFile READ userInvokedFile WRITE setUserInvokedFile NOTIFY userInvokedFileChanged)
     Q_PROPERTY(bool isTouchEnabledDevice READ isTouchEnabledDevice CONSTANT)
     Q_PROPERTY(QString region READ region CONSTANT)
+    Q_PROPERTY(VariantListModel* searchResults READ searchResults CONSTANT)
     /// The suffixes of files that can be imported, in lower case, and the dialog's filter for them.
     Q_PROPERTY(QStringList importSuffixes READ importSuffixes CONSTANT)
     Q_PROPERTY(QString importFilter READ importFilter CONSTANT)
@@ -119,6 +121,8 @@ public:
     Q_INVOKABLE void search(const QString& term, int sourceId, bool wholeWords, bool alternativeEndings,
                             bool searchCodedTextOnly, const QStringList& synonyms,
                             const QVariantList& queryCriteria, bool isAndOperator);
+    /// What the last search has found, without a way through scripts. Owned here.
+    VariantListModel* searchResults() const { return m_searchResults; }
     /// The excerpt [start, start + length) of an answer, marked as in the last search.
     Q_INVOKABLE QuestionAnswer extendedSearchResult(int sourceId, int questionId, int start,
                                                     int length) const;
@@ -145,8 +149,9 @@ private:
 
     UndoManager* m_undoManager;
     KRNFile* m_krnFile;
-    Search::SourceSearch* m_search = nullptr;  ///< a child
-    QEventLoop* m_eventLoop;                   ///< stands ready for imports that have to wait
+    Search::SourceSearch* m_search = nullptr;     ///< a child
+    VariantListModel* m_searchResults = nullptr;  ///< a child
+    QEventLoop* m_eventLoop;                      ///< stands ready for imports that have to wait
     QClipboard* m_clipboard = nullptr;
     bool m_clipboardHasText = false;
     QString m_userInvokedFile;

@@ -18,6 +18,9 @@ const QString synonymsConnection = QStringLiteral("synonyms");
 void AppHelper::initSearch() {
     m_search = new Search::SourceSearch(m_krnFile, this);
     connect(m_search, &Search::SourceSearch::started, this, &AppHelper::searchStarted);
+    m_searchResults = new VariantListModel(this);
+    m_searchResults->setSimplifiedItemManagement(true);  // batches follow resets alone
+    connect(m_search, &Search::SourceSearch::resultsAvailable, m_searchResults, &VariantListModel::setItems);
     connect(m_search, &Search::SourceSearch::resultsAvailable, this, &AppHelper::searchResultsAvailable);
     connect(m_search, &Search::SourceSearch::finished, this, &AppHelper::searchFinished);
 }

@@ -118,7 +118,7 @@ bool LooksJob::closeDialog(const QString& name, const QString& text) {
 bool LooksJob::lookAtAll() {
     m_canvas.leave();
     return look(QStringLiteral("main")) && lookAtMenus() && lookAtNotes() && lookAtSources() &&
-           lookAtViews() && lookAtDialogs() && lookAtOpening();
+           lookAtViews() && lookAtDialogs() && lookAtSearch() && lookAtQuery() && lookAtOpening();
 }
 
 bool LooksJob::lookAtMenus() {
@@ -249,6 +249,34 @@ bool LooksJob::lookAtDialogs() {
            closeDialog(QStringLiteral("kerno"), QStringLiteral("Kerno Properties")) &&
            m_canvas.chooseInMenu(themeFive, QStringLiteral("Merge")) &&
            closeDialog(QStringLiteral("merge"), QStringLiteral("Merge into:"));
+}
+
+bool LooksJob::lookAtSearch() {
+    QQuickItem* toggle = m_driver.itemNamed(QStringLiteral("searchToggle"));
+    m_driver.click(toggle);
+    QQuickItem* term = m_driver.itemNamed(QStringLiteral("searchTerm"));
+    if (!expect(term && m_driver.fill(term, QStringLiteral("interview")),
+                QStringLiteral("there is no search panel")))
+        return false;
+    QQuickItem* synonyms = m_driver.itemNamed(QStringLiteral("useSynonyms"));
+    if (!synonyms->property("checked").toBool())
+        m_driver.clickAt(synonyms, QPointF(15, synonyms->height() / 2));
+    m_driver.press(Qt::Key_Return);
+    if (!shown(QStringLiteral("consultation")) || !look(QStringLiteral("search")))
+        return false;
+    m_driver.click(m_driver.itemNamed(QStringLiteral("dockSearchPanel")));
+    const bool fine = look(QStringLiteral("search-docked"));
+    m_driver.click(toggle);
+    return fine;
+}
+
+bool LooksJob::lookAtQuery() {
+    if (!click(QStringLiteral("Query")) || !click(QStringLiteral("Update")) ||
+        !shown(QStringLiteral("Theme 5")) || !look(QStringLiteral("query")) || !click(longTitle))
+        return false;
+    return look(QStringLiteral("query-quotes")) && click(QStringLiteral("Compare")) &&
+           click(QStringLiteral("Update")) && look(QStringLiteral("query-compared")) &&
+           click(QStringLiteral("Single")) && click(QStringLiteral("Home")) && gone(QStringLiteral("Update"));
 }
 
 bool LooksJob::lookAtOpening() {

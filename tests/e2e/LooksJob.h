@@ -20,6 +20,8 @@ private:
     bool lookAtNotes();
     bool lookAtViews();
     bool lookAtDialogs();
+    bool lookAtSearch();
+    bool lookAtQuery();
     bool lookAtOpening();
     bool lookAtSources();
     bool filterSources();

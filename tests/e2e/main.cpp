@@ -5,6 +5,7 @@
 #include "LooksJob.h"
 #include "ProjectJob.h"
 #include "RescueJob.h"
+#include "SearchJob.h"
 #include "ViewsJob.h"
 #include "app/KernovaApplication.h"
 #include "app/Session.h"
@@ -42,6 +43,7 @@ const std::vector<JobEntry>& jobs() {
         {"import", ImportJob::runs(), {}, make<ImportJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
+        {"search", {QStringLiteral("ask")}, {}, make<SearchJob>},
         {"views", {QStringLiteral("views")}, {}, make<ViewsJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
     };

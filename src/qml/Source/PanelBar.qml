@@ -3,7 +3,7 @@ import "../Components"
 import "../Memo"
 import "../Utils.js" as Utils
 
-// What the right column shows: the memos toggle, a caption, and the tabs of the panels.
+// What the right column shows: the toggles of memos and search, a caption, and the tabs of the panels.
 Rectangle {
     id: root
 
@@ -30,8 +30,19 @@ Rectangle {
         }
     }
 
+    IconButton {
+        id: _search
+        anchors { left: _memos.right; leftMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
+        objectName: "searchToggle"
+        icon: "search"
+        pressedLook: CentralManager.showSearchPanel
+        enabled: CentralManager.hasFileOpen && !CentralManager.showingOverlapOrHierarchy
+        tooltip: qsTr("Toggle the search panel.")
+        onClicked: CentralManager.showSearchPanel = !CentralManager.showSearchPanel
+    }
+
     PlainText {
-        anchors { left: _memos.right; leftMargin: ApplicationStyle.default_margin; verticalCenter: parent.verticalCenter }
+        anchors { left: _search.right; leftMargin: ApplicationStyle.default_margin; verticalCenter: parent.verticalCenter }
         text: CentralManager.topRightText
         color: ApplicationStyle.default_text_color
         font.pixelSize: ApplicationStyle.label_font_size

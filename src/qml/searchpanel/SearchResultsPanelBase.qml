@@ -9,6 +9,9 @@ FocusScope {
 
     // Null as long as nothing was looked for.
     property var results: null
+    // Where the passages stand. A kind that has them from elsewhere says so here, and in `filled`.
+    property VariantListModel list: VariantListModel { simplifiedItemManagement: true }
+    property bool filled: results !== null
     property var textOf: function(passage) { return passage.text !== undefined ? passage.text : passage.answer }
     property var offsetOf: function(passage) {
         return passage.startIndex !== undefined ? passage.startIndex : passage.offset
@@ -28,6 +31,11 @@ FocusScope {
 
     function resetModel() {
         results = null
+        list.clear()
+    }
+
+    function showFirst() {
+        _view.contentY = 0
     }
 
     function copySelectedParts() {
@@ -52,8 +60,9 @@ FocusScope {
     }
 
     onResultsChanged: {
-        _list.items = results ? results : []
-        _view.contentY = 0
+        if (results)
+            list.items = results
+        showFirst()
     }
 
     Keys.onUpPressed: _view.flick(0, 500)
@@ -79,16 +88,14 @@ FocusScope {
         function onHasFileOpenChanged() { root.resetModel() }
     }
 
-    VariantListModel { id: _list }
-
     FetchMoreListModel {
         id: _batches
-        sourceModel: _list
+        sourceModel: root.list
     }
 
     Timer {
         interval: 100
-        running: _quotes.allComponentsLoaded && _quotes.count < _list.count
+        running: _quotes.allComponentsLoaded && _quotes.count < root.list.count
         repeat: true
         onTriggered: {
             if (_batches.canFetchMore())
@@ -161,7 +168,7 @@ FocusScope {
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.Wrap
         visible: !root.searching && _quotes.count === 0
-        text: root.results === null ? root.noDataMessage : root.noResultsMessage
+        text: root.filled ? root.noResultsMessage : root.noDataMessage
         color: ApplicationStyle.source_text_color
         opacity: 0.75
         font.pixelSize: ApplicationStyle.dialog_text_font_size
@@ -176,9 +183,9 @@ FocusScope {
     // How many of all results stand.
     Rectangle {
         anchors { left: parent.left; bottom: parent.bottom }
-        width: parent.width * _quotes.completedComponents / Math.max(1, _list.count)
+        width: parent.width * _quotes.completedComponents / Math.max(1, root.list.count)
         height: Units.dp(4)
-        visible: _quotes.completedComponents < _list.count
+        visible: _quotes.completedComponents < root.list.count
         color: ApplicationStyle.orrange_button_color
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import Kernova 1.4
 
 QtObject {
     property bool clipboardContainsText: false
@@ -7,6 +8,12 @@ QtObject {
     property string region: "local"
     property string clipboard
     property var imported: []
+
+    property VariantListModel searchResults: VariantListModel {}
+
+    signal searchStarted()
+    signal searchResultsAvailable(var results)
+    signal searchFinished()
 
     function applicationVersion() { return "2.5.3" }
     function aboutDialogContent() { return "Licences" }
@@ -25,4 +32,5 @@ QtObject {
     function importQuestionsFromClipboard(questionMarker, answerMarker) { return found }
     function saveImportedQuestions(title, items) { saved.push([title, items.length]); return items.length > 0 }
     function batchImportQuestions(files) { imported.push(files) }
+    function synonyms(word) { return [] }
 }

@@ -2,6 +2,7 @@ import QtQuick 2.15
 import QtQuick.Controls 1.4
 import QtQuick.Layouts 1.15
 import "../../Components"
+import "../../searchpanel"
 
 // The canvas on the left, the sources on the right.
 Item {
@@ -63,6 +64,14 @@ Item {
             dragItem: _dragItem
             resizing: _split.resizing
         }
+    }
+
+    SearchPanelHolder {
+        x: _right.x - width
+        y: root.actionBarHeight
+        width: Units.dp(300)
+        height: root.height - Units.dp(80)
+        z: 20
     }
 
     TextDragItem {

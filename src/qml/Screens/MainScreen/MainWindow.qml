@@ -69,6 +69,10 @@ KernovaWindow {
                 z: 1
                 width: _stack.currentItem === _mainScreen ? _mainScreen.leftColumnWidth : parent.width
                 enabled: !root.blocked
+                onQueryRequested: {
+                    if (_query.item)
+                        _query.item.query(twoPane, sortByLeft)
+                }
 
                 Behavior on width {
                     enabled: root.__laidOut
@@ -87,6 +91,15 @@ KernovaWindow {
         MainScreen {
             id: _mainScreen
             actionBarHeight: _actionBar.height
+        }
+
+        // Its rows live as long as the window. Nobody who makes no query waits for it.
+        Loader {
+            id: _query
+            visible: false
+            active: false
+            onLoaded: item.actionBarHeight = Qt.binding(function() { return _actionBar.height })
+            source: "../QueryScreen/KernoQueryScreen.qml"
         }
 
         ConnectionBlocker {
@@ -121,8 +134,18 @@ KernovaWindow {
                     && CentralManager.region === appHelper.region
             if (lost && !root.blocked)
                 _stack.push({ item: _blocker, destroyOnPop: false })
-            else if (!lost && _stack.depth > 1)
+            else if (!lost && root.blocked)
                 _stack.pop()
+        }
+
+        function onShowQueryScreenChanged() {
+            var wasBlocked = root.blocked
+            _query.active = true
+            _stack.pop(_mainScreen)
+            if (CentralManager.showQueryScreen)
+                _stack.push({ item: _query, destroyOnPop: false })
+            if (wasBlocked)
+                _stack.push({ item: _blocker, destroyOnPop: false })
         }
     }
 }

@@ -17,7 +17,8 @@ FocusScope {
     readonly property bool __tabsShown: !CentralManager.showSearchPanel && !CentralManager.showMetadataOverviewPanel
                                         && !CentralManager.showingOverlapOrHierarchy
     // What stands over the source view, or null.
-    readonly property Item __panel: CentralManager.showingOverlapOrHierarchy ? _partialAnswers : null
+    readonly property Item __panel: CentralManager.showingOverlapOrHierarchy ? _partialAnswers
+                                   : CentralManager.showSearchPanel ? _searchResults : null
 
     on__PanelChanged: {
         if (rightStackView.depth > 1)
@@ -85,6 +86,13 @@ FocusScope {
 
     PartialAnswersPanel {
         id: _partialAnswers
+        visible: false
+        dragItem: root.dragItem
+        resizing: root.resizing
+    }
+
+    SearchResultsPanel {
+        id: _searchResults
         visible: false
         dragItem: root.dragItem
         resizing: root.resizing

@@ -16,6 +16,7 @@ Rectangle {
     readonly property bool __undoBlocked: CentralManager.overlayCount > 0
 
     signal actionItemClicked(string action)
+    signal queryRequested(bool twoPane, bool sortByLeft)
 
     height: Units.dp(72)
     color: ApplicationStyle.bar_background_color
@@ -87,7 +88,46 @@ Rectangle {
             text: qsTr("View")
             tooltip: qsTr("Customise current view.")
             visible: !CentralManager.showQueryScreen || CentralManager.twoPaneQuery
-            onClicked: _viewMenu.popup()
+            onClicked: {
+                if (CentralManager.showQueryScreen)
+                    _queryViewMenu.popup()
+                else
+                    _viewMenu.popup()
+            }
+        }
+        KernovaToolButton {
+            objectName: "action_query"
+            icon: "action_query"
+            text: qsTr("Query")
+            tooltip: qsTr("Show query screen.")
+            visible: !CentralManager.showQueryScreen && !CentralManager.showingOverlapOrHierarchy
+            enabled: CentralManager.hasFileOpen
+            onClicked: CentralManager.showQueryScreen = true
+        }
+        KernovaToolButton {
+            objectName: "action_panel"
+            icon: "action_panel"
+            text: qsTr("Panel")
+            tooltip: qsTr("Toggle top query panel.")
+            visible: CentralManager.showQueryScreen
+            onClicked: CentralManager.showQueryPanelInQueryScreen = !CentralManager.showQueryPanelInQueryScreen
+        }
+        KernovaToolButton {
+            objectName: "action_compare"
+            icon: CentralManager.twoPaneQuery ? "action_single" : "action_compare"
+            text: CentralManager.twoPaneQuery ? qsTr("Single") : qsTr("Compare")
+            tooltip: CentralManager.twoPaneQuery ? qsTr("Single query mode.") : qsTr("Comparison query mode.")
+            visible: CentralManager.showQueryScreen
+            enabled: CentralManager.showQueryPanelInQueryScreen
+            onClicked: CentralManager.twoPaneQuery = !CentralManager.twoPaneQuery
+        }
+        KernovaToolButton {
+            objectName: "action_update"
+            icon: "action_update"
+            text: qsTr("Update")
+            tooltip: qsTr("Update the query based on View settings.")
+            visible: CentralManager.showQueryScreen
+            onClicked: root.queryRequested(CentralManager.twoPaneQuery, _queryViewMenu.sortByLeft)
         }
         Item { Layout.fillWidth: true }
         KernovaToolButton {
@@ -118,6 +158,8 @@ Rectangle {
     }
 
     ViewMenu { id: _viewMenu }
+
+    QueryViewMenu { id: _queryViewMenu }
 
     StyledMenu {
         id: _helpMenu

@@ -9,6 +9,7 @@ Rectangle {
     property string permanentMessage
     property string textRight
     property alias zoom: _zoom.value
+    property bool sliderShown: true
 
     height: Units.dp(34)
     color: ApplicationStyle.bar_background_color
@@ -101,7 +102,7 @@ Rectangle {
             id: _zoom
             objectName: "zoom"
             // The hierarchy view is enlarged as the canvas is; it can be opened from the tree, too.
-            visible: CentralManager.showOverlapViewForKernoId < 1
+            visible: root.sliderShown && CentralManager.showOverlapViewForKernoId < 1
                      && (!CentralManager.showAsTreeView || CentralManager.showHierarchyViewForKerno > 0)
             Layout.preferredWidth: Units.dp(80)
             minimumValue: 1.0

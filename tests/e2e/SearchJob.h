@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Job.h"
+
+/// Asks the material: a search by each of its options, what can be done with its results, and queries in one
+/// pane and in two.
+class SearchJob : public Job {
+public:
+    using Job::Job;
+    bool play(const QString& run) override;
+
+private:
+    bool makeMaterial();
+    bool openPanel();
+    bool searchByOptions();
+    bool searchSynonyms();
+    bool restoreFromHistory();
+    bool searchByCriteria();
+    bool readOn();
+    bool copyFromSeveral();
+    bool codeHit();
+    bool dock();
+    bool queryInOnePane();
+    bool queryInTwoPanes();
+
+    bool search(const QString& term, int results);
+    bool toggle(const QString& objectName);
+    bool untilResults(int count);
+    bool choose(QQuickItem* box, const QString& entry);
+    QList<QQuickItem*> results();
+    QQuickItem* partOf(QQuickItem* item, const QString& objectName);
+    QString textOf(QQuickItem* result);
+    int offsetOf(QQuickItem* result);
+    bool isOn(const QString& objectName);
+    QStringList kernosOf(const QString& pane);
+};
