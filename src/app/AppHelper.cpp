@@ -4,8 +4,6 @@
 #include "app/CommandLine.h"
 #include "import/ImportedText.h"
 #include "import/TextFile.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
 #include "link/ServiceConfig.h"
 #include "project/KRNFile.h"
 #include "records/AnswerText.h"
@@ -106,10 +104,6 @@ void AppHelper::setCurrentAuthor(const QString& author) {
 
 void AppHelper::dumpObject(const QVariant& o) const {
     qCDebug(logAppHelper) << "dumpObject:" << o;
-}
-
-bool AppHelper::connectToServer(bool remote) {
-    return m_krnFile->dataHelper()->connection()->connect(remote);
 }
 
 QStringList AppHelper::importSuffixes() const {

@@ -29,6 +29,8 @@ class AppHelper : public QObject {
     Q_PROPERTY(bool isTouchEnabledDevice READ isTouchEnabledDevice CONSTANT)
     Q_PROPERTY(QString region READ region CONSTANT)
     Q_PROPERTY(VariantListModel* searchResults READ searchResults CONSTANT)
+    Q_PROPERTY(QString cloudHost READ cloudHost NOTIFY cloudHostChanged)
+    Q_PROPERTY(bool cloudHostFixed READ cloudHostFixed CONSTANT)
     /// The suffixes of files that can be imported, in lower case, and the dialog's filter for them.
     Q_PROPERTY(QStringList importSuffixes READ importSuffixes CONSTANT)
     Q_PROPERTY(QString importFilter READ importFilter CONSTANT)
@@ -91,6 +93,26 @@ public:
 
     /// Opens the link to the local service or to the cloud. Blocks in an event loop.
     Q_INVOKABLE bool connectToServer(bool remote);
+
+    // The cloud: see DataHelper. The maps are those of `Message`; the calls wait in a local event loop.
+
+    Q_INVOKABLE QVariantMap login(const QString& email, const QString& password);
+    Q_INVOKABLE QVariantMap projects();
+    Q_INVOKABLE QVariantMap projectsShared();
+    Q_INVOKABLE QVariantMap createNewProject(const QString& title);
+    Q_INVOKABLE QVariantMap removeProject(const QString& uuid);
+    Q_INVOKABLE QVariantMap uploadProject(const QString& path);
+    Q_INVOKABLE bool downloadProject(const QString& uuid, const QUrl& file);
+
+    /// The server in use; empty when none is known.
+    QString cloudHost() const;
+    /// Whether the environment names the server, so that it can't be changed.
+    bool cloudHostFixed() const;
+    /// Stores a server for this machine; an empty text takes it away. Gives a sentence when it is none.
+    Q_INVOKABLE QString setCloudHost(const QString& host);
+    /// Tries a server: `passed`, and the `sentence` to say so.
+    Q_INVOKABLE QVariantMap testCloudHost(const QString& host) const;
+
     /// Milliseconds of an outage after which a shared project is opened anew.
     Q_INVOKABLE int wsTimeout() const { return 60000; }
     Q_INVOKABLE bool isTestMode() const { return false; }
@@ -135,6 +157,7 @@ signals:
     void searchFinished();
     void clipboardContainsTextChanged();
     void userInvokedFileChanged();
+    void cloudHostChanged();
     void dummySignal();
     void csvImportProgress(int record, int of, int progress, bool finished);
 

@@ -10,6 +10,9 @@ namespace product {
 inline QString organisationName() {
     return QStringLiteral("Kernova");
 }
+inline QString applicationName() {
+    return QStringLiteral("Kernova");
+}
 inline QString organisationDomain() {
     return QStringLiteral("kernova.example");
 }

@@ -1,5 +1,6 @@
 #include "app/Startup.h"
 
+#include "app/CloudHost.h"
 #include "app/KernovaApplication.h"
 #include "app/ProductSettings.h"
 #include "app/Session.h"
@@ -31,13 +32,14 @@ void prepare() {
     QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache, true);
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Direct3D12);
+    cloudhost::load();
 }
 
 KRNFile* setUp() {
     QApplication::setStyle(QStringLiteral("fusion"));
     QCoreApplication::setOrganizationName(product::organisationName());
     QCoreApplication::setOrganizationDomain(product::organisationDomain());
-    QCoreApplication::setApplicationName(QStringLiteral("Kernova"));
+    QCoreApplication::setApplicationName(product::applicationName());
     QCoreApplication::setApplicationVersion(QStringLiteral(KERNOVA_VERSION));
     KRNFile* const krnFile = KRNFile::instance();
     krnFile->initModels();

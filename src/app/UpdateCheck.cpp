@@ -19,6 +19,8 @@ namespace updatecheck {
 
 namespace {
 
+constexpr int answerBound = 15000;  // ms
+
 struct SpokenVersion {
     QLatin1String service;
     int version;
@@ -44,18 +46,25 @@ bool versionsMatch(const QByteArray& body) {
                        });
 }
 
-bool serverMatches(const QUrl& versionUrl) {
+Answer ask(const QUrl& versionUrl) {
     QNetworkAccessManager manager;
+    // A server that is silent must not keep the window away.
+    manager.setTransferTimeout(answerBound);
     const std::unique_ptr<QNetworkReply> reply(manager.get(ServiceConfig::jsonRequest(versionUrl)));
     QEventLoop loop;
     QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     if (!reply->isFinished())
         loop.exec();
-    return reply->error() == QNetworkReply::NoError && versionsMatch(reply->readAll());
+    if (reply->error() == QNetworkReply::OperationCanceledError)
+        return {false, translated("The server did not answer in time.")};
+    if (reply->error() != QNetworkReply::NoError)
+        return {false, reply->errorString()};
+    return {versionsMatch(reply->readAll()), {}};
 }
 
 bool userLeavesToUpdate() {
-    if (!ServiceConfig::hasCloud() || serverMatches(ServiceConfig::instance().versionUrl()))
+    const ServiceConfig& config = ServiceConfig::instance();
+    if (!config.hasCloud() || ask(config.url(CloudCall::Version)).matches)
         return false;
     QMessageBox box(QMessageBox::Warning, translated("Update available!"),
                     translated("We've got an update for you!\nDownload now?"),

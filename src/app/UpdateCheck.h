@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <QUrl>
 
 /// Whether the cloud services speak the protocol versions of this client.
@@ -10,12 +11,16 @@ namespace updatecheck {
 /// match.
 bool versionsMatch(const QByteArray& body);
 
-/// Asks the version endpoint and waits for its answer in a local event loop, without a bound. An endpoint
-/// that can't be reached doesn't match.
-bool serverMatches(const QUrl& versionUrl);
+struct Answer {
+    bool matches = false;
+    QString error;  ///< why there is no answer, as a sentence; empty when there is one
+};
+/// Asks the version endpoint and waits for its answer in a local event loop, at most as long as nothing is
+/// heard of it for 15 s.
+Answer ask(const QUrl& versionUrl);
 
 /// Asks the user to update when the cloud's versions don't match; opens the download page and gives true when
-/// the user wants to. Gives false at once in a build without a cloud.
+/// the user wants to. Gives false at once when no cloud is known.
 bool userLeavesToUpdate();
 
 }  // namespace updatecheck

@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QVector>
 #include <atomic>
+#include <functional>
 
 class HttpHandler;
 class Waiter;
@@ -80,8 +81,13 @@ public:
     /// Whose signals are the service's notifications. Lives on the network thread: connect with a receiver.
     WebSocketHandler* webSocketHandler() const { return m_webSocketHandler; }
 
-    /// Headers that every HTTP call carries: user agent, content type, for a local link the service's token.
+    /// Headers that every HTTP call carries: user agent and content type, and the access token when it is one
+    /// that needs it.
     QNetworkRequest httpRequestFor(const QUrl& url, bool authorized) const;
+
+    using HttpCall = std::function<Message(const QNetworkRequest&)>;
+    /// Makes an authorized call by `call`. One that is answered with 401 is made once more, with new tokens.
+    Message authorizedCall(const QUrl& url, const HttpCall& call);
 
 signals:
     void initWS();

@@ -22,9 +22,15 @@ QNetworkRequest Connection::httpRequestFor(const QUrl& url, bool authorized) con
     QNetworkRequest request = ServiceConfig::jsonRequest(url);
     if (authorized)
         request.setRawHeader("Authorization", "Bearer " + accessToken().toUtf8());
-    if (!m_remote)
-        request.setRawHeader("Kernova-Service-Token", ServiceConfig::instance().serviceToken());
     return request;
+}
+
+Message Connection::authorizedCall(const QUrl& url, const HttpCall& call) {
+    const Message message = call(httpRequestFor(url, true));
+    if (message.statusCode != httpUnauthorized)
+        return message;
+    refresh();
+    return call(httpRequestFor(url, true));
 }
 
 Message Connection::postBlocking(QNetworkRequest request, const QJsonObject& body) {
@@ -42,16 +48,14 @@ Message Connection::getBlocking(QNetworkRequest request) {
 }
 
 bool Connection::fetchTicket(QString& ticket) {
-    if (!ServiceConfig::hasCloud()) {
-        setLastError(tr("This version of Kernova is built without a cloud. Use local storage."));
+    const ServiceConfig& config = ServiceConfig::instance();
+    if (!config.hasCloud()) {
+        setLastError(tr("No cloud server is known. Use local storage, or name a server."));
         return false;
     }
-    const QUrl url = ServiceConfig::instance().ticketUrl();
-    Message message = getBlocking(httpRequestFor(url, true));
-    if (message.statusCode == httpUnauthorized) {
-        refresh();
-        message = getBlocking(httpRequestFor(url, true));
-    }
+    const Message message =
+        authorizedCall(config.url(CloudCall::Ticket),
+                       [this](const QNetworkRequest& request) { return getBlocking(request); });
     if (!message.status)
         setLastError(message.message);
     ticket = message.json.value(QStringLiteral("ticket")).toString();
@@ -71,10 +75,11 @@ bool Connection::ensureFreshToken() {
 
 bool Connection::refresh() {
     qDebug() << "refresh access";
-    if (!ServiceConfig::hasCloud())
+    const ServiceConfig& config = ServiceConfig::instance();
+    if (!config.hasCloud())
         return false;
     const Message message =
-        postBlocking(httpRequestFor(ServiceConfig::instance().refreshUrl(), false),
+        postBlocking(httpRequestFor(config.url(CloudCall::Refresh), false),
                      {{keyAccessToken, accessToken()}, {keyRefreshToken, refreshToken()}});
     if (message.status) {
         const QJsonObject account = message.json.value(keyAccount).toObject();
@@ -87,8 +92,8 @@ bool Connection::logout() {
     if (refreshToken().isEmpty())
         return true;
     qDebug() << "logout";
-    const Message message = postBlocking(httpRequestFor(ServiceConfig::instance().logoutUrl(), false),
-                                         {{keyRefreshToken, refreshToken()}});
+    const QUrl url = ServiceConfig::instance().url(CloudCall::Logout);
+    const Message message = postBlocking(httpRequestFor(url, false), {{keyRefreshToken, refreshToken()}});
     if (message.status)
         setTokens({}, {});
     return message.status;

@@ -18,7 +18,7 @@ DataHelper::DataHelper(QObject* parent) : DataHelper(LinkTimings(), parent) {}
 
 DataHelper::DataHelper(const LinkTimings& timings, QObject* parent)
     : QObject(parent), m_connection(std::make_unique<Connection>(timings)),
-      m_networkAccessManager(new QNetworkAccessManager(this)) {
+      m_networkAccessManager(new QNetworkAccessManager(this)), m_transferBound(timings.transfer) {
     connectLinkSignals();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/CloudCalls.h"
 #include "link/LinkTimings.h"
 #include "link/Message.h"
 #include "link/ReplyBase.h"
@@ -159,16 +160,28 @@ public:
 
     // Accounts and stored projects
 
-    /// Logs in and keeps tokens, region and regional hosts. Waits in a local event loop.
+    // They wait in a local event loop. Without a known cloud they give a message that says so. What the
+    // message's `json` holds is said beside the call.
+
+    /// Logs in and keeps tokens, region and regional hosts.
     Message login(const QString& email, const QString& password);
-    /// Has the cloud copy the open project under a new name; the reply's `json` holds the new `project`.
+    Message projects();        ///< the account's own: `projects`
+    Message projectsShared();  ///< those that others share with it: `shares`
+    Message projectByName(const QString& name);
+    Message createNewProject(const QString& title);  ///< `project`
+    Message removeProject(const QString& uuid);
+    /// Sends a project file; `project`.
+    Message uploadProject(const QString& path);
+    /// Fetches a project's file. Only a whole one takes the place of `file`.
+    bool downloadProject(const QString& uuid, const QString& file);
+    /// Has the cloud copy the open project under a new name; `project`.
     Message saveAs(const QString& newName);
-    /// Asks the service for the whole project; the reply's `json` holds `project_json`.
+    /// Asks the service, local or in the cloud, for the whole project; `project_json`.
     Message exportProjectJson(const QJsonObject& project);
     /// The same with the preferences alone in `project_json`, where the service knows how: a cloud sends the
     /// whole project.
     Message exportPreferences(const QJsonObject& project);
-    /// Writes a new project of the whole project `json`.
+    /// Writes a new project of the whole project `json`, local or in the cloud; `project`.
     Message importProjectJson(const QJsonObject& project, const QJsonValue& json);
 
     Connection* connection() const { return m_connection.get(); }
@@ -231,9 +244,10 @@ private:
     void reopen(const QJsonObject& project);
     void switchRegion(const QString& region);
     void forgetProject();
-    Message call(const QNetworkRequest& request, const QByteArray* body);
-    Message authorizedCall(const QUrl& url, const QByteArray* body);
-    QString localServiceUrl(const QString& path) const;
+    Message send(HttpVerb verb, const QNetworkRequest& request, const QByteArray& body);
+    Message sendFile(const QNetworkRequest& request, const QString& path);
+    Message callCloud(CloudCall call, const QString& argument = {}, const QJsonObject& body = {});
+    Message callLocal(HttpVerb verb, const QString& path, const QByteArray& body = {});
     Message exportJson(const QJsonObject& project, const QString& localPart);
 
     std::atomic<bool> m_isOpen{false};
@@ -242,4 +256,5 @@ private:
     mutable QRecursiveMutex m_mutex;
     std::unique_ptr<Connection> m_connection;
     QNetworkAccessManager* m_networkAccessManager = nullptr;
+    int m_transferBound;  ///< ms
 };

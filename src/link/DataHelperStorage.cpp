@@ -4,64 +4,140 @@
 #include "link/WebSocketHandler.h"
 
 #include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QHttpMultiPart>
 #include <QJsonDocument>
 #include <QNetworkAccessManager>
 #include <QNetworkProxy>
 #include <QNetworkReply>
+#include <QSaveFile>
 
 namespace {
 
-constexpr int httpUnauthorized = 401;
+constexpr int httpOk = 200;
 
 const QString keyName = QStringLiteral("name");
 const QString keyProjectUuid = QStringLiteral("project_uuid");
 const QString localPath = QStringLiteral("/v1/projects/json");
 
+using ReplyPointer = std::unique_ptr<QNetworkReply>;
+
 QByteArray compact(const QJsonObject& object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
+Message notSent(const QString& reason) {
+    return {0, false, reason, {}};
+}
+
 Message withoutCloud() {
-    return {
-        0, false, DataHelper::tr("This version of Kernova is built without a cloud. Use local storage."), {}};
+    return notSent(DataHelper::tr("No cloud server is known. Use local storage, or name a server."));
+}
+
+void waitFor(QNetworkReply& reply) {
+    QEventLoop loop;
+    QObject::connect(&reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
+    if (!reply.isFinished())
+        loop.exec();
+}
+
+Message answerOf(QNetworkReply& reply) {
+    waitFor(reply);
+    Message message = Message::fromReply(reply);
+    // Nothing else here aborts a call than its bound.
+    if (reply.error() == QNetworkReply::OperationCanceledError)
+        message.message = DataHelper::tr("The server did not answer in time.");
+    return message;
+}
+
+// What a header's quoted text can't hold is written as browsers write it.
+QByteArray quotable(const QString& text) {
+    return text.toUtf8().replace('"', "%22").replace('\r', "%0D").replace('\n', "%0A");
+}
+
+// The file's name without the suffix of projects.
+QString projectNameOf(const QString& path) {
+    const QString name = QFileInfo(path).fileName();
+    const QString suffix = QStringLiteral(".krn");
+    return name.endsWith(suffix) ? name.chopped(suffix.size()) : name;
 }
 
 }  // namespace
 
-Message DataHelper::call(const QNetworkRequest& request, const QByteArray* body) {
-    const QNetworkProxy::ProxyType proxy =
-        m_connection->isRemote() ? QNetworkProxy::DefaultProxy : QNetworkProxy::NoProxy;
-    m_networkAccessManager->setProxy(QNetworkProxy(proxy));
-    const std::unique_ptr<QNetworkReply> reply(body ? m_networkAccessManager->post(request, *body)
-                                                    : m_networkAccessManager->get(request));
-    QEventLoop loop;
-    connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    if (!reply->isFinished())
-        loop.exec();
-    return Message::fromReply(*reply);
+Message DataHelper::send(HttpVerb verb, const QNetworkRequest& request, const QByteArray& body) {
+    ReplyPointer reply;
+    switch (verb) {
+    case HttpVerb::Get:
+        reply.reset(m_networkAccessManager->get(request));
+        break;
+    case HttpVerb::Post:
+        reply.reset(m_networkAccessManager->post(request, body));
+        break;
+    case HttpVerb::Delete:
+        reply.reset(m_networkAccessManager->deleteResource(request));
+        break;
+    }
+    return answerOf(*reply);
 }
 
-Message DataHelper::authorizedCall(const QUrl& url, const QByteArray* body) {
-    const Message message = call(m_connection->httpRequestFor(url, true), body);
-    if (message.statusCode != httpUnauthorized)
-        return message;
-    m_connection->refresh();
-    return call(m_connection->httpRequestFor(url, true), body);
+Message DataHelper::sendFile(const QNetworkRequest& request, const QString& path) {
+    auto file = std::make_unique<QFile>(path);
+    if (!file->open(QIODevice::ReadOnly))
+        return notSent(file->errorString());
+    QHttpPart part;
+    part.setRawHeader("Content-Disposition",
+                      "form-data; name=\"krnFile\"; filename=\"" + quotable(projectNameOf(path)) + '"');
+    part.setBodyDevice(file.get());
+    auto parts = std::make_unique<QHttpMultiPart>(QHttpMultiPart::FormDataType);
+    file.release()->setParent(parts.get());
+    parts->append(part);
+    QNetworkRequest multipart(request);
+    multipart.setHeader(QNetworkRequest::ContentTypeHeader, QVariant());
+    const ReplyPointer reply(m_networkAccessManager->post(multipart, parts.get()));
+    parts.release()->setParent(reply.get());
+    return answerOf(*reply);
+}
+
+Message DataHelper::callCloud(CloudCall call, const QString& argument, const QJsonObject& body) {
+    const ServiceConfig& config = ServiceConfig::instance();
+    if (!config.hasCloud())
+        return withoutCloud();
+    m_networkAccessManager->setProxy(QNetworkProxy(QNetworkProxy::DefaultProxy));
+    m_networkAccessManager->setTransferTimeout(m_transferBound);
+    const QByteArray content = compact(body);
+    const QUrl url = config.url(call, argument);
+    if (call == CloudCall::Login)
+        return send(ServiceConfig::verb(call), m_connection->httpRequestFor(url, false), content);
+    return m_connection->authorizedCall(url, [&](const QNetworkRequest& request) {
+        return call == CloudCall::UploadProject ? sendFile(request, argument)
+                                                : send(ServiceConfig::verb(call), request, content);
+    });
+}
+
+Message DataHelper::callLocal(HttpVerb verb, const QString& path, const QByteArray& body) {
+    m_networkAccessManager->setProxy(QNetworkProxy(QNetworkProxy::NoProxy));
+    // A large project takes the service its time, and its end ends the call.
+    m_networkAccessManager->setTransferTimeout(0);
+    QString url = notifications()->endpoint();
+    url.replace(0, 2, QStringLiteral("http"));
+    return m_connection->authorizedCall(QUrl(url + path), [&](QNetworkRequest request) {
+        request.setRawHeader("Kernova-Service-Token", ServiceConfig::instance().serviceToken());
+        return send(verb, request, body);
+    });
 }
 
 Message DataHelper::login(const QString& email, const QString& password) {
-    ServiceConfig& config = ServiceConfig::instance();
-    if (!ServiceConfig::hasCloud())
-        return withoutCloud();
-    const QByteArray body = compact({{QStringLiteral("email"), email},
-                                     {QStringLiteral("password"), password},
-                                     {QStringLiteral("regional_service_map"), true}});
-    const Message message = call(m_connection->httpRequestFor(config.loginUrl(), false), &body);
+    const Message message = callCloud(CloudCall::Login, {},
+                                      {{QStringLiteral("email"), email},
+                                       {QStringLiteral("password"), password},
+                                       {QStringLiteral("regional_service_map"), true}});
     if (!message.status)
         return message;
     const QJsonObject account = message.json.value(QStringLiteral("account")).toObject();
     m_connection->setTokens(account.value(QStringLiteral("access_token")).toString(),
                             account.value(QStringLiteral("refresh_token")).toString());
+    ServiceConfig& config = ServiceConfig::instance();
     const QString region = account.value(QStringLiteral("region")).toString();
     config.setHomeRegion(region);
     config.setRegion(region);
@@ -69,28 +145,66 @@ Message DataHelper::login(const QString& email, const QString& password) {
     return message;
 }
 
-Message DataHelper::saveAs(const QString& newName) {
-    if (!ServiceConfig::hasCloud())
-        return withoutCloud();
-    const QJsonValue uuid = currentProject().value(keyProjectUuid);
-    const QByteArray body = compact({{keyName, newName}, {QStringLiteral("orig_project_uuid"), uuid}});
-    return authorizedCall(ServiceConfig::instance().saveAsUrl(), &body);
+Message DataHelper::projects() {
+    return callCloud(CloudCall::Projects);
 }
 
-QString DataHelper::localServiceUrl(const QString& path) const {
-    QString url = notifications()->endpoint();
-    url.replace(0, 2, QStringLiteral("http"));
-    return url + path;
+Message DataHelper::projectsShared() {
+    return callCloud(CloudCall::ProjectsShared);
+}
+
+Message DataHelper::projectByName(const QString& name) {
+    return callCloud(CloudCall::ProjectByName, name);
+}
+
+Message DataHelper::createNewProject(const QString& title) {
+    return callCloud(CloudCall::CreateProject, {}, {{keyName, title}});
+}
+
+Message DataHelper::removeProject(const QString& uuid) {
+    return callCloud(CloudCall::RemoveProject, uuid);
+}
+
+Message DataHelper::uploadProject(const QString& path) {
+    return callCloud(CloudCall::UploadProject, path);
+}
+
+bool DataHelper::downloadProject(const QString& uuid, const QString& file) {
+    const ServiceConfig& config = ServiceConfig::instance();
+    QSaveFile target(file);
+    if (!config.hasCloud() || !m_connection->ensureFreshToken() || !target.open(QIODevice::WriteOnly))
+        return false;
+    m_networkAccessManager->setProxy(QNetworkProxy(QNetworkProxy::DefaultProxy));
+    m_networkAccessManager->setTransferTimeout(m_transferBound);
+    const QUrl url = config.url(CloudCall::DownloadProject, uuid);
+    const ReplyPointer reply(m_networkAccessManager->get(m_connection->httpRequestFor(url, true)));
+    const auto take = [&] { target.write(reply->readAll()); };
+    connect(reply.get(), &QIODevice::readyRead, &target, take);
+    waitFor(*reply);
+    const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    if (status != httpOk || reply->error() != QNetworkReply::NoError)
+        return false;
+    take();
+    // A write that failed makes this fail.
+    if (!target.commit())
+        return false;
+    // What a crash left of a former file would be rolled back into this one.
+    QFile::remove(file + QStringLiteral("-journal"));
+    return true;
+}
+
+Message DataHelper::saveAs(const QString& newName) {
+    return callCloud(
+        CloudCall::SaveAs, {},
+        {{keyName, newName}, {QStringLiteral("orig_project_uuid"), currentProject().value(keyProjectUuid)}});
 }
 
 Message DataHelper::exportJson(const QJsonObject& project, const QString& localPart) {
-    if (isRemote()) {
-        const QString uuid = project.value(keyProjectUuid).toString();
-        return authorizedCall(ServiceConfig::instance().projectJsonUrl(uuid), nullptr);
-    }
+    if (isRemote())
+        return callCloud(CloudCall::ReadProjectJson, project.value(keyProjectUuid).toString());
     const QByteArray name = QUrl::toPercentEncoding(project.value(keyName).toString());
-    const QString query = QLatin1String("?name=") + QString::fromLatin1(name) + localPart;
-    return authorizedCall(QUrl(localServiceUrl(localPath + query)), nullptr);
+    return callLocal(HttpVerb::Get,
+                     localPath + QLatin1String("?name=") + QString::fromLatin1(name) + localPart);
 }
 
 Message DataHelper::exportProjectJson(const QJsonObject& project) {
@@ -105,8 +219,6 @@ Message DataHelper::importProjectJson(const QJsonObject& project, const QJsonVal
     QJsonObject object = project;
     object.remove(keyProjectUuid);
     object.insert(QStringLiteral("project_json"), json);
-    const QByteArray body = compact(object);
-    const QUrl url =
-        isRemote() ? ServiceConfig::instance().uploadJsonUrl() : QUrl(localServiceUrl(localPath));
-    return authorizedCall(url, &body);
+    return isRemote() ? callCloud(CloudCall::WriteProjectJson, {}, object)
+                      : callLocal(HttpVerb::Post, localPath, compact(object));
 }

@@ -8,6 +8,7 @@ struct LinkTimings {
     int disconnect = 60000;  ///< after the last loss, until the socket is aborted
     int request = 50000;     ///< bound of a blocking request
     int http = 15000;        ///< bound of a blocking HTTP call
+    int transfer = 60000;    ///< of an up- or download or another call to the cloud, in which not a byte moves
     int reconnect = 2000;    ///< between two attempts to connect again
     int start = 30000;       ///< for the local service to start, to name its port and to answer the handshake
     int portLine = 200;      ///< for the rest of a port line whose end has not been read yet

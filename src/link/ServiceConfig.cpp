@@ -1,6 +1,8 @@
 #include "link/ServiceConfig.h"
 
+#include <QCoreApplication>
 #include <QDebug>
+#include <QHostAddress>
 #include <QRandomGenerator>
 #include <array>
 
@@ -29,6 +31,54 @@ const std::array<EndpointRow, 5> endpoints{{
      QLatin1String("/cloud/{region}/service/connect")},
 }};
 
+struct CallRow {
+    CloudCall call;
+    HttpVerb verb;
+    Service service;
+    QLatin1String path;  ///< "%1" stands for the call's argument
+};
+
+// Indexed by CloudCall.
+const std::array<CallRow, 15> calls{{
+    {CloudCall::Login, HttpVerb::Post, Service::Auth, QLatin1String("/login")},
+    {CloudCall::Refresh, HttpVerb::Post, Service::Auth, QLatin1String("/refresh")},
+    {CloudCall::Logout, HttpVerb::Post, Service::Auth, QLatin1String("/logout")},
+    {CloudCall::Ticket, HttpVerb::Get, Service::DataService, QLatin1String("/v1/kernova/ticket")},
+    {CloudCall::Version, HttpVerb::Get, Service::Version, QLatin1String("")},
+    {CloudCall::Projects, HttpVerb::Get, Service::Project, QLatin1String("")},
+    {CloudCall::ProjectsShared, HttpVerb::Get, Service::Project, QLatin1String("/share")},
+    {CloudCall::ProjectByName, HttpVerb::Get, Service::Project, QLatin1String("?name=%1")},
+    {CloudCall::CreateProject, HttpVerb::Post, Service::Project, QLatin1String("")},
+    {CloudCall::RemoveProject, HttpVerb::Delete, Service::Project, QLatin1String("/%1")},
+    {CloudCall::SaveAs, HttpVerb::Post, Service::Project, QLatin1String("/saveas")},
+    {CloudCall::UploadProject, HttpVerb::Post, Service::Project, QLatin1String("/file")},
+    {CloudCall::DownloadProject, HttpVerb::Get, Service::Project, QLatin1String("/%1/file")},
+    {CloudCall::ReadProjectJson, HttpVerb::Get, Service::Project, QLatin1String("/%1/json")},
+    {CloudCall::WriteProjectJson, HttpVerb::Post, Service::Project, QLatin1String("/json")},
+}};
+
+const CallRow& rowOf(CloudCall call) {
+    const CallRow& row = calls[static_cast<size_t>(call)];
+    Q_ASSERT(row.call == call);
+    return row;
+}
+
+const QLatin1String plainScheme("http://");
+
+bool isPlain(const QString& host) {
+    return host.startsWith(plainScheme);
+}
+
+bool isLoopback(const QString& name) {
+    return name == QLatin1String("localhost") || QHostAddress(name).isLoopback();
+}
+
+// `scheme` is "http" or "ws".
+QString origin(const QString& scheme, const QString& host) {
+    return isPlain(host) ? scheme + QLatin1String("://") + host.mid(plainScheme.size())
+                         : scheme + QLatin1String("s://") + host;
+}
+
 QByteArray makeToken() {
     std::array<quint32, 8> words;
     QRandomGenerator::system()->fillRange(words.data(), static_cast<qsizetype>(words.size()));
@@ -39,6 +89,14 @@ QString encoded(const QString& text) {
     return QString::fromLatin1(QUrl::toPercentEncoding(text));
 }
 
+QString path(const CallRow& row, const QString& argument) {
+    return QString(row.path).replace(QLatin1String("%1"), encoded(argument));
+}
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("ServiceConfig", text);
+}
+
 }  // namespace
 
 ServiceConfig& ServiceConfig::instance() {
@@ -46,10 +104,46 @@ ServiceConfig& ServiceConfig::instance() {
     return config;
 }
 
-ServiceConfig::ServiceConfig() : m_serviceToken(makeToken()) {}
+ServiceConfig::ServiceConfig()
+    : m_environmentHost(readHost(qEnvironmentVariable("KERNOVA_CLOUD_HOST"))), m_serviceToken(makeToken()) {}
 
-QString ServiceConfig::cloudHost() {
-    return QStringLiteral(KERNOVA_CLOUD_HOST);
+QString ServiceConfig::cloudHost() const {
+    for (const QString& host : {m_environmentHost, machineHost()}) {
+        if (!host.isEmpty())
+            return host;
+    }
+    return readHost(QStringLiteral(KERNOVA_CLOUD_HOST));
+}
+
+QString ServiceConfig::machineHost() const {
+    QMutexLocker locker(&m_mutex);
+    return m_machineHost;
+}
+
+void ServiceConfig::setMachineHost(const QString& host) {
+    QMutexLocker locker(&m_mutex);
+    m_machineHost = readHost(host);
+}
+
+QString ServiceConfig::readHost(const QString& text, QString* error) {
+    QString address = text.trimmed();
+    if (!address.contains(QLatin1String("://")))
+        address.prepend(QLatin1String("https://"));
+    const QUrl url(address, QUrl::StrictMode);
+    const bool bare = (url.path().isEmpty() || url.path() == QLatin1String("/")) &&
+                      url.userInfo().isEmpty() && !url.hasQuery() && !url.hasFragment();
+    const bool plain = url.scheme() == QLatin1String("http");
+    QString fault;
+    if (!url.isValid() || url.host().isEmpty() || !bare || (!plain && url.scheme() != QLatin1String("https")))
+        fault = tr("This is not the address of a server.");
+    else if (plain && !isLoopback(url.host()))
+        fault = tr("A server that is not on this computer is reached by https only.");
+    if (error)
+        *error = fault;
+    if (!fault.isEmpty())
+        return {};
+    const QString authority = url.authority(QUrl::FullyEncoded);
+    return plain ? plainScheme + authority : authority;
 }
 
 QString ServiceConfig::baseUrl(Service service, Variant variant, const QString& host) {
@@ -61,12 +155,12 @@ QString ServiceConfig::baseUrl(Service service, Variant variant, const QString& 
         return QStringLiteral("%1://localhost:%2%3").arg(scheme, QString::number(row.testPort), row.testPath);
     case Variant::Staging: {
         const QString port = row.stagingPort == 0 ? QString() : QStringLiteral(":%1").arg(row.stagingPort);
-        return scheme + QLatin1String("s://") + host + port + row.stagingPath;
+        return origin(scheme, host) + port + row.stagingPath;
     }
     case Variant::Production:
         break;
     }
-    return scheme + QLatin1String("s://") + host + row.productionPath;
+    return origin(scheme, host) + row.productionPath;
 }
 
 QNetworkRequest ServiceConfig::jsonRequest(const QUrl& url) {
@@ -107,72 +201,31 @@ void ServiceConfig::setRegionalServiceMap(const QJsonObject& map) {
     m_regionalServiceMap = map;
 }
 
-QString ServiceConfig::regionalHost() const {
-    QMutexLocker locker(&m_mutex);
-    return m_regionalServiceMap.value(m_region.toLower() + QLatin1String("v2")).toString();
+// A plain cloud, which is one of the loopback, may name data services of the loopback; all others are
+// secured.
+QString ServiceConfig::regionalOrigin(const QString& scheme) const {
+    const QString host = regionalServiceMap().value(region().toLower() + QLatin1String("v2")).toString();
+    const bool plain = isPlain(cloudHost()) && isLoopback(QUrl(plainScheme + host).host());
+    return origin(scheme, plain ? plainScheme + host : host);
 }
 
-QUrl ServiceConfig::url(Service service, const QString& path) const {
-    return QUrl(baseUrl(service, Variant::Production, cloudHost()) + path);
+HttpVerb ServiceConfig::verb(CloudCall call) {
+    return rowOf(call).verb;
 }
 
-QUrl ServiceConfig::loginUrl() const {
-    return url(Service::Auth, QStringLiteral("/login"));
+QUrl ServiceConfig::url(CloudCall call, const QString& argument) const {
+    const CallRow& row = rowOf(call);
+    return row.service == Service::DataService
+               ? QUrl(regionalOrigin(QStringLiteral("http")) + path(row, argument))
+               : urlAt(cloudHost(), call, argument);
 }
 
-QUrl ServiceConfig::refreshUrl() const {
-    return url(Service::Auth, QStringLiteral("/refresh"));
-}
-
-QUrl ServiceConfig::logoutUrl() const {
-    return url(Service::Auth, QStringLiteral("/logout"));
-}
-
-QUrl ServiceConfig::projectsUrl() const {
-    return url(Service::Project, {});
-}
-
-QUrl ServiceConfig::projectByNameUrl(const QString& name) const {
-    return url(Service::Project, QLatin1String("?name=") + encoded(name));
-}
-
-QUrl ServiceConfig::projectUrl(const QString& uuid) const {
-    return url(Service::Project, QLatin1Char('/') + encoded(uuid));
-}
-
-QUrl ServiceConfig::projectFileUrl(const QString& uuid) const {
-    return url(Service::Project, QLatin1Char('/') + encoded(uuid) + QLatin1String("/file"));
-}
-
-QUrl ServiceConfig::projectJsonUrl(const QString& uuid) const {
-    return url(Service::Project, QLatin1Char('/') + encoded(uuid) + QLatin1String("/json"));
-}
-
-QUrl ServiceConfig::saveAsUrl() const {
-    return url(Service::Project, QStringLiteral("/saveas"));
-}
-
-QUrl ServiceConfig::sharedUrl() const {
-    return url(Service::Project, QStringLiteral("/share"));
-}
-
-QUrl ServiceConfig::uploadFileUrl() const {
-    return url(Service::Project, QStringLiteral("/file"));
-}
-
-QUrl ServiceConfig::uploadJsonUrl() const {
-    return url(Service::Project, QStringLiteral("/json"));
-}
-
-QUrl ServiceConfig::versionUrl() const {
-    return url(Service::Version, {});
-}
-
-QUrl ServiceConfig::ticketUrl() const {
-    return QUrl(QLatin1String("https://") + regionalHost() + QLatin1String("/v1/kernova/ticket"));
+QUrl ServiceConfig::urlAt(const QString& host, CloudCall call, const QString& argument) {
+    const CallRow& row = rowOf(call);
+    return QUrl(baseUrl(row.service, Variant::Production, host) + path(row, argument));
 }
 
 QUrl ServiceConfig::socketUrl(const QString& ticket) const {
-    return QUrl(QLatin1String("wss://") + regionalHost() + QLatin1String("/v1/kernova?ticket=") +
+    return QUrl(regionalOrigin(QStringLiteral("ws")) + QLatin1String("/v1/kernova?ticket=") +
                 encoded(ticket));
 }

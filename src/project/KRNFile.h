@@ -85,6 +85,13 @@ public:
     /// Copies the open cloud project and opens the copy; gives success and, on failure, a sentence.
     Q_INVOKABLE QVariantList saveAsRemote(const QString& newName);
 
+    /// Write a part of the open project as a new one, and leave this one as it is: a local project's into the
+    /// file `name`, over one that is there, a cloud project's into the cloud under the title `name`. The part
+    /// has this project's kind and password. They give success and, on failure, a sentence; then nothing is
+    /// written.
+    Q_INVOKABLE QVariantList exportKRNSources(const QString& name);
+    Q_INVOKABLE QVariantList exportKRNStructure(const QString& name);
+
     bool isOpened() const override;
     bool isOwner() const;
     /// Whether the access level allows changes; `notify` tells the user when it doesn't.
@@ -381,6 +388,7 @@ private:
     void leaveProject();
     /// Returns when the service has stored everything that was sent before.
     void awaitStored() const;
+    QVariantList exportPart(const QString& name, QJsonObject (*partOf)(const QJsonObject& project));
     void putKerno(const Kerno& kerno);
     bool isInShownGroup(int kernoId) const;
     QVariantList readStatistics(const QString& text, const QString& name,

@@ -2,6 +2,7 @@
 
 #include "link/DataHelper.h"
 #include "project/FileCopies.h"
+#include "project/ProjectParts.h"
 #include "project/ProjectPreferences.h"
 
 #include <QDebug>
@@ -11,6 +12,16 @@
 namespace {
 
 const QString keyName = QStringLiteral("name");
+const QString keyProjectJson = QStringLiteral("project_json");
+
+QVariantList notOpen() {
+    return {false, KRNFile::tr("Original file is not open.")};
+}
+
+QVariantList failure(const Message& message) {
+    return {false,
+            message.message.isEmpty() ? KRNFile::tr("The project could not be written.") : message.message};
+}
 
 }  // namespace
 
@@ -46,7 +57,7 @@ bool KRNFile::saveAs(const QString& outputFile) {
 
 QVariantList KRNFile::saveAsRemote(const QString& newName) {
     if (!isOpened())
-        return {false, tr("Original file is not open.")};
+        return notOpen();
     const Message copied = m_dataHelper->saveAs(newName);
     if (!copied.status)
         return {false, copied.message};
@@ -55,4 +66,28 @@ QVariantList KRNFile::saveAsRemote(const QString& newName) {
     if (openProject(project, false, QString(), m_singleQuestion, true))
         return {true, QString()};
     return {false, tr("Unable to open new project.")};
+}
+
+QVariantList KRNFile::exportKRNSources(const QString& name) {
+    return exportPart(name, &projectparts::sourcesOnly);
+}
+
+QVariantList KRNFile::exportKRNStructure(const QString& name) {
+    return exportPart(name, &projectparts::structureOnly);
+}
+
+QVariantList KRNFile::exportPart(const QString& name, QJsonObject (*partOf)(const QJsonObject& project)) {
+    if (!isOpened())
+        return notOpen();
+    const bool local = !m_dataHelper->isRemote();
+    const QString target = local ? copies::withProjectSuffix(name) : name;
+    if (local && QFileInfo(target) == QFileInfo(currentProject().value(keyName).toString()))
+        return {false, tr("A part of the project can't take the place of the project itself.")};
+    awaitStored();
+    const Message whole = m_dataHelper->exportProjectJson(currentProject());
+    if (!whole.status || !whole.json.value(keyProjectJson).isObject())
+        return failure(whole);
+    const QJsonObject part = partOf(whole.json.value(keyProjectJson).toObject());
+    const Message written = m_dataHelper->importProjectJson({{keyName, target}}, part);
+    return written.status ? QVariantList{true, QString()} : failure(written);
 }

@@ -49,8 +49,8 @@ void tst_UpdateCheck::theServerIsAsked() {
             socket->disconnectFromHost();
         });
     });
-    QVERIFY(
-        updatecheck::serverMatches(QUrl(QStringLiteral("http://127.0.0.1:%1/v").arg(server.serverPort()))));
+    const QUrl url(QStringLiteral("http://127.0.0.1:%1/v").arg(server.serverPort()));
+    QVERIFY(updatecheck::ask(url).matches);
     QVERIFY2(asked.startsWith("GET /v HTTP/1.1\r\n"), asked.constData());
     QVERIFY(asked.contains("User-Agent: KernovaClient/2.5.3 Windows\r\n"));
     QVERIFY(asked.contains("Content-Type: application/json\r\n"));
@@ -61,8 +61,9 @@ void tst_UpdateCheck::anUnreachableServerDoesNotMatch() {
     QVERIFY(server.listen(QHostAddress::LocalHost));
     const QUrl url(QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort()));
     server.close();
-    QVERIFY(!updatecheck::serverMatches(url));
-    if (!ServiceConfig::hasCloud())
+    const updatecheck::Answer answer = updatecheck::ask(url);
+    QVERIFY(!answer.matches && !answer.error.isEmpty());
+    if (!ServiceConfig::instance().hasCloud())
         QVERIFY(!updatecheck::userLeavesToUpdate());
 }
 

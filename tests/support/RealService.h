@@ -17,6 +17,9 @@ public:
     explicit RealService(const QByteArray& token = {});
     ~RealService();
 
+    /// The folder in which relative names of projects lie; before `start`.
+    void setFolder(const QString& folder) { m_process.setWorkingDirectory(folder); }
+
     /// Starts it with "-local" and waits for its port line. False when it fails.
     bool start();
 

@@ -1,0 +1,143 @@
+#include "ProjectSupport.h"
+#include "tests_support/TestMain.h"
+
+namespace {
+
+const QStringList allLists{"sources",
+                           "source_metadatas",
+                           "source_metadata_keys",
+                           "source_metadata_values",
+                           "questions",
+                           "question_answers",
+                           "highlights",
+                           "memos",
+                           "kernos",
+                           "group_kernos",
+                           "groups",
+                           "kerno_shortcut_keys",
+                           "chat_messages"};
+
+QMap<QString, QJsonValue> preferencesOf(const QJsonObject& project) {
+    QMap<QString, QJsonValue> preferences;
+    for (const QJsonValue& entry : project.value("preferences").toArray())
+        preferences.insert(entry.toObject().value("key").toString(), entry.toObject().value("value"));
+    return preferences;
+}
+
+}  // namespace
+
+/// Projects made of parts of the open one, through the real service.
+class TestProjectParts : public QObject {
+    Q_OBJECT
+
+private:
+    using Export = QVariantList (KRNFile::*)(const QString&);
+
+    QJsonObject read(const QString& path) {
+        return m_file->dataHelper()
+            ->exportProjectJson(localProject(path))
+            .json.value("project_json")
+            .toObject();
+    }
+
+    // A project with a record in every list.
+    bool fill(const QString& password, bool singleQuestion) {
+        IdManager* ids = IdManager::instance();
+        if (!m_file.create(password, singleQuestion) || !m_file.addContents("What was said"))
+            return false;
+        m_file->saveHighlight(ProjectUnderTest::highlight(ids->nextHighlightId(), 0, 4));
+        Memo memo;
+        memo.setMemoId(ids->nextMemoId());
+        memo.setSourceId(1);
+        memo.setQuestionId(1);
+        memo.setLength(3);
+        m_file->saveMemo(memo);
+        m_file->saveMetadataKey(SourceMetadataKey(1, false, false, "Age"));
+        m_file->saveMetadataValue(SourceMetadataValue(1, 1, "thirty"));
+        m_file->saveMetadata(SourceMetadata(1, 1, 1, 1, "Ann", {}));
+        m_file->saveGroup(Group(1, "People", true));
+        m_file->saveKernoGroup(KernoGroup(1, 1, 1));
+        m_file->saveKernoShortcutKey(KernoShortcutKey("1", 1, "Ann"));
+        m_file->saveChatMessage(ChatMessage(1, "Hello", "Ann", {}));
+        m_file->savePreference("Source.FontSize", 17);
+        m_file->savePreference("SourcesList.CurrentIds", "[1]");
+        return true;
+    }
+
+    ProjectUnderTest m_file;
+
+private slots:
+    void aPartHoldsItsListsAsTheyWere_data() {
+        QTest::addColumn<bool>("sources");
+        QTest::addColumn<QString>("password");
+        QTest::addColumn<bool>("singleQuestion");
+        QTest::newRow("sources") << true << "" << true;
+        QTest::newRow("sources, protected") << true << "s3cret" << false;
+        QTest::newRow("structure") << false << "" << false;
+        QTest::newRow("structure, protected") << false << "s3cret" << true;
+    }
+
+    void aPartHoldsItsListsAsTheyWere() {
+        QFETCH(bool, sources);
+        QFETCH(QString, password);
+        QFETCH(bool, singleQuestion);
+        m_file.restart();
+        QVERIFY(fill(password, singleQuestion));
+        const QJsonObject project = m_file->currentProject();
+        const Export write = sources ? &KRNFile::exportKRNSources : &KRNFile::exportKRNStructure;
+        QCOMPARE(((*m_file).*write)(m_file.path("part")), (QVariantList{true, QString()}));
+        QVERIFY(m_file->isOpened() && m_file->currentProject() == project);
+
+        const QJsonObject whole = read(m_file.path());
+        const QJsonObject part = read(m_file.path("part.krn"));
+        const QStringList kept = sources ? QStringList{"sources",
+                                                       "questions",
+                                                       "question_answers",
+                                                       "source_metadata_keys",
+                                                       "source_metadata_values",
+                                                       "source_metadatas"}
+                                         : QStringList{"kernos",
+                                                       "groups",
+                                                       "group_kernos",
+                                                       "kerno_shortcut_keys",
+                                                       "questions",
+                                                       "source_metadata_keys",
+                                                       "source_metadata_values"};
+        for (const QString& list : allLists) {
+            QVERIFY2(!whole.value(list).toArray().isEmpty(), qPrintable(list));
+            QCOMPARE(part.value(list), kept.contains(list) ? whole.value(list) : QJsonArray());
+        }
+        QMap<QString, QJsonValue> preferences = preferencesOf(whole);
+        QVERIFY(preferences.remove("___db_open_lock") && preferences.contains("SourcesList.CurrentIds"));
+        if (!sources)
+            preferences.remove("SourcesList.CurrentIds");
+        QCOMPARE(preferencesOf(part), preferences);
+
+        // It isn't marked as open elsewhere, so nobody is asked.
+        QVERIFY2(m_file.open("part.krn", password), qPrintable(m_file->getLastOpenError()));
+        QCOMPARE(m_file->singleQuestionMode(), singleQuestion);
+        QCOMPARE(IdManager::instance()->nextKernoId(), sources ? 1 : 2);
+        if (sources)
+            QCOMPARE(m_file->answer(1, 1).value("answer").toString().contains("What was said"), true);
+        m_file->close();
+        QCOMPARE(m_file.open("part.krn", "wrong"), false);
+    }
+
+    void nothingIsWrittenWhereItFails() {
+        m_file.restart();
+        QVERIFY(fill({}, true));
+        const QJsonObject before = read(m_file.path());
+        const QVariantList onto = m_file->exportKRNSources(m_file.path());
+        QVERIFY(!onto[0].toBool() && !onto[1].toString().isEmpty());
+        const QVariantList nowhere = m_file->exportKRNStructure(m_file.path("no/such/folder.krn"));
+        QVERIFY(!nowhere[0].toBool() && !nowhere[1].toString().isEmpty());
+        QCOMPARE(read(m_file.path()), before);
+        QVERIFY(m_file->isOpened());
+        m_file->close();
+        QVERIFY(!m_file->exportKRNSources(m_file.path("closed"))[0].toBool());
+        QVERIFY(!QFile::exists(m_file.path("closed.krn")));
+    }
+};
+
+KERNOVA_TEST_MAIN(TestProjectParts)
+#include "tst_projectparts.moc"
