@@ -1,5 +1,7 @@
 #include "LayoutCheck.h"
 
+#include "AppDriver.h"
+
 #include <QHash>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -140,6 +142,20 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
                 tell(text, QStringLiteral("lies upon \"%1\"").arg(texts[k].text.left(40)));
         }
     }
+    return found;
+}
+
+QStringList screenFaults(AppDriver& driver) {
+    QQuickWindow* window = driver.mainWindow();
+    const QList<QQuickItem*> dialogs = driver.itemsOfType(QStringLiteral("DialogPanel"));
+    QStringList found;
+    for (QQuickItem* dialog : dialogs)
+        found << faults(dialog, window->grabWindow());
+    const QList<QQuickWindow*> popups = driver.popups();
+    for (QQuickWindow* popup : popups)
+        found << faults(popup->contentItem(), popup->grabWindow());
+    if (dialogs.isEmpty() && popups.isEmpty())
+        found << faults(window->contentItem(), window->grabWindow());
     return found;
 }
 

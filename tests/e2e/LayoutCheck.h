@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QStringList>
 
+class AppDriver;
 class QQuickItem;
 
 /// Whether what stands on a screen can be read.
@@ -12,6 +13,9 @@ namespace layout {
 /// reaches out of the window or of what clips it, that lies upon another, or whose colour is too near to what
 /// is behind it. `picture` is what the window shows.
 QStringList faults(QQuickItem* root, const QImage& picture);
+
+/// The faults of what is uppermost on the screen: menus, else dialogs, else the window.
+QStringList screenFaults(AppDriver& driver);
 
 /// The contrast of the two colours, from 1 to 21, as the eye takes it.
 qreal contrast(QRgb a, QRgb b);

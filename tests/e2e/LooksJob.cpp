@@ -94,16 +94,7 @@ bool LooksJob::makeLargeProject(const QString& name) {
 
 bool LooksJob::look(const QString& name) {
     m_driver.screenshot(m_size + QLatin1Char('-') + name);
-    QQuickWindow* window = m_driver.mainWindow();
-    const QList<QQuickItem*> dialogs = m_driver.itemsOfType(QStringLiteral("DialogPanel"));
-    QStringList faults;
-    for (QQuickItem* dialog : dialogs)
-        faults << layout::faults(dialog, window->grabWindow());
-    const QList<QQuickWindow*> popups = m_driver.popups();
-    for (QQuickWindow* popup : popups)
-        faults << layout::faults(popup->contentItem(), popup->grabWindow());
-    if (dialogs.isEmpty() && popups.isEmpty())
-        faults << layout::faults(window->contentItem(), window->grabWindow());
+    const QStringList faults = layout::screenFaults(m_driver);
     return expect(faults.isEmpty(), m_size + QLatin1Char(' ') + name + QStringLiteral(": ") +
                                         faults.join(QStringLiteral("; ")));
 }

@@ -1,5 +1,7 @@
 #include "CanvasJob.h"
+#include "CloudJob.h"
 #include "CodingJob.h"
+#include "CopiesJob.h"
 #include "FirstLightJob.h"
 #include "ImportJob.h"
 #include "LooksJob.h"
@@ -39,7 +41,9 @@ const std::vector<JobEntry>& jobs() {
     static const std::vector<JobEntry> all{
         {"first-light", {QStringLiteral("code"), QStringLiteral("reopen")}, {}, make<FirstLightJob>},
         {"canvas", {QStringLiteral("arrange")}, {}, make<CanvasJob>},
+        {"cloud", CloudJob::runs(), {}, make<CloudJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
+        {"copies", CopiesJob::runs(), {}, make<CopiesJob>},
         {"import", ImportJob::runs(), {}, make<ImportJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},

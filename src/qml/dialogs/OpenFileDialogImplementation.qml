@@ -195,6 +195,7 @@ DialogPanel {
             DialogTextField {
                 id: _author
                 objectName: "author"
+                Accessible.name: qsTr("Author")
                 Layout.fillWidth: true
                 focus: true
                 onAccepted: root.__carryOn()
@@ -213,6 +214,8 @@ DialogPanel {
         visible: root.message !== ""
         text: root.message
         wrapMode: Text.Wrap
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
         color: root.isOpening ? ApplicationStyle.dialog_text_color : ApplicationStyle.error_text_color
     }
 

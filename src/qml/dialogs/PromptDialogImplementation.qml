@@ -35,6 +35,7 @@ DialogPanel {
             id: _value
             Layout.fillWidth: true
             focus: true
+            Accessible.name: qsTr("Value")
             onAccepted: root.accept()
         }
     }

@@ -6,6 +6,22 @@ QtObject {
     property string userInvokedFile
     property bool isTouchEnabledDevice: false
     property string region: "local"
+    property string cloudHost
+    property bool cloudHostFixed: false
+    property var calls: []
+    property var answers: ({})
+
+    function __answer(name) {
+        calls.push(name)
+        var answer = answers[name] || { status: true, value: {} }
+        return { status: answer.status, message: answer.message || "", value: JSON.stringify(answer.value || {}) }
+    }
+    function login(email, password) { return __answer("login") }
+    function projects() { return __answer("projects") }
+    function projectsShared() { return __answer("projectsShared") }
+    function createNewProject(title) { return __answer("createNewProject") }
+    function removeProject(uuid) { return __answer("removeProject") }
+    function isTestMode() { return false }
     property string clipboard
     property var imported: []
 

@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import "../../Components"
 import "../../dialogs"
+import "../../dialogs/PromptDialogs"
 
 // The dialogs on the way into a project, and those of single records.
 DialogChain {
@@ -13,6 +14,11 @@ DialogChain {
             CentralManager.raiseOpenDialog(true)
         }
         Component { LoginDialogImplementation {} }
+    }
+    DialogEntry {
+        wanted: CentralManager.showCloudOpenFileDialog
+        onClosed: CentralManager.showCloudOpenFileDialog = false
+        Component { CloudOpenFileDialogImplementation {} }
     }
     DialogEntry {
         wanted: CentralManager.showOpenFileDialog

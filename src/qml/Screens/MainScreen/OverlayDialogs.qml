@@ -2,6 +2,7 @@ import QtQuick 2.15
 import "../../Components"
 import "../../dialogs"
 import "../../dialogs/ImportDialogs"
+import "../../dialogs/PromptDialogs"
 
 // The dialogs that may stand over one of MainDialogs.
 DialogChain {
@@ -34,5 +35,10 @@ DialogChain {
         wanted: CentralManager.showMergeDialogForKernoId > 0
         onClosed: CentralManager.showMergeDialogForKernoId = -1
         Component { MergeKernosDialog {} }
+    }
+    DialogEntry {
+        wanted: CentralManager.saveAsRemote > 0
+        onClosed: CentralManager.saveAsRemote = 0
+        Component { NewProjectDialogImplementation {} }
     }
 }

@@ -70,6 +70,13 @@ Rectangle {
             onClicked: _projectMenu.popup()
         }
         KernovaToolButton {
+            icon: "action_export"
+            text: qsTr("Export")
+            tooltip: qsTr("Export the project in the selected format.")
+            visible: !CentralManager.showingOverlapOrHierarchy
+            onClicked: _exportMenu.popup()
+        }
+        KernovaToolButton {
             icon: "action_undo"
             text: qsTr("Undo")
             tooltip: undoManager.undoText
@@ -144,17 +151,16 @@ Rectangle {
         }
     }
 
-    StyledMenu {
+    SaveProjectDialog { id: _saveDialog }
+
+    ProjectMenu {
         id: _projectMenu
-        MenuItem {
-            text: qsTr("Open New or Existing")
-            onTriggered: CentralManager.raiseOpenDialog(true)
-        }
-        MenuItem {
-            text: qsTr("Manage Projects")
-            visible: CentralManager.cloud
-            onTriggered: appHelper.manageProjects()
-        }
+        saveDialog: _saveDialog
+    }
+
+    ExportMenu {
+        id: _exportMenu
+        saveDialog: _saveDialog
     }
 
     ViewMenu { id: _viewMenu }
@@ -163,6 +169,11 @@ Rectangle {
 
     StyledMenu {
         id: _helpMenu
+        MenuItem {
+            text: qsTr("Manage Account")
+            visible: CentralManager.cloud
+            onTriggered: appHelper.manageAccount()
+        }
         MenuItem {
             text: qsTr("About")
             onTriggered: CentralManager.showAboutDialog = true

@@ -1,17 +1,22 @@
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
-import "../Components"
+import "../../Components"
+import ".."
 
 // Local work: starts the service on this computer.
 ColumnLayout {
     id: root
 
     property bool starting: false
+    // Whether the keyboard is to begin here.
+    property bool focusWanted: true
     property string error
 
     signal finished()
 
     spacing: ApplicationStyle.default_margin
+
+    function takeFocus() { _continue.forceActiveFocus() }
 
     function start() {
         if (starting)
@@ -37,35 +42,18 @@ ColumnLayout {
         }
     }
 
-    RowLayout {
-        spacing: ApplicationStyle.default_dialog_margin
-
-        Image {
-            Layout.preferredWidth: Units.dp(56)
-            Layout.preferredHeight: Units.dp(56)
-            source: "qrc:///qml/images/kernova.png"
-            mipmap: true
-        }
-
-        ColumnLayout {
-            spacing: Units.dp(2)
-
-            DialogLabel {
-                text: qsTr("Kernova Offline")
-                font { pixelSize: Units.dp(20); bold: true }
-            }
-            DialogLabel {
-                text: qsTr("Projects on your computer")
-                color: ApplicationStyle.dialog_text_color_alternative
-            }
-        }
+    LoginHeading {
+        title: qsTr("Kernova Offline")
+        subtitle: qsTr("Projects on your computer")
+        picture: "qrc:///qml/images/kernova.png"
     }
 
     StyledButton {
+        id: _continue
         Layout.fillWidth: true
         Layout.topMargin: ApplicationStyle.default_margin
         primary: true
-        focus: true
+        focus: root.focusWanted
         enabled: !root.starting
         text: root.starting ? qsTr("Starting local server...") : qsTr("Continue with local storage")
         onClicked: root.start()

@@ -18,6 +18,7 @@ GridLayout {
     DialogLabel { text: qsTr("Password Protected"); Layout.preferredWidth: Units.dp(150) }
     Switch {
         id: _protected
+        Accessible.name: qsTr("Password Protected")
         style: ApplicationStyle.switch_style
         activeFocusOnTab: true
     }
@@ -25,6 +26,7 @@ GridLayout {
     DialogLabel { visible: _protected.checked; text: qsTr("Password:") }
     DialogTextField {
         id: _password
+        Accessible.name: qsTr("Password")
         Layout.fillWidth: true
         visible: _protected.checked
         clearIfWhitespaceOnlyOnEditingFinished: false
@@ -34,6 +36,7 @@ GridLayout {
     DialogLabel { visible: _protected.checked; text: qsTr("Password Repeat:") }
     DialogTextField {
         id: _repeat
+        Accessible.name: qsTr("Password Repeat")
         Layout.fillWidth: true
         visible: _protected.checked
         clearIfWhitespaceOnlyOnEditingFinished: false
@@ -53,6 +56,7 @@ GridLayout {
     DialogLabel { text: qsTr("Structured Questions") }
     Switch {
         id: _structured
+        Accessible.name: qsTr("Structured Questions")
         style: ApplicationStyle.switch_style
         activeFocusOnTab: true
     }

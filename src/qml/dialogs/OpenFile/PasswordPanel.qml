@@ -48,6 +48,7 @@ ColumnLayout {
             Layout.fillWidth: true
             clearIfWhitespaceOnlyOnEditingFinished: false
             echoMode: TextInput.Password
+            Accessible.name: qsTr("Password")
             onAccepted: root.accepted(text)
         }
     }
@@ -56,6 +57,8 @@ ColumnLayout {
         visible: root.error !== ""
         text: root.error
         color: ApplicationStyle.error_text_color
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: text
     }
 
     RowLayout {

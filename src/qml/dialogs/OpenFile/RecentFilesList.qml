@@ -37,12 +37,20 @@ FieldFrame {
             boundsBehavior: Flickable.StopAtBounds
             highlightMoveDuration: 0
             Keys.onReturnPressed: root.activated(root.selectedPath)
+            Keys.onEnterPressed: root.activated(root.selectedPath)
+            Keys.onDeletePressed: if (root.selectedPath !== "") root.removeRequested(root.selectedPath)
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Recent Projects")
 
             delegate: RowHighlight {
                 width: ListView.view.width
                 height: Units.dp(46)
                 selected: ListView.isCurrentItem
                 hovered: _rowMouse.containsMouse
+                Accessible.role: Accessible.ListItem
+                Accessible.name: name
+                Accessible.description: path
+                Accessible.selected: selected
 
                 MouseArea {
                     id: _rowMouse

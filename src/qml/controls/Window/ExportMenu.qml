@@ -1,0 +1,30 @@
+import QtQuick 2.15
+import QtQuick.Controls 1.4
+import "../../Components"
+
+// What can be made of the open project.
+StyledMenu {
+    id: root
+
+    property SaveProjectDialog saveDialog
+    readonly property bool __hasSource: CentralManager.currentSourceId > 0
+
+    // In the cloud a part becomes a project there, on this computer a file.
+    function __export(remoteKind, localMode) {
+        if (CentralManager.cloud)
+            CentralManager.saveAsRemote = remoteKind
+        else
+            saveDialog.ask(localMode)
+    }
+
+    MenuItem {
+        text: qsTr("Export Project (Sources Only)")
+        enabled: root.__hasSource
+        onTriggered: root.__export(2, root.saveDialog.sourcesOnly)
+    }
+    MenuItem {
+        text: qsTr("Export Project (Structure Only)")
+        enabled: root.__hasSource
+        onTriggered: root.__export(3, root.saveDialog.structureOnly)
+    }
+}

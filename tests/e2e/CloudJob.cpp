@@ -1,0 +1,244 @@
+#include "CloudJob.h"
+
+#include "LayoutCheck.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "project/KRNFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QQuickWindow>
+#include <QSettings>
+
+namespace {
+
+const QString study = QStringLiteral("Study");
+const QString secret = QStringLiteral("Secret");
+const QString word = QStringLiteral("Öffne dich");
+const QString welcome = QStringLiteral("Welcome to Kernova Cloud");
+const QString lost = QStringLiteral("Connection lost, reconnecting...");
+
+// The service that stands behind the cloud is the one beside the program.
+void nameService() {
+    if (qEnvironmentVariableIsEmpty("KERNOVA_SERVICE_PROGRAM"))
+        qputenv("KERNOVA_SERVICE_PROGRAM", QFile::encodeName(QCoreApplication::applicationDirPath() +
+                                                             QStringLiteral("/kernova-service")));
+}
+
+HttpAnswer refuse(const HttpAsked&) {
+    return {503, {}};
+}
+
+}  // namespace
+
+QStringList CloudJob::runs() {
+    return {QStringLiteral("dark"), QStringLiteral("light")};
+}
+
+bool CloudJob::play(const QString& run) {
+    nameService();
+    if (!expect(m_cloud.start(), QStringLiteral("the cloud's service does not start")))
+        return false;
+    m_cloud.addProject(QStringLiteral("What others do"), true);
+    if (run == runs().last()) {
+        for (int number = 1; number <= 12; ++number)
+            m_cloud.addProject(QStringLiteral("Interviews of the winter, round %1").arg(number));
+        return nameServer() && signInToCloud() && lookAtDialogs();
+    }
+    const bool done = nameServer() && signInToCloud() && createInCloud(study, {}) && work() && loseLink() &&
+                      copyInCloud() && moveProjects() && createInCloud(secret, word) && openProtected() &&
+                      signOut();
+    QSettings().setValue(QStringLiteral("darkTheme"), false);
+    return done;
+}
+
+bool CloudJob::nameServer() {
+    QQuickItem* entry = m_driver.itemWithText(QStringLiteral("Server..."));
+    if (!entry || !shoot(QStringLiteral("sign-in")) || !m_driver.click(entry))
+        return fail(QStringLiteral("there is no way to name a server"));
+    QQuickItem* field = m_driver.itemNamed(QStringLiteral("server"));
+    if (!expect(m_driver.fill(field, QStringLiteral("http://example.org")),
+                QStringLiteral("no server field")) ||
+        !click(QStringLiteral("Save")) ||
+        !shown(QStringLiteral("A server that is not on this computer is reached by https only.")) ||
+        !shoot(QStringLiteral("server-refused")))
+        return false;
+    m_driver.fill(field, m_cloud.address());
+    return click(QStringLiteral("Test")) && shown(QStringLiteral("The server answers.")) &&
+           shoot(QStringLiteral("server")) && click(QStringLiteral("Save")) &&
+           shown(QStringLiteral("Kernova Cloud")) &&
+           expect(QSettings().value(QStringLiteral("cloudHost")) == m_cloud.address(),
+                  QStringLiteral("the server is not stored"));
+}
+
+// By keys alone, but for the way to the first field.
+bool CloudJob::signInToCloud() {
+    QQuickItem* email = m_driver.itemNamed(QStringLiteral("email"));
+    QQuickItem* password = m_driver.itemNamed(QStringLiteral("password"));
+    if (!expect(m_driver.fill(email, ScriptedCloud::email()), QStringLiteral("there is no email field")))
+        return false;
+    m_driver.press(Qt::Key_Tab);
+    if (!expect(password->hasActiveFocus(), QStringLiteral("Tab does not lead on to the password")))
+        return false;
+    m_driver.type(QStringLiteral("wrong"));
+    m_driver.press(Qt::Key_Return);
+    if (!shown(QStringLiteral("Email or password is wrong.")) || !shoot(QStringLiteral("wrong-password")))
+        return false;
+    m_driver.fill(password, ScriptedCloud::password());
+    m_driver.press(Qt::Key_Return);
+    return showProjects() && gone(QStringLiteral("Sign In")) && shown(QStringLiteral("What others do")) &&
+           shoot(QStringLiteral("projects"));
+}
+
+bool CloudJob::showProjects() {
+    return shown(welcome) && until([&] { return m_driver.itemNamed(QStringLiteral("ownProjects"), 100); },
+                                   QStringLiteral("the projects are not listed"));
+}
+
+QString CloudJob::currentName() const {
+    return KRNFile::instance()->currentProject().value(QLatin1String("name")).toString();
+}
+
+bool CloudJob::createInCloud(const QString& title, const QString& password) {
+    if (!shown(welcome) || !click(QStringLiteral("New Project")) ||
+        !shown(QStringLiteral("New Cloud Project")) || !click(QStringLiteral("New Project")) ||
+        !shown(QStringLiteral("Please provide a project title!")) || !shoot(QStringLiteral("no-title")))
+        return false;
+    if (!password.isEmpty()) {
+        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
+        const QList<QQuickItem*> fields = m_driver.itemsOfType(QStringLiteral("DialogTextField"));
+        m_driver.fill(fields.value(1), password);
+        m_driver.fill(fields.value(2), password);
+    }
+    m_driver.fill(m_driver.itemNamed(QStringLiteral("projectTitle")), title);
+    m_driver.press(Qt::Key_Return);
+    return until([&] { return KRNFile::instance()->isOpened() && currentName() == title; },
+                 QStringLiteral("the new project does not open")) &&
+           gone(QStringLiteral("Project Title:"));
+}
+
+bool CloudJob::work() {
+    const QString source = path(QStringLiteral("Yard.txt"));
+    const QString text = QStringLiteral("What was said in the yard.\n");
+    return writeFile(source, text) && importFiles({source}) &&
+           expect(m_source.read(text), QStringLiteral("the text is not shown")) &&
+           addKerno(QStringLiteral("Belonging")) &&
+           expect(KRNFile::instance()->kernos().value(0).toMap().value(QStringLiteral("author")) ==
+                      QStringLiteral("Ada Berger"),
+                  QStringLiteral("the account's name is not that of the author"));
+}
+
+bool CloudJob::loseLink() {
+    m_cloud.intercept("/v1/kernova/ticket", refuse);
+    m_cloud.http().cutTunnels();
+    if (!shown(lost) || !shoot(QStringLiteral("lost")))
+        return false;
+    m_cloud.expire();
+    m_cloud.intercept({}, {});
+    return gone(lost) &&
+           until([] { return KRNFile::instance()->isOpened(); },
+                 QStringLiteral("the project stays closed")) &&
+           addKerno(QStringLiteral("Return")) && shoot(QStringLiteral("back"));
+}
+
+bool CloudJob::copyInCloud() {
+    const auto giveName = [&](const QString& entry, const QString& name) {
+        QQuickItem* field = click(entry) ? m_driver.itemNamed(QStringLiteral("saveAsName")) : nullptr;
+        if (!field || !shoot(QStringLiteral("save-as")) || !m_driver.fill(field, name))
+            return fail(QStringLiteral("no name can be given to ") + entry);
+        m_driver.press(Qt::Key_Return);
+        return gone(QStringLiteral("Save as:"));
+    };
+    return click(QStringLiteral("Export")) &&
+           giveName(QStringLiteral("Export Project (Structure Only)"), QStringLiteral("Bones")) &&
+           expect(currentName() == study, QStringLiteral("the part takes the project's place")) &&
+           click(QStringLiteral("Project")) &&
+           giveName(QStringLiteral("Save As..."), QStringLiteral("Copy")) &&
+           until([&] { return currentName() == QStringLiteral("Copy"); },
+                 QStringLiteral("the copy does not open")) &&
+           expect(m_cloud.projectNames() ==
+                      QStringList({study, QStringLiteral("Bones"), QStringLiteral("Copy")}),
+                  m_cloud.projectNames().join(QLatin1Char(' '))) &&
+           expect(KRNFile::instance()->kernos().size() == 2, QStringLiteral("the copy is not whole"));
+}
+
+bool CloudJob::moveProjects() {
+    const QString fetched = path(QStringLiteral("Fetched.krn"));
+    QFile::remove(fetched);
+    if (!click(QStringLiteral("Project")) || !chooseProject(QStringLiteral("Download Project"), fetched) ||
+        !until([&] { return QFile::exists(fetched); }, QStringLiteral("no project is downloaded")) ||
+        !click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
+        !showProjects() || !shown(QStringLiteral("Bones")) ||
+        !chooseProject(QStringLiteral("Upload Project"), fetched) || !shown(QStringLiteral("Fetched")) ||
+        !shoot(QStringLiteral("uploaded")) || !click(QStringLiteral("Bones")))
+        return false;
+    const bool answered = m_driver.during([&] { m_driver.press(Qt::Key_Delete); },
+                                          [&] { return m_driver.answerMessageBox(QStringLiteral("Yes")); });
+    return expect(answered, QStringLiteral("nobody asks before a project goes")) &&
+           gone(QStringLiteral("Bones")) &&
+           expect(!m_cloud.projectNames().contains(QStringLiteral("Bones")),
+                  QStringLiteral("the project stays in the cloud")) &&
+           expect(currentName() == QStringLiteral("Copy"), QStringLiteral("another project is gone"));
+}
+
+bool CloudJob::openProtected() {
+    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
+        !showProjects() || !shown(QStringLiteral("Fetched")) || !click(QStringLiteral("Fetched")) ||
+        !click(QStringLiteral("Open Selected")) ||
+        !until([&] { return currentName() == QStringLiteral("Fetched"); },
+               QStringLiteral("what was uploaded does not open")) ||
+        !gone(welcome) ||
+        !expect(KRNFile::instance()->sources().size() == 1, QStringLiteral("the upload is not whole")))
+        return false;
+    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
+        !showProjects() || !shown(secret) || !click(secret))
+        return false;
+    m_driver.press(Qt::Key_Return);
+    if (!shown(QStringLiteral("Password required")) || !shoot(QStringLiteral("password")))
+        return false;
+    m_driver.type(word);
+    m_driver.press(Qt::Key_Return);
+    return until([&] { return currentName() == secret; },
+                 QStringLiteral("the protected project stays closed")) &&
+           gone(QStringLiteral("Password required"));
+}
+
+bool CloudJob::signOut() {
+    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
+        !showProjects())
+        return false;
+    const QQuickItem* dialog = m_driver.itemsOfType(QStringLiteral("DialogPanel")).value(0);
+    QQuickItem* panel = const_cast<QQuickItem*>(dialog);
+    m_driver.clickAt(panel, QPointF(panel->width() - 30, 38));
+    return shown(QStringLiteral("Kernova Offline")) &&
+           expect(KRNFile::instance()->dataHelper()->connection()->accessToken().isEmpty(),
+                  QStringLiteral("the tokens are kept")) &&
+           expect(m_driver.itemNamed(QStringLiteral("email"))->property("text") == ScriptedCloud::email(),
+                  QStringLiteral("the email is not kept")) &&
+           shoot(QStringLiteral("signed-out"));
+}
+
+bool CloudJob::lookAtDialogs() {
+    for (const QSize& size : {QSize(980, 680), QSize(1920, 1080)}) {
+        m_driver.mainWindow()->setGeometry(QRect(QPoint(0, 0), size));
+        if (!until([&] { return m_driver.mainWindow()->size() == size; },
+                   QStringLiteral("the window keeps its size")))
+            return false;
+        const auto look = [&](const QString& name) {
+            shoot(QString::number(size.width()) + QLatin1Char('-') + name);
+            const QStringList faults = layout::screenFaults(m_driver);
+            return expect(faults.isEmpty(), name + QStringLiteral(": ") + faults.join(QStringLiteral("; ")));
+        };
+        if (!look(QStringLiteral("projects")) || !click(QStringLiteral("New Project")) ||
+            !shown(QStringLiteral("New Cloud Project")))
+            return false;
+        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
+        if (!look(QStringLiteral("new")))
+            return false;
+        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
+        m_driver.press(Qt::Key_Escape);
+        if (!showProjects())
+            return false;
+    }
+    return true;
+}

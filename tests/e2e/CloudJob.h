@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Job.h"
+#include "tests_support/ScriptedCloud.h"
+
+/// Works on a server of one's own: names it, signs in, makes and opens projects there, loses the link and
+/// gets it back, and signs out. The looks of the dialogs are judged in both themes and at two sizes.
+class CloudJob : public Job {
+public:
+    using Job::Job;
+
+    static QStringList runs();
+
+    bool play(const QString& run) override;
+
+private:
+    bool nameServer();
+    bool signInToCloud();
+    bool createInCloud(const QString& title, const QString& password);
+    bool work();
+    bool loseLink();
+    bool copyInCloud();
+    bool moveProjects();
+    bool openProtected();
+    bool signOut();
+    bool lookAtDialogs();
+
+    bool showProjects();
+    QString currentName() const;
+
+    ScriptedCloud m_cloud;
+};
