@@ -68,7 +68,7 @@ bool CopiesJob::saveAs(const QString& file) {
     return click(QStringLiteral("Project")) && shown(QStringLiteral("Save As...")) &&
            shoot(QStringLiteral("project-menu")) && chooseProject(QStringLiteral("Save As..."), file) &&
            until([&] { return m_driver.mainWindow()->title().endsWith(file); },
-                 QStringLiteral("the copy is not open")) &&
+                 QStringLiteral("the copy is not open, or the title does not say so")) &&
            gone(QStringLiteral("Author:")) && holds(file, 1, 1, 1) && shoot(QStringLiteral("saved-as"));
 }
 

@@ -39,6 +39,8 @@ Item {
     property int showExportDOCXDialog: 0
     property bool showOpenFileDialog: false
     property bool showCloudOpenFileDialog: false
+    // The open project closes for another to follow: nobody needs to choose one.
+    property bool switchingProject: false
     property int showInlineMetadataKeyValueEditor: 0
     property bool showAboutDialog: false
     property bool showKernoShortcutKeyEditorDialog: false

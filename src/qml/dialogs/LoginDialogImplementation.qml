@@ -55,7 +55,7 @@ DialogPanel {
             Layout.fillWidth: true
             Layout.preferredWidth: 1
             enabled: !(_cloud.item && _cloud.item.signingIn)
-            focusWanted: !root.__hasCloud
+            alone: !root.__hasCloud
             onFinished: root.dialogBase.close()
         }
     }

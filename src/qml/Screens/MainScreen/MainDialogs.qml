@@ -16,12 +16,12 @@ DialogChain {
         Component { LoginDialogImplementation {} }
     }
     DialogEntry {
-        wanted: CentralManager.showCloudOpenFileDialog
+        wanted: CentralManager.showCloudOpenFileDialog && !CentralManager.switchingProject
         onClosed: CentralManager.showCloudOpenFileDialog = false
         Component { CloudOpenFileDialogImplementation {} }
     }
     DialogEntry {
-        wanted: CentralManager.showOpenFileDialog
+        wanted: CentralManager.showOpenFileDialog && !CentralManager.switchingProject
         onClosed: CentralManager.showOpenFileDialog = false
         Component { OpenFileDialogImplementation {} }
     }

@@ -34,7 +34,9 @@ FileDialog {
     function __write() {
         var path = Utils.filePathFromUrl(fileUrl)
         if (mode === saveAs) {
+            CentralManager.switchingProject = true
             var saved = krnFile.saveAs(path)
+            CentralManager.switchingProject = false
             return [saved, saved ? "" : krnFile.getLastOpenError()]
         }
         if (mode === structureOnly)

@@ -11,6 +11,8 @@ ColumnLayout {
     property bool signingIn: false
     property string error
     property string email
+    // A label stands nearer to its field than to what is above it.
+    readonly property real __labelGap: ApplicationStyle.default_margin / 2
     readonly property bool __complete: _email.text.trim() !== "" && _password.text !== ""
 
     signal finished()
@@ -25,6 +27,11 @@ ColumnLayout {
 
     function takeFocus() {
         (email === "" ? _email : _password).forceActiveFocus()
+    }
+
+    function __tryAgain() {
+        _password.forceActiveFocus()
+        _password.selectAll()
     }
 
     function signIn() {
@@ -62,7 +69,7 @@ ColumnLayout {
             if (signedIn)
                 root.finished()
             else
-                root.takeFocus()
+                root.__tryAgain()
         }
     }
 
@@ -74,6 +81,7 @@ ColumnLayout {
 
     DialogLabel {
         Layout.topMargin: ApplicationStyle.default_margin
+        Layout.bottomMargin: -root.__labelGap
         text: qsTr("Email:")
     }
     DialogTextField {
@@ -87,7 +95,11 @@ ColumnLayout {
         onAccepted: root.__complete ? root.signIn() : _password.forceActiveFocus()
     }
 
-    DialogLabel { text: qsTr("Password:") }
+    DialogLabel {
+        Layout.topMargin: ApplicationStyle.default_margin / 2
+        Layout.bottomMargin: -root.__labelGap
+        text: qsTr("Password:")
+    }
     DialogTextField {
         id: _password
         objectName: "password"

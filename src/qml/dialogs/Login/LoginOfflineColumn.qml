@@ -8,8 +8,8 @@ ColumnLayout {
     id: root
 
     property bool starting: false
-    // Whether the keyboard is to begin here.
-    property bool focusWanted: true
+    // Whether this is the only way on: the keyboard begins here.
+    property bool alone: true
     property string error
 
     signal finished()
@@ -52,8 +52,8 @@ ColumnLayout {
         id: _continue
         Layout.fillWidth: true
         Layout.topMargin: ApplicationStyle.default_margin
-        primary: true
-        focus: root.focusWanted
+        primary: root.alone
+        focus: root.alone
         enabled: !root.starting
         text: root.starting ? qsTr("Starting local server...") : qsTr("Continue with local storage")
         onClicked: root.start()

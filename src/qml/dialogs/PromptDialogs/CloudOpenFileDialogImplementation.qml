@@ -28,7 +28,7 @@ DialogPanel {
     implicitWidth: Units.dp(820)
     enabled: !_projects.busy
 
-    Component.onCompleted: _firstUpdate.start()
+    Component.onCompleted: _projects.update()
 
     Keys.onEscapePressed: {
         if (mode === modeNew)
@@ -111,13 +111,6 @@ DialogPanel {
             dialogBase.close()
         else
             __tell(krnFile.getLastOpenError(), true)
-    }
-
-    // A dialog that is shown only while one project follows another asks for nothing.
-    Timer {
-        id: _firstUpdate
-        interval: 300
-        onTriggered: _projects.update()
     }
 
     CloudProjects {

@@ -56,10 +56,9 @@ ColumnLayout {
                 highlightMoveDuration: 0
                 Accessible.role: Accessible.List
                 Accessible.name: root.title
-                onActiveFocusChanged: {
-                    if (activeFocus && currentIndex < 0 && count > 0)
-                        currentIndex = 0
-                }
+                focus: root.own
+                onActiveFocusChanged: __selectFirst()
+                onCountChanged: __selectFirst()
                 onCurrentIndexChanged: {
                     if (currentIndex >= 0)
                         root.chosen()
@@ -67,6 +66,11 @@ ColumnLayout {
                 Keys.onReturnPressed: if (root.selected) root.activated(root.selected)
                 Keys.onEnterPressed: if (root.selected) root.activated(root.selected)
                 Keys.onDeletePressed: if (root.selected && root.own) root.removeRequested(root.selected)
+
+                function __selectFirst() {
+                    if (activeFocus && currentIndex < 0 && count > 0)
+                        currentIndex = 0
+                }
 
                 delegate: CloudProjectRow {
                     width: ListView.view.width

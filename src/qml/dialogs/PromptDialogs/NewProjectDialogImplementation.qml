@@ -30,8 +30,10 @@ DialogPanel {
 
     function __saveNow() {
         var name = _name.text.trim()
+        CentralManager.switchingProject = true
         var result = kind === 1 ? krnFile.saveAsRemote(name)
                    : kind === 2 ? krnFile.exportKRNSources(name) : krnFile.exportKRNStructure(name)
+        CentralManager.switchingProject = false
         saving = false
         if (result[0])
             dialogBase.close()
