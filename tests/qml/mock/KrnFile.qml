@@ -16,6 +16,7 @@ QtObject {
     property bool waitsForTexts: false
     property bool openResult: true
     property bool backupResult: true
+    property var copyResult: [true, ""]
     property var preferences: ({})
     property var calls: []
 
@@ -51,6 +52,9 @@ QtObject {
         }
         return openResult
     }
+    function saveAsRemote(name) { calls.push({ name: "saveAsRemote", arguments: [name] }); return copyResult }
+    function exportKRNSources(name) { calls.push({ name: "exportKRNSources", arguments: [name] }); return copyResult }
+    function exportKRNStructure(name) { calls.push({ name: "exportKRNStructure", arguments: [name] }); return copyResult }
     function closeAndReset() { isOpened = false; fileClosed() }
     function getLastOpenError() { return "Unable to open project." }
     function makeBackup(url) { calls.push({ name: "makeBackup", arguments: [url] }); return backupResult }
