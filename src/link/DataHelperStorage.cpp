@@ -177,7 +177,10 @@ bool DataHelper::downloadProject(const QString& uuid, const QString& file) {
     m_networkAccessManager->setProxy(QNetworkProxy(QNetworkProxy::DefaultProxy));
     m_networkAccessManager->setTransferTimeout(m_transferBound);
     const QUrl url = config.url(CloudCall::DownloadProject, uuid);
-    const ReplyPointer reply(m_networkAccessManager->get(m_connection->httpRequestFor(url, true)));
+    QNetworkRequest request = m_connection->httpRequestFor(url, true);
+    // As it is, so that its length can be compared: a connection that ends too early is not always an error.
+    request.setRawHeader("Accept-Encoding", "identity");
+    const ReplyPointer reply(m_networkAccessManager->get(request));
     const auto take = [&] { target.write(reply->readAll()); };
     connect(reply.get(), &QIODevice::readyRead, &target, take);
     waitFor(*reply);
@@ -185,8 +188,9 @@ bool DataHelper::downloadProject(const QString& uuid, const QString& file) {
     if (status != httpOk || reply->error() != QNetworkReply::NoError)
         return false;
     take();
-    // A write that failed makes this fail.
-    if (!target.commit())
+    const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
+    // A write that failed makes the commit fail.
+    if ((length.isValid() && length.toLongLong() != target.pos()) || !target.commit())
         return false;
     // What a crash left of a former file would be rolled back into this one.
     QFile::remove(file + QStringLiteral("-journal"));

@@ -20,11 +20,15 @@ private:
     bool work();
     bool loseLink();
     bool copyInCloud();
-    bool moveProjects();
+    bool download();
+    bool upload();
+    bool remove();
+    bool openUploaded();
     bool openProtected();
     bool signOut();
     bool lookAtDialogs();
 
+    bool openDialog();
     bool showProjects();
     QString currentName() const;
 

@@ -65,9 +65,11 @@ const JobEntry* jobNamed(const QString& name) {
 QStringList unexpectedMessages;
 
 // What says nothing of the program: that the scene graph falls back to OpenGL where there is no Direct3D, and
-// that a display without a window manager won't give the focus to a window that isn't mapped yet.
+// that a display without a window manager won't give the focus to a window that isn't mapped yet; and that an
+// asynchronous loader was taken away while it loaded.
 bool isNoFault(const QString& text) {
     return text.contains(QLatin1String("'d3d12'")) ||
+           text.contains(QLatin1String("items in the process of being created at engine destruction")) ||
            text.startsWith(QLatin1String("QXcbConnection: XCB error"));
 }
 

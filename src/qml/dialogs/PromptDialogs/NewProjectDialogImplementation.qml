@@ -12,7 +12,7 @@ DialogPanel {
     readonly property var __headings: [qsTr("Save Project As"), qsTr("Export Project (Sources Only)"),
                                        qsTr("Export Project (Structure Only)")]
 
-    heading: __headings[kind - 1]
+    heading: __headings[Math.max(1, kind) - 1]
     implicitWidth: Units.dp(520)
     enabled: !saving
 
