@@ -40,8 +40,7 @@ Item {
         }
 
         function refresh() {
-            waitForRendering(dialog)
-            mouseClick(findButton(dialog, "Refresh") || findButton(dialog, "Try again"))
+            (findButton(dialog, "Refresh") || findButton(dialog, "Try again")).clicked()
             tryVerify(function() { return appHelper.calls.indexOf("projectsShared") >= 0 })
             tryCompare(dialog, "enabled", true)
         }
