@@ -190,8 +190,13 @@ bool CloudJob::remove() {
                   QStringLiteral("the project stays in the cloud"));
 }
 
+// It was fetched while it was open, and bears the mark of that.
 bool CloudJob::openUploaded() {
-    return click(QStringLiteral("Fetched")) && click(QStringLiteral("Open Selected")) &&
+    if (!click(QStringLiteral("Fetched")))
+        return false;
+    const bool asked = m_driver.during([&] { m_driver.clickText(QStringLiteral("Open Selected")); },
+                                       [&] { return m_driver.answerMessageBox(QStringLiteral("Yes")); });
+    return expect(asked, QStringLiteral("nobody asks whether the project is open elsewhere")) &&
            until([&] { return currentName() == QStringLiteral("Fetched"); },
                  QStringLiteral("what was uploaded does not open")) &&
            gone(welcome) &&

@@ -85,7 +85,7 @@ bool CopiesJob::open(const QString& file, const QString& word) {
     if (!word.isEmpty()) {
         if (!shown(QStringLiteral("Password required")))
             return false;
-        m_driver.type(word);
+        m_driver.fill(m_driver.itemsOfType(QStringLiteral("DialogTextField")).value(0), word);
         m_driver.press(Qt::Key_Return);
     }
     return until([&] { return KRNFile::instance()->currentProject().value(QLatin1String("name")) == file; },
