@@ -47,7 +47,6 @@ QtObject {
     function importQuestions(file, questionMarker, answerMarker) { return found }
     function importQuestionsFromClipboard(questionMarker, answerMarker) { return found }
     function saveImportedQuestions(title, items) { saved.push([title, items.length]); return items.length > 0 }
-    function importPreview(text, length) { return text.substring(0, length) }
     function batchImportQuestions(files) { imported.push(files) }
     function synonyms(word) { return [] }
 }
