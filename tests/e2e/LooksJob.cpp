@@ -109,7 +109,7 @@ bool LooksJob::closeDialog(const QString& name, const QString& text) {
 bool LooksJob::lookAtAll() {
     m_canvas.leave();
     return look(QStringLiteral("main")) && lookAtMenus() && lookAtNotes() && lookAtSources() &&
-           lookAtViews() && lookAtDialogs() && lookAtSearch() && lookAtQuery() && lookAtOpening();
+           lookAtViews() && lookAtDialogs() && lookAtSearch() && lookAtOpening();
 }
 
 bool LooksJob::lookAtMenus() {
@@ -259,15 +259,6 @@ bool LooksJob::lookAtSearch() {
     const bool fine = look(QStringLiteral("search-docked"));
     m_driver.click(toggle);
     return fine;
-}
-
-bool LooksJob::lookAtQuery() {
-    if (!click(QStringLiteral("Query")) || !click(QStringLiteral("Update")) ||
-        !shown(QStringLiteral("Theme 5")) || !look(QStringLiteral("query")) || !click(longTitle))
-        return false;
-    return look(QStringLiteral("query-quotes")) && click(QStringLiteral("Compare")) &&
-           click(QStringLiteral("Update")) && look(QStringLiteral("query-compared")) &&
-           click(QStringLiteral("Single")) && click(QStringLiteral("Home")) && gone(QStringLiteral("Update"));
 }
 
 bool LooksJob::lookAtOpening() {

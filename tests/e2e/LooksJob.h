@@ -21,7 +21,6 @@ private:
     bool lookAtViews();
     bool lookAtDialogs();
     bool lookAtSearch();
-    bool lookAtQuery();
     bool lookAtOpening();
     bool lookAtSources();
     bool filterSources();
