@@ -38,6 +38,7 @@ QtObject {
     readonly property color link_color: "#fc8f00"
     readonly property color orrange_button_color: "#fc8f00"
     readonly property color orrange_button_text_color: "#1d1b19"
+    readonly property color orange_text_color: dark ? orrange_button_color : "#7a3d00"
     readonly property color chat_own_background_color: "#aceefe"
     readonly property color chat_other_background_color: "#d1d1d1"
     readonly property color chat_own_text_color: dark ? chat_own_background_color : "#377f91"

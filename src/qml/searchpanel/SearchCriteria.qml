@@ -106,7 +106,7 @@ Column {
         PlainText {
             anchors { left: _clear.right; leftMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
             text: qsTr("Other Criteria")
-            color: ApplicationStyle.orrange_button_color
+            color: ApplicationStyle.orange_text_color
             font { pixelSize: ApplicationStyle.label_font_size; capitalization: Font.AllUppercase; bold: true }
         }
         PlainText {

@@ -23,6 +23,7 @@ Row {
 
     function clear() {
         _property.currentIndex = 0
+        _operator.currentIndex = 0
         __readValues()
     }
 

@@ -53,7 +53,7 @@ Rectangle {
                     id: _category
                     anchors { left: _switch.right; leftMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
                     text: "(" + modelData.category + ")"
-                    color: ApplicationStyle.orrange_button_color
+                    color: ApplicationStyle.orange_text_color
                     font.pixelSize: ApplicationStyle.label_font_size
                 }
                 PlainText {
