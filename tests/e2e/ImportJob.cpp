@@ -12,6 +12,8 @@
 
 namespace {
 
+constexpr int pipeLimitMs = 6000;
+
 const QString told =
     QString::fromUtf8("Interview über den Garten\n\n<laughs> Да, конечно – „Grün“ & «frei».\t中文 😀\nEnd.");
 // What a PDF keeps of it: blanks for tabs.
@@ -194,8 +196,14 @@ bool ImportJob::cancelReading() {
             looked = shoot(QStringLiteral("reading"));
         return looked && m_driver.clickText(QStringLiteral("Cancel"));
     };
-    return expect(m_driver.during([&] { m_driver.clickText(QStringLiteral("Select File")); }, leave),
-                  QStringLiteral("the reading can't be cancelled")) &&
+    // The system's dialog lists no pipes, and now and then gives no file for the name of one: ask it again.
+    bool left = false;
+    for (int attempt = 0; attempt < 4 && !left; ++attempt) {
+        chosen = looked = false;
+        left =
+            m_driver.during([&] { m_driver.clickText(QStringLiteral("Select File")); }, leave, pipeLimitMs);
+    }
+    return expect(left, QStringLiteral("the reading can't be cancelled")) &&
            gone(QStringLiteral("Source Title:")) &&
            expect(KRNFile::instance()->sources().size() == 1, QStringLiteral("there is half a source"));
 }

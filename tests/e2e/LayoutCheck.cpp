@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QtQuick/private/qquickitem_p.h>
 #include <cmath>
 
 namespace layout {
@@ -34,7 +35,9 @@ QRectF clipOf(const QQuickItem* item) {
 void collect(QQuickItem* item, QList<ShownText>& found) {
     // Bubbles stand where people or their codings put them, one over another.
     static const QStringList surfaces{QStringLiteral("flickableContent"), QStringLiteral("bubbles")};
-    if (!item->isVisible() || item->opacity() < 0.1 || surfaces.contains(item->objectName()))
+    // A list keeps rows ready that it doesn't draw, and these have no place yet.
+    const bool keptReady = QQuickItemPrivate::get(item)->culled;
+    if (!item->isVisible() || item->opacity() < 0.1 || keptReady || surfaces.contains(item->objectName()))
         return;
     const QString text = item->inherits("QQuickText") ? item->property("text").toString() : QString();
     if (!text.trimmed().isEmpty()) {
