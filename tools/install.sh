@@ -56,16 +56,16 @@ install_packages() {
 }
 
 # npm ci starts from nothing each time, so it runs only when the lock file is newer than what it left.
-install_fonts() {
+install_npm() {
     local lock="$root/package-lock.json" done_mark="$root/node_modules/.package-lock.json"
     [ -f "$done_mark" ] && [ ! "$lock" -nt "$done_mark" ] && return 0
     command -v npm >/dev/null || fail "npm is missing: install it, then start again."
-    say "Fetching fonts with npm"
-    quietly npm-ci "Fetching fonts with npm (is there a network?)" npm ci --prefix "$root"
+    say "Fetching fonts and web libraries with npm"
+    quietly npm-ci "Fetching fonts and web libraries with npm (is there a network?)" npm ci --prefix "$root"
     touch "$done_mark"
 }
 
 install_missing() {
     [ -n "${KERNOVA_NO_INSTALL:-}" ] || install_packages
-    install_fonts
+    install_npm
 }
