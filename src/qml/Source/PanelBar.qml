@@ -1,7 +1,6 @@
 import QtQuick 2.15
 import "../Components"
 import "../Memo"
-import "../Utils.js" as Utils
 
 // What the right column shows: the toggles of memos and search, a caption, and the tabs of the panels.
 Rectangle {
@@ -59,15 +58,15 @@ Rectangle {
             panel: root.quotesPanel
         }
 
-        TabShape {
-            width: Units.dp(44)
-            height: parent.height
-            visible: root.sourceShown
-            selected: true
-            selectedColor: ApplicationStyle.selected_tab_alternative
-            notSelectedColor: ApplicationStyle.not_selected_tab_alternative
-            icon: Utils.iconSourceForTheme("panel-source", ApplicationStyle.dark)
+        PanelTab {
+            visible: !CentralManager.showingOverlapOrHierarchy
+            selected: root.sourceShown
+            iconName: "panel-source"
             tooltip: qsTr("Source View")
+            onClicked: {
+                CentralManager.showMetadataPanel = false
+                CentralManager.showSearchPanel = false
+            }
         }
     }
 }

@@ -3,31 +3,27 @@ import "../../Components"
 import "../../dialogs"
 import "../../dialogs/PromptDialogs"
 
-// The dialogs on the way into a project, and those of single records.
+// The dialogs on the way into a project, and those of single records: one row each, and the first that is wanted
+// shows. In their order by flag: showLogin, showCloudOpenFileDialog, showOpenFileDialog, showIntroSlider,
+// showPreferencesDialogForKerno, showMetadataEditor, showGroupsDialogForKernoId.
 DialogChain {
     asynchronous: true
 
     DialogEntry {
-        wanted: CentralManager.showLogin
-        onClosed: {
-            CentralManager.showLogin = false
-            CentralManager.raiseOpenDialog(true)
-        }
+        flag: "showLogin"
+        onClosed: CentralManager.raiseOpenDialog(true)
         Component { LoginDialogImplementation {} }
     }
     DialogEntry {
-        wanted: CentralManager.showCloudOpenFileDialog && !CentralManager.switchingProject
-        onClosed: CentralManager.showCloudOpenFileDialog = false
+        flag: "showCloudOpenFileDialog"; held: CentralManager.switchingProject
         Component { CloudOpenFileDialogImplementation {} }
     }
     DialogEntry {
-        wanted: CentralManager.showOpenFileDialog && !CentralManager.switchingProject
-        onClosed: CentralManager.showOpenFileDialog = false
+        flag: "showOpenFileDialog"; held: CentralManager.switchingProject
         Component { OpenFileDialogImplementation {} }
     }
     DialogEntry {
-        wanted: CentralManager.showPreferencesDialogForKerno > 0
-        onClosed: CentralManager.showPreferencesDialogForKerno = -1
+        flag: "showPreferencesDialogForKerno"; rest: -1
         Component { KernoPreferencesDialogImplementation {} }
     }
 }

@@ -4,41 +4,17 @@ import "../../dialogs"
 import "../../dialogs/ImportDialogs"
 import "../../dialogs/PromptDialogs"
 
-// The dialogs that may stand over one of MainDialogs.
+// The dialogs that may stand over one of MainDialogs: one row each, and the first that is wanted shows. In their order
+// by flag: showImportDialog, showGroupEditor, showInlineMetadataKeyValueEditor, showAnswerEditor,
+// showGeneralPreferencesDialog, promptDialogData, showMergeProjectsDialog, showEditQuestionsDialog,
+// reportOutputFolder, wordCloudOutputFolder, showAboutDialog, showKernoShortcutKeyEditorDialog,
+// showMergeDialogForKernoId, showCSVImportDialog, saveAsRemote, showExportQDPXDialog.
 DialogChain {
-    DialogEntry {
-        wanted: CentralManager.showImportDialog > 0
-        onClosed: CentralManager.showImportDialog = 0
-        Component { ImportSourceDialogImplementation {} }
-    }
-    DialogEntry {
-        wanted: CentralManager.showGeneralPreferencesDialog
-        onClosed: CentralManager.showGeneralPreferencesDialog = false
-        Component { GeneralPreferencesDialogImplementation {} }
-    }
-    DialogEntry {
-        wanted: CentralManager.promptDialogData !== null
-        onClosed: CentralManager.promptDialogData = null
-        Component { PromptDialogImplementation {} }
-    }
-    DialogEntry {
-        wanted: CentralManager.showAboutDialog
-        onClosed: CentralManager.showAboutDialog = false
-        Component { AboutDialogImplementation {} }
-    }
-    DialogEntry {
-        wanted: CentralManager.showKernoShortcutKeyEditorDialog
-        onClosed: CentralManager.showKernoShortcutKeyEditorDialog = false
-        Component { KernoShortcutKeyEditorDialog {} }
-    }
-    DialogEntry {
-        wanted: CentralManager.showMergeDialogForKernoId > 0
-        onClosed: CentralManager.showMergeDialogForKernoId = -1
-        Component { MergeKernosDialog {} }
-    }
-    DialogEntry {
-        wanted: CentralManager.saveAsRemote > 0
-        onClosed: CentralManager.saveAsRemote = 0
-        Component { NewProjectDialogImplementation {} }
-    }
+    DialogEntry { flag: "showImportDialog"; rest: 0; Component { ImportSourceDialogImplementation {} } }
+    DialogEntry { flag: "showGeneralPreferencesDialog"; Component { GeneralPreferencesDialogImplementation {} } }
+    DialogEntry { flag: "promptDialogData"; rest: null; Component { PromptDialogImplementation {} } }
+    DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }
+    DialogEntry { flag: "showKernoShortcutKeyEditorDialog"; Component { KernoShortcutKeyEditorDialog {} } }
+    DialogEntry { flag: "showMergeDialogForKernoId"; rest: -1; Component { MergeKernosDialog {} } }
+    DialogEntry { flag: "saveAsRemote"; rest: 0; Component { NewProjectDialogImplementation {} } }
 }

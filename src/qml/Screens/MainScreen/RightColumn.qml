@@ -4,6 +4,7 @@ import "../../Components"
 import "../../Source"
 import "../../searchpanel"
 import "../../StructuredQuestion"
+import "../../Utils.js" as Utils
 
 // The sources: their tabs and list, and the panels about them.
 FocusScope {
@@ -16,9 +17,15 @@ FocusScope {
     readonly property alias globalPercentageCoded: _list.globalPercentageCoded
     readonly property bool __tabsShown: !CentralManager.showSearchPanel && !CentralManager.showMetadataOverviewPanel
                                         && !CentralManager.showingOverlapOrHierarchy
-    // What stands over the source view, or null.
-    readonly property Item __panel: CentralManager.showingOverlapOrHierarchy ? _partialAnswers
-                                   : CentralManager.showSearchPanel ? _searchResults : null
+    // What stands over the source view, or null: the first that is wanted.
+    readonly property Item __panel: {
+        var rows = [
+            [CentralManager.showingOverlapOrHierarchy, _partialAnswers],
+            [CentralManager.showSearchPanel, _searchResults]
+        ]
+        var wanted = Utils.findInArray(rows, function(row) { return row[0] })
+        return wanted ? wanted[1] : null
+    }
 
     on__PanelChanged: {
         if (rightStackView.depth > 1)
