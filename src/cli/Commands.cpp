@@ -1,0 +1,51 @@
+#include "cli/Commands.h"
+
+#include <QFileInfo>
+#include <algorithm>
+
+namespace cli {
+
+const std::vector<Command>& commands() {
+    static const std::vector<Command> table{
+        {"info",
+         "PROJECT",
+         "tell what a project holds",
+         "Tells the name, the kind and the size of a project, how many records of each kind it holds, and "
+         "whether it is whole: no record hangs on one that is missing. Needs no password.",
+         {{"json", "", "one JSON object: name, singleQuestion, encrypted, whole, and the counts"}},
+         info},
+        {"export-json",
+         "PROJECT FILE",
+         "write the whole project as JSON",
+         "Writes all records of the project. The texts of a project with a password stay enciphered.",
+         {},
+         exportJson},
+    };
+    return table;
+}
+
+const std::vector<Option>& commonOptions() {
+    static const std::vector<Option> table{
+        {"author", "NAME", "who makes what is new; else the user who runs the program"},
+        {"password-file", "FILE", "a file whose first line is the project's password"},
+        {"ignore-lock", "", "go on with a project that is marked as open elsewhere"},
+        {"force", "", "replace what is there under a name that is to be written"},
+        {"quiet", "", "show no progress"},
+        {"help", "", "tell how the program, or a command, is used"},
+        {"version", "", "tell the version"},
+    };
+    return table;
+}
+
+const Command* findCommand(const QString& name) {
+    const std::vector<Command>& all = commands();
+    const auto found = std::find_if(
+        all.begin(), all.end(), [&](const Command& command) { return name == QLatin1String(command.name); });
+    return found == all.end() ? nullptr : &*found;
+}
+
+QString Invocation::path(int argument) const {
+    return QFileInfo(arguments.value(argument)).absoluteFilePath();
+}
+
+}  // namespace cli

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "cli/Command.h"
+
+// Each in a file of its own.
+namespace cli {
+
+Outcome exportJson(const Invocation& invocation, const Console& console);
+Outcome info(const Invocation& invocation, const Console& console);
+
+}  // namespace cli

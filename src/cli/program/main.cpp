@@ -1,0 +1,5 @@
+#include "cli/Program.h"
+
+int main(int argc, char** argv) {
+    return cli::run(argc, argv);
+}

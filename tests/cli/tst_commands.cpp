@@ -1,0 +1,106 @@
+#include "ProjectSupport.h"
+#include "project/ProjectPreferences.h"
+#include "tests_support/TestMain.h"
+#include "tests_support/WaitFor.h"
+
+#include <QJsonDocument>
+#include <QProcess>
+
+/// The command line through the real program. Each row is one call; the rows run in their order, in one
+/// folder.
+class tst_Commands : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theProgramDoesAsItIsTold_data();
+    void theProgramDoesAsItIsTold();
+
+private:
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+void write(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+}  // namespace
+
+/// "study.krn" with one text, "locked.krn" that is marked as open, "secret.krn" with the password "pass".
+void tst_Commands::initTestCase() {
+    ProjectUnderTest project;
+    const auto make = [&](const char* name, const char* password, bool marked) {
+        QVERIFY2(project.create(QString::fromLatin1(password)), qPrintable(project->getLastOpenError()));
+        QVERIFY(project.addContents(QStringLiteral("Trust grows slowly; trust breaks at once.")));
+        project->saveHighlight(ProjectUnderTest::highlight(1, 0, 5));
+        project->close();
+        if (marked) {
+            QVERIFY(project.open(QStringLiteral("study.krn"), QString(), true));
+            project->savePreference(preference::openLock, true);
+            project->close();
+        }
+        QVERIFY(QFile::rename(project.path(), m_folder.filePath(QString::fromLatin1(name))));
+    };
+    make("locked.krn", "", true);
+    make("secret.krn", "pass", false);
+    make("study.krn", "", false);
+    write(m_folder.filePath(QStringLiteral("password")), "pass\r\nsecond line\n");
+    write(m_folder.filePath(QStringLiteral("broken.krn")), "this is no project");
+}
+
+void tst_Commands::theProgramDoesAsItIsTold_data() {
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("told");  // an expression: found in the output, or in the errors of a failure
+
+    const auto row = [](const char* arguments, int status, const char* told) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments) << status << QString::fromUtf8(told);
+    };
+    row("", 2, "A command is missing");
+    row("juggle", 2, "There is no command \"juggle\"");
+    row("info", 2, "Usage: kernova-cli info PROJECT \\[--json\\]");
+    row("info study.krn study.krn", 2, "Usage");
+    row("info study.krn --speed", 2, "speed");
+    row("info study.krn --author", 2, "author");
+    row("--version", 0, "^kernova-cli [0-9.]+\n$");
+    row("--help", 0, "export-json PROJECT FILE\n.*--password-file FILE.*Exit status");
+    row("info --help", 0, "^kernova-cli info .*--json.*--ignore-lock");
+
+    row("info nothing.krn", 1, "nothing\\.krn");
+    row("info broken.krn", 1, "broken\\.krn|not a Kernova");
+    row("info locked.krn", 1, "locked\\.krn is marked as open elsewhere");
+    row("info locked.krn --ignore-lock", 0, "sources +1\n");
+    row("info study.krn", 0,
+        "^Name +study\nFile .*Kind +plain texts\nPassword +no\nWhole +yes\n.*kernos +1\n");
+    row("info study.krn --json", 0, "\"highlights\": 1,.*\"name\": \"study\".*\"whole\": true");
+    row("info secret.krn --json", 0, "\"encrypted\": true");
+
+    row("export-json study.krn whole.json", 0, "^$");
+    row("export-json study.krn whole.json", 1, "whole\\.json is there already");
+    row("export-json study.krn whole.json --force", 0, "^$");
+    row("export-json study.krn no/such/folder.json", 1, "folder\\.json can't be written");
+}
+
+void tst_Commands::theProgramDoesAsItIsTold() {
+    QFETCH(QString, arguments);
+    QFETCH(int, status);
+    QFETCH(QString, told);
+    QProcess program;
+    program.setWorkingDirectory(m_folder.path());
+    program.start(QStringLiteral(KERNOVA_CLI_PROGRAM), QProcess::splitCommand(arguments));
+    QVERIFY(program.waitForFinished());
+    const QString output = QString::fromUtf8(program.readAllStandardOutput());
+    const QString errors = QString::fromUtf8(program.readAllStandardError());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QVERIFY2(program.exitCode() == status, qPrintable(output + errors));
+    const QRegularExpression pattern(told, QRegularExpression::DotMatchesEverythingOption);
+    QVERIFY2((status == 0 ? output : errors).contains(pattern), qPrintable(output + errors));
+    QVERIFY2(status == 0 ? errors.isEmpty() : output.isEmpty(), qPrintable(output + errors));
+}
+
+KERNOVA_TEST_MAIN(tst_Commands)
+#include "tst_commands.moc"
