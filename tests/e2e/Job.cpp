@@ -35,6 +35,22 @@ bool Job::shoot(const QString& name) {
     return true;
 }
 
+QQuickItem* Job::partOf(QQuickItem* item, const QString& objectName) {
+    if (item->objectName() == objectName && item->isVisible())
+        return item;
+    const QList<QQuickItem*> children = item->childItems();
+    for (QQuickItem* child : children) {
+        if (QQuickItem* found = partOf(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+// The entries of a box are a window of their own.
+bool Job::choose(QQuickItem* box, const QString& entry) {
+    return expect(box && m_driver.click(box), QStringLiteral("there is no box for ") + entry) && click(entry);
+}
+
 bool Job::signIn() {
     return m_driver.itemWithText(QStringLiteral("Continue with local storage")) &&
            shoot(QStringLiteral("sign-in")) && click(QStringLiteral("Continue with local storage")) &&

@@ -36,6 +36,10 @@ protected:
     bool gone(const QString& text);
     bool click(const QString& text);
     bool shoot(const QString& name);
+    /// The visible item of that object name in `item`, or null.
+    static QQuickItem* partOf(QQuickItem* item, const QString& objectName);
+    /// Chooses an entry of a combo box.
+    bool choose(QQuickItem* box, const QString& entry);
 
     // The program
 

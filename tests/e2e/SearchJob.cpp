@@ -87,22 +87,6 @@ QList<QQuickItem*> SearchJob::results() {
     return m_driver.itemsOfType(QStringLiteral("SearchResultsItem"));
 }
 
-QQuickItem* SearchJob::partOf(QQuickItem* item, const QString& objectName) {
-    if (item->objectName() == objectName && item->isVisible())
-        return item;
-    const QList<QQuickItem*> children = item->childItems();
-    for (QQuickItem* child : children) {
-        if (QQuickItem* found = partOf(child, objectName))
-            return found;
-    }
-    return nullptr;
-}
-
-// The entries of a box are a window of their own.
-bool SearchJob::choose(QQuickItem* box, const QString& entry) {
-    return expect(box && m_driver.click(box), QStringLiteral("there is no box for ") + entry) && click(entry);
-}
-
 bool SearchJob::searchByOptions() {
     return search(QStringLiteral("trust"), 4) && shoot(QStringLiteral("results")) &&
            toggle(QStringLiteral("wholeWords")) && search(QStringLiteral("trust"), 3) &&

@@ -26,9 +26,7 @@ private:
     bool search(const QString& term, int results);
     bool toggle(const QString& objectName);
     bool untilResults(int count);
-    bool choose(QQuickItem* box, const QString& entry);
     QList<QQuickItem*> results();
-    QQuickItem* partOf(QQuickItem* item, const QString& objectName);
     QString textOf(QQuickItem* result);
     int offsetOf(QQuickItem* result);
     bool isOn(const QString& objectName);

@@ -6,6 +6,7 @@
 #include "ImportJob.h"
 #include "LooksJob.h"
 #include "ProjectJob.h"
+#include "PropertyJob.h"
 #include "RescueJob.h"
 #include "SearchJob.h"
 #include "ViewsJob.h"
@@ -47,6 +48,7 @@ const std::vector<JobEntry>& jobs() {
         {"import", ImportJob::runs(), {}, make<ImportJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
+        {"properties", {QStringLiteral("properties")}, {}, make<PropertyJob>},
         {"search", {QStringLiteral("ask")}, {}, make<SearchJob>},
         {"views", {QStringLiteral("views")}, {}, make<ViewsJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},

@@ -1,8 +1,10 @@
 #include "MockRows.h"
 
+#include "models/ComboBoxProxyModel.h"
 #include "models/FetchMoreListModel.h"
 #include "models/KernoHierarchyModel.h"
 #include "models/KernoOverlapModel.h"
+#include "models/SourceMetadataProxyModels.h"
 #include "models/VariantListModel.h"
 
 #include <QApplication>
@@ -53,6 +55,11 @@ public:
         qmlRegisterType<FetchMoreListModel>("Kernova", 1, 4, "FetchMoreListModel");
         qmlRegisterType<KernoHierarchyModel>("Kernova", 1, 4, "KernoHierarchyModel");
         qmlRegisterType<KernoOverlapModel>("Kernova", 1, 4, "KernoOverlapModel");
+        qmlRegisterType<SourceMetadataKeyProxyModel>("Kernova", 1, 4, "MetadataKeyModel");
+        qmlRegisterType<SourceMetadataValueProxyModel>("Kernova", 1, 4, "MetadataValueModel");
+        qmlRegisterType<SourceMetadataProxyModel>("Kernova", 1, 4, "SourceMetadataModel");
+        qmlRegisterType<SourceMetadataValueComboBoxProxyModel>("Kernova", 1, 4,
+                                                               "SourceMetadataValueComboBoxModelProxy");
         qmlRegisterType<MockSources>("Kernova", 1, 4, "SourceProxyModel");
         qmlRegisterType<MockAnswers>("Kernova", 1, 4, "AnswerModel");
     }

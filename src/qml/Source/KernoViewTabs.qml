@@ -5,15 +5,32 @@ import "../Components"
 Rectangle {
     id: root
 
+    readonly property real __tabWidth: Math.min(Units.dp(180), (width - Units.dp(20)) / 2)
+
     height: Units.dp(30)
     color: ApplicationStyle.bar_background_color
 
-    TabShape {
+    Row {
         anchors { left: parent.left; leftMargin: Units.dp(8); top: parent.top; topMargin: Units.dp(3) }
         anchors.bottom: parent.bottom
-        width: Math.min(Units.dp(180), root.width - 2 * anchors.leftMargin)
-        selected: !CentralManager.showMetadataForKerno
-        text: qsTr("Quotes")
-        onClicked: CentralManager.showMetadataForKerno = false
+        spacing: Units.dp(4)
+
+        TabShape {
+            width: root.__tabWidth
+            height: parent.height
+            selected: !CentralManager.showMetadataForKerno
+            text: qsTr("Quotes")
+            onClicked: CentralManager.showMetadataForKerno = false
+        }
+        TabShape {
+            objectName: "kernoPropertiesTab"
+            width: root.__tabWidth
+            height: parent.height
+            // The figures are those of the hierarchy's kernos.
+            visible: CentralManager.showHierarchyViewForKerno > 0
+            selected: CentralManager.showMetadataForKerno
+            text: qsTr("Properties")
+            onClicked: CentralManager.showMetadataForKerno = true
+        }
     }
 }

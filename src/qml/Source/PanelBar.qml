@@ -9,6 +9,7 @@ Rectangle {
     // The panel whose quotes are shown, or null.
     property Item quotesPanel: null
     property bool sourceShown: true
+    property bool metadataShown: false
 
     height: Units.dp(30)
     color: ApplicationStyle.selected_tab
@@ -64,9 +65,19 @@ Rectangle {
             iconName: "panel-source"
             tooltip: qsTr("Source View")
             onClicked: {
+                CentralManager.showMetadataOverviewPanel = false
                 CentralManager.showMetadataPanel = false
                 CentralManager.showSearchPanel = false
             }
+        }
+        PanelTab {
+            objectName: "propertiesTab"
+            visible: !CentralManager.showingOverlapOrHierarchy
+            enabled: CentralManager.hasFileOpen
+            selected: root.metadataShown
+            iconName: "panel-properties"
+            tooltip: qsTr("Properties")
+            onClicked: CentralManager.showMetadataPanel = true
         }
     }
 }

@@ -143,32 +143,32 @@ FocusScope {
             SearchHistoryBox {
                 objectName: "searchHistory"
                 entries: root.__historyModel
-                onChosen: root.restore(data)
+                onRestoreRequested: root.restore(data)
             }
         }
 
-        SearchSwitch {
+        LabelledSwitch {
             id: _wholeWords
             objectName: "wholeWords"
             Layout.fillWidth: true
             text: qsTr("Whole words only.")
             onClicked: root.__previousSearchTerm = ""
         }
-        SearchSwitch {
+        LabelledSwitch {
             id: _endings
             objectName: "alternativeEndings"
             Layout.fillWidth: true
             text: qsTr("Include words with alternative endings (-ed, -ing, etc).")
             onClicked: root.__previousSearchTerm = ""
         }
-        SearchSwitch {
+        LabelledSwitch {
             id: _codedOnly
             objectName: "codedTextOnly"
             Layout.fillWidth: true
             text: qsTr("Search coded text only.")
             onClicked: root.__previousSearchTerm = ""
         }
-        SearchSwitch {
+        LabelledSwitch {
             id: _useSynonyms
             objectName: "useSynonyms"
             Layout.fillWidth: true

@@ -92,6 +92,11 @@ QtObject {
                            { sourceTitle: "Jonas, night nurse", kernoHighlights: 1, sourceHighlights: 3 }] : []
     }
     function filterKernosByName(name) { calls.push({ name: "filterKernosByName", arguments: [name] }) }
+    function source(id) { return mockSources.row(mockSources.find("sourceId", id)) }
+    property QtObject sourceModel: QtObject { signal modelUpdated(var model) }
+    function getSourceModel() { return sourceModel }
+    function metadataOverviewForKeyId(id) { return [] }
+    function metadataOverviewForKeyAndKernoId(id, kernoIds) { return [] }
     function sourceTitle(id) { return mockSources.row(mockSources.find("sourceId", id)).title }
     property string wholeAnswer
     function partialAnswer(sourceId, questionId, start, length) {

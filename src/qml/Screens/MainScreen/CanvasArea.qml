@@ -11,6 +11,7 @@ FocusScope {
 
     property real canvasScale: 1
     property Item partialAnswersPanel: null
+    property Item metadataSummaryPanel: null
     readonly property bool __inView: CentralManager.showingOverlapOrHierarchy
     readonly property Component __view: CentralManager.showOverlapViewForKernoId > 0 ? _overlapView
                                       : CentralManager.showHierarchyViewForKerno > 0 ? _hierarchyView
@@ -42,6 +43,7 @@ FocusScope {
             KernoHierarchyView {
                 canvasScale: root.canvasScale
                 partialAnswersPanel: root.partialAnswersPanel
+                metadataSummaryPanel: root.metadataSummaryPanel
                 newKernoButton: _addButton
             }
         }

@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import "../../Components"
 import "../../dialogs"
+import "../../dialogs/MetadataDialogs"
 import "../../dialogs/PromptDialogs"
 
 // The dialogs on the way into a project, and those of single records: one row each, and the first that is wanted
@@ -26,4 +27,5 @@ DialogChain {
         flag: "showPreferencesDialogForKerno"; rest: -1
         Component { KernoPreferencesDialogImplementation {} }
     }
+    DialogEntry { flag: "showMetadataEditor"; Component { MetadataEditorDialogImplementation {} } }
 }

@@ -52,6 +52,7 @@ Item {
             enabled: CentralManager.canvasEnabled
             actionBarHeight: root.actionBarHeight
             partialAnswersPanel: _right.partialAnswersPanel
+            metadataSummaryPanel: _right.metadataSummaryPanel
             textRight: CentralManager.hasFileOpen
                        ? qsTr("Source Coded: %1% (%2% total)").arg(_right.sourcePercentageCoded)
                                                               .arg(_right.globalPercentageCoded) : ""

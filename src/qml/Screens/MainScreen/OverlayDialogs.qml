@@ -2,6 +2,7 @@ import QtQuick 2.15
 import "../../Components"
 import "../../dialogs"
 import "../../dialogs/ImportDialogs"
+import "../../dialogs/MetadataDialogs"
 import "../../dialogs/PromptDialogs"
 
 // The dialogs that may stand over one of MainDialogs: one row each, and the first that is wanted shows. In their order
@@ -11,6 +12,10 @@ import "../../dialogs/PromptDialogs"
 // showMergeDialogForKernoId, showCSVImportDialog, saveAsRemote, showExportQDPXDialog.
 DialogChain {
     DialogEntry { flag: "showImportDialog"; rest: 0; Component { ImportSourceDialogImplementation {} } }
+    DialogEntry {
+        flag: "showInlineMetadataKeyValueEditor"; rest: 0
+        Component { MetadataInlineKeyValueDialogImplementation {} }
+    }
     DialogEntry { flag: "showGeneralPreferencesDialog"; Component { GeneralPreferencesDialogImplementation {} } }
     DialogEntry { flag: "promptDialogData"; rest: null; Component { PromptDialogImplementation {} } }
     DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }

@@ -2,6 +2,7 @@ import QtQuick 2.15
 import QtQuick.Controls 1.4
 import "../../Components"
 import "../../Source"
+import "../../metadata"
 import "../../searchpanel"
 import "../../StructuredQuestion"
 import "../../Utils.js" as Utils
@@ -13,6 +14,7 @@ FocusScope {
     property Item dragItem: null
     property bool resizing: false
     readonly property alias partialAnswersPanel: _partialAnswers
+    readonly property alias metadataSummaryPanel: _metadataSummary
     readonly property alias sourcePercentageCoded: _list.sourcePercentageCoded
     readonly property alias globalPercentageCoded: _list.globalPercentageCoded
     readonly property bool __tabsShown: !CentralManager.showSearchPanel && !CentralManager.showMetadataOverviewPanel
@@ -20,8 +22,11 @@ FocusScope {
     // What stands over the source view, or null: the first that is wanted.
     readonly property Item __panel: {
         var rows = [
+            [CentralManager.showMetadataForKerno, _metadataSummary],
             [CentralManager.showingOverlapOrHierarchy, _partialAnswers],
-            [CentralManager.showSearchPanel, _searchResults]
+            [CentralManager.showSearchPanel, _searchResults],
+            [CentralManager.showMetadataOverviewPanel, _metadataSummary],
+            [CentralManager.showMetadataPanel, _metadata]
         ]
         var wanted = Utils.findInArray(rows, function(row) { return row[0] })
         return wanted ? wanted[1] : null
@@ -32,7 +37,7 @@ FocusScope {
             rightStackView.pop()
         if (__panel)
             rightStackView.push({ item: __panel, destroyOnPop: false })
-        if (__panel !== _partialAnswers)
+        if (!CentralManager.showingOverlapOrHierarchy)
             _partialAnswers.resetModel()
     }
 
@@ -77,6 +82,7 @@ FocusScope {
         anchors { top: _viewTabs.bottom; left: parent.left; right: parent.right }
         quotesPanel: root.__panel && root.__panel.quotes ? root.__panel : null
         sourceShown: !root.__panel
+        metadataShown: root.__panel === _metadata || root.__panel === _metadataSummary
     }
 
     StackView {
@@ -103,6 +109,16 @@ FocusScope {
         visible: false
         dragItem: root.dragItem
         resizing: root.resizing
+    }
+
+    MetadataPanel {
+        id: _metadata
+        visible: false
+    }
+
+    MetadataSummaryPanel {
+        id: _metadataSummary
+        visible: false
     }
 
     RemoveSourceDialog { id: _removeSource }

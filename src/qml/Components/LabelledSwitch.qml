@@ -1,6 +1,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 1.4
-import "../Components"
+import "."
 
 // A switch with what it is for beside it.
 Item {
@@ -11,6 +11,7 @@ Item {
 
     signal clicked()
 
+    implicitWidth: _switch.width + Units.dp(8) + _label.implicitWidth
     implicitHeight: Math.max(_switch.height, _label.height)
     Accessible.role: Accessible.CheckBox
     Accessible.name: text
