@@ -15,6 +15,7 @@
 #include <QStringList>
 #include <QVariantList>
 #include <atomic>
+#include <functional>
 #include <memory>
 
 class Connection;
@@ -183,6 +184,11 @@ public:
     Message exportPreferences(const QJsonObject& project);
     /// Writes a new project of the whole project `json`, local or in the cloud; `project`.
     Message importProjectJson(const QJsonObject& project, const QJsonValue& json);
+    /// The two for a large project, which is too much to be held as values: the reply of the first comes as
+    /// its bytes in `body`, and the second takes a file that holds the project object with `project_json` in
+    /// it.
+    Message readProject(const QJsonObject& project, QByteArray& body);
+    Message writeProject(const QString& bodyFile);
 
     Connection* connection() const { return m_connection.get(); }
     /// The object whose signals are the service's notifications; it lives on the network thread.
@@ -246,9 +252,11 @@ private:
     void forgetProject();
     Message send(HttpVerb verb, const QNetworkRequest& request, const QByteArray& body);
     Message sendFile(const QNetworkRequest& request, const QString& path);
+    Message sendContentOf(const QNetworkRequest& request, const QString& path);
     Message callCloud(CloudCall call, const QString& argument = {}, const QJsonObject& body = {});
-    Message callLocal(HttpVerb verb, const QString& path, const QByteArray& body = {});
+    Message callLocal(const QString& path, const std::function<Message(const QNetworkRequest&)>& call);
     Message exportJson(const QJsonObject& project, const QString& localPart);
+    static QString localRead(const QJsonObject& project);
 
     std::atomic<bool> m_isOpen{false};
     QJsonObject m_currentProject;

@@ -99,6 +99,14 @@ Message DataHelper::sendFile(const QNetworkRequest& request, const QString& path
     return answerOf(*reply);
 }
 
+Message DataHelper::sendContentOf(const QNetworkRequest& request, const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return notSent(file.errorString());
+    const ReplyPointer reply(m_networkAccessManager->post(request, &file));
+    return answerOf(*reply);
+}
+
 Message DataHelper::callCloud(CloudCall call, const QString& argument, const QJsonObject& body) {
     const ServiceConfig& config = ServiceConfig::instance();
     if (!config.hasCloud())
@@ -110,12 +118,16 @@ Message DataHelper::callCloud(CloudCall call, const QString& argument, const QJs
     if (call == CloudCall::Login)
         return send(ServiceConfig::verb(call), m_connection->httpRequestFor(url, false), content);
     return m_connection->authorizedCall(url, [&](const QNetworkRequest& request) {
-        return call == CloudCall::UploadProject ? sendFile(request, argument)
-                                                : send(ServiceConfig::verb(call), request, content);
+        if (call == CloudCall::UploadProject)
+            return sendFile(request, argument);
+        if (call == CloudCall::WriteProjectJson && !argument.isEmpty())
+            return sendContentOf(request, argument);
+        return send(ServiceConfig::verb(call), request, content);
     });
 }
 
-Message DataHelper::callLocal(HttpVerb verb, const QString& path, const QByteArray& body) {
+Message DataHelper::callLocal(const QString& path,
+                              const std::function<Message(const QNetworkRequest&)>& call) {
     m_networkAccessManager->setProxy(QNetworkProxy(QNetworkProxy::NoProxy));
     // A large project takes the service its time, and its end ends the call.
     m_networkAccessManager->setTransferTimeout(0);
@@ -123,7 +135,7 @@ Message DataHelper::callLocal(HttpVerb verb, const QString& path, const QByteArr
     url.replace(0, 2, QStringLiteral("http"));
     return m_connection->authorizedCall(QUrl(url + path), [&](QNetworkRequest request) {
         request.setRawHeader("Kernova-Service-Token", ServiceConfig::instance().serviceToken());
-        return send(verb, request, body);
+        return call(request);
     });
 }
 
@@ -203,12 +215,16 @@ Message DataHelper::saveAs(const QString& newName) {
         {{keyName, newName}, {QStringLiteral("orig_project_uuid"), currentProject().value(keyProjectUuid)}});
 }
 
+QString DataHelper::localRead(const QJsonObject& project) {
+    const QByteArray name = QUrl::toPercentEncoding(project.value(keyName).toString());
+    return localPath + QLatin1String("?name=") + QString::fromLatin1(name);
+}
+
 Message DataHelper::exportJson(const QJsonObject& project, const QString& localPart) {
     if (isRemote())
         return callCloud(CloudCall::ReadProjectJson, project.value(keyProjectUuid).toString());
-    const QByteArray name = QUrl::toPercentEncoding(project.value(keyName).toString());
-    return callLocal(HttpVerb::Get,
-                     localPath + QLatin1String("?name=") + QString::fromLatin1(name) + localPart);
+    return callLocal(localRead(project) + localPart,
+                     [this](const QNetworkRequest& request) { return send(HttpVerb::Get, request, {}); });
 }
 
 Message DataHelper::exportProjectJson(const QJsonObject& project) {
@@ -223,6 +239,38 @@ Message DataHelper::importProjectJson(const QJsonObject& project, const QJsonVal
     QJsonObject object = project;
     object.remove(keyProjectUuid);
     object.insert(QStringLiteral("project_json"), json);
-    return isRemote() ? callCloud(CloudCall::WriteProjectJson, {}, object)
-                      : callLocal(HttpVerb::Post, localPath, compact(object));
+    if (isRemote())
+        return callCloud(CloudCall::WriteProjectJson, {}, object);
+    return callLocal(localPath, [this, &object](const QNetworkRequest& request) {
+        return send(HttpVerb::Post, request, compact(object));
+    });
+}
+
+Message DataHelper::readProject(const QJsonObject& project, QByteArray& body) {
+    const auto call = [this, &body](const QNetworkRequest& request) {
+        const ReplyPointer reply(m_networkAccessManager->get(request));
+        waitFor(*reply);
+        const int code = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        if (reply->error() != QNetworkReply::NoError)
+            return answerOf(*reply);
+        body = reply->readAll();
+        return Message{code, code == httpOk, {}, {}};
+    };
+    if (!isRemote())
+        return callLocal(localRead(project), call);
+    const ServiceConfig& config = ServiceConfig::instance();
+    if (!config.hasCloud())
+        return withoutCloud();
+    m_networkAccessManager->setProxy(QNetworkProxy(QNetworkProxy::DefaultProxy));
+    m_networkAccessManager->setTransferTimeout(m_transferBound);
+    return m_connection->authorizedCall(
+        config.url(CloudCall::ReadProjectJson, project.value(keyProjectUuid).toString()), call);
+}
+
+Message DataHelper::writeProject(const QString& bodyFile) {
+    if (isRemote())
+        return callCloud(CloudCall::WriteProjectJson, bodyFile);
+    return callLocal(localPath, [this, &bodyFile](const QNetworkRequest& request) {
+        return sendContentOf(request, bodyFile);
+    });
 }

@@ -1,13 +1,37 @@
 #include "merge/Project.h"
 
+#include "link/DataHelper.h"
+#include "merge/FullProjectJson.h"
+#include "merge/RunAside.h"
+#include "models/QuestionAnswerMainModel.h"
+#include "project/KRNFile.h"
 #include "project/ProjectPassword.h"
 #include "project/ProjectPreferences.h"
 
+#include <QCoreApplication>
+#include <QDebug>
 #include <QJsonArray>
+#include <QTemporaryFile>
 
 namespace {
 
 const QString keyProjectJson = QStringLiteral("project_json");
+const QString keyName = QStringLiteral("name");
+constexpr int refused = 400;
+
+SimpleCipher cipherOf(const QString& password) {
+    return password.isEmpty() ? SimpleCipher()
+                              : SimpleCipher(cipherKeyFromHash(projectpassword::hash(password)));
+}
+
+template <typename T> void detach(QList<T>& list) {
+    for (T& record : list)
+        record.detach();
+}
+
+QString flag(bool on) {
+    return on ? QStringLiteral("1") : QStringLiteral("0");
+}
 
 }  // namespace
 
@@ -17,16 +41,16 @@ Project::Project(const QJsonObject& identity) : m_identity(identity) {
     for (const QJsonValue& value : preferences) {
         const Preference preference(value.toObject(), "project_json");
         if (preference.isValid())
-            m_preferences.append(preference);
+            m_records.preferences.append(preference);
     }
 }
 
 QString Project::name() const {
-    return m_identity.value(QLatin1String("name")).toString();
+    return m_identity.value(keyName).toString();
 }
 
 QVariant Project::preference(const QString& key) const {
-    for (const Preference& preference : m_preferences) {
+    for (const Preference& preference : m_records.preferences) {
         if (preference.key() == key)
             return preference.value();
     }
@@ -43,4 +67,74 @@ bool Project::acceptsPassword(const QString& password) const {
         return true;
     SimpleCipher cipher(cipherKeyFromHash(projectpassword::hash(password)));
     return projectpassword::proves(cipher, preference(::preference::hash).toString());
+}
+
+bool Project::loadFromJson(const QByteArray& reply, const QString& password, const Watch& watch) {
+    qDebug() << "Load from full project JSON";
+    SimpleCipher cipher = preference(::preference::encrypted).toBool() ? cipherOf(password) : SimpleCipher();
+    m_records = {};
+    if (fullprojectjson::read(reply, fullprojectjson::contentOf(reply), cipher, m_records, watch))
+        return true;
+    m_records = {};
+    return false;
+}
+
+bool Project::loadFrom(KRNFile& file) {
+    m_identity = file.currentProject();
+    DataHelper& helper = *file.dataHelper();
+    bool read = file.allTextsHere();
+    eachList(m_records, [&](const char*, auto& list) {
+        using List = std::decay_t<decltype(list)>;
+        if constexpr (!std::is_same_v<List, QList<QuestionAnswer>>)
+            read = read && helper.findAll(list);
+    });
+    for (const Source& source : qAsConst(m_records.sources))
+        m_records.answers += file.answerModel()->answers(source.id());
+    detach(m_records.highlights);
+    detach(m_records.memos);
+    return read;
+}
+
+QJsonObject Project::toJson() const {
+    SimpleCipher none;
+    return fullprojectjson::toJson(m_records, none);
+}
+
+QList<Preference> Project::storedPreferences(const QString& password) const {
+    SimpleCipher cipher = cipherOf(password);
+    QList<Preference> stored{
+        {::preference::dbVersion, QStringLiteral("5")},
+        {::preference::cloudVersion, QStringLiteral("1")},
+        {::preference::singleQuestion, flag(singleQuestion() != 0)},
+        {::preference::openLock, flag(false)},
+        {::preference::encrypted, flag(cipher.hasKey())},
+        {::preference::hash, cipher.hasKey() ? projectpassword::proof(cipher) : QString()},
+    };
+    const int own = stored.size();
+    for (const Preference& kept : m_records.preferences) {
+        const auto replaced = [&kept](const Preference& other) { return other.key() == kept.key(); };
+        if (std::none_of(stored.cbegin(), stored.cbegin() + own, replaced))
+            stored.append(kept);
+    }
+    return stored;
+}
+
+Message Project::save(DataHelper& helper, const QJsonObject& target, const QString& password,
+                      const Watch& watch) const {
+    if (target.value(keyName).toString().isEmpty())
+        return {refused, false, QCoreApplication::translate("Project", "The project needs a name."), {}};
+    ProjectRecords stored = m_records;
+    stored.preferences = storedPreferences(password);
+    QTemporaryFile body;
+    if (!body.open())
+        return {0, false, body.errorString(), {}};
+    QJsonObject identity = target;
+    identity.remove(QStringLiteral("project_uuid"));
+    const bool written = runAside([&] {
+        SimpleCipher cipher = cipherOf(password);
+        return fullprojectjson::write(body, identity, stored, cipher, watch) && body.flush();
+    });
+    if (!written)
+        return {0, false, body.error() == QFileDevice::NoError ? QString() : body.errorString(), {}};
+    return helper.writeProject(body.fileName());
 }

@@ -1,11 +1,17 @@
 #pragma once
 
-#include "records/Preference.h"
+#include "link/Message.h"
+#include "merge/ProjectRecords.h"
+#include "merge/Watch.h"
 
 #include <QJsonObject>
-#include <QList>
 
-/// A project in memory, outside the models, read from its full JSON.
+class DataHelper;
+class KRNFile;
+class QIODevice;
+
+/// A project in memory, outside the models: all its records, read from full project JSON or from the open
+/// project, and written back as such.
 class Project {
 public:
     /// Reads the preferences from "project_json" of `identity`; the rest of `identity` tells the project from
@@ -19,7 +25,9 @@ public:
     /// For a local project the path of its file.
     QString name() const;
 
-    QList<Preference> preferences() const { return m_preferences; }
+    QList<Preference> preferences() const { return m_records.preferences; }
+    const ProjectRecords& records() const { return m_records; }
+    ProjectRecords& records() { return m_records; }
 
     /// 1 for a project of plain sources, 0 for one of structured questions, -1 when it doesn't say.
     int singleQuestion() const;
@@ -27,10 +35,28 @@ public:
     /// Whether the password opens the project. One that isn't encrypted opens with any.
     bool acceptsPassword(const QString& password) const;
 
+    /// Fills all lists from a reply that brings a project. False when it can't be read, with what could be
+    /// left out; the lists are then empty. Any thread.
+    bool loadFromJson(const QByteArray& reply, const QString& password, const Watch& watch = {});
+
+    /// Fills all lists from the open project, whose texts have to be here. False when one can't be read. The
+    /// records don't share their state with the models. Main thread.
+    bool loadFrom(KRNFile& file);
+
+    /// The value of "project_json", with texts as they are.
+    QJsonObject toJson() const;
+
+    /// Stores all records as the new project that `target` names, with that password, and waits in a local
+    /// event loop. The message's `json` holds `project`. A `target` without a name is an error. A watch that
+    /// ends the work before it is sent gives a message without a text. Main thread.
+    Message save(DataHelper& helper, const QJsonObject& target, const QString& password,
+                 const Watch& watch = {}) const;
+
 private:
     /// Invalid when there is no such preference.
     QVariant preference(const QString& key) const;
+    QList<Preference> storedPreferences(const QString& password) const;
 
     QJsonObject m_identity;
-    QList<Preference> m_preferences;
+    ProjectRecords m_records;
 };

@@ -2,9 +2,9 @@
 
 #include "protocol/Executor.h"
 #include "protocol/FrameText.h"
-#include "protocol/JsonScan.h"
 #include "protocol/ProjectJson.h"
 #include "protocol/Request.h"
+#include "wire/JsonScan.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -1,8 +1,8 @@
 #include "ServiceClient.h"
 #include "protocol/FrameText.h"
-#include "protocol/JsonScan.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
+#include "wire/JsonScan.h"
 #include "wire/QueryText.h"
 
 #include <QTcpSocket>

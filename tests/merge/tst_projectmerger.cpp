@@ -1,9 +1,12 @@
+#include "RandomRecords.h"
+#include "RecordFacts.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "merge/ProjectMerger.h"
 #include "project/KRNFile.h"
 #include "tests_support/TestMain.h"
 
+#include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -18,8 +21,16 @@ private slots:
     void aReplacedFileIsReadAgain();
     void theMasterCanBeOfEitherKind();
     void aMissingOrBrokenFileIsToldApart();
+    void filesAreMergedIntoANewOne();
 
 private:
+    QByteArray contentOf(const QJsonObject& project) const {
+        QFile file(project.value(QStringLiteral("name")).toString());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    QJsonObject store(const QString& name, const QString& password, quint32 seed);
+    RecordFacts facts(const QJsonObject& project, const QString& password, Project& loaded);
+
     QJsonObject make(const QString& name, const QString& password, bool singleQuestion);
 
     QTemporaryDir m_folder;
@@ -94,6 +105,69 @@ void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
     broken.close();
     QVERIFY(!m_merger->tryProjectPassword({{QStringLiteral("name"), broken.fileName()}}, QString()));
     QVERIFY(!m_merger->lastError().isEmpty());
+}
+
+QJsonObject tst_ProjectMerger::store(const QString& name, const QString& password, quint32 seed) {
+    Project project({});
+    project.records() = RandomRecords(seed).make();
+    const QJsonObject target{{QStringLiteral("name"), m_folder.filePath(name)}};
+    const Message message = project.save(*m_file->dataHelper(), target, password);
+    return message.status ? target : QJsonObject();
+}
+
+RecordFacts tst_ProjectMerger::facts(const QJsonObject& project, const QString& password, Project& loaded) {
+    QByteArray reply;
+    m_file->dataHelper()->readProject(project, reply);
+    loaded =
+        Project(QJsonObject{{"project_json", QJsonDocument::fromJson(reply).object().value("project_json")}});
+    if (!loaded.loadFromJson(reply, password))
+        qWarning("not readable");
+    return RecordFacts(loaded.records());
+}
+
+// Passwords of all kinds, refusals that write nothing, and inputs that stay as they are.
+void tst_ProjectMerger::filesAreMergedIntoANewOne() {
+    const QString secret = QStringLiteral("s3cret");
+    const QJsonObject master = store(QStringLiteral("master.krn"), secret, 1);
+    const QJsonObject other = store(QStringLiteral("other.krn"), QString(), 2);
+    const QJsonObject result{{QStringLiteral("name"), m_folder.filePath(QStringLiteral("result.krn"))}};
+    const QByteArray before = contentOf(master) + contentOf(other);
+
+    m_merger->clearMerger();
+    QVERIFY(!m_merger->setMaster(master, QStringLiteral("wrong")));
+    QVERIFY(!m_merger->merge(result, QString()));
+    QVERIFY(m_merger->setMaster(master, secret));
+    QVERIFY(!m_merger->merge(result, QString()));
+    QVERIFY(
+        !m_merger->tryProjectSingleQuestion(make(QStringLiteral("several.krn"), QString(), false), false));
+    QVERIFY(m_merger->tryProjectSingleQuestion(other, false));
+    QVERIFY(m_merger->addProject(other, QString()));
+    QVERIFY(m_merger->exists(other) && !m_merger->exists(result));
+    QVERIFY(!m_merger->merge(other, QString()));
+    QCOMPARE(m_merger->lastError().isEmpty(), false);
+    QCOMPARE(contentOf(master) + contentOf(other), before);
+
+    const auto connection =
+        connect(m_merger.get(), &ProjectMerger::progressed, this, [this] { m_merger->cancelMerge(); });
+    QVERIFY(!m_merger->merge(result, QString()));
+    disconnect(connection);
+    QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("result.krn"))));
+
+    QVERIFY2(m_merger->merge(result, QStringLiteral("new")), qPrintable(m_merger->lastError()));
+    QCOMPARE(m_merger->resultProject(), result);
+    QCOMPARE(contentOf(master) + contentOf(other), before);
+    Project loaded({});
+    const RecordFacts merged = facts(result, QStringLiteral("new"), loaded);
+    QVERIFY(!loaded.acceptsPassword(secret) && loaded.acceptsPassword(QStringLiteral("new")));
+    for (quint32 seed : {1U, 2U}) {
+        const ProjectRecords records = RandomRecords(seed).make();
+        const RecordFacts input(records);
+        QVERIFY((input.memos() - merged.memos()).isEmpty());
+        QVERIFY((input.properties() - merged.properties()).isEmpty());
+    }
+    QCOMPARE(merged.sources.value(1).timestamp(), RandomRecords(1).make().sources.first().timestamp());
+    QVERIFY(m_file->openProject(result, false, QStringLiteral("new"), true));
+    m_file->close();
 }
 
 KERNOVA_TEST_MAIN(tst_ProjectMerger)

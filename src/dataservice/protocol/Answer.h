@@ -1,8 +1,8 @@
 #pragma once
 
 #include "protocol/Fault.h"
-#include "protocol/JsonWriter.h"
 #include "store/Outcome.h"
+#include "wire/JsonWriter.h"
 
 #include <QByteArray>
 #include <QString>

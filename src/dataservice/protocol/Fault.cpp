@@ -1,6 +1,6 @@
 #include "protocol/Fault.h"
 
-#include "protocol/JsonWriter.h"
+#include "wire/JsonWriter.h"
 
 QByteArray errorsPayload(const std::vector<Fault>& faults) {
     JsonWriter json;

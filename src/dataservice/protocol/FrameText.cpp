@@ -1,8 +1,8 @@
 #include "protocol/FrameText.h"
 
-#include "protocol/JsonScan.h"
-#include "protocol/JsonWriter.h"
 #include "wire/Frames.h"
+#include "wire/JsonScan.h"
+#include "wire/JsonWriter.h"
 
 namespace frametext {
 namespace {

@@ -1,7 +1,7 @@
-#include "protocol/JsonScan.h"
 #include "protocol/ProjectJson.h"
 #include "store/ProjectFile.h"
 #include "store/Scalar.h"
+#include "wire/JsonScan.h"
 
 #include <QDateTime>
 #include <QFile>

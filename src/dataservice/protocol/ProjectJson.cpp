@@ -1,8 +1,8 @@
 #include "protocol/ProjectJson.h"
 
-#include "protocol/JsonScan.h"
-#include "protocol/JsonWriter.h"
 #include "protocol/Rows.h"
+#include "wire/JsonScan.h"
+#include "wire/JsonWriter.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

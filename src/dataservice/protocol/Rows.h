@@ -1,7 +1,7 @@
 #pragma once
 
-#include "protocol/JsonWriter.h"
 #include "store/ProjectStore.h"
+#include "wire/JsonWriter.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "protocol/JsonWriter.h"
+#include "wire/JsonWriter.h"
 
 #include <QLocale>
 #include <array>

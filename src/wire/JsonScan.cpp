@@ -1,4 +1,4 @@
-#include "protocol/JsonScan.h"
+#include "wire/JsonScan.h"
 
 namespace jsonscan {
 namespace {
