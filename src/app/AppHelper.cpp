@@ -22,6 +22,7 @@ AppHelper::AppHelper(UndoManager* undoManager, KRNFile* krnFile)
     : m_undoManager(undoManager), m_krnFile(krnFile), m_eventLoop(new QEventLoop(this)) {
     openSynonyms();
     initSearch();
+    initExports();
     m_clipboard = QGuiApplication::clipboard();
     connect(m_clipboard, &QClipboard::changed, this, &AppHelper::clipboardDataChanged);
     m_clipboardHasText = !m_clipboard->text().isEmpty();

@@ -166,6 +166,7 @@ private slots:
 
 private:
     void initSearch();
+    void initExports();
     void openSynonyms() const;
     void closeSynonyms() const;
     SourceImport sourceImport() const { return {m_undoManager, m_krnFile}; }

@@ -14,6 +14,14 @@ const std::vector<Command>& commands() {
          "whether it is whole: no record hangs on one that is missing. Needs no password.",
          {{"json", "", "one JSON object: name, singleQuestion, encrypted, whole, and the counts"}},
          info},
+        {"export-csv",
+         "PROJECT FOLDER",
+         "write the project as CSV files",
+         "Writes Memos.csv, Quotes.csv, Kernos.csv, Sources.csv and Chat.csv into the folder, which is made "
+         "when "
+         "it is not there.",
+         {},
+         exportCsv},
         {"export-json",
          "PROJECT FILE",
          "write the whole project as JSON",

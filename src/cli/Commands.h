@@ -5,6 +5,7 @@
 // Each in a file of its own.
 namespace cli {
 
+Outcome exportCsv(const Invocation& invocation, const Console& console);
 Outcome exportJson(const Invocation& invocation, const Console& console);
 Outcome info(const Invocation& invocation, const Console& console);
 

@@ -1,8 +1,9 @@
 #include "cli/Commands.h"
 #include "cli/Console.h"
 #include "cli/OpenedProject.h"
+#include "project/WholeFile.h"
 
-#include <QSaveFile>
+#include <QJsonDocument>
 
 namespace cli {
 
@@ -17,11 +18,15 @@ Outcome exportJson(const Invocation& invocation, const Console&) {
     if (!outcome.ok())
         return outcome;
     QSaveFile file(target);
-    const bool written = file.open(QIODevice::WriteOnly) &&
-                         file.write(QJsonDocument(project).toJson(QJsonDocument::Compact)) >= 0;
-    return written && file.commit()
-               ? Outcome::done()
-               : Outcome::failed(QStringLiteral("%1 can't be written: %2.").arg(target, file.errorString()));
+    QString error;
+    if (file.open(QIODevice::WriteOnly)) {
+        file.write(QJsonDocument(project).toJson(QJsonDocument::Compact));
+        error = putInPlace(file);
+    } else {
+        error = file.errorString();
+    }
+    return error.isEmpty() ? Outcome::done()
+                           : Outcome::failed(QStringLiteral("%1 can't be written: %2.").arg(target, error));
 }
 
 }  // namespace cli

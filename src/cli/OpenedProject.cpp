@@ -38,6 +38,14 @@ QString shown(const QString& path) {
     return QDir::toNativeSeparators(path);
 }
 
+// The text of a refused request names the request, which tells nobody what to do.
+QString reasonOf(const Message& message, const QString& path) {
+    constexpr int unusable = 400;
+    return message.statusCode == unusable
+               ? QStringLiteral("%1 is not a Kernova project, or it is damaged.").arg(shown(path))
+               : message.message;
+}
+
 QString userName() {
     const QString name = qEnvironmentVariable("USER");
     return name.isEmpty() ? qEnvironmentVariable("USERNAME") : name;
@@ -74,7 +82,7 @@ Outcome OpenedProject::look(const QString& path) {
         return connected;
     const Message message = m_file->dataHelper()->exportPreferences(identity(path));
     if (!message.status)
-        return Outcome::failed(message.message);
+        return Outcome::failed(reasonOf(message, path));
     if (!m_invocation.has("ignore-lock") && isMarkedAsOpen(contents(message))) {
         return Outcome::failed(
             QStringLiteral("%1 is marked as open elsewhere; --ignore-lock goes on all the same.")
@@ -89,7 +97,7 @@ Outcome OpenedProject::read(const QString& path, QJsonObject* project) {
         return looked;
     const Message message = m_file->dataHelper()->exportProjectJson(identity(path));
     *project = contents(message);
-    return message.status ? Outcome::done() : Outcome::failed(message.message);
+    return message.status ? Outcome::done() : Outcome::failed(reasonOf(message, path));
 }
 
 Outcome OpenedProject::readPassword(QString* password) const {

@@ -92,6 +92,17 @@ public:
     Q_INVOKABLE QVariantList exportKRNSources(const QString& name);
     Q_INVOKABLE QVariantList exportKRNStructure(const QString& name);
 
+    /// Writes the project as CSV files into a folder, and shows the folder when one was written. False when
+    /// one could not be; what the user cancels is no failure.
+    Q_INVOKABLE bool exportAsCSV(const QString& outputFolder);
+    struct TablesWritten {
+        int files = 0;
+        bool complete = false;
+    };
+    /// What does the writing: the program's rooms above.
+    using TableWriter = std::function<TablesWritten(KRNFile& file, const QString& folder)>;
+    void setTableWriter(const TableWriter& writer) { m_tableWriter = writer; }
+
     bool isOpened() const override;
     bool isOwner() const;
     /// Whether the access level allows changes; `notify` tells the user when it doesn't.
@@ -412,5 +423,6 @@ private:
     BatchOperationManager* m_batchOperationManager = nullptr;
     QEventLoop* m_confirmLoop = nullptr;
     std::unique_ptr<ProjectModels> m_models;
+    TableWriter m_tableWriter;
     QSet<int> m_shownGroups;  ///< groups whose kernos the group filter lets through
 };

@@ -6,6 +6,7 @@
 #include "project/ProjectPreferences.h"
 
 #include <QDebug>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 
@@ -90,4 +91,13 @@ QVariantList KRNFile::exportPart(const QString& name, QJsonObject (*partOf)(cons
     const QJsonObject part = partOf(whole.json.value(keyProjectJson).toObject());
     const Message written = m_dataHelper->importProjectJson({{keyName, target}}, part);
     return written.status ? QVariantList{true, QString()} : failure(written);
+}
+
+bool KRNFile::exportAsCSV(const QString& outputFolder) {
+    if (!isOpened() || !m_tableWriter)
+        return false;
+    const TablesWritten written = m_tableWriter(*this, outputFolder);
+    if (written.files > 0)
+        QDesktopServices::openUrl(QUrl::fromLocalFile(outputFolder));
+    return written.complete;
 }

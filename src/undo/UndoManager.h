@@ -124,6 +124,10 @@ public:
     /// Takes all values of the property from the source, in one step.
     Q_INVOKABLE void deleteMetadata(int keyId, int sourceId);
 
+    /// Makes sources of a table, a `SourceTable`, in one step. False for null, for a table without rows, and
+    /// when nothing was made.
+    Q_INVOKABLE bool importSourcesFromCSV(QObject* model);
+
     Q_INVOKABLE void clearStack();
 
 public slots:

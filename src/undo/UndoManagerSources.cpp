@@ -3,6 +3,7 @@
 #include "project/KRNFile.h"
 #include "undo/MemoCommands.h"
 #include "undo/SourceCommands.h"
+#include "undo/SourceTable.h"
 
 void UndoManager::addMemo(const Memo& memo) {
     performAndFinish([&] { return std::make_unique<AddMemoCommand>(memo, m_file); });
@@ -62,4 +63,13 @@ void UndoManager::addAnswer(const QuestionAnswer& data) {
 
 void UndoManager::updateAnswer(const QuestionAnswer& data, bool) {
     performAndFinish([&] { return std::make_unique<UpdateAnswerCommand>(data, m_file); });
+}
+
+bool UndoManager::importSourcesFromCSV(QObject* model) {
+    const SourceTable* const table = qobject_cast<SourceTable*>(model);
+    if (!table || table->sourcesCount() == 0)
+        return false;
+    const bool imported = perform([&] { return table->importCommand(m_file); });
+    finish();
+    return imported;
 }

@@ -71,7 +71,7 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("info --help", 0, "^kernova-cli info .*--json.*--ignore-lock");
 
     row("info nothing.krn", 1, "nothing\\.krn");
-    row("info broken.krn", 1, "broken\\.krn|not a Kernova");
+    row("info broken.krn", 1, "broken\\.krn is not a Kernova project");
     row("info locked.krn", 1, "locked\\.krn is marked as open elsewhere");
     row("info locked.krn --ignore-lock", 0, "sources +1\n");
     row("info study.krn", 0,
@@ -79,6 +79,15 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("info study.krn --json", 0, "\"highlights\": 1,.*\"name\": \"study\".*\"whole\": true");
     row("info secret.krn --json", 0, "\"encrypted\": true");
 
+    row("export-csv study.krn tables", 0, "^$");
+    row("export-csv study.krn tables", 1, "Memos\\.csv is there already");
+    row("export-csv locked.krn tables --force", 1, "open elsewhere");
+    row("export-csv study.krn tables --force", 0, "^$");
+    row("export-csv secret.krn secret", 1, "secret\\.krn: .*no password");
+    row("export-csv secret.krn secret --password-file study.krn", 1, "Invalid password");
+    row("export-csv secret.krn secret --password-file nowhere", 1, "nowhere can't be read");
+    row("export-csv secret.krn secret --password-file password", 0, "^$");
+    row("export-csv study.krn password", 1, "password can't be made");
     row("export-json study.krn whole.json", 0, "^$");
     row("export-json study.krn whole.json", 1, "whole\\.json is there already");
     row("export-json study.krn whole.json --force", 0, "^$");

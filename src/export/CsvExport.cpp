@@ -1,0 +1,298 @@
+#include "export/CsvExport.h"
+
+#include "export/CsvFile.h"
+#include "export/CsvText.h"
+#include "export/QuotesBySource.h"
+#include "link/DataHelper.h"
+#include "models/GroupModel.h"
+#include "models/KernoGroupModel.h"
+#include "models/KernoModel.h"
+#include "models/QuestionAnswerMainModel.h"
+#include "models/SourceMetadataModel.h"
+#include "models/SourceModel.h"
+#include "project/KRNFile.h"
+
+#include <QCoreApplication>
+#include <QDebug>
+#include <QDir>
+#include <QFileInfo>
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace csv {
+
+namespace {
+
+constexpr int rowsBetweenProgress = 200;
+constexpr int stepsOfFile = 1000;
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("CsvExport", text);
+}
+
+class Export {
+public:
+    Export(KRNFile& file, const Progress& progress)
+        : m_file(file), m_progress(progress), m_project(file.currentProject()) {}
+
+    // Each writes one file; false when the work is to end, or what belongs into the file can't be read.
+    bool memos(File& out);
+    bool quotes(File& out);
+    bool kernos(File& out);
+    bool sources(File& out);
+    bool chat(File& out);
+
+    /// What could not be read, or empty when the user has ended the work.
+    QString fault() const { return m_fault; }
+
+private:
+    template <typename T> bool read(QList<T>& records) {
+        return m_file.dataHelper()->findAll(records) || fail(tr("The project could not be read."));
+    }
+    template <typename T, typename Line> bool lines(const QList<T>& records, const Line& line);
+    bool fail(const QString& fault) {
+        m_fault = fault;
+        return false;
+    }
+    bool header(File& out, const char* names);
+    QString text(int sourceId, int questionId);
+    const QByteArray& properties(int sourceId);
+    QString groupsOf(int kernoId) const;
+
+    KRNFile& m_file;
+    const Progress& m_progress;
+    const QJsonObject m_project;
+    QList<SourceMetadataKey> m_keys;
+    QHash<int, QByteArray> m_properties;  ///< the fields of a source, by its id
+    QuestionAnswer m_answer;              ///< the last one that was asked for
+    int m_filesDone = 0;
+    QString m_fault;
+};
+
+// Calls `line` for each record, and the progress now and then.
+template <typename T, typename Line> bool Export::lines(const QList<T>& records, const Line& line) {
+    int row = 0;
+    for (const T& record : records) {
+        if (row % rowsBetweenProgress == 0) {
+            const qint64 step = stepsOfFile * qint64(row) / records.size();
+            if (!goesOn(m_progress, m_filesDone * stepsOfFile + step, stepsOfFile * fileNames().size()))
+                return false;
+            if (m_file.currentProject() != m_project)
+                return fail(tr("The project was closed meanwhile."));
+        }
+        line(record);
+        ++row;
+    }
+    ++m_filesDone;
+    return true;
+}
+
+// The fixed names, and one more for each property.
+bool Export::header(File& out, const char* names) {
+    if (!read(m_keys))
+        return false;
+    m_properties.clear();
+    out.raw(names);
+    for (const SourceMetadataKey& key : qAsConst(m_keys))
+        out.quoted(key.key());
+    out.endLine();
+    return true;
+}
+
+// The texts of passages come in runs of one answer.
+QString Export::text(int sourceId, int questionId) {
+    if (m_answer.sourceId() != sourceId || m_answer.questionId() != questionId)
+        m_answer = m_file.answerModel()->answer(sourceId, questionId);
+    return m_answer.plainAnswer();
+}
+
+const QByteArray& Export::properties(int sourceId) {
+    const auto known = m_properties.constFind(sourceId);
+    if (known != m_properties.cend())
+        return *known;
+    QByteArray fields;
+    for (const SourceMetadataKey& key : qAsConst(m_keys)) {
+        QStringList values;
+        for (const SourceMetadataValue& value : m_file.metadataModel()->valuesOf(sourceId, key.id()))
+            values << value.value().toString();
+        fields += csv::quoted(values.join(QLatin1Char(','))).toUtf8() + ',';
+    }
+    return *m_properties.insert(sourceId, fields);
+}
+
+bool Export::memos(File& out) {
+    QList<Memo> memos;
+    if (!header(out, "memoID, author, sourceID, sourceTitle, questionID, memo, quote,") || !read(memos))
+        return false;
+    return lines(memos, [&](const Memo& memo) {
+        out.field(memo.memoId());
+        out.quoted(memo.author());
+        out.field(memo.sourceId());
+        out.quoted(m_file.sourceTitle(memo.sourceId()));
+        out.field(memo.questionId());
+        out.quoted(memo.content());
+        out.quoted(text(memo.sourceId(), memo.questionId()), memo.start(), memo.length());
+        out.raw(properties(memo.sourceId()));
+        out.endLine();
+    });
+}
+
+bool Export::quotes(File& out) {
+    QList<Highlight> highlights;
+    if (!header(out, "highlightID, color, start, length, end, author, kernoID, kernoTitle, sourceID, "
+                     "sourceTitle, questionID, quote,") ||
+        !read(highlights))
+        return false;
+    return lines(highlights, [&](const Highlight& highlight) {
+        out.field(highlight.highlightId());
+        out.field(highlight.color().name());
+        out.field(highlight.start());
+        out.field(highlight.length());
+        out.field(highlight.end());
+        out.quoted(highlight.author());
+        out.field(highlight.kernoId());
+        out.quoted(m_file.kerno(highlight.kernoId()).title());
+        out.field(highlight.sourceId());
+        out.quoted(m_file.sourceTitle(highlight.sourceId()));
+        out.field(highlight.questionId());
+        out.quoted(text(highlight.sourceId(), highlight.questionId()), highlight.start(), highlight.length());
+        out.raw(properties(highlight.sourceId()));
+        out.endLine();
+    });
+}
+
+QString Export::groupsOf(int kernoId) const {
+    QStringList titles;
+    for (const KernoGroup& link : m_file.kernoGroupModel()->linksOfKerno(kernoId))
+        titles << m_file.groupModel()->record(link.groupId()).title();
+    return titles.join(QLatin1Char(','));
+}
+
+bool Export::kernos(File& out) {
+    QList<Source> sources;
+    QList<Highlight> highlights;
+    QList<Kerno> kernos;
+    if (!read(sources) || !read(highlights) || !read(kernos))
+        return false;
+    const QuotesBySource counts(sources, highlights);
+    highlights.clear();
+    out.raw("kernoID, parentKernoID, color, title, description, timestamp, author, groups, x, y, quotes,");
+    for (const Source& source : qAsConst(sources))
+        out.quoted(source.title());
+    out.endLine();
+    return lines(kernos, [&](const Kerno& kerno) {
+        out.field(kerno.kernoId());
+        out.field(kerno.parentKernoId());
+        out.field(kerno.color().name());
+        out.quoted(kerno.title());
+        out.quoted(kerno.description());
+        out.field(kerno.timestamp().toString());
+        out.quoted(kerno.author());
+        out.quoted(groupsOf(kerno.kernoId()));
+        out.field(kerno.x());
+        out.field(kerno.y());
+        out.field(counts.ofKerno(kerno.kernoId()));
+        for (const QuotesBySource::Share& share : counts.sharesOfKerno(kerno.kernoId()))
+            out.field(QStringLiteral("%1 of %2").arg(share.ofKerno).arg(share.all));
+        out.endLine();
+    });
+}
+
+bool Export::sources(File& out) {
+    QList<Source> sources;
+    if (!header(out, "sourceID, title, author, timestamp, answer,") || !read(sources))
+        return false;
+    return lines(sources, [&](const Source& source) {
+        QString text;
+        for (const QuestionAnswer& answer : m_file.answerModel()->answers(source.sourceId()))
+            text += answer.plainAnswer();
+        out.field(source.sourceId());
+        out.quoted(source.title());
+        out.quoted(source.author());
+        out.field(source.timestamp().toString());
+        out.quoted(text);
+        out.raw(properties(source.sourceId()));
+        out.endLine();
+    });
+}
+
+bool Export::chat(File& out) {
+    QList<ChatMessage> messages;
+    if (!read(messages))
+        return false;
+    out.raw("author, message, timestamp,");
+    out.endLine();
+    return lines(messages, [&](const ChatMessage& message) {
+        out.quoted(message.author());
+        out.quoted(message.message());
+        out.field(message.timestamp().toString(Qt::ISODate));
+        out.endLine();
+    });
+}
+
+struct FileRow {
+    const char* name;
+    bool (Export::*write)(File& out);
+};
+
+const std::array<FileRow, 5> fileRows{{{"Memos", &Export::memos},
+                                       {"Quotes", &Export::quotes},
+                                       {"Kernos", &Export::kernos},
+                                       {"Sources", &Export::sources},
+                                       {"Chat", &Export::chat}}};
+
+QString cannotWrite(const File& file, const QString& why) {
+    qDebug() << "Cannot write to" << file.path();
+    return tr("%1 can't be written: %2.").arg(QDir::toNativeSeparators(file.path()), why);
+}
+
+}  // namespace
+
+QStringList fileNames() {
+    QStringList names;
+    for (const FileRow& row : fileRows)
+        names << QString::fromLatin1(row.name) + QLatin1String(".csv");
+    return names;
+}
+
+Result exportProject(KRNFile& file, const QString& folder, const Progress& progress) {
+    const QFileInfo info(folder);
+    if (!info.isDir()) {
+        qDebug() << "Output folder does not exist!";
+        return {0, false, tr("The folder %1 does not exist.").arg(QDir::toNativeSeparators(folder))};
+    }
+    if (!info.isWritable()) {
+        qDebug() << "Output folder is not writable!";
+        return {0, false, tr("The folder %1 can't be written to.").arg(QDir::toNativeSeparators(folder))};
+    }
+    if (!file.waitForTexts())
+        return {0, false, tr("Not all texts of the project could be read.")};
+    Result result;
+    const auto note = [&](const QString& fault) {
+        if (result.sentence.isEmpty())
+            result.sentence = fault;
+    };
+    Export project(file, progress);
+    std::vector<std::unique_ptr<File>> files;
+    for (const FileRow& row : fileRows) {
+        auto out = std::make_unique<File>(folder, QString::fromLatin1(row.name));
+        if (!out->open()) {
+            note(cannotWrite(*out, out->openError()));
+            continue;
+        }
+        if (!(project.*row.write)(*out))
+            return {0, project.fault().isEmpty(), project.fault()};
+        files.push_back(std::move(out));
+    }
+    for (const auto& out : files) {
+        const QString error = out->commit();
+        if (error.isEmpty())
+            ++result.written;
+        else
+            note(cannotWrite(*out, error));
+    }
+    return result;
+}
+
+}  // namespace csv
