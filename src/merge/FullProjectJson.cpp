@@ -12,7 +12,7 @@ namespace fullprojectjson {
 namespace {
 
 const char* const tag = "project_json";
-constexpr int recordsPerWatch = 256;
+constexpr int recordsPerReport = 256;
 
 bool isNumbered(int id) {
     return id >= 1;
@@ -84,7 +84,8 @@ template <typename T> void writeRecord(JsonWriter& json, const T& record, Simple
     json.endObject();
 }
 
-bool writeContent(QIODevice& out, const ProjectRecords& records, SimpleCipher& cipher, const Watch& watch) {
+bool writeContent(QIODevice& out, const ProjectRecords& records, SimpleCipher& cipher,
+                  const Progress& progress) {
     qint64 total = 0;
     eachList(records, [&](const char*, const auto& list) { total += list.size(); });
     qint64 done = 0;
@@ -105,8 +106,8 @@ bool writeContent(QIODevice& out, const ProjectRecords& records, SimpleCipher& c
             writeRecord(json, record, cipher);
             const QByteArray bytes = json.take();
             good = out.write(bytes) == bytes.size();
-            if (++done % recordsPerWatch == 0)
-                good = good && goesOn(watch, done, total);
+            if (++done % recordsPerReport == 0)
+                good = good && goesOn(progress, done, total);
         }
         out.write("]");
         before = ",\"";
@@ -127,15 +128,15 @@ jsonscan::Span contentOf(const QByteArray& reply) {
 }
 
 bool read(const QByteArray& json, jsonscan::Span content, SimpleCipher& cipher, ProjectRecords& records,
-          const Watch& watch) {
+          const Progress& progress) {
     bool good = true;
     const auto readList = [&](jsonscan::Span span, auto& list) {
         const bool outlined =
             jsonscan::eachElement(json, span, [&](const QByteArray&, jsonscan::Span element) {
                 const QJsonDocument document = QJsonDocument::fromJson(jsonscan::part(json, element));
                 good = take(document.object(), cipher, list) &&
-                       (list.size() % recordsPerWatch != 0 ||
-                        goesOn(watch, element.end - content.begin, content.end - content.begin));
+                       (list.size() % recordsPerReport != 0 ||
+                        goesOn(progress, element.end - content.begin, content.end - content.begin));
                 return good;
             });
         good = good && outlined;
@@ -152,13 +153,14 @@ bool read(const QByteArray& json, jsonscan::Span content, SimpleCipher& cipher, 
 }
 
 bool write(QIODevice& out, const QJsonObject& target, const ProjectRecords& records, SimpleCipher& cipher,
-           const Watch& watch) {
+           const Progress& progress) {
     QByteArray head = QJsonDocument(target).toJson(QJsonDocument::Compact);
     head.chop(1);
     head += target.isEmpty() ? "\"" : ",\"";
     head += tag;
     head += "\":";
-    return out.write(head) == head.size() && writeContent(out, records, cipher, watch) && out.write("}") == 1;
+    return out.write(head) == head.size() && writeContent(out, records, cipher, progress) &&
+           out.write("}") == 1;
 }
 
 QJsonObject toJson(const ProjectRecords& records, SimpleCipher& cipher) {

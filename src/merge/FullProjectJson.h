@@ -1,7 +1,7 @@
 #pragma once
 
 #include "merge/ProjectRecords.h"
-#include "merge/Watch.h"
+#include "project/Progress.h"
 #include "wire/JsonScan.h"
 
 class QIODevice;
@@ -16,14 +16,14 @@ namespace fullprojectjson {
 jsonscan::Span contentOf(const QByteArray& reply);
 
 /// Reads all lists. Texts of answers are deciphered when `cipher` has a key. Skips a record that can't be
-/// told from others; false when the outline is broken, a text can't be deciphered, or the watch ends it.
+/// told from others; false when the outline is broken, a text can't be deciphered, or the progress ends it.
 bool read(const QByteArray& json, jsonscan::Span content, SimpleCipher& cipher, ProjectRecords& records,
-          const Watch& watch = {});
+          const Progress& progress = {});
 
 /// Writes the object `target` with the records as its member "project_json". Texts of answers are enciphered
-/// when `cipher` has a key. Times are written in UTC. False when the device fails or the watch ends it.
+/// when `cipher` has a key. Times are written in UTC. False when the device fails or the progress ends it.
 bool write(QIODevice& out, const QJsonObject& target, const ProjectRecords& records, SimpleCipher& cipher,
-           const Watch& watch = {});
+           const Progress& progress = {});
 
 /// The value of "project_json" alone.
 QJsonObject toJson(const ProjectRecords& records, SimpleCipher& cipher);

@@ -69,11 +69,11 @@ bool Project::acceptsPassword(const QString& password) const {
     return projectpassword::proves(cipher, preference(::preference::hash).toString());
 }
 
-bool Project::loadFromJson(const QByteArray& reply, const QString& password, const Watch& watch) {
+bool Project::loadFromJson(const QByteArray& reply, const QString& password, const Progress& progress) {
     qDebug() << "Load from full project JSON";
     SimpleCipher cipher = preference(::preference::encrypted).toBool() ? cipherOf(password) : SimpleCipher();
     m_records = {};
-    if (fullprojectjson::read(reply, fullprojectjson::contentOf(reply), cipher, m_records, watch))
+    if (fullprojectjson::read(reply, fullprojectjson::contentOf(reply), cipher, m_records, progress))
         return true;
     m_records = {};
     return false;
@@ -120,7 +120,7 @@ QList<Preference> Project::storedPreferences(const QString& password) const {
 }
 
 Message Project::save(DataHelper& helper, const QJsonObject& target, const QString& password,
-                      const Watch& watch) const {
+                      const Progress& progress) const {
     if (target.value(keyName).toString().isEmpty())
         return {refused, false, QCoreApplication::translate("Project", "The project needs a name."), {}};
     ProjectRecords stored = m_records;
@@ -132,7 +132,7 @@ Message Project::save(DataHelper& helper, const QJsonObject& target, const QStri
     identity.remove(QStringLiteral("project_uuid"));
     const bool written = runAside([&] {
         SimpleCipher cipher = cipherOf(password);
-        return fullprojectjson::write(body, identity, stored, cipher, watch) && body.flush();
+        return fullprojectjson::write(body, identity, stored, cipher, progress) && body.flush();
     });
     if (!written)
         return {0, false, body.error() == QFileDevice::NoError ? QString() : body.errorString(), {}};

@@ -2,7 +2,7 @@
 
 #include "link/Message.h"
 #include "merge/ProjectRecords.h"
-#include "merge/Watch.h"
+#include "project/Progress.h"
 
 #include <QJsonObject>
 
@@ -37,7 +37,7 @@ public:
 
     /// Fills all lists from a reply that brings a project. False when it can't be read, with what could be
     /// left out; the lists are then empty. Any thread.
-    bool loadFromJson(const QByteArray& reply, const QString& password, const Watch& watch = {});
+    bool loadFromJson(const QByteArray& reply, const QString& password, const Progress& progress = {});
 
     /// Fills all lists from the open project, whose texts have to be here. False when one can't be read. The
     /// records don't share their state with the models. Main thread.
@@ -47,10 +47,10 @@ public:
     QJsonObject toJson() const;
 
     /// Stores all records as the new project that `target` names, with that password, and waits in a local
-    /// event loop. The message's `json` holds `project`. A `target` without a name is an error. A watch that
-    /// ends the work before it is sent gives a message without a text. Main thread.
+    /// event loop. The message's `json` holds `project`. A `target` without a name is an error. A progress
+    /// that ends the work before it is sent gives a message without a text. Main thread.
     Message save(DataHelper& helper, const QJsonObject& target, const QString& password,
-                 const Watch& watch = {}) const;
+                 const Progress& progress = {}) const;
 
 private:
     /// Invalid when there is no such preference.

@@ -3,6 +3,7 @@
 #include "link/DataHelper.h"
 #include "merge/FullProjectJson.h"
 #include "merge/Merging.h"
+#include "merge/ProgressPart.h"
 #include "merge/RunAside.h"
 
 #include <QElapsedTimer>
@@ -115,7 +116,7 @@ bool ProjectMerger::exists(const QJsonObject& proj) {
     });
 }
 
-std::unique_ptr<Project> ProjectMerger::read(const Input& input, const Watch& watch) {
+std::unique_ptr<Project> ProjectMerger::read(const Input& input, const Progress& progress) {
     QByteArray reply;
     const Message message = m_helper->readProject(input.identity, reply);
     if (!message.status) {
@@ -136,7 +137,7 @@ std::unique_ptr<Project> ProjectMerger::read(const Input& input, const Watch& wa
         });
         project = std::make_unique<Project>(whole);
         return project->acceptsPassword(input.password) &&
-               project->loadFromJson(reply, input.password, watch);
+               project->loadFromJson(reply, input.password, progress);
     });
     if (good)
         return project;
@@ -180,8 +181,8 @@ bool ProjectMerger::merge(const QJsonObject& proj, const QString& password) {
 }
 
 bool ProjectMerger::mergeInputs(const QJsonObject& proj, const QString& password) {
-    const Watch watch = [this](int percent) {
-        QMetaObject::invokeMethod(this, [this, percent] { tell(percent); });
+    const Progress progress = [this](qint64 done, qint64 of) {
+        QMetaObject::invokeMethod(this, [this, done, of] { tell(static_cast<int>(done * 100 / of)); });
         return !m_cancelled;
     };
     QElapsedTimer timer;
@@ -193,7 +194,7 @@ bool ProjectMerger::mergeInputs(const QJsonObject& proj, const QString& password
     for (const Input* input : all) {
         const int from = mergingShare * done / static_cast<int>(all.size());
         const int to = mergingShare * ++done / static_cast<int>(all.size());
-        std::unique_ptr<Project> project = read(*input, part(watch, from, to));
+        std::unique_ptr<Project> project = read(*input, progressPart(progress, from, to));
         if (!project || m_cancelled)
             return false;
         runAside([&] {
@@ -211,7 +212,7 @@ bool ProjectMerger::mergeInputs(const QJsonObject& proj, const QString& password
     result->records() = merging->result();
     merging.reset();
     const qint64 mergeTime = timer.restart();
-    const Message message = result->save(*m_helper, proj, password, part(watch, mergingShare, 99));
+    const Message message = result->save(*m_helper, proj, password, progressPart(progress, mergingShare, 99));
     const qint64 writeTime = timer.elapsed();
     QTextStream(stdout) << "merging " << mergeTime << "\nwriting " << writeTime << "\nratio "
                         << static_cast<double>(mergeTime) /

@@ -74,7 +74,7 @@ private:
     /// stayed as it was; null when it can't be read.
     const Project* load(const QJsonObject& identity);
     std::unique_ptr<Input> opened(const QJsonObject& project, const QString& password);
-    std::unique_ptr<Project> read(const Input& input, const Watch& watch);
+    std::unique_ptr<Project> read(const Input& input, const Progress& progress);
     std::vector<const Input*> inputs() const;
     bool mergeInputs(const QJsonObject& proj, const QString& password);
     void tell(int percent);
