@@ -137,6 +137,17 @@ public:
     Q_INVOKABLE int batchImportQuestions(const QList<QUrl>& files, const QString& questionMarker,
                                          const QString& answerMarker, bool showInfo = false);
 
+    // Exports. They show a progress of their own, which the user can cancel; that is no failure.
+
+    /// Writes all sources into one Word document; ".docx" is added to a name without it.
+    Q_INVOKABLE bool exportDocx(const QUrl& docxURL);
+    /// Writes each source into a document of its own; `open` shows the folder afterwards, `useGUID` names the
+    /// files by uuids.
+    Q_INVOKABLE bool exportDocxWithSeparateSources(const QUrl& outFolder, bool open = false,
+                                                   bool useGUID = false, bool includeTitle = true);
+    /// Why the last export failed, also that of tables; empty when it didn't.
+    Q_INVOKABLE QString lastExportError() const { return m_exportError; }
+
     // Search: see Search::SourceSearch, whose signals come through as those of the search below.
 
     /// `sourceId` 0 stands for all sources. The results come by signal, within the call.
@@ -180,4 +191,5 @@ private:
     bool m_clipboardHasText = false;
     QString m_userInvokedFile;
     bool m_readingCancelled = false;
+    QString m_exportError;
 };

@@ -6,6 +6,7 @@
 namespace cli {
 
 Outcome exportCsv(const Invocation& invocation, const Console& console);
+Outcome exportDocx(const Invocation& invocation, const Console& console);
 Outcome exportJson(const Invocation& invocation, const Console& console);
 Outcome info(const Invocation& invocation, const Console& console);
 

@@ -88,6 +88,13 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("export-csv secret.krn secret --password-file nowhere", 1, "nowhere can't be read");
     row("export-csv secret.krn secret --password-file password", 0, "^$");
     row("export-csv study.krn password", 1, "password can't be made");
+    row("export-docx study.krn study.docx", 0, "^$");
+    row("export-docx study.krn study.docx", 1, "study\\.docx is there already");
+    row("export-docx study.krn tables/no/a.docx", 1, "a\\.docx can't be written");
+    row("export-docx study.krn documents --separate", 0, "^$");
+    row("export-docx study.krn documents --separate", 1, "documents is there already");
+    row("export-docx study.krn documents --separate --force", 0, "^$");
+    row("export-docx study.krn documents --force", 1, "documents can't be written: a folder has this name");
     row("export-json study.krn whole.json", 0, "^$");
     row("export-json study.krn whole.json", 1, "whole\\.json is there already");
     row("export-json study.krn whole.json --force", 0, "^$");
