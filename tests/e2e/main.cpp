@@ -2,6 +2,7 @@
 #include "CloudJob.h"
 #include "CodingJob.h"
 #include "CopiesJob.h"
+#include "ExportJob.h"
 #include "FirstLightJob.h"
 #include "ImportJob.h"
 #include "LooksJob.h"
@@ -45,6 +46,7 @@ const std::vector<JobEntry>& jobs() {
         {"cloud", CloudJob::runs(), {}, make<CloudJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
         {"copies", CopiesJob::runs(), {}, make<CopiesJob>},
+        {"export", ExportJob::runs(), {}, make<ExportJob>},
         {"import", ImportJob::runs(), {}, make<ImportJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},

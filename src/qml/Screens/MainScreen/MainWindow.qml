@@ -126,6 +126,11 @@ KernovaWindow {
 
     MessageDialogs {}
 
+    Loader {
+        active: CentralManager.showExportDOCXDialog > 0
+        source: "../../dialogs/ExportDocxDialog.qml"
+    }
+
     Connections {
         target: CentralManager
 

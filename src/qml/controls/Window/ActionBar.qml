@@ -153,6 +153,8 @@ Rectangle {
 
     SaveProjectDialog { id: _saveDialog }
 
+    ExportCsvDialog { id: _csvDialog }
+
     ProjectMenu {
         id: _projectMenu
         saveDialog: _saveDialog
@@ -161,6 +163,7 @@ Rectangle {
     ExportMenu {
         id: _exportMenu
         saveDialog: _saveDialog
+        csvDialog: _csvDialog
     }
 
     ViewMenu { id: _viewMenu }

@@ -7,6 +7,7 @@ StyledMenu {
     id: root
 
     property SaveProjectDialog saveDialog
+    property ExportCsvDialog csvDialog
     readonly property bool __hasSource: CentralManager.currentSourceId > 0
 
     // In the cloud a part becomes a project there, on this computer a file.
@@ -17,6 +18,23 @@ StyledMenu {
             saveDialog.ask(localMode)
     }
 
+    MenuItem {
+        text: qsTr("Export Spreadsheet (CSV)")
+        enabled: root.__hasSource
+        onTriggered: csvDialog.open()
+    }
+    MenuSeparator {}
+    MenuItem {
+        text: qsTr("Export Sources as Word Document")
+        enabled: root.__hasSource
+        onTriggered: CentralManager.showExportDOCXDialog = 1
+    }
+    MenuItem {
+        text: qsTr("Individual Sources as Word Document")
+        enabled: root.__hasSource
+        onTriggered: CentralManager.showExportDOCXDialog = 2
+    }
+    MenuSeparator {}
     MenuItem {
         text: qsTr("Export Project (Sources Only)")
         enabled: root.__hasSource

@@ -1,0 +1,151 @@
+#include "ExportJob.h"
+
+#include "import/DOCXTextExtractor.h"
+#include "link/IdManager.h"
+#include "project/KRNFile.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+constexpr int bulkSources = 150;
+constexpr int bulkLength = 100000;
+
+const QString text = QString::fromUtf8("They said: \"Wait, and see\".\nAnd so we did – for years.\n");
+const QString csvEntry = QStringLiteral("Export Spreadsheet (CSV)");
+const QString wordEntry = QStringLiteral("Export Sources as Word Document");
+const QString separateEntry = QStringLiteral("Individual Sources as Word Document");
+
+/// Takes the addresses that the program wants to be shown.
+class ShownFolders : public QObject {
+    Q_OBJECT
+
+public:
+    ShownFolders() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "show"); }
+    ~ShownFolders() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    QStringList folders;
+
+public slots:
+    void show(const QUrl& url) { folders << url.toLocalFile(); }
+};
+
+}  // namespace
+
+QStringList ExportJob::runs() {
+    return {QStringLiteral("dark")};
+}
+
+bool ExportJob::play(const QString& run) {
+    return signIn() && createProject(path(QStringLiteral("study.krn"))) &&
+           chooseTheme(run == QLatin1String("dark")) && makeCodedText() && exportTables() &&
+           exportDocuments() && cancelExport();
+}
+
+QString ExportJob::folder(const QString& name) {
+    QDir(path(name)).removeRecursively();
+    QDir().mkpath(path(name));
+    return path(name);
+}
+
+bool ExportJob::makeCodedText() {
+    const QString source = path(QStringLiteral("Yard.txt"));
+    if (!writeFile(source, text) || !importFiles({source}) || !addKerno(QStringLiteral("Belonging")))
+        return false;
+    const QString problem = m_source.read(text) ? m_source.select(QStringLiteral("Wait, and see"))
+                                                : QStringLiteral("the text is not shown");
+    if (!expect(problem.isEmpty(), problem))
+        return false;
+    m_source.dragSelectionTo(m_canvas.bubble(QStringLiteral("Belonging")));
+    return until([] { return KRNFile::instance()->totalHighlightsCount() == 1; },
+                 QStringLiteral("the passage is not coded"));
+}
+
+bool ExportJob::exportTo(const QString& entry, const QString& path) {
+    return click(QStringLiteral("Export")) && shown(entry) && shoot(QStringLiteral("export-menu")) &&
+           chooseProject(entry, path);
+}
+
+bool ExportJob::fileHolds(const QString& path, const QByteArray& bytes) {
+    const auto holds = [&] {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) && file.readAll().contains(bytes);
+    };
+    return until(holds, path + QStringLiteral(" does not hold ") + QString::fromUtf8(bytes));
+}
+
+bool ExportJob::exportTables() {
+    const ShownFolders shownFolders;
+    const QString tables = folder(QStringLiteral("tables"));
+    if (!exportTo(csvEntry, tables) ||
+        !fileHolds(tables + QStringLiteral("/Quotes.csv"),
+                   "\"Belonging\",1,\"Yard\",1,\"Wait, and see\",\n") ||
+        !fileHolds(tables + QStringLiteral("/Sources.csv"), "\"They said: \"\"Wait, and see\"\".\n") ||
+        !until([&] { return shownFolders.folders == QStringList{tables}; },
+               QStringLiteral("the folder of the tables is not shown")))
+        return false;
+    QFile::remove(tables + QStringLiteral("/Memos.csv"));
+    QDir().mkpath(tables + QStringLiteral("/Memos.csv"));
+    QString told;
+    const bool answered = m_driver.during([&] { exportTo(csvEntry, tables); },
+                                          [&] {
+                                              told = m_driver.messageBoxText();
+                                              return m_driver.answerMessageBox(QStringLiteral("OK"));
+                                          });
+    return expect(answered && told.startsWith(QStringLiteral("An error occurred during CSV export!")) &&
+                      told.contains(QStringLiteral("Memos.csv")),
+                  QStringLiteral("a failed export is not told: ") + told);
+}
+
+bool ExportJob::exportDocuments() {
+    const QString all = folder(QStringLiteral("documents")) + QStringLiteral("/all");
+    const QString single = path(QStringLiteral("documents/each/1_Yard.docx"));
+    QDir().mkpath(path(QStringLiteral("documents/each")));
+    const auto written = [](const QString& file) {
+        return QFile::exists(file) &&
+               DOCXTextExtractor(file).extract().contains(QStringLiteral("And so we did"));
+    };
+    return exportTo(wordEntry, all) &&
+           until([&] { return written(all + QStringLiteral(".docx")); },
+                 QStringLiteral("there is no document of all sources")) &&
+           exportTo(separateEntry, path(QStringLiteral("documents/each"))) &&
+           until([&] { return written(single); }, QStringLiteral("there is no document of the source"));
+}
+
+// Many long texts, so that there is time to think better of it.
+bool ExportJob::cancelExport() {
+    KRNFile* const project = KRNFile::instance();
+    IdManager* const ids = IdManager::instance();
+    const QString longText = QStringLiteral("What was said there. ").repeated(bulkLength / 21);
+    for (int i = 0; i < bulkSources; ++i) {
+        const int sourceId = ids->nextSourceId();
+        project->saveAnswer(QuestionAnswer(ids->nextAnswerId(), 1, sourceId, QString(), longText, {}));
+        project->saveSource(Source(sourceId, QStringLiteral("Talk %1").arg(i), QString(), QString(), {}));
+    }
+    if (!until([&] { return project->sources().size() > bulkSources && project->allTextsHere(); },
+               QStringLiteral("the long texts do not come")))
+        return false;
+    const QString tables = folder(QStringLiteral("cancelled"));
+    bool chosen = false;
+    const bool cancelled = m_driver.during(
+        [&] {
+            click(QStringLiteral("Export"));
+            click(wordEntry);
+        },
+        [&] {
+            chosen = chosen || m_driver.chooseFiles({tables + QStringLiteral("/never.docx")});
+            if (!chosen || !m_driver.progressIsShown())
+                return false;
+            shoot(QStringLiteral("progress"));
+            return m_driver.cancelProgress();
+        });
+    return expect(cancelled, QStringLiteral("an export can't be cancelled")) &&
+           until([&] { return !m_driver.progressIsShown(); }, QStringLiteral("the progress stays")) &&
+           expect(QDir(tables).isEmpty(QDir::Files), QStringLiteral("there is half a document")) &&
+           expect(m_driver.messageBoxText().isEmpty(),
+                  QStringLiteral("a cancelled export is told as a failure"));
+}
+
+#include "ExportJob.moc"

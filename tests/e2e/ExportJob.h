@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Job.h"
+
+/// Takes what was made out of the program: tables and Word documents, each from the menu to the file; gives
+/// an export up in the middle; and brings a table in.
+class ExportJob : public Job {
+public:
+    using Job::Job;
+
+    static QStringList runs();
+
+    bool play(const QString& run) override;
+
+private:
+    bool makeCodedText();
+    bool exportTables();
+    bool exportDocuments();
+    bool cancelExport();
+
+    /// Triggers an entry of the export menu, and gives its dialog a file or folder.
+    bool exportTo(const QString& entry, const QString& path);
+    bool fileHolds(const QString& path, const QByteArray& bytes);
+    QString folder(const QString& name);
+};
