@@ -56,6 +56,13 @@ QString highlights(int source, int question, int kerno) {
     return DataHelper::listText<Highlight>({sourceId(source), questionId(question), kernoId(kerno)});
 }
 
+QString highlightPlaces(int source) {
+    return wire::read(wire::operationName(Record::Highlight, Operation::QueryList),
+                      source > 0 ? QStringList{sourceId(source)} : QStringList(),
+                      {QStringLiteral("id"), QStringLiteral("kernoId"), QStringLiteral("sourceId"),
+                       QStringLiteral("questionId"), QStringLiteral("start"), QStringLiteral("length")});
+}
+
 QString highlightsInWindow(int source, int question, int offset, int length) {
     return DataHelper::listText<Highlight>(window(source, question, offset, length),
                                            Operation::QueryListWithOffset);

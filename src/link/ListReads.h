@@ -11,6 +11,8 @@ QString highlightsOfKerno(int kernoId);
 QString highlightsOfSource(int sourceId);
 QString highlights(int sourceId, int questionId);
 QString highlights(int sourceId, int questionId, int kernoId);
+/// Of a source's highlights, or with 0 of all, only the ids and the place: a third of what all fields take.
+QString highlightPlaces(int sourceId = 0);
 /// Highlights that meet `sourceLength` characters from `sourceOffset`; a length of -1 means up to the end.
 QString highlightsInWindow(int sourceId, int questionId, int sourceOffset, int sourceLength);
 /// Read at the key `highlightQueryListBySourceQuestionAndKernos`; `kernoIds` is handed on as it stands.

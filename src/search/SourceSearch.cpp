@@ -16,7 +16,6 @@ namespace Search {
 namespace {
 
 using Place = QPair<int, int>;  ///< source and question
-using Candidates = QVector<QPair<QuestionAnswer, Stretch>>;
 
 // Up to so many sources, reading the highlights of each is cheaper than reading all.
 constexpr int fewSources = 30;
@@ -48,12 +47,12 @@ void SourceSearch::search(const Request& request) {
     if (request.term.isEmpty() || find(request, results))
         emit resultsAvailable(results);
     else
-        emit m_file->notifyUser(tr("Not all texts could be loaded, so the search was not made."));
+        emit m_file->notifyUser(tr("Not all texts and codings could be loaded, so the search was not made."));
     m_running = false;
     emit finished();
 }
 
-// False when texts could not be had.
+// False when texts or codings could not be had.
 bool SourceSearch::find(const Request& request, QVariantList& results) const {
     const Criteria criteria = readCriteria(request.criteria);
     if (!m_file->isOpened() || !m_hit.isValid() || canFindNothing(criteria, request.isAnd))
@@ -61,7 +60,10 @@ bool SourceSearch::find(const Request& request, QVariantList& results) const {
     const QList<Source> sources = passingSources(request, criteria);
     if (sources.size() > 1 && !m_file->waitForTexts())
         return false;
-    for (const auto& [answer, range] : candidates(sources, request, criteria)) {
+    Candidates candidates;
+    if (!findCandidates(sources, request, criteria, candidates))
+        return false;
+    for (const auto& [answer, range] : qAsConst(candidates)) {
         for (const Stretch& found : excerptRanges(answer.plainAnswer(), range, m_hit))
             results.append(QVariant::fromValue(excerpt(answer, found, m_hit)));
     }
@@ -95,18 +97,21 @@ QVariantList SourceSearch::propertyValues(int sourceId, int keyId) const {
     return values;
 }
 
-Candidates SourceSearch::candidates(const QList<Source>& sources, const Request& request,
-                                    const Criteria& criteria) const {
+// False when the codings could not be read.
+bool SourceSearch::findCandidates(const QList<Source>& sources, const Request& request,
+                                  const Criteria& criteria, Candidates& list) const {
     QuestionAnswerMainModel* const answers = m_file->answerModel();
-    Candidates list;
     if (!request.options.testFlag(Option::CodedTextOnly) && criteria.kernos.isEmpty()) {
         for (const Source& source : sources) {
             for (const QuestionAnswer& answer : answers->answers(source.sourceId()))
                 list.append({answer, {0, answer.answerLength()}});
         }
-        return list;
+        return true;
     }
-    const auto highlightsAt = byPlace(highlights(sources, criteria.kernos));
+    QList<Highlight> highlights;
+    if (!readHighlights(sources, criteria.kernos, highlights))
+        return false;
+    const auto highlightsAt = byPlace(highlights);
     const auto codedRanges = request.isAnd ? codedForAll : codedForAny;
     const QList<Question> questions = m_file->questionListModel()->snapshot();
     for (const Source& source : sources) {
@@ -119,23 +124,29 @@ Candidates SourceSearch::candidates(const QList<Source>& sources, const Request&
                 list.append({answer, {range.first, range.second}});
         }
     }
-    return list;
+    return true;
 }
 
-QList<Highlight> SourceSearch::highlights(const QList<Source>& sources,
-                                          const QList<KernoCriterion>& criteria) const {
-    QList<Highlight> list;
+// False when the service could not be read.
+bool SourceSearch::readHighlights(const QList<Source>& sources, const QList<KernoCriterion>& criteria,
+                                  QList<Highlight>& list) const {
+    QStringList texts;
     if (needsOnlyNamedKernos(criteria)) {
         for (const KernoCriterion& criterion : criteria)
-            list += m_file->highlightsOfKerno(criterion.kernoId);
+            texts.append(reads::highlightsOfKerno(criterion.kernoId));
     } else if (sources.size() <= fewSources) {
         for (const Source& source : sources)
-            list += m_file->dataHelper()->queryList<Highlight>(reads::highlightsOfSource(source.sourceId()),
-                                                               DataHelper::highlightKeys());
+            texts.append(reads::highlightPlaces(source.sourceId()));
     } else {
-        list = m_file->dataHelper()->findAll<Highlight>();
+        texts.append(reads::highlightPlaces());
     }
-    return list;
+    for (const QString& text : qAsConst(texts)) {
+        QList<Highlight> some;
+        if (!m_file->dataHelper()->queryList(text, some))
+            return false;
+        list += some;
+    }
+    return true;
 }
 
 }  // namespace Search

@@ -34,8 +34,8 @@ class SourceSearch : public QObject {
 public:
     explicit SourceSearch(KRNFile* file, QObject* parent = nullptr);
 
-    /// Does nothing while a search waits for texts. When texts could not be had, `resultsAvailable` doesn't
-    /// come, and the user is told.
+    /// Does nothing while a search waits for texts. When texts or codings could not be had,
+    /// `resultsAvailable` doesn't come, and the user is told.
     void search(const Request& request);
 
     /// The excerpt [start, start + length) of an answer, marked as in the last search.
@@ -50,9 +50,11 @@ signals:
 private:
     bool find(const Request& request, QVariantList& results) const;
     QList<Source> passingSources(const Request& request, const Criteria& criteria) const;
-    QVector<QPair<QuestionAnswer, Stretch>> candidates(const QList<Source>& sources, const Request& request,
-                                                       const Criteria& criteria) const;
-    QList<Highlight> highlights(const QList<Source>& sources, const QList<KernoCriterion>& criteria) const;
+    using Candidates = QVector<QPair<QuestionAnswer, Stretch>>;
+    bool findCandidates(const QList<Source>& sources, const Request& request, const Criteria& criteria,
+                        Candidates& list) const;
+    bool readHighlights(const QList<Source>& sources, const QList<KernoCriterion>& criteria,
+                        QList<Highlight>& list) const;
     QVariantList propertyValues(int sourceId, int keyId) const;
 
     KRNFile* m_file;

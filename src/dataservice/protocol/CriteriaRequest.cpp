@@ -3,24 +3,32 @@
 #include "protocol/StatisticsRequests.h"
 #include "store/Criterion.h"
 
+#include <algorithm>
+
 namespace {
 
-/// The requested columns of a table, followed by those that the criterion looks at.
+/// The requested columns of a table, followed by those that the criteria look at and nobody requested.
 struct Columns {
     std::vector<int> requested;
     Selection selection;
+    std::vector<int> examinedPlaces;
 
     Columns(const Table& table, const std::vector<wire::QueryField>& fields, const QString& nested,
             const QStringList& examined, std::vector<Fault>* faults)
         : requested(requestedColumns(table, fields, faults, nested)) {
         selection.table = &table;
         selection.columns = requested;
-        for (const QString& name : examined)
-            selection.columns.push_back(table.indexOf(name));
+        for (const QString& name : examined) {
+            std::vector<int>& columns = selection.columns;
+            const auto found = std::find(columns.cbegin(), columns.cend(), table.indexOf(name));
+            examinedPlaces.push_back(static_cast<int>(found - columns.cbegin()));
+            if (found == columns.cend())
+                columns.push_back(table.indexOf(name));
+        }
     }
 
     /// Where the nth examined column stands in a row.
-    int examined(int n) const { return static_cast<int>(requested.size()) + n; }
+    int examined(int n) const { return examinedPlaces[static_cast<size_t>(n)]; }
 };
 
 /// A bit for each criterion for which `passes` holds, the first in the lowest.
@@ -95,6 +103,9 @@ Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query,
 
     DataPayload payload(query.operation);
     JsonWriter& json = payload.json;
+    const bool readsTexts = std::any_of(criteria.cbegin(), criteria.cend(), [](const Criterion& criterion) {
+        return criterion.readsTextsOfHighlights();
+    });
     const int kernoIdColumn = highlights.selection.table->indexOf(QStringLiteral("kernoId"));
     Outcome inner;
     json.beginArray();
@@ -111,8 +122,8 @@ Answer kernosWithHighlights(ProjectStore& store, const wire::ParsedQuery& query,
             highlights.selection.filters = {{kernoIdColumn, kernoId}};
             inner = store.select(highlights.selection, [&](const RowView& row) {
                 const qint64 source = row.integer(highlights.examined(0));
-                const QString by = row.text(highlights.examined(1));
-                const QString at = row.text(highlights.examined(2));
+                const QString by = readsTexts ? row.text(highlights.examined(1)) : QString();
+                const QString at = readsTexts ? row.text(highlights.examined(2)) : QString();
                 const qint64 passed = candidates & passing(criteria, [&](const Criterion& criterion) {
                                           return criterion.highlightPasses(source, by, at);
                                       });

@@ -27,6 +27,10 @@ public:
 
     bool kernoPasses(qint64 kernoId, const QString& author, const QString& timestamp) const;
     bool highlightPasses(qint64 sourceId, const QString& author, const QString& timestamp) const;
+    /// Whether `highlightPasses` looks at the author or the timestamp.
+    bool readsTextsOfHighlights() const {
+        return m_field == Field::HighlightAuthor || m_field == Field::HighlightDate;
+    }
 
 private:
     enum class Field { None, HighlightAuthor, KernoAuthor, HighlightDate, KernoDate, SourceId, Level, Value };
