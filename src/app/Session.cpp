@@ -12,6 +12,7 @@ Session::Session(KernovaApplication& application, KRNFile* krnFile)
     m_application.setAppHelper(&m_appHelper);
     QObject::connect(&m_termination, &TerminationSignals::received, &m_application, &QCoreApplication::quit);
     m_engine.setNetworkAccessManagerFactory(&m_access);
+    m_engine.setIncubationController(&m_incubation);
     QQmlContext* context = m_engine.rootContext();
     context->setContextProperty(QStringLiteral("krnFile"), m_krnFile);
     context->setContextProperty(QStringLiteral("appHelper"), &m_appHelper);

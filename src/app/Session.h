@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppHelper.h"
+#include "app/Incubation.h"
 #include "app/OfflineAccess.h"
 #include "app/TerminationSignals.h"
 #include "merge/ProjectMerger.h"
@@ -39,5 +40,6 @@ private:
     ModelInstantiator m_instantiator;
     ProjectMerger m_projectMerger;
     OfflineAccess m_access;
+    Incubation m_incubation;
     QQmlApplicationEngine m_engine;
 };
