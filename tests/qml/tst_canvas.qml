@@ -189,6 +189,7 @@ Item {
             CentralManager.canMutate = data.canMutate
             notices.clear()
             mockKernos.append(kerno(6, 4, 0, 0))
+            mockKernos.change(mockKernos.find("kernoId", 4), { hasChildren: true })
             var target = { level: data.canMutate ? 2 : 0, kernoId: data.canMutate ? 6 : 2 }
             verify(!canvas.canvasDropArea.takesKerno(3, target))
             verify(!data.canMutate || canvas.canvasDropArea.takesKerno(3, { level: 1, kernoId: 4 }))

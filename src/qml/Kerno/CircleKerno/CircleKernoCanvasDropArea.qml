@@ -61,6 +61,11 @@ DropArea {
         return CentralManager.canMutate && target.level < 2 && krnFile.canReparent(kernoId, target.kernoId)
     }
 
+    // Whether a drop of what is dragged would be taken by the bubble.
+    function takesDrag(target) {
+        return containsTextDrag ? CentralManager.canMutate : containsCircleDrag && takesKerno(draggedKernoId, target)
+    }
+
     function __reparent(source, target) {
         source.state = "destroyed"
         if (!takesKerno(source.kernoId, target)) {

@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import QtQml 2.15
 import "../../Components"
 
 // A top-level kerno with the ring of its children.
@@ -18,14 +17,22 @@ Item {
 
     readonly property alias bubble: _bubble
     readonly property int kernoId: _bubble.kernoId
-    readonly property point __autoposition: CentralManager.getAutoposition(rowIndex, rowCount)
+    readonly property bool __auto: CentralManager.autoArrangeKernos || forceAutoPosition
+    readonly property point __autoposition: __auto ? CentralManager.getAutoposition(rowIndex, rowCount) : Qt.point(0, 0)
+    // The side of the part of the canvas that each bubble would have to itself.
+    readonly property real __share: 1.2 * canvasBaseScale * Math.sqrt(
+        CentralManager.canvasBaseWidth * CentralManager.canvasBaseHeight / Math.max(1, rowCount))
     readonly property bool __underMouse: !!mouseArea && mouseArea.level0KernoId === kernoId
     readonly property bool __underDrag: !!dropArea && dropArea.level0KernoId === kernoId
     readonly property bool __isDropTarget: __underDrag && !dropArea.level1Kerno
+    readonly property bool __takesDrop: __isDropTarget && dropArea.takesDrag(_bubble)
 
+    state: _bubble.isDragging ? "dragging"
+         : __takesDrop ? (dropArea.containsTextDrag ? "textDragActive" : "circleDropActive")
+         : __underMouse ? "mouseOver" : __underDrag ? "expanded" : ""
+    z: state === "" ? 0 : _bubble.isDragging || (__underMouse && !__takesDrop) ? 2 : 1
+    opacity: _bubble.isDragging ? 0.5 : 1.0
     visible: !!dataSource && (dataSource.visible || krnFile.anyVisibleChildren(kernoId))
-
-    Component.onDestruction: _ring.model = 0
 
     CirclePath {
         id: _ring
@@ -47,56 +54,22 @@ Item {
         expanded: _ring.expanded
         hovered: (root.__underMouse && !root.mouseArea.level1Kerno) || root.__isDropTarget
         isDragging: !!root.mouseArea && root.mouseArea.dragging && root.mouseArea.drag.target === _bubble
+        titleRoom: Math.max(2 * scaledR, Math.min(Units.dp(150), root.__share))
         canvasXAuto: root.__autoposition.x
         canvasYAuto: root.__autoposition.y
+        greyed: root.__takesDrop && !isDragging
         opacity: !isDragging && ((root.__underMouse && root.mouseArea.level1Kerno)
                                  || (root.__underDrag && root.dropArea.level1Kerno)) ? 0.1 : 1.0
-    }
+        x: __homeX
+        y: __homeY
 
-    // Let go during a drag; coming back at its end, they put a refused bubble back to its place.
-    Binding {
-        target: _bubble
-        property: "x"
-        value: _bubble._canvasX * root.canvasBaseScale - _bubble.scaledR
-        when: !_bubble.isDragging && !_bubble.manualPosition
-        restoreMode: Binding.RestoreNone
-    }
-    Binding {
-        target: _bubble
-        property: "y"
-        value: _bubble._canvasY * root.canvasBaseScale - _bubble.scaledR
-        when: !_bubble.isDragging && !_bubble.manualPosition
-        restoreMode: Binding.RestoreNone
-    }
+        readonly property real __homeX: _canvasX * root.canvasBaseScale - scaledR
+        readonly property real __homeY: _canvasY * root.canvasBaseScale - scaledR
 
-    states: [
-        State {
-            name: "dragging"
-            when: _bubble.isDragging
-            PropertyChanges { target: root; z: 2; opacity: 0.5 }
-        },
-        State {
-            name: "circleDropActive"
-            when: root.__isDropTarget && root.dropArea.containsCircleDrag
-                  && root.dropArea.takesKerno(root.dropArea.draggedKernoId, _bubble)
-            PropertyChanges { target: root; z: 1 }
-            PropertyChanges { target: _bubble; background: "grey" }
-        },
-        State {
-            name: "textDragActive"
-            when: root.__isDropTarget && root.dropArea.containsTextDrag && CentralManager.canMutate
-            PropertyChanges { target: root; z: 1 }
-            PropertyChanges { target: _bubble; background: "grey" }
-        },
-        State {
-            name: "mouseOver"
-            when: root.__underMouse
-            PropertyChanges { target: root; z: 2 }
-        },
-        State {
-            name: "expanded"
-            when: root.__underDrag
-            PropertyChanges { target: root; z: 1 }
+        // Let go during a drag; coming back at its end, they put a refused bubble back to its place.
+        onIsDraggingChanged: {
+            x = isDragging ? x : Qt.binding(function() { return __homeX })
+            y = isDragging ? y : Qt.binding(function() { return __homeY })
         }
-    ]
+    }
 }

@@ -13,11 +13,13 @@ Item {
     readonly property bool __underMouse: !!mouseArea && mouseArea.level1KernoId === kernoId
     readonly property bool __underDrag: !!dropArea && dropArea.level1KernoId === kernoId
     readonly property bool __isDropTarget: __underDrag && !dropArea.level2Kerno
+    readonly property bool __takesDrop: __isDropTarget && dropArea.takesDrag(_bubble)
     readonly property bool __othersActive: (!!mouseArea && !!mouseArea.level1Kerno)
                                            || (!!dropArea && !!dropArea.level1Kerno)
 
     width: _bubble.width
     height: _bubble.height
+    z: __takesDrop && dropArea.containsCircleDrag ? 1 : 0
     visible: !!dataSource && (dataSource.visible || krnFile.anyVisibleChildren(kernoId))
 
     CirclePath {
@@ -41,23 +43,9 @@ Item {
         dataSource: root.dataSource
         expanded: _ring.expanded
         hovered: (root.__underMouse && !root.mouseArea.level2Kerno) || root.__isDropTarget
+        greyed: root.__takesDrop
         opacity: !_ring.expanded && root.__othersActive ? 0.1 : 1.0
         onXChanged: x = 0
         onYChanged: y = 0
     }
-
-    states: [
-        State {
-            name: "circleDropActive"
-            when: root.__isDropTarget && root.dropArea.containsCircleDrag
-                  && root.dropArea.takesKerno(root.dropArea.draggedKernoId, _bubble)
-            PropertyChanges { target: root; z: 1 }
-            PropertyChanges { target: _bubble; background: "grey" }
-        },
-        State {
-            name: "textDragActive"
-            when: root.__isDropTarget && root.dropArea.containsTextDrag && CentralManager.canMutate
-            PropertyChanges { target: _bubble; background: "grey" }
-        }
-    ]
 }

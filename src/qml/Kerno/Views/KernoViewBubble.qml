@@ -13,13 +13,14 @@ FocusScope {
     property bool chosen: false
     readonly property alias bubble: _bubble
     readonly property alias kernoId: _bubble.kernoId
+    readonly property bool __takesDrop: !!dropArea && dropArea.containsTextDrag && dropArea.level0KernoId === kernoId
     readonly property bool hovered: !!mouseArea && mouseArea.kernoId === kernoId
     property alias tabStop: _bubble.activeFocusOnTab
     property alias showNumberOfCodings: _bubble.showNumberOfCodings
 
     width: _bubble.width
     height: _bubble.height
-    z: hovered ? 2 : 1
+    z: hovered || __takesDrop ? 2 : 1
 
     CircleParentKerno {
         id: _bubble
@@ -27,6 +28,7 @@ FocusScope {
         manualPosition: true
         focus: true
         hovered: root.hovered
+        greyed: root.__takesDrop
         dataSource: root.dataSource
 
         Accessible.role: Accessible.Button
@@ -44,12 +46,5 @@ FocusScope {
                 color: root.chosen ? ApplicationStyle.orrange_button_color : ApplicationStyle.default_text_color
             }
         }
-    }
-
-    states: State {
-        name: "textDragActive"
-        when: !!root.dropArea && root.dropArea.containsTextDrag && root.dropArea.level0KernoId === root.kernoId
-        PropertyChanges { target: root; z: 2 }
-        PropertyChanges { target: _bubble; background: "grey" }
     }
 }
