@@ -63,7 +63,7 @@ AnswerText AnswerText::prepare(const QString& text) {
         if (HtmlDocument::isPlain(inner)) {
             answer.m_held = framed ? Held::FramedPlainText : Held::PlainText;
             answer.m_stored.clear();
-            answer.m_plain = inner;
+            answer.m_plain = CompactText(inner);
             return answer;
         }
         answer.m_document = HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
@@ -72,7 +72,7 @@ AnswerText AnswerText::prepare(const QString& text) {
     }
     if (!answer.m_document.isParsed())
         qDebug() << "Failed to parse HTML" << answer.m_stored.size();
-    answer.m_plain = answer.m_document.plainText();
+    answer.m_plain = CompactText(answer.m_document.plainText());
     return answer;
 }
 
@@ -81,25 +81,25 @@ AnswerText AnswerText::part(const AnswerText& whole, int start, int length) {
     answer.m_isHtml = whole.m_isHtml;
     answer.m_document = whole.document().window(start, length);
     answer.m_stored = answer.m_document.serialized();
-    answer.m_plain = answer.m_document.plainText();
+    answer.m_plain = CompactText(answer.m_document.plainText());
     return answer;
 }
 
 AnswerText AnswerText::marked(const QString& plain, const Marks& marks) {
     AnswerText answer;
     answer.m_held = Held::MarkedText;
-    answer.m_plain = plain;
+    answer.m_plain = CompactText(plain);
     answer.m_marks = marks;
     return answer;
 }
 
 QString AnswerText::stored() const {
     if (m_held == Held::MarkedText)
-        return wrapped(withMarks(m_plain, m_marks));
+        return wrapped(withMarks(plain(), m_marks));
     if (m_held == Held::Document)
         return m_stored;
     const QString frame = m_held == Held::FramedPlainText ? QStringLiteral("\n") : QString();
-    return wrapperStart + frame + m_plain + frame + wrapperEnd;
+    return wrapperStart + frame + plain() + frame + wrapperEnd;
 }
 
 HtmlDocument AnswerText::document() const {
@@ -107,9 +107,9 @@ HtmlDocument AnswerText::document() const {
     case Held::Document:
         return m_document;
     case Held::MarkedText:
-        return HtmlDocument::parse(wrapperStart + withMarks(m_plain, m_marks) + wrapperEnd);
+        return HtmlDocument::parse(wrapperStart + withMarks(plain(), m_marks) + wrapperEnd);
     default:
-        return HtmlDocument::fromPlainText(m_plain);
+        return HtmlDocument::fromPlainText(plain());
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CompactText.h"
 #include "records/HtmlDocument.h"
 
 #include <QString>
@@ -16,7 +17,9 @@ public:
     /// Whether it was written as a document of its own, by the web client.
     bool isHtml() const { return m_isHtml; }
     HtmlDocument document() const;
-    const QString& plain() const { return m_plain; }
+    QString plain() const { return m_plain.text(); }
+    /// Length of the plain text, in UTF-16 units.
+    int length() const { return m_plain.size(); }
     /// The whole document.
     QString serialized() const { return document().serialized(); }
 
@@ -36,7 +39,7 @@ private:
 
     Held m_held = Held::Document;
     bool m_isHtml = false;
-    QString m_plain;
+    CompactText m_plain;
     QString m_stored;         ///< of a document
     HtmlDocument m_document;  ///< of a document
     Marks m_marks;            ///< of a marked text

@@ -101,7 +101,7 @@ public:
     QString richAnswer() const { return state().text->document().richText(); }
 
     /// Length of the plain text, in UTF-16 units.
-    int answerLength() const { return state().text->plain().size(); }
+    int answerLength() const { return state().text->length(); }
 
     /// Where a part begins in the whole answer's plain text; 0 for a whole answer.
     int offset() const { return state().offset; }

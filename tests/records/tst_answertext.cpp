@@ -50,7 +50,7 @@ private slots:
     void cutsWindows();
     void refusesOnlyAbsurdNesting_data();
     void refusesOnlyAbsurdNesting();
-    void copiesShareTheParsedText();
+    void keepsTextsOfAllCharacters();
     void enciphersWithThePassword();
 };
 
@@ -235,12 +235,29 @@ void AnswerTextTest::refusesOnlyAbsurdNesting() {
         QCOMPARE(answer.storedAnswer(), text);
 }
 
-void AnswerTextTest::copiesShareTheParsedText() {
-    const QuestionAnswer answer = answerOf(QStringLiteral("long text"));
-    QuestionAnswer copy = answer;
-    QCOMPARE(copy.plainAnswer().constData(), answer.plainAnswer().constData());
-    copy.setAnswer(QStringLiteral("other"));
-    QCOMPARE(answer.plainAnswer(), QStringLiteral("long text"));
+// However a text is kept, and whatever was read before it.
+void AnswerTextTest::keepsTextsOfAllCharacters() {
+    QRandomGenerator random(3);
+    QList<QString> texts;
+    QList<QuestionAnswer> answers;
+    for (ushort widest : {0x7f, 0xff, 0x100, 0x24f}) {
+        for (int length : {0, 1, 999, 1000, 3000}) {
+            QString text(length, QLatin1Char('x'));
+            for (int i = 0; i < length; ++i)
+                text[i] = QChar(static_cast<ushort>(random.bounded(int('a'), widest + 1)));
+            if (length > 0)
+                text[random.bounded(length)] = QChar(widest);
+            texts << text;
+            answers << answerOf(text);
+        }
+    }
+    QuestionAnswer copy = answers.last();
+    copy.setAnswer(texts.first());
+    for (int round = 0; round < 200; ++round) {
+        const int i = random.bounded(texts.size());
+        QCOMPARE(answers.at(i).plainAnswer(), texts.at(i));
+        QCOMPARE(answers.at(i).answerLength(), texts.at(i).size());
+    }
 }
 
 void AnswerTextTest::enciphersWithThePassword() {
