@@ -5,6 +5,9 @@
 
 #include <QJsonArray>
 #include <algorithm>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -27,6 +30,13 @@ QList<QuestionAnswer> recordsOf(const QJsonObject& data, SimpleCipher cipher) {
     for (const QJsonValue& element : array)
         list.append(QuestionAnswer(element.toObject(), "queryList", &cipher));
     return list;
+}
+
+// Replies in all their forms have come and gone among the texts; without this the allocator keeps their room.
+void giveBackFreeMemory() {
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }
 
 }  // namespace
@@ -202,8 +212,10 @@ void TextLoader::announce() {
         m_sinceProgress.restart();
         emit progressed();
     }
-    if (!isLoading())
-        emit finished();
+    if (isLoading())
+        return;
+    m_pool.start(giveBackFreeMemory);
+    emit finished();
 }
 
 // The numbers of requests begin anew with the next link, so that nothing that is under way can come.
