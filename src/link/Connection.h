@@ -103,7 +103,6 @@ signals:
     void reconnected();
     void error();
     void sent();
-    void msgQueueEmptied();
     void initHttp();
     void httpPost(QNetworkRequest req, QByteArray json);
     void httpGet(QNetworkRequest req);

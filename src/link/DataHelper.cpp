@@ -81,7 +81,10 @@ bool DataHelper::tryRead(const QString& text, Log log, QJsonObject& data) {
         return true;
     const ReplyBase reply = m_connection->request(text);
     data = reply.data();
-    return !reply.isNull() && reply.errors().isEmpty();
+    const bool answered = !reply.isNull() && reply.errors().isEmpty();
+    if (!answered)
+        emit readFailed();
+    return answered;
 }
 
 bool DataHelper::write(const QString& text, bool blocking) {
@@ -126,8 +129,11 @@ int DataHelper::queryInt(const QString& text, const QString& key) {
 
 QJsonValue DataHelper::queryValue(const QString& text, const QString& key) {
     const QJsonObject data = read(text, Log::Refusal);
-    const auto found = data.constFind(key);
-    return found == data.constEnd() ? QJsonValue() : *found;
+    const QJsonValue value = data.value(key);
+    if (!value.isUndefined() && !value.isNull())
+        return value;
+    emit readFailed();
+    return {};
 }
 
 QVariantList DataHelper::queryIds(const QString& text, const QString& word, const QString& field) {
@@ -152,13 +158,23 @@ QStringList DataHelper::queryAuthors(const QString& word) {
 }
 
 int DataHelper::maxId(const QString& word, bool next) {
-    return queryInt(wire::maxId(word, next), word + wire::suffix(wire::Operation::MaxId));
+    const int id = queryInt(wire::maxId(word, next), word + wire::suffix(wire::Operation::MaxId));
+    if (next && id < 1)
+        emit readFailed();
+    return id;
 }
 
 QList<int> DataHelper::nextIds(const QString& word, int count) {
     QMutexLocker locker(&m_mutex);
     if (count < 1 || !mayRead(Log::Refusal))
         return {};
+    const QList<int> ids = reserved(word, count);
+    if (ids.isEmpty())
+        emit readFailed();
+    return ids;
+}
+
+QList<int> DataHelper::reserved(const QString& word, int count) {
     const QString text = wire::maxId(word, true);
     const QString key = word + wire::suffix(wire::Operation::MaxId);
     QList<int> ids;

@@ -210,6 +210,8 @@ signals:
     void accessRevoked();
     /// A write that waited for its reply got none: it may be stored or not.
     void writeUnanswered();
+    /// A read that waited got no reply, or an error: what it gives is no answer.
+    void readFailed();
     /// The link is back, but the local project that was open could not be opened again; it is forgotten.
     void reopenFailed(QString error);
 
@@ -247,6 +249,7 @@ private:
     QJsonObject read(const QString& text, Log log);
     bool tryRead(const QString& text, Log log, QJsonObject& data);
     bool write(const QString& text, bool blocking);
+    QList<int> reserved(const QString& word, int count);
     void reopen(const QJsonObject& project);
     void switchRegion(const QString& region);
     void forgetProject();

@@ -17,6 +17,7 @@ UndoManager::UndoManager(KRNFile* file, QObject* parent)
         emit countChanged();
         emit indexChanged();
     });
+    connect(file->dataHelper(), &DataHelper::readFailed, this, [this] { ++m_failedReads; });
 }
 
 UndoManager::~UndoManager() {
@@ -54,8 +55,15 @@ bool UndoManager::mayChange() const {
     return m_file->isOpened() && m_file->dataHelper()->isConnected() && m_file->canMutate(true);
 }
 
+// A command may also be invalid because there is nothing to change, which is no failure.
 bool UndoManager::perform(const Builder& build) {
-    return mayChange() && run(build());
+    if (!mayChange())
+        return false;
+    const int failedBefore = m_failedReads;
+    const bool done = run(build());
+    if (!done && m_failedReads != failedBefore)
+        emit changeRefused();
+    return done;
 }
 
 bool UndoManager::push(Command command) {

@@ -141,6 +141,8 @@ signals:
     void redoTextChanged();
     void countChanged();
     void indexChanged();
+    /// A change the user asked for isn't made, because the service didn't answer what it has to know first.
+    void changeRefused();
 
 private:
     /// Whether mutations would be sent; tells the user when only the access level forbids it.
@@ -154,6 +156,7 @@ private:
     QUndoStack* m_undoStack = nullptr;
     KRNFile* m_file = nullptr;
     QString m_macroText;
+    int m_failedReads = 0;
     int m_macros = 0;          ///< how many are begun and not ended
     bool m_macroOpen = false;  ///< and something was pushed
 };

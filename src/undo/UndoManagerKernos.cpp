@@ -31,7 +31,7 @@ void UndoManager::addHighlightToNewKerno(const Highlight& highlight, const Kerno
         return command;
     });
     if (isAdded)
-        run(std::make_unique<AddHighlightCommand>(coded, m_file, true));
+        perform([&] { return std::make_unique<AddHighlightCommand>(coded, m_file, true); });
     endMacro();
 }
 

@@ -204,6 +204,7 @@ void tst_CommandOrder::whatCantBePreparedWholeIsRefused() {
     ScriptedProject project;
     QVERIFY(project.isOpen);
     fill(project);
+    QSignalSpy refused(&project.undo, &UndoManager::changeRefused);
     const bool reads = mutations.contains(text("highlight"));
     const bool reserves = mutations.contains(QRegularExpression(text("CreateOrUpdate( |$)")));
     if (reads) {
@@ -219,6 +220,10 @@ void tst_CommandOrder::whatCantBePreparedWholeIsRefused() {
         QCOMPARE(project.mutations(), QStringList());
     }
     QCOMPARE(project.undo.count(), 0);
+    // The user is told, once for each.
+    QCOMPARE(refused.count(), static_cast<int>(reads) + static_cast<int>(reserves));
+    project.undo.deleteKerno(99);
+    QCOMPARE(refused.count(), static_cast<int>(reads) + static_cast<int>(reserves));
 }
 
 void tst_CommandOrder::kernosMergedInACircleStandOnTop() {

@@ -199,6 +199,14 @@ CentralManagerState {
     }
 
     Connections {
+        target: undoManager
+
+        function onChangeRefused() {
+            root.tell(qsTr("The change was not made, because the project could not be read. Please try again."))
+        }
+    }
+
+    Connections {
         target: krnFile
 
         function onHighlightsUpdated(sourceId, questionId) { root.notifyHighlightsChanged(sourceId, questionId) }

@@ -10,6 +10,8 @@ QtObject {
     property int count: 0
     property var calls: []
 
+    signal changeRefused()
+
     function record(name, args) { calls.push({ name: name, arguments: args }) }
     function last() { return calls[calls.length - 1] }
     function names() { return calls.map(function(call) { return call.name }) }
