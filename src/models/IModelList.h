@@ -9,6 +9,7 @@
 #include <QList>
 #include <QRecursiveMutex>
 #include <QVector>
+#include <optional>
 #include <vector>
 
 /// A list model over records of type `T` with keys of type `K` and field numbers `F`, which double as roles.
@@ -60,6 +61,8 @@ public:
     /// All records, in row order.
     QList<T> snapshot() const;
 
+    bool readAhead() override;
+
     /// The lock over the rows.
     QRecursiveMutex* mutex() const { return &m_mutex; }
 
@@ -67,11 +70,13 @@ protected:
     /// Reads the records of the project, blocking: none on a closed project. False when the read failed, and
     /// the model keeps what it has.
     virtual bool fetchAll(QList<T>& list);
+    /// The same, or the records that were read ahead.
+    bool takeAll(QList<T>& list);
     void fetchAndPublish() override;
     void onVariantData(const QVariant& data) override;
 
     /// Empties the model, so that the next project starts from nothing.
-    void beforeFileClosed() override { setData(QList<T>()); }
+    void beforeFileClosed() override;
 
     /// Where a new record goes: by default after the last row.
     virtual int insertionRow(const T& record) const;
@@ -113,6 +118,7 @@ private:
     void detach(Row* row);
     void renumber(int first, int last);
 
+    std::optional<QList<T>> m_ahead;
     QList<Row*> m_items;
     QHash<K, Row*> m_byKey;
     bool m_hadDuplicates = false;

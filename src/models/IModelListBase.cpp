@@ -56,7 +56,6 @@ void IModelListBase::onFileClosedInternal() {
 }
 
 void IModelListBase::onFileOpenedInternal() {
-    afterFileOpened();
     onFileOpened();
 }
 

@@ -28,6 +28,10 @@ public:
     /// Fetches everything anew.
     virtual void refreshAsync();
 
+    /// Reads what the opening of the project will put into the rows, blocking. False when the read failed, so
+    /// that the opening can end before anything shows.
+    virtual bool readAhead() = 0;
+
 signals:
     /// The first rows since the project was opened have come.
     void initialDataSet();
@@ -42,7 +46,6 @@ protected:
     virtual void onFileOpened();
     virtual void onFileClosed();
     virtual void beforeFileClosed() {}
-    virtual void afterFileOpened() {}
 
     /// Blocks until the records have come, then emits `asyncDataFetched`.
     virtual void fetchAndPublish() = 0;

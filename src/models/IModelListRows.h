@@ -191,9 +191,30 @@ template <typename T, typename K, typename F> bool IModelList<T, K, F>::fetchAll
     return !dataHelper() || dataHelper()->findAll(list);
 }
 
+template <typename T, typename K, typename F> bool IModelList<T, K, F>::readAhead() {
+    QList<T> list;
+    const bool read = fetchAll(list);
+    if (read)
+        m_ahead = list;
+    return read;
+}
+
+template <typename T, typename K, typename F> bool IModelList<T, K, F>::takeAll(QList<T>& list) {
+    if (!m_ahead)
+        return fetchAll(list);
+    list = *m_ahead;
+    m_ahead.reset();
+    return true;
+}
+
+template <typename T, typename K, typename F> void IModelList<T, K, F>::beforeFileClosed() {
+    m_ahead.reset();
+    setData(QList<T>());
+}
+
 template <typename T, typename K, typename F> void IModelList<T, K, F>::fetchAndPublish() {
     QList<T> list;
-    if (fetchAll(list))
+    if (takeAll(list))
         emit asyncDataFetched(QVariant::fromValue(list));
 }
 

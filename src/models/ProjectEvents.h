@@ -1,5 +1,6 @@
 #pragma once
 
+#include "models/ModelClasses.h"
 #include "records/Highlight.h"
 #include "records/Kerno.h"
 #include "records/Memo.h"
@@ -11,18 +12,7 @@
 #include <QVariant>
 
 class BatchOperationManager;
-class ChatModel;
 class DataHelper;
-class GroupModel;
-class KernoGroupModel;
-class KernoModel;
-class KernoShortcutKeyModel;
-class QuestionAnswerMainModel;
-class QuestionModel;
-class SourceMetadataKeyModel;
-class SourceMetadataModel;
-class SourceMetadataValueModel;
-class SourceModel;
 
 /// What the models know of the project: the signals of its changes, and the look-ups that they need. The
 /// project facade derives from it. All of it lives on the main thread.

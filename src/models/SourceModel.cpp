@@ -74,7 +74,7 @@ void SourceModel::refreshAsync() {
         connect(answers, &IModelListBase::initialDataSet, this, &SourceModel::updateAllCodingStatsAsync,
                 Qt::UniqueConnection);
     QList<Source> list;
-    if (fetchAll(list))
+    if (takeAll(list))
         emit dataFetched(list);
 }
 

@@ -389,6 +389,7 @@ private:
     bool prepareFile(const QJsonObject& project, bool createNew, bool& exists);
     bool createContents(bool singleQuestion);
     bool readContents();
+    bool readLists();
     bool acquirePassword(const QString& password, bool exists);
     bool failPassword();
     bool acquireLock();

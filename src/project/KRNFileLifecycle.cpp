@@ -22,6 +22,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 
@@ -71,7 +72,7 @@ bool KRNFile::openProject(const QJsonObject& project, bool createNew, const QStr
         return failOpen({});
     settle(m_timings.settle);
     QList<Kerno> kernos;
-    if (!m_dataHelper->findAll(kernos))
+    if (!m_dataHelper->findAll(kernos) || !readLists() || !isOpened())
         return failOpen(tr("Unable to open project."));
     if (m_models->kernos)
         m_models->kernos->setData(kernos);
@@ -128,6 +129,16 @@ bool KRNFile::readContents() {
     }
     setSingleQuestionMode(type != 0);
     return true;
+}
+
+// A list that can't be read must not pass for an empty one: what is missing would be made anew.
+bool KRNFile::readLists() {
+    const ProjectModels& m = *m_models;
+    const std::initializer_list<IModelListBase*> models{m.metadataKeys, m.metadataValues, m.metadata,
+                                                        m.questions,    m.sources,        m.kernoGroups,
+                                                        m.groups,       m.shortcutKeys,   m.chat};
+    return std::all_of(models.begin(), models.end(),
+                       [](IModelListBase* model) { return !model || model->readAhead(); });
 }
 
 void KRNFile::setSingleQuestionMode(bool singleQuestion) {

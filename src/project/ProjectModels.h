@@ -1,16 +1,6 @@
 #pragma once
 
-class ChatModel;
-class GroupModel;
-class KernoGroupModel;
-class KernoModel;
-class KernoShortcutKeyModel;
-class QuestionAnswerMainModel;
-class QuestionModel;
-class SourceMetadataKeyModel;
-class SourceMetadataModel;
-class SourceMetadataValueModel;
-class SourceModel;
+#include "models/ModelClasses.h"
 
 /// The models of the project, children of `KRNFile`; null until they have been made.
 struct ProjectModels {

@@ -101,6 +101,29 @@ private slots:
         QCOMPARE(file->kernoModel()->rowCount(), 0);
     }
 
+    void aListThatFailsEndsTheOpening() {
+        using wire::Record;
+        for (Record record : {Record::Kerno, Record::Source, Record::Question, Record::SourceMetadataKey,
+                              Record::SourceMetadataValue, Record::SourceMetadata, Record::Group,
+                              Record::KernoGroup, Record::KernoShortcutKey, Record::ChatMessage}) {
+            ScriptedService service;
+            const QString list = wire::operationName(record, wire::Operation::QueryList);
+            service.on(list, [](ScriptedClient& client, const ScriptedRequest& request) {
+                client.send({request.frame.messageId,
+                             500,
+                             {{"errors", QJsonArray{QJsonObject{{"message", "disk"}}}}}});
+            });
+            ProjectUnderTest file;
+            QSignalSpy opened(file.get(), &KRNFile::fileOpened);
+            QVERIFY2(!openScripted(file, service), qPrintable(list));
+            QCOMPARE(file->getLastOpenError(), QStringLiteral("Unable to open project."));
+            QCOMPARE(opened.count(), 0);
+            QVERIFY(!file->isOpened());
+            service.answer(list, QJsonArray());
+            QVERIFY2(file.open("study.krn", {}, true), qPrintable(list));
+        }
+    }
+
     void lateNotificationsDoNotFillAClosedProject() {
         ScriptedService service;
         ProjectUnderTest file;
