@@ -245,6 +245,8 @@ void measureDragging(Screens& screens) {
         steps << screens.mouse(QEvent::MouseMove, from + QPointF(step % 100, step % 40 + step / 4),
                                Qt::LeftButton);
     tell("one step of a drag among 200 bubbles", steps);
+    if (QLineF(middle(bubbleOf(bubbles.first())), from).length() < 20)
+        std::puts("the bubble was not dragged");
     screens.mouse(QEvent::MouseButtonRelease, from, Qt::NoButton);
     settle();
 

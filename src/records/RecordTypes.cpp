@@ -3,7 +3,6 @@
 #include "records/ChatMessage.h"
 #include "records/Group.h"
 #include "records/Highlight.h"
-#include "records/IntKeyStringValuePair.h"
 #include "records/Kerno.h"
 #include "records/KernoGroup.h"
 #include "records/KernoShortcutKey.h"
@@ -30,8 +29,7 @@ template <typename... T> void registerAll() {
 
 void registerRecordTypes() {
     registerAll<Kerno, Source, Highlight, Memo, Question, QuestionAnswer, SourceMetadata, SourceMetadataKey,
-                SourceMetadataValue, Group, KernoGroup, KernoShortcutKey, Preference, ChatMessage,
-                IntKeyStringValuePair>();
+                SourceMetadataValue, Group, KernoGroup, KernoShortcutKey, Preference, ChatMessage>();
     qRegisterMetaType<QSet<int>>("QSet<int>");
     qRegisterMetaType<QPair<int, int>>("QPair<int,int>");
 }

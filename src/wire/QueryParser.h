@@ -27,8 +27,6 @@ struct QueryValue {
     std::vector<QueryValue> list;
     std::vector<QueryArgument> members;
 
-    bool isNumber() const { return kind == Kind::Integer || kind == Kind::Real; }
-
     /// The member of an object by name, or null.
     const QueryValue* member(const QString& name) const;
 };

@@ -78,6 +78,23 @@ std::vector<RecordValues> batchValues(const Table& table, const wire::ParsedQuer
     return batch;
 }
 
+/// Does `work` with each record of the batch and the places it gathers, up to the first that fails.
+template <typename Work>
+Answer eachOfBatch(const Table& table, const wire::ParsedQuery& query, bool saving, const Work& work) {
+    std::vector<Fault> faults;
+    const std::vector<RecordValues> batch = batchValues(table, query, saving, &faults);
+    if (!faults.empty())
+        return Answer::refused(faults);
+    Outcome outcome;
+    Places places;
+    for (const RecordValues& values : batch) {
+        outcome = work(values, &places);
+        if (!outcome.ok())
+            break;
+    }
+    return finishBatch(query, outcome, places);
+}
+
 }  // namespace
 
 Answer save(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
@@ -130,43 +147,29 @@ Answer remove(ProjectStore& store, const Table& table, const wire::ParsedQuery& 
 }
 
 Answer saveBatch(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
-    std::vector<Fault> faults;
-    const std::vector<RecordValues> batch = batchValues(table, query, true, &faults);
-    if (!faults.empty())
-        return Answer::refused(faults);
-    Outcome outcome;
-    Places places;
-    for (const RecordValues& values : batch) {
+    return eachOfBatch(table, query, true, [&](const RecordValues& values, Places* places) {
         const QVariant& id = values[static_cast<size_t>(table.idColumn)];
+        Outcome outcome;
         // A passage that moves leaves a place behind, and that one has changed as well.
         if (store.mayExist(table, id))
-            outcome = addStoredPlace(store, table, id, &places);
+            outcome = addStoredPlace(store, table, id, places);
         if (outcome.ok())
             outcome = store.save(table, values);
-        if (!outcome.ok())
-            break;
-        addSentPlace(table, values, &places);
-    }
-    return finishBatch(query, outcome, places);
+        if (outcome.ok())
+            addSentPlace(table, values, places);
+        return outcome;
+    });
 }
 
 Answer removeBatch(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
-    std::vector<Fault> faults;
-    const std::vector<RecordValues> batch = batchValues(table, query, false, &faults);
-    if (!faults.empty())
-        return Answer::refused(faults);
-    Outcome outcome;
-    Places places;
-    for (const RecordValues& values : batch) {
+    return eachOfBatch(table, query, false, [&](const RecordValues& values, Places* places) {
         const QVariant& id = values[static_cast<size_t>(table.idColumn)];
-        addSentPlace(table, values, &places);
-        outcome = addStoredPlace(store, table, id, &places);
+        addSentPlace(table, values, places);
+        Outcome outcome = addStoredPlace(store, table, id, places);
         if (outcome.ok())
             outcome = store.remove(table, id);
-        if (!outcome.ok())
-            break;
-    }
-    return finishBatch(query, outcome, places);
+        return outcome;
+    });
 }
 
 }  // namespace recordrequests

@@ -67,7 +67,6 @@ public:
     /// False when the file was moved, removed or replaced since it was opened.
     bool isInPlace() const;
 
-    bool inTransaction() const { return m_inTransaction; }
     Outcome begin();
     Outcome commit();
     void rollback();
