@@ -184,7 +184,7 @@ void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain() {
     QRandomGenerator random(seed);
     QList<QJsonObject> stored{project.json()};
     QList<QStringList> rows{project.modelTexts()};
-    while (undo.count() < 150) {
+    while (undo.count() < 100) {
         const int before = undo.count();
         changeAnything(random, undo, project.file);
         const QJsonObject now = project.json();
