@@ -403,6 +403,8 @@ private:
     QVariantList exportPart(const QString& name, QJsonObject (*partOf)(const QJsonObject& project));
     void putKerno(const Kerno& kerno);
     bool isInShownGroup(int kernoId) const;
+    /// Shows or hides a kerno that has joined or left a group, while the group filter is on.
+    void followGroupFilter(int kernoId);
     QVariantList readStatistics(const QString& text, const QString& name,
                                 const std::function<QVariantList(const QJsonArray&)>& arithmetic) const;
     QVariantMap readAnswer(const QJsonObject& element) const;

@@ -137,6 +137,11 @@ bool KRNFile::isInShownGroup(int kernoId) const {
                        [this](const QVariant& group) { return m_shownGroups.contains(group.toInt()); });
 }
 
+void KRNFile::followGroupFilter(int kernoId) {
+    if (!m_shownGroups.isEmpty())
+        kernoModel()->setGroupVisible(kernoId, isInShownGroup(kernoId));
+}
+
 QVariantList KRNFile::getAssociatedGroups(int kernoId) const {
     QVariantList ids;
     for (const KernoGroup& link : kernoGroupModel()->linksOfKerno(kernoId))

@@ -132,12 +132,15 @@ void KRNFile::onKernoGroupSaved(const QJsonObject& json) {
     groupModel()->onShouldUpdateAssociatedKernosCount(link.groupId());
     if (formerGroup > 0 && formerGroup != link.groupId())
         groupModel()->onShouldUpdateAssociatedKernosCount(formerGroup);
+    followGroupFilter(link.kernoId());
 }
 
 void KRNFile::onKernoGroupDeleted(const QJsonObject& json) {
-    const KernoGroup link(json, deleted);
-    if (link.isValid() && kernoGroupModel()->removeByKey(link.id()))
-        groupModel()->onShouldUpdateAssociatedKernosCount(link.groupId());
+    const KernoGroup link = kernoGroupModel()->record(KernoGroup(json, deleted).id());
+    if (!link.isValid() || !kernoGroupModel()->removeByKey(link.id()))
+        return;
+    groupModel()->onShouldUpdateAssociatedKernosCount(link.groupId());
+    followGroupFilter(link.kernoId());
 }
 
 void KRNFile::onSourceSaved(const QJsonObject& json) {

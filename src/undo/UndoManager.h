@@ -62,8 +62,8 @@ public:
 
     /// What is pushed until `endMacro` becomes one step; a macro in which nothing was pushed leaves none. One
     /// within another is a part of it.
-    void beginMacro(const QString& text);
-    void endMacro();
+    Q_INVOKABLE void beginMacro(const QString& text);
+    Q_INVOKABLE void endMacro();
 
     Q_INVOKABLE void addHighlight(const Highlight& highlight);
     /// Codes into the kerno that the key stands for, in either case; without one nothing happens.

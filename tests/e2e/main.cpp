@@ -4,6 +4,7 @@
 #include "CopiesJob.h"
 #include "ExportJob.h"
 #include "FirstLightJob.h"
+#include "GroupsJob.h"
 #include "ImportJob.h"
 #include "LooksJob.h"
 #include "ProjectJob.h"
@@ -47,6 +48,7 @@ const std::vector<JobEntry>& jobs() {
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
         {"copies", CopiesJob::runs(), {}, make<CopiesJob>},
         {"export", ExportJob::runs(), {}, make<ExportJob>},
+        {"groups", {QStringLiteral("groups")}, {}, make<GroupsJob>},
         {"import", ImportJob::runs(), {}, make<ImportJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},

@@ -61,9 +61,15 @@ Item {
             findChild(dialog, "kernoTitle").text = "  Listening "
             findChild(dialog, "kernoDescription").text = " to people\n"
             dialog.kernoColor = "#ff0000"
+            var ticks = findChild(dialog, "groupTicks").parent
+            ticks.toggle(2)
+            ticks.toggle(3)
+            ticks.toggle(3)
+            ticks.toggle(1)
             dialog.save()
-            compare(undoManager.names(), ["updateKerno"])
-            var saved = undoManager.last().arguments[0]
+            compare(undoManager.names(), ["beginMacro", "updateKerno", "addKernoGroup", "deleteKernoGroup", "endMacro"])
+            compare([undoManager.calls[2].arguments, undoManager.calls[3].arguments], [[1, 2], [1, 1]])
+            var saved = undoManager.calls[1].arguments[0]
             compare([saved.kernoId, saved.title, saved.description, String(saved.color)],
                     [1, "Listening", "to people", "#ff0000"])
         }

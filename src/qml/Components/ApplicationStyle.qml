@@ -35,6 +35,7 @@ QtObject {
     readonly property color selected_text_color: "black"
     readonly property color error_text_color: dark ? "#ff6b60" : "#b00020"
     readonly property color border_color: "darkgrey"
+    readonly property color focus_color: dark ? orrange_button_color : "#b35900"
     readonly property color link_color: "#fc8f00"
     readonly property color orrange_button_color: "#fc8f00"
     readonly property color orrange_button_text_color: "#1d1b19"

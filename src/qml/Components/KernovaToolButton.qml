@@ -3,23 +3,17 @@ import "."
 import "../Utils.js" as Utils
 
 // A button of the action bar: an icon over its label.
-Item {
+Clickable {
     id: root
 
     property string icon
-    property string text
-    property string tooltip
     property bool pressedLook: false
-    readonly property bool hovered: _mouse.containsMouse
-    readonly property bool pressed: _mouse.pressed
-
-    signal clicked()
 
     implicitWidth: Units.dp(48)
     implicitHeight: _column.height
     opacity: enabled ? 1.0 : 0.4
-
-    onHoveredChanged: CentralManager.onButtonHoverChanged(root)
+    name: text
+    Accessible.description: tooltip
 
     Column {
         id: _column
@@ -45,18 +39,5 @@ Item {
             color: ApplicationStyle.default_text_color
             font.pixelSize: Units.dp(12)
         }
-    }
-
-    MouseArea {
-        id: _mouse
-        anchors.fill: parent
-        hoverEnabled: true
-        onClicked: root.clicked()
-    }
-
-    HoverToolTip {
-        anchorItem: root
-        text: root.tooltip
-        shown: root.hovered && !root.pressed
     }
 }

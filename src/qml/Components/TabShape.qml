@@ -2,24 +2,25 @@ import QtQuick 2.15
 import "."
 
 // A tab with rounded upper corners.
-MouseArea {
+Clickable {
     id: root
 
     property bool selected: false
-    property string text
     property string icon
-    property string tooltip
     property color selectedColor: ApplicationStyle.selected_tab
     property color notSelectedColor: ApplicationStyle.not_selected_tab
 
-    hoverEnabled: true
     clip: true
+    ring.anchors.margins: 1
+    ring.z: 1
+    Accessible.role: Accessible.PageTab
+    Accessible.selected: selected
 
     Rectangle {
         anchors { fill: parent; bottomMargin: -radius }
         radius: Units.dp(12)
         color: root.selected ? root.selectedColor
-             : root.containsMouse ? Qt.lighter(root.notSelectedColor, 1.15) : root.notSelectedColor
+             : root.hovered ? Qt.lighter(root.notSelectedColor, 1.15) : root.notSelectedColor
         opacity: root.enabled ? 1.0 : 0.5
     }
 
@@ -42,11 +43,5 @@ MouseArea {
         mipmap: true
         source: root.icon
         opacity: root.enabled ? 1.0 : 0.5
-    }
-
-    HoverToolTip {
-        anchorItem: root
-        text: root.tooltip
-        shown: root.containsMouse && !root.pressed
     }
 }

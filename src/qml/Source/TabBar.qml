@@ -16,7 +16,7 @@ Rectangle {
     color: ApplicationStyle.bar_background_color
 
     function openAddMenu() {
-        _addMenu.popup()
+        _addMenu.popupBelow(_add)
     }
 
     IconButton {
@@ -45,14 +45,11 @@ Rectangle {
             height: _tabs.height
             selected: modelData.sourceId === CentralManager.currentSourceId
             text: modelData.title
-            acceptedButtons: Qt.LeftButton | Qt.RightButton
-            onClicked: {
-                if (mouse.button === Qt.RightButton) {
-                    _tabMenu.tab = modelData
-                    _tabMenu.popup()
-                } else if (!selected) {
-                    root.tabChangeRequested(modelData.sourceId)
-                }
+            hasMenu: true
+            onClicked: if (!selected) root.tabChangeRequested(modelData.sourceId)
+            onMenuRequested: {
+                _tabMenu.tab = modelData
+                _tabMenu.popupBelow(this)
             }
         }
     }

@@ -17,6 +17,7 @@ Rectangle {
         id: _previous
         anchors { left: parent.left; leftMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
         icon: "arrow-left"
+        tooltip: qsTr("Previous question")
         enabled: _questions.currentIndex > 0
         onClicked: root.questionRequested(_questions.currentIndex - 1)
     }
@@ -35,6 +36,7 @@ Rectangle {
         id: _next
         anchors { right: parent.right; rightMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
         icon: "arrow-right"
+        tooltip: qsTr("Next question")
         enabled: _questions.currentIndex < _questions.count - 1
         onClicked: root.questionRequested(_questions.currentIndex + 1)
     }

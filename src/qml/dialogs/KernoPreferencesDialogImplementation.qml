@@ -3,8 +3,9 @@ import QtQuick.Controls 1.4
 import QtQuick.Dialogs 1.3
 import QtQuick.Layouts 1.15
 import "../Components"
+import "Groups"
 
-// The colour, title and description of a kerno.
+// The colour, title, description and groups of a kerno.
 DialogPanel {
     id: root
 
@@ -30,7 +31,7 @@ DialogPanel {
         record.color = kernoColor
         record.title = _title.text.trim()
         record.description = _description.text.trim()
-        undoManager.updateKerno(record)
+        _groups.save(record)
         dialogBase.close()
     }
 
@@ -87,7 +88,7 @@ DialogPanel {
         id: _description
         objectName: "kernoDescription"
         Layout.fillWidth: true
-        Layout.preferredHeight: Units.dp(130)
+        Layout.preferredHeight: Units.dp(96)
         readOnly: !CentralManager.canMutate
         // Return makes a new line here; with Ctrl it saves.
         Keys.onReturnPressed: {
@@ -96,6 +97,14 @@ DialogPanel {
             else
                 event.accepted = false
         }
+    }
+
+    DialogLabel { text: qsTr("Groups:") }
+
+    GroupTicks {
+        id: _groups
+        Layout.fillWidth: true
+        kernoId: root.kernoId
     }
 
     RowLayout {

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import KernovaMock 1.0
 
 // What the screens ask of the project, answered from the rows of the mock models. `calls` records the writes.
 QtObject {
@@ -19,6 +20,15 @@ QtObject {
     property var copyResult: [true, ""]
     property var preferences: ({})
     property var calls: []
+
+    property MockRows groups: MockRows {}
+    property MockRows messages: MockRows {}
+
+    function getGroupModel() { return groups }
+    function getChatModel() { return messages }
+    function getAssociatedGroups(kernoId) { return [1] }
+    function applyGroupFilter(apply) { calls.push({ name: "applyGroupFilter", arguments: [apply] }) }
+    function setGroupVisible(id, visible) { calls.push({ name: "setGroupVisible", arguments: [id, visible] }) }
 
     signal sourcesChanged()
     signal sourceDeleted(int deletedId)

@@ -27,6 +27,10 @@ QtObject {
     function deleteKerno(id) { record("deleteKerno", [id]) }
     function mergeKernos(id1, id2, name) { record("mergeKernos", [id1, id2, name]) }
     function duplicateKerno(id) { record("duplicateKerno", [id]) }
+    function beginMacro(text) { record("beginMacro", []) }
+    function endMacro() { record("endMacro", []) }
+    function addKernoGroup(kernoId, groupId) { record("addKernoGroup", [kernoId, groupId]) }
+    function deleteKernoGroup(kernoId, groupId) { record("deleteKernoGroup", [kernoId, groupId]) }
     function addHighlight(highlight) { record("addHighlight", [highlight]) }
     function addHighlightToNewKerno(highlight, kerno) { record("addHighlightToNewKerno", [highlight, kerno]) }
     function tryAddHighlightByShortcut(highlight, key) { record("tryAddHighlightByShortcut", [highlight, key]) }

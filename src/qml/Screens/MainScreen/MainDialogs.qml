@@ -28,4 +28,8 @@ DialogChain {
         Component { KernoPreferencesDialogImplementation {} }
     }
     DialogEntry { flag: "showMetadataEditor"; Component { MetadataEditorDialogImplementation {} } }
+    DialogEntry {
+        flag: "showGroupsDialogForKernoId"; rest: -1
+        Component { GroupsKernoDialog {} }
+    }
 }

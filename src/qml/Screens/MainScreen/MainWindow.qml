@@ -2,6 +2,7 @@ import QtQuick 2.15
 import QtQuick.Window 2.15
 import QtQuick.Controls 1.4
 import Kernova 1.4
+import "../../Chat"
 import "../../Components"
 import "../../controls/Window"
 
@@ -85,6 +86,13 @@ KernovaWindow {
                 anchors.fill: parent
                 delegate: ApplicationStyle.stack_view_delegate.createObject(_stack)
                 initialItem: _mainScreen
+            }
+
+            ChatPanel {
+                anchors { left: parent.left; bottom: parent.bottom; bottomMargin: Units.dp(34) }
+                windowWidth: parent.width
+                windowHeight: parent.height - Units.dp(34)
+                enabled: !root.blocked
             }
         }
 

@@ -12,6 +12,7 @@ import "../../dialogs/PromptDialogs"
 // showMergeDialogForKernoId, showCSVImportDialog, saveAsRemote, showExportQDPXDialog.
 DialogChain {
     DialogEntry { flag: "showImportDialog"; rest: 0; Component { ImportSourceDialogImplementation {} } }
+    DialogEntry { flag: "showGroupEditor"; Component { GroupEditorDialogImplementation {} } }
     DialogEntry {
         flag: "showInlineMetadataKeyValueEditor"; rest: 0
         Component { MetadataInlineKeyValueDialogImplementation {} }

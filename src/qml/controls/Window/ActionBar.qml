@@ -7,12 +7,6 @@ import "../../Components"
 Rectangle {
     id: root
 
-    // Undo stops here in the views that allow no going back past their opening; -1 for no limit.
-    property int bottomLimitIndex: -1
-    property bool undidSomething: false
-    readonly property bool __limited: bottomLimitIndex > -1
-    readonly property bool __canUndo: undoManager.canUndo && (!__limited || undoManager.index > bottomLimitIndex)
-    readonly property bool __canRedo: undoManager.canRedo && (!__limited || undidSomething)
     readonly property bool __undoBlocked: CentralManager.overlayCount > 0
 
     signal actionItemClicked(string action)
@@ -22,24 +16,22 @@ Rectangle {
     color: ApplicationStyle.bar_background_color
 
     function undo() {
-        if (__undoBlocked || !__canUndo)
-            return
-        undidSomething = true
-        undoManager.undo()
+        if (!__undoBlocked)
+            _undo.undo()
     }
 
     function redo() {
-        if (!__undoBlocked && __canRedo)
-            undoManager.redo()
+        if (!__undoBlocked)
+            _undo.redo()
     }
+
+    // The views allow no going back past their opening.
+    UndoLimit { id: _undo }
 
     Connections {
         target: CentralManager
-        function onSetNewUndoStackLock() {
-            root.bottomLimitIndex = undoManager.index
-            root.undidSomething = false
-        }
-        function onRemoveUndoStackLock() { root.bottomLimitIndex = -1 }
+        function onSetNewUndoStackLock() { _undo.start() }
+        function onRemoveUndoStackLock() { _undo.end() }
     }
 
     Action {
@@ -67,27 +59,27 @@ Rectangle {
             icon: "action_project"
             text: qsTr("Project")
             tooltip: qsTr("Manage project.")
-            onClicked: _projectMenu.popup()
+            onClicked: _projectMenu.popupBelow(this)
         }
         KernovaToolButton {
             icon: "action_export"
             text: qsTr("Export")
             tooltip: qsTr("Export the project in the selected format.")
             visible: !CentralManager.showingOverlapOrHierarchy
-            onClicked: _exportMenu.popup()
+            onClicked: _exportMenu.popupBelow(this)
         }
         KernovaToolButton {
             icon: "action_undo"
             text: qsTr("Undo")
             tooltip: undoManager.undoText
-            enabled: root.__canUndo
+            enabled: _undo.canUndo
             onClicked: root.undo()
         }
         KernovaToolButton {
             icon: "action_redo"
             text: qsTr("Redo")
             tooltip: undoManager.redoText
-            enabled: root.__canRedo
+            enabled: _undo.canRedo
             onClicked: root.redo()
         }
         KernovaToolButton {
@@ -97,10 +89,19 @@ Rectangle {
             visible: !CentralManager.showQueryScreen || CentralManager.twoPaneQuery
             onClicked: {
                 if (CentralManager.showQueryScreen)
-                    _queryViewMenu.popup()
+                    _queryViewMenu.popupBelow(this)
                 else
-                    _viewMenu.popup()
+                    _viewMenu.popupBelow(this)
             }
+        }
+        KernovaToolButton {
+            icon: "action_groups"
+            text: qsTr("Groups")
+            tooltip: qsTr("Manage groups and their visibility.")
+            pressedLook: _groupsMenu.numberOfChecked > 0
+            visible: !CentralManager.showQueryScreen && !CentralManager.showingOverlapOrHierarchy
+            enabled: CentralManager.hasFileOpen
+            onClicked: _groupsMenu.popupBelow(this)
         }
         KernovaToolButton {
             objectName: "action_query"
@@ -141,13 +142,13 @@ Rectangle {
             icon: "action_help"
             text: qsTr("Help")
             tooltip: qsTr("Show help menu.")
-            onClicked: _helpMenu.popup()
+            onClicked: _helpMenu.popupBelow(this)
         }
         KernovaToolButton {
             icon: "action_settings"
             text: qsTr("Settings")
             enabled: CentralManager.hasFileOpen
-            onClicked: _preferencesMenu.popup()
+            onClicked: _preferencesMenu.popupBelow(this)
         }
     }
 
@@ -169,6 +170,8 @@ Rectangle {
     ViewMenu { id: _viewMenu }
 
     QueryViewMenu { id: _queryViewMenu }
+
+    GroupsMenu { id: _groupsMenu }
 
     StyledMenu {
         id: _helpMenu

@@ -47,6 +47,29 @@ Rectangle {
         anchors { fill: parent; leftMargin: ApplicationStyle.default_margin; rightMargin: ApplicationStyle.default_margin }
         spacing: Units.dp(8)
 
+        IconButton {
+            objectName: "chatToggle"
+            icon: _blink.running && _blink.on ? "chat_notification"
+                : CentralManager.connectedUserCount > 1 ? "chat_dark" : "chat_light"
+            themed: false
+            enabled: CentralManager.hasFileOpen
+            checked: CentralManager.showChatPanel
+            pressedLook: false
+            tooltip: qsTr("Toggle the chat.")
+            onClicked: CentralManager.showChatPanel = !CentralManager.showChatPanel
+
+            Timer {
+                id: _blink
+
+                property bool on: false
+
+                interval: 750
+                repeat: true
+                running: CentralManager.newChatMessage && !CentralManager.showChatPanel
+                onTriggered: on = !on
+                onRunningChanged: on = running
+            }
+        }
         StyledTextField {
             id: _filter
             objectName: "kernoNameFilter"
