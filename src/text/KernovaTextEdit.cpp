@@ -208,7 +208,15 @@ bool KernovaTextEdit::event(QEvent* event) {
             return true;
         }
     }
-    return QQuickTextEdit::event(event);
+    if (event->type() != QEvent::FocusOut || !persistentSelection())
+        return QQuickTextEdit::event(event);
+    // Once keys have moved the cursor, the base takes a lost focus for the end of the selection.
+    const int start = selectionStart();
+    const int end = selectionEnd();
+    const bool handled = QQuickTextEdit::event(event);
+    if (start != end && selectionStart() == selectionEnd())
+        select(start, end);
+    return handled;
 }
 
 #include "moc_KernovaTextEdit.cpp"

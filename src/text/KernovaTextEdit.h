@@ -86,7 +86,8 @@ signals:
     void answerPreloaded();
 
 protected:
-    /// Leaves the keys of undo and redo to the program while the text can't be edited.
+    /// Leaves the keys of undo and redo to the program while the text can't be edited, and keeps a persistent
+    /// selection when the focus goes.
     bool event(QEvent* event) override;
 
 private:

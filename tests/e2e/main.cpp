@@ -6,6 +6,7 @@
 #include "FirstLightJob.h"
 #include "GroupsJob.h"
 #include "ImportJob.h"
+#include "KeysJob.h"
 #include "LooksJob.h"
 #include "ProjectJob.h"
 #include "PropertyJob.h"
@@ -50,6 +51,7 @@ const std::vector<JobEntry>& jobs() {
         {"export", ExportJob::runs(), {}, make<ExportJob>},
         {"groups", {QStringLiteral("groups")}, {}, make<GroupsJob>},
         {"import", ImportJob::runs(), {}, make<ImportJob>},
+        {"keys", {QStringLiteral("keys")}, {}, make<KeysJob>},
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
         {"properties", {QStringLiteral("properties")}, {}, make<PropertyJob>},

@@ -2,6 +2,7 @@ pragma Singleton
 import QtQuick 2.15
 import Qt.labs.settings 1.0
 import "Autopositions.js" as Autopositions
+import "../Utils.js" as Utils
 
 // The state that all screens share, and how it follows the project. Screens never call each other: they set
 // properties here, and listen to properties and signals.
@@ -78,6 +79,21 @@ CentralManagerState {
     function tell(message) {
         showStatusMessage(message, __noticeTime)
         noticeRequested(message, __noticeTime)
+    }
+
+    // `passage` holds start, length, questionId and sourceId. A kerno without a title is named in its dialog.
+    function codeIntoNewKerno(passage, title) {
+        if (!canMutate)
+            return
+        var kerno = instantiator.kerno(true)
+        if (title)
+            kerno.title = title
+        var highlight = Utils.fillPassage(instantiator.highlight(), passage)
+        highlight.kernoId = kerno.kernoId
+        var position = appHelper.calculateNewKernoPosition(canvasBaseWidth, canvasBaseHeight)
+        kerno.x = position.x
+        kerno.y = position.y
+        undoManager.addHighlightToNewKerno(highlight, kerno)
     }
 
     // A text's selection has come or gone. One of them is enough for the screens.

@@ -52,6 +52,9 @@ Item {
     property bool showMergeProjectsDialog: false
     property bool showExportQDPXDialog: false
     property var promptDialogData: null
+    // The passage for "Code with...": start, length, questionId and sourceId, or null.
+    property var passageToCode: null
+    property bool showKeyboardSheet: false
     property int overlayCount: 0
     property string reportOutputFolder: ""
     property var reportCriteria: null

@@ -17,6 +17,8 @@ Item {
 
     signal menuRequested()
     signal selectRequested()
+    // The keyboard goes back to where the passage is.
+    signal left()
 
     height: Math.max(_icon.height, _note.visible ? _note.height : 0)
     z: focused ? 1 : 0
@@ -76,6 +78,8 @@ Item {
             readOnly: !CentralManager.canMutate
             color: "#151515"
             font { family: ApplicationStyle.source_text_font_family; pixelSize: CentralManager.sourceFontSize }
+            Accessible.name: qsTr("Memo")
+            Keys.onEscapePressed: root.left()
             onActiveFocusChanged: {
                 if (!activeFocus) {
                     root.save()

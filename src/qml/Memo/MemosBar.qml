@@ -29,6 +29,10 @@ Item {
             length: model.length || 0
             notesShown: root.notesShown
             siblings: _memos.allItems
+            onLeft: {
+                if (root.textItem)
+                    root.textItem.forceActiveFocus()
+            }
             onMenuRequested: {
                 _menu.memoId = memoId
                 _menu.popup()

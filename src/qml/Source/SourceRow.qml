@@ -10,8 +10,16 @@ RowHighlight {
     signal removeRequested()
 
     height: Units.dp(50)
+    Accessible.role: Accessible.ListItem
+    Accessible.name: model.title || ""
+    Accessible.selected: selected
     selected: CentralManager.currentSourceId === model.sourceId
     hovered: _mouse.containsMouse
+
+    FocusRing {
+        anchors.margins: 1
+        shown: root.ListView.isCurrentItem && root.ListView.view.activeFocus
+    }
 
     MouseArea {
         id: _mouse

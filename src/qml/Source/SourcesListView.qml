@@ -105,6 +105,14 @@ FocusScope {
                     objectName: "allSources"
                     clip: true
                     focus: true
+                    activeFocusOnTab: true
+                    highlightMoveDuration: 0
+                    Accessible.role: Accessible.List
+                    Accessible.name: qsTr("All Sources")
+                    Keys.onReturnPressed: if (currentItem) currentItem.chosen()
+                    Keys.onEnterPressed: if (currentItem) currentItem.chosen()
+                    Keys.onEscapePressed: root.list.out = false
+                    Keys.onDeletePressed: if (currentItem && CentralManager.canMutate) currentItem.removeRequested()
                     boundsBehavior: Flickable.StopAtBounds
                     model: root.list ? root.list.model : null
                     delegate: SourceRow {

@@ -33,6 +33,8 @@ Item {
                                           ? 0.9 * windowHeight : _text.preferredHeight + Units.dp(250))
     property real windowHeight: 0
     property bool __selectionCounted: false
+    // While a key is handled.
+    property bool keysMoveCursor: false
 
     signal showPopUp(int sourceId, int questionId, int cursor)
     signal cursorRectChanged(real x, real y, real cursorHeight, real questionHeight)
@@ -52,6 +54,10 @@ Item {
             return
         __selectionCounted = selected
         CentralManager.countSelection(selected)
+    }
+
+    function __endKey() {
+        keysMoveCursor = false
     }
 
     function copy() {
@@ -131,12 +137,18 @@ Item {
         height: Math.max(root.height - root.questionHeight, preferredHeight)
         objectName: "answerText"
         readOnly: !root.editable
+        selectByKeyboard: true
+        activeFocusOnTab: true
+        cursorVisible: activeFocus
+        Accessible.name: root.showQuestion ? root.question : qsTr("Text of the source")
         textFormat: root.isRichText ? TextEdit.RichText : TextEdit.PlainText
         currentHighlight: _stripes.hoveredHighlight
         onCursorRectangleChanged: root.cursorRectChanged(cursorRectangle.x, cursorRectangle.y,
                                                          cursorRectangle.height, root.questionHeight)
         Keys.onReleased: _dragArea.keyReleased(event)
         Keys.onPressed: {
+            root.keysMoveCursor = true
+            Qt.callLater(root.__endKey)
             _dragArea.keyPressed(event)
             if (event.matches(StandardKey.Copy)) {
                 root.copy()

@@ -81,13 +81,23 @@ FocusScope {
 
     // Keeps the end of a growing selection in sight.
     function __followCursor(item, y, cursorHeight, questionHeight) {
+        var top = item.mapToItem(_view.contentItem, 0, questionHeight + y).y
+        if (item.keysMoveCursor)
+            return __showLine(top, cursorHeight)
         if (!item.hasSelectedText)
             return
-        var top = item.mapToItem(_view.contentItem, 0, questionHeight + y).y
         if (top < _view.contentY)
             _view.flick(0, 500)
         else if (top + cursorHeight > _view.contentY + _view.height)
             _view.flick(0, -500)
+    }
+
+    // The keys move the cursor by lines, and the view follows at once.
+    function __showLine(top, lineHeight) {
+        if (top < _view.contentY)
+            __scrollTo(top, false)
+        else if (top + lineHeight > _view.contentY + _view.height)
+            __scrollTo(top + lineHeight - _view.height, false)
     }
 
     Keys.onUpPressed: _view.flick(0, 500)
@@ -173,6 +183,8 @@ FocusScope {
         id: _navigation
         anchors { top: parent.top; left: parent.left; right: parent.right }
         anchors.topMargin: root.navigationShown ? 0 : -height
+        // Out of sight it takes no keyboard either.
+        visible: anchors.topMargin > -height
         z: 1
         model: _model
         onQuestionRequested: root.goToQuestion(index)

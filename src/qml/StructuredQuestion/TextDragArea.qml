@@ -49,6 +49,23 @@ MouseArea {
     function keyPressed(event) {
         if (!event.isAutoRepeat)
             __pressedAlone = event.modifiers === Qt.NoModifier ? event.key : 0
+        event.accepted = event.modifiers === Qt.ControlModifier
+                && (event.key === Qt.Key_K || event.key === Qt.Key_M)
+        if (!event.accepted)
+            return
+        if (!CentralManager.canMutate)
+            CentralManager.tell(qsTr("This project can be read only."))
+        else if (isBlank(textItem.selectedText))
+            CentralManager.tell(qsTr("Select a passage first."))
+        else if (event.key === Qt.Key_K)
+            CentralManager.passageToCode = fillPassage({})
+        else
+            __writeMemo()
+    }
+
+    function __writeMemo() {
+        undoManager.addMemo(fillPassage(instantiator.memo()))
+        CentralManager.hasUserSelectedText = false
     }
 
     function keyReleased(event) {

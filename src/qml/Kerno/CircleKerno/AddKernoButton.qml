@@ -1,9 +1,8 @@
 import QtQuick 2.15
 import "../../Components"
-import "../../Utils.js" as Utils
 
 // Makes a kerno at a click, and codes a passage that is dropped on it into a new kerno.
-Image {
+Clickable {
     id: root
 
     property bool dropHovered: false
@@ -11,12 +10,13 @@ Image {
 
     width: Units.dp(60)
     height: Units.dp(60)
-    source: "qrc:///qml/images/add-kerno-button.png"
-    mipmap: true
+    tooltip: qsTr("Add a kerno, or drop a passage here to code it into a new one.")
+    name: qsTr("Add Kerno")
+    ring.radius: width / 2
     enabled: CentralManager.canMutate
     opacity: CentralManager.showOverlapViewForKernoId > 0 ? 0 : enabled ? 1.0 : 0.6
     visible: opacity !== 0
-    scale: dropHovered && enabled ? 1.15 : _mouse.containsMouse ? 1.05 : 1.0
+    scale: dropHovered && enabled ? 1.15 : hovered ? 1.05 : 1.0
 
     Behavior on opacity { NumberAnimation {} }
     Behavior on scale { NumberAnimation { duration: 100 } }
@@ -29,16 +29,7 @@ Image {
 
     // `source` is the item of a text drag.
     function codeIntoNewKerno(source) {
-        if (!CentralManager.canMutate)
-            return
-        var kerno = instantiator.kerno(true)
-        var highlight = Utils.fillPassage(instantiator.highlight(), source)
-        highlight.kernoId = kerno.kernoId
-        var position = appHelper.calculateNewKernoPosition(CentralManager.canvasBaseWidth,
-                                                           CentralManager.canvasBaseHeight)
-        kerno.x = position.x
-        kerno.y = position.y
-        undoManager.addHighlightToNewKerno(highlight, kerno)
+        CentralManager.codeIntoNewKerno(source, "")
     }
 
     DropArea {
@@ -53,16 +44,11 @@ Image {
         }
     }
 
-    MouseArea {
-        id: _mouse
-        anchors.fill: parent
-        hoverEnabled: true
-        onClicked: root.addKerno()
-    }
+    onClicked: addKerno()
 
-    HoverToolTip {
-        anchorItem: root
-        text: qsTr("Add a kerno, or drop a passage here to code it into a new one.")
-        shown: _mouse.containsMouse && !_mouse.pressed
+    Image {
+        anchors.fill: parent
+        mipmap: true
+        source: "qrc:///qml/images/add-kerno-button.png"
     }
 }

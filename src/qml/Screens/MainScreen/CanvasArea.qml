@@ -19,10 +19,19 @@ FocusScope {
 
     // It stays behind the views: it holds the manual order, and stands at once when they are left.
     CircleKernoCanvas {
+        id: _canvas
         anchors.fill: parent
         visible: !root.__view
         canvasScale: root.canvasScale
         newKernoButton: _addButton
+    }
+
+    CanvasKeys {
+        id: _keys
+        objectName: "canvasKeys"
+        anchors.fill: parent
+        visible: !root.__view
+        canvas: _canvas
     }
 
     Loader {

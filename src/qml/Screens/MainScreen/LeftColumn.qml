@@ -10,6 +10,7 @@ FocusScope {
     property alias textRight: _statusBar.textRight
     property alias partialAnswersPanel: _canvasArea.partialAnswersPanel
     property alias metadataSummaryPanel: _canvasArea.metadataSummaryPanel
+    readonly property var parts: [_canvasArea, _statusBar]
     readonly property real scaleX: _canvasArea.width / CentralManager.canvasBaseWidth
     readonly property real scaleY: _canvasArea.height / CentralManager.canvasBaseHeight
     readonly property real canvasBaseScale: Math.max(0.1, Math.min(scaleX, scaleY))

@@ -14,6 +14,8 @@ Item {
     readonly property alias scaleY: _left.scaleY
     readonly property alias canvasBaseScale: _left.canvasBaseScale
     readonly property alias resizing: _split.resizing
+    // In their reading order.
+    readonly property var parts: _left.parts.concat([_search], _right.parts)
 
     // What opening the memos panel has added to the right column.
     property real __widened: 0
@@ -68,6 +70,7 @@ Item {
     }
 
     SearchPanelHolder {
+        id: _search
         x: _right.x - width
         y: root.actionBarHeight
         width: Units.dp(300)

@@ -19,6 +19,8 @@ DialogChain {
     }
     DialogEntry { flag: "showGeneralPreferencesDialog"; Component { GeneralPreferencesDialogImplementation {} } }
     DialogEntry { flag: "promptDialogData"; rest: null; Component { PromptDialogImplementation {} } }
+    DialogEntry { flag: "passageToCode"; rest: null; Component { CodeWithDialog {} } }
+    DialogEntry { flag: "showKeyboardSheet"; Component { KeyboardSheet {} } }
     DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }
     DialogEntry { flag: "showKernoShortcutKeyEditorDialog"; Component { KernoShortcutKeyEditorDialog {} } }
     DialogEntry { flag: "showMergeDialogForKernoId"; rest: -1; Component { MergeKernosDialog {} } }

@@ -17,6 +17,7 @@ FocusScope {
     readonly property alias metadataSummaryPanel: _metadataSummary
     readonly property alias sourcePercentageCoded: _list.sourcePercentageCoded
     readonly property alias globalPercentageCoded: _list.globalPercentageCoded
+    readonly property var parts: [_tabs, _viewTabs, _panelBar, rightStackView]
     readonly property bool __tabsShown: !CentralManager.showSearchPanel && !CentralManager.showMetadataOverviewPanel
                                         && !CentralManager.showingOverlapOrHierarchy
     // What stands over the source view, or null: the first that is wanted.

@@ -181,6 +181,11 @@ Rectangle {
             onTriggered: appHelper.manageAccount()
         }
         MenuItem {
+            text: qsTr("Keyboard Shortcuts")
+            shortcut: "F1"
+            onTriggered: CentralManager.showKeyboardSheet = true
+        }
+        MenuItem {
             text: qsTr("About")
             onTriggered: CentralManager.showAboutDialog = true
         }
