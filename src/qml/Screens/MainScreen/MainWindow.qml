@@ -137,6 +137,8 @@ KernovaWindow {
     Loader {
         active: CentralManager.showExportDOCXDialog > 0
         source: "../../dialogs/ExportDocxDialog.qml"
+    }
+
     PartKeys {
         parent: _frame
         parts: CentralManager.showQueryScreen ? [_actionBar, _query] : [_actionBar].concat(_mainScreen.parts)
