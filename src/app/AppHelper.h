@@ -2,6 +2,7 @@
 
 #include "import/SourceImport.h"
 #include "models/VariantListModel.h"
+#include "project/Progress.h"
 #include "records/QuestionAnswer.h"
 
 #include <QClipboard>
@@ -10,6 +11,7 @@
 #include <QQuickItemGrabResult>
 #include <QUrl>
 #include <QVariant>
+#include <atomic>
 
 class KRNFile;
 class QEventLoop;
@@ -31,6 +33,7 @@ class AppHelper : public QObject {
     Q_PROPERTY(VariantListModel* searchResults READ searchResults CONSTANT)
     Q_PROPERTY(QString cloudHost READ cloudHost NOTIFY cloudHostChanged)
     Q_PROPERTY(bool cloudHostFixed READ cloudHostFixed CONSTANT)
+    Q_PROPERTY(int exchangeProgress READ exchangeProgress NOTIFY exchangeProgressed)
     /// The suffixes of files that can be imported, in lower case, and the dialog's filter for them.
     Q_PROPERTY(QStringList importSuffixes READ importSuffixes CONSTANT)
     Q_PROPERTY(QString importFilter READ importFilter CONSTANT)
@@ -148,6 +151,23 @@ public:
     /// Why the last export failed, also that of tables; empty when it didn't.
     Q_INVOKABLE QString lastExportError() const { return m_exportError; }
 
+    // The exchange with other programs: see archive::import and archive::exportOpen. Both wait in a local event
+    // loop.
+
+    /// `resultProj` names the project to be made; the map is that of `Message`.
+    Q_INVOKABLE QVariantMap importQDPX(const QString& inputFile, const QJsonObject& resultProj,
+                                       const QString& author, int canvasWidth, int canvasHeight,
+                                       const QString& password = QString());
+    /// `toTheLetter`: texts and positions exactly as the standard says.
+    Q_INVOKABLE bool exportQDPX(const QString& outputFile, bool toTheLetter = false);
+    /// The name that a file gets whose suffix a person has left out.
+    Q_INVOKABLE QString withArchiveSuffix(const QString& path) const;
+    /// Ends either, which then fails and leaves nothing behind.
+    Q_INVOKABLE void cancelExchange() { m_exchangeCancelled = true; }
+    Q_INVOKABLE bool exchangeWasCancelled() const { return m_exchangeCancelled; }
+    /// How far it has come, in percent.
+    int exchangeProgress() const { return m_exchangeProgress; }
+
     // Search: see Search::SourceSearch, whose signals come through as those of the search below.
 
     /// `sourceId` 0 stands for all sources. The results come by signal, within the call.
@@ -169,6 +189,7 @@ signals:
     void clipboardContainsTextChanged();
     void userInvokedFileChanged();
     void cloudHostChanged();
+    void exchangeProgressed();
     void dummySignal();
     void csvImportProgress(int record, int of, int progress, bool finished);
 
@@ -178,6 +199,7 @@ private slots:
 private:
     void initSearch();
     void initExports();
+    Progress beginExchange();
     void openSynonyms() const;
     void closeSynonyms() const;
     SourceImport sourceImport() const { return {m_undoManager, m_krnFile}; }
@@ -192,4 +214,6 @@ private:
     QString m_userInvokedFile;
     bool m_readingCancelled = false;
     QString m_exportError;
+    int m_exchangeProgress = 0;
+    std::atomic<bool> m_exchangeCancelled{false};  ///< read on the thread of the work
 };

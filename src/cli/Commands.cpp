@@ -34,6 +34,26 @@ const std::vector<Command>& commands() {
          "Writes all records of the project. The texts of a project with a password stay enciphered.",
          {},
          exportJson},
+        {"export-qdpx",
+         "PROJECT ARCHIVE",
+         "write the project as a QDPX archive",
+         "Writes an archive of the REFI-QDA exchange standard, for other programs.",
+         {{"strict", "", "write texts and positions exactly as the standard says"}},
+         exportQdpx},
+        {"import-qdpx",
+         "ARCHIVE PROJECT",
+         "make a project of a QDPX archive",
+         "Makes a new project, with the password of --password-file if that is given. Prints a line for each "
+         "kind of element that could not be taken over, with its number.",
+         {},
+         importQdpx},
+        {"merge",
+         "RESULT MASTER PROJECT...",
+         "merge projects into a new one",
+         "Brings all projects into a new one; they stay as they are. The password of --password-file opens "
+         "those that have one, and becomes that of the result. A result that is there is refused.",
+         {},
+         merge},
     };
     return table;
 }

@@ -8,6 +8,9 @@ namespace cli {
 Outcome exportCsv(const Invocation& invocation, const Console& console);
 Outcome exportDocx(const Invocation& invocation, const Console& console);
 Outcome exportJson(const Invocation& invocation, const Console& console);
+Outcome exportQdpx(const Invocation& invocation, const Console& console);
+Outcome importQdpx(const Invocation& invocation, const Console& console);
 Outcome info(const Invocation& invocation, const Console& console);
+Outcome merge(const Invocation& invocation, const Console& console);
 
 }  // namespace cli

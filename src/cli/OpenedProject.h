@@ -31,11 +31,15 @@ public:
     KRNFile& file() { return *m_file; }
     UndoManager& undo() { return *m_undo; }
 
-private:
+    // For work on projects that aren't opened.
+
     Outcome connectLink();
     /// Whether the file may be worked on.
     Outcome look(const QString& path);
+    /// Empty when the invocation names no file.
     Outcome readPassword(QString* password) const;
+
+private:
     Outcome openAs(const QString& path, bool createNew, bool singleQuestion);
 
     const Invocation& m_invocation;

@@ -85,7 +85,10 @@ bool Project::loadFrom(KRNFile& file) {
     bool read = file.allTextsHere();
     eachList(m_records, [&](const char*, auto& list) {
         using List = std::decay_t<decltype(list)>;
-        if constexpr (!std::is_same_v<List, QList<QuestionAnswer>>)
+        // Preferences are read one by one, and the texts are here already.
+        constexpr bool isListed =
+            !std::is_same_v<List, QList<QuestionAnswer>> && !std::is_same_v<List, QList<Preference>>;
+        if constexpr (isListed)
             read = read && helper.findAll(list);
     });
     for (const Source& source : qAsConst(m_records.sources))

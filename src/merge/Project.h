@@ -39,7 +39,7 @@ public:
     /// left out; the lists are then empty. Any thread.
     bool loadFromJson(const QByteArray& reply, const QString& password, const Progress& progress = {});
 
-    /// Fills all lists from the open project, whose texts have to be here. False when one can't be read. The
+    /// Fills all lists but the preferences from the open project, whose texts have to be here. False when one can't be read. The
     /// records don't share their state with the models. Main thread.
     bool loadFrom(KRNFile& file);
 
