@@ -151,8 +151,8 @@ public:
     /// Why the last export failed, also that of tables; empty when it didn't.
     Q_INVOKABLE QString lastExportError() const { return m_exportError; }
 
-    // The exchange with other programs: see archive::import and archive::exportOpen. Both wait in a local event
-    // loop.
+    // The exchange with other programs: see archive::import and archive::exportOpen. Both wait in a local
+    // event loop.
 
     /// `resultProj` names the project to be made; the map is that of `Message`.
     Q_INVOKABLE QVariantMap importQDPX(const QString& inputFile, const QJsonObject& resultProj,

@@ -23,7 +23,8 @@ QVariantMap AppHelper::importQDPX(const QString& inputFile, const QJsonObject& r
                                   const QString& author, int canvasWidth, int canvasHeight,
                                   const QString& password) {
     const QDPXImportOptions options{author, canvasWidth, canvasHeight};
-    return archive::import(*m_krnFile->dataHelper(), inputFile, resultProj, options, password, beginExchange())
+    return archive::import(*m_krnFile->dataHelper(), inputFile, resultProj, options, password,
+                           beginExchange())
         .toVariantMap();
 }
 

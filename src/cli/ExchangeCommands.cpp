@@ -29,9 +29,11 @@ Outcome exportQdpx(const Invocation& invocation, const Console& console) {
     if (!outcome.ok())
         return outcome;
     const ExchangeForm form = invocation.has("strict") ? ExchangeForm::Standard : ExchangeForm::Own;
-    return archive::exportOpen(project.file(), target, form, console.progress(QStringLiteral("Writing the archive")))
+    return archive::exportOpen(project.file(), target, form,
+                               console.progress(QStringLiteral("Writing the archive")))
                ? Outcome::done()
-               : Outcome::failed(QStringLiteral("%1 can't be written.").arg(QDir::toNativeSeparators(target)));
+               : Outcome::failed(
+                     QStringLiteral("%1 can't be written.").arg(QDir::toNativeSeparators(target)));
 }
 
 Outcome importQdpx(const Invocation& invocation, const Console& console) {
@@ -51,8 +53,8 @@ Outcome importQdpx(const Invocation& invocation, const Console& console) {
         return outcome;
     const QDPXImportOptions options{opened.file().getCurrentAuthor(), canvasWidth, canvasHeight};
     const Message message =
-        archive::import(*opened.file().dataHelper(), file, {{QStringLiteral("name"), target}}, options, password,
-                        console.progress(QStringLiteral("Reading the archive")));
+        archive::import(*opened.file().dataHelper(), file, {{QStringLiteral("name"), target}}, options,
+                        password, console.progress(QStringLiteral("Reading the archive")));
     if (!message.status)
         return Outcome::failed(QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file), message.message));
     const QJsonArray skipped = message.json.value(QStringLiteral("skipped")).toArray();

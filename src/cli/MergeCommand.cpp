@@ -21,12 +21,13 @@ Outcome add(OpenedProject& opened, ProjectMerger& merger, const QString& path, c
         return looked;
     const QString shown = QDir::toNativeSeparators(path);
     if (!merger.tryProjectSingleQuestion(identity(path), master)) {
-        return Outcome::failed(merger.lastError().isEmpty()
-                                   ? QStringLiteral("%1 cannot be added because question type is different.").arg(shown)
-                                   : merger.lastError());
+        return Outcome::failed(
+            merger.lastError().isEmpty()
+                ? QStringLiteral("%1 cannot be added because question type is different.").arg(shown)
+                : merger.lastError());
     }
-    const bool added = master ? merger.setMaster(identity(path), password)
-                              : merger.addProject(identity(path), password);
+    const bool added =
+        master ? merger.setMaster(identity(path), password) : merger.addProject(identity(path), password);
     return added ? Outcome::done() : Outcome::failed(QStringLiteral("%1: %2").arg(shown, merger.lastError()));
 }
 
@@ -50,8 +51,7 @@ Outcome merge(const Invocation& invocation, const Console& console) {
     });
     const QString result = invocation.path(0);
     if (merger.exists(identity(result)))
-        return Outcome::failed(
-            QStringLiteral("%1 is there already.").arg(QDir::toNativeSeparators(result)));
+        return Outcome::failed(QStringLiteral("%1 is there already.").arg(QDir::toNativeSeparators(result)));
     return merger.merge(identity(result), password) ? Outcome::done() : Outcome::failed(merger.lastError());
 }
 

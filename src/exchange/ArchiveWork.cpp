@@ -41,11 +41,11 @@ Message import(DataHelper& helper, const QString& file, const QJsonObject& targe
     const bool isNew = local && !QFileInfo::exists(path);
     if (local && !canBeReplaced(helper, path)) {
         qDebug() << path << " already exists and cannot be removed!";
-        return {refused, false, QCoreApplication::translate("QDPXImporter", "Unable to overwrite project."), {}};
+        return {
+            refused, false, QCoreApplication::translate("QDPXImporter", "Unable to overwrite project."), {}};
     }
-    const QDPXImporter::Result result = runAside([&] {
-        return QDPXImporter(options).importProject(file, progressPart(progress, 0, readingShare));
-    });
+    const QDPXImporter::Result result = runAside(
+        [&] { return QDPXImporter(options).importProject(file, progressPart(progress, 0, readingShare)); });
     if (!result.project)
         return {result.error.isEmpty() ? 0 : refused, false, result.error, {}};
     Message message =
@@ -56,7 +56,8 @@ Message import(DataHelper& helper, const QString& file, const QJsonObject& targe
         return {0, false, {}, {}};
     }
     if (message.status)
-        message.json.insert(QStringLiteral("skipped"), QJsonArray::fromVariantList(result.skipped.toVariantList()));
+        message.json.insert(QStringLiteral("skipped"),
+                            QJsonArray::fromVariantList(result.skipped.toVariantList()));
     return message;
 }
 

@@ -8,8 +8,8 @@
 class DataHelper;
 class KRNFile;
 
-/// Whole archives in and out of projects. The work runs on a thread of its own, on which the progress is told;
-/// the caller waits in a local event loop. Main thread.
+/// Whole archives in and out of projects. The work runs on a thread of its own, on which the progress is
+/// told; the caller waits in a local event loop. Main thread.
 namespace archive {
 
 /// Makes the new project that `target` names of an archive. The message's `json` holds `project`, and in

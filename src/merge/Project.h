@@ -39,8 +39,8 @@ public:
     /// left out; the lists are then empty. Any thread.
     bool loadFromJson(const QByteArray& reply, const QString& password, const Progress& progress = {});
 
-    /// Fills all lists but the preferences from the open project, whose texts have to be here. False when one can't be read. The
-    /// records don't share their state with the models. Main thread.
+    /// Fills all lists but the preferences from the open project, whose texts have to be here. False when one
+    /// can't be read. The records don't share their state with the models. Main thread.
     bool loadFrom(KRNFile& file);
 
     /// The value of "project_json", with texts as they are.

@@ -95,6 +95,16 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("export-docx study.krn documents --separate", 1, "documents is there already");
     row("export-docx study.krn documents --separate --force", 0, "^$");
     row("export-docx study.krn documents --force", 1, "documents can't be written: a folder has this name");
+    row("export-qdpx study.krn out", 0, "^$");
+    row("export-qdpx study.krn out.qdpx --strict", 1, "out\\.qdpx is there already");
+    row("export-qdpx study.krn out.qdpx --strict --force", 0, "^$");
+    row("import-qdpx study.krn back.krn", 1, "study\\.krn: The file is not a QDPX archive");
+    row("import-qdpx out.qdpx back.krn --password-file password", 0, "^$");
+    row("info back.krn", 0, "Password +yes\nWhole +yes\n.*highlights +1\n");
+    row("merge both.krn study.krn back.krn", 1, "back\\.krn: Incorrect password");
+    row("merge both.krn back.krn study.krn --password-file password", 0, "merging \\d+");
+    row("info both.krn", 0, "Password +yes\nWhole +yes\n.*highlights +1\n");
+    row("merge both.krn back.krn study.krn --password-file password", 1, "both\\.krn is there already");
     row("export-json study.krn whole.json", 0, "^$");
     row("export-json study.krn whole.json", 1, "whole\\.json is there already");
     row("export-json study.krn whole.json --force", 0, "^$");
