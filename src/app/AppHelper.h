@@ -176,6 +176,8 @@ public:
                             const QVariantList& queryCriteria, bool isAndOperator);
     /// What the last search has found, without a way through scripts. Owned here.
     VariantListModel* searchResults() const { return m_searchResults; }
+    /// The plain text of an answer's or an excerpt's HTML.
+    Q_INVOKABLE QString plainText(const QString& answer) const;
     /// The excerpt [start, start + length) of an answer, marked as in the last search.
     Q_INVOKABLE QuestionAnswer extendedSearchResult(int sourceId, int questionId, int start,
                                                     int length) const;

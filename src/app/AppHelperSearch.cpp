@@ -1,6 +1,7 @@
 #include "app/AppHelper.h"
 
 #include "app/AppLog.h"
+#include "records/HtmlDocument.h"
 #include "records/QuestionAnswer.h"
 #include "search/SourceSearch.h"
 #include "search/Synonyms.h"
@@ -33,6 +34,10 @@ void AppHelper::search(const QString& term, int sourceId, bool wholeWords, bool 
     options.setFlag(Search::Option::CodedTextOnly, searchCodedTextOnly);
     options.setFlag(Search::Option::AlternativeEndings, alternativeEndings);
     m_search->search({term, sourceId, options, synonyms, queryCriteria, isAndOperator});
+}
+
+QString AppHelper::plainText(const QString& answer) const {
+    return HtmlDocument::parse(answer).plainText();
 }
 
 QuestionAnswer AppHelper::extendedSearchResult(int sourceId, int questionId, int start, int length) const {

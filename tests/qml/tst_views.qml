@@ -149,7 +149,7 @@ Item {
             panel.resetModel()
             panel.partialAnswers = quotes
             tryVerify(function() { return panel.quotes.allComponentsLoaded && panel.quotes.count === quotes.length })
-            return panel.quotes.allItems.map(function(loader) { return loader.item })
+            return quotes.map(function(quote, index) { return panel.quotes.itemAt(index).item })
         }
 
         function textOf(item) {
@@ -231,7 +231,7 @@ Item {
             tryVerify(function() { return items.every(function(item) { return textOf(item).length === 5 }) })
             findChild(items[2], "answerText").select(0, 2)
             findChild(items[0], "answerText").select(0, 3)
-            tryCompare(panel.quotes.itemsWithSelectedText, "length", 2)
+            tryVerify(function() { return panel.quotes.itemsWithSelectedText.length === 2 })
             compare(panel.quotes.getSelectedText(), "012\n\n-- Marta --\n\n01\n\n-- Marta --\n\n")
             compare(panel.quotes.getSelectedText("|"), "012|01|")
             panel.quotes.selectAll()

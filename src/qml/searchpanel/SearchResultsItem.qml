@@ -24,6 +24,10 @@ Item {
     property Item dragItem: null
     property bool resizing: false
 
+    // More of the answer was read than was found.
+    property bool extended: false
+    readonly property bool textReady: _text.mainTextArea.loaded
+    readonly property bool holdsFocus: _text.mainTextArea.activeFocus
     readonly property alias hasSelectedText: _text.hasSelectedText
     readonly property string selectedText: _text.selectedText.replace(/\u2029|\u2028/g, "\n")
     readonly property bool allSelected: hasSelectedText && _text.selectedText.length === _text.length
@@ -60,14 +64,17 @@ Item {
         var start = Math.max(0, _text.offset - Math.min(300, Math.max(_text.length, 20)))
         var more = loadMore(_text.sourceId, _text.questionId, start, _text.offset - start + _text.length)
         __take(more.answer, more.offset)
+        extended = true
     }
 
     function loadMoreAfter() {
         var before = _text.answer
         var more = loadMore(_text.sourceId, _text.questionId, _text.offset, _text.length + 80)
         _after.exhausted = more.answer === before
-        if (!_after.exhausted)
-            __take(more.answer, more.offset)
+        if (_after.exhausted)
+            return
+        __take(more.answer, more.offset)
+        extended = true
     }
 
     onPassageChanged: {
@@ -76,6 +83,7 @@ Item {
         _text.sourceId = passage.sourceId
         _text.questionId = passage.questionId
         _after.exhausted = false
+        extended = false
         __take(textOf(passage), offsetOf(passage))
     }
     onHasSelectedTextChanged: selectionChanged()

@@ -145,6 +145,8 @@ FocusScope {
                 QuotesRepeater {
                     id: _quotes
                     model: _batches
+                    view: _view
+                    textOf: root.textOf
                     quote: SearchResultsItem {
                         width: _column.width
                         textOf: root.textOf

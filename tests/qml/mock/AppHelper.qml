@@ -49,4 +49,5 @@ QtObject {
     function saveImportedQuestions(title, items) { saved.push([title, items.length]); return items.length > 0 }
     function batchImportQuestions(files) { imported.push(files) }
     function synonyms(word) { return [] }
+    function plainText(answer) { return answer }
 }

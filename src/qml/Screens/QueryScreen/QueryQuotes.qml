@@ -18,6 +18,10 @@ Item {
             appHelper.setClipboardText(text)
     }
 
+    function __textOf(highlight) {
+        return krnFile.partialAnswer(highlight.sourceId, highlight.questionId, highlight.start, highlight.length).answer
+    }
+
     function __followCursor(item, y, cursorHeight) {
         if (!item.hasSelectedText)
             return
@@ -91,15 +95,14 @@ Item {
                 QuotesRepeater {
                     id: _quotes
                     model: _batches
+                    view: _view
+                    textOf: root.__textOf
                     quote: SearchResultsItem {
                         width: _column.width
                         inQuery: true
                         expandable: false
                         showQuestion: false
-                        textOf: function(highlight) {
-                            return krnFile.partialAnswer(highlight.sourceId, highlight.questionId, highlight.start,
-                                                         highlight.length).answer
-                        }
+                        textOf: root.__textOf
                         onCopyFromAllRequested: root.copySelectedParts()
                         onCursorRectChanged: root.__followCursor(this, y, cursorHeight)
                     }
