@@ -193,18 +193,18 @@ ReplyBase* Connection::sendAsync(const QString& text, QObject* parent) {
     return reply;
 }
 
-QVector<ReplyBase> Connection::requests(const QString& text, int count) {
+QVector<ReplyBase> Connection::requests(const QStringList& texts) {
     QMutexLocker locker(&m_callMutex);
-    if (count < 1)
+    if (texts.isEmpty())
         return {};
     if (!ensureFreshToken()) {
         qDebug() << "NO CONNECTION";
         return {};
     }
-    const int first = m_messageId.fetch_add(count) + 1;
-    m_waiter->expectReplies(first, count);
-    for (int id = first; id < first + count; ++id)
-        transmit(id, text);
+    int id = m_messageId.fetch_add(texts.size()) + 1;
+    m_waiter->expectReplies(id, texts.size());
+    for (const QString& text : texts)
+        transmit(id++, text);
     return m_waiter->awaitReplies(m_timings.request);
 }
 

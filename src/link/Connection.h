@@ -51,12 +51,12 @@ public:
     /// Sends a request and blocks the calling thread until its reply has come, at most
     /// `LinkTimings::request` and no longer than the socket is open. A null reply when it could not be sent
     /// or got no reply, never that of another request.
-    ReplyBase request(const QString& text) { return requests(text, 1).value(0); }
+    ReplyBase request(const QString& text) { return requests({text}).value(0); }
 
-    /// Sends the same request `count` times without waiting in between, and blocks the calling thread until
-    /// all replies have come, with the bounds of `request`. They are in the order of the requests, with null
-    /// replies for those that didn't come; empty when the requests could not be sent.
-    QVector<ReplyBase> requests(const QString& text, int count);
+    /// Sends the requests without waiting in between, and blocks the calling thread until all replies have
+    /// come, with the bounds of `request`. They are in the order of the requests, with null replies for those
+    /// that didn't come; empty when the requests could not be sent.
+    QVector<ReplyBase> requests(const QStringList& texts);
 
     /// Blocking HTTP call over the network thread, bounded by `LinkTimings::http`. The network thread must
     /// not call.

@@ -10,7 +10,11 @@
 namespace {
 
 /// Requests that are on their way at one time, each burst with the bound of one request.
-constexpr int reservationsAtOnce = 1000;
+constexpr int requestsAtOnce = 1000;
+
+bool isAnswer(const ReplyBase& reply) {
+    return !reply.isNull() && reply.errors().isEmpty();
+}
 
 }  // namespace
 
@@ -81,10 +85,9 @@ bool DataHelper::tryRead(const QString& text, Log log, QJsonObject& data) {
         return true;
     const ReplyBase reply = m_connection->request(text);
     data = reply.data();
-    const bool answered = !reply.isNull() && reply.errors().isEmpty();
-    if (!answered)
+    if (!isAnswer(reply))
         emit readFailed();
-    return answered;
+    return isAnswer(reply);
 }
 
 bool DataHelper::write(const QString& text, bool blocking) {
@@ -99,7 +102,7 @@ bool DataHelper::write(const QString& text, bool blocking) {
     const ReplyBase reply = m_connection->request(text);
     if (reply.isNull())
         emit writeUnanswered();
-    return !reply.isNull() && reply.errors().isEmpty();
+    return isAnswer(reply);
 }
 
 ReplyBase* DataHelper::queryListAsync(const QString& text, QObject* parent) {
@@ -164,34 +167,36 @@ int DataHelper::maxId(const QString& word, bool next) {
     return id;
 }
 
-QList<int> DataHelper::nextIds(const QString& word, int count) {
+QList<int> DataHelper::queryInts(const QStringList& texts, const QString& key) {
     QMutexLocker locker(&m_mutex);
-    if (count < 1 || !mayRead(Log::Refusal))
-        return {};
-    const QList<int> ids = reserved(word, count);
-    if (ids.isEmpty())
-        emit readFailed();
-    return ids;
+    QList<int> values;
+    if (!mayRead(Log::Refusal))
+        return values;
+    values.reserve(texts.size());
+    while (values.size() < texts.size()) {
+        const QStringList some = texts.mid(values.size(), requestsAtOnce);
+        const QVector<ReplyBase> replies = m_connection->requests(some);
+        const bool answered =
+            replies.size() == some.size() && std::all_of(replies.begin(), replies.end(), isAnswer);
+        if (!answered) {
+            emit readFailed();
+            return {};
+        }
+        for (const ReplyBase& reply : replies)
+            values.append(reply.data().value(key).toInt());
+    }
+    return values;
 }
 
-QList<int> DataHelper::reserved(const QString& word, int count) {
-    const QString text = wire::maxId(word, true);
-    const QString key = word + wire::suffix(wire::Operation::MaxId);
-    QList<int> ids;
-    ids.reserve(count);
-    while (ids.size() < count) {
-        const int wanted = std::min(count - ids.size(), reservationsAtOnce);
-        const QVector<ReplyBase> replies = m_connection->requests(text, wanted);
-        if (replies.size() < wanted)
-            return {};
-        for (const ReplyBase& reply : replies) {
-            const int id = reply.data().value(key).toInt();
-            if (id < 1)
-                return {};
-            ids.append(id);
-        }
-    }
-    return ids;
+QList<int> DataHelper::nextIds(const QString& word, int count) {
+    QStringList texts;
+    for (int i = 0; i < count; ++i)
+        texts.append(wire::maxId(word, true));
+    const QList<int> ids = queryInts(texts, word + wire::suffix(wire::Operation::MaxId));
+    if (std::all_of(ids.cbegin(), ids.cend(), [](int id) { return id > 0; }))
+        return ids;
+    emit readFailed();
+    return {};
 }
 
 bool DataHelper::savesBlocking(wire::Record record) {

@@ -106,6 +106,9 @@ public:
     }
 
     int queryInt(const QString& text, const QString& key);
+    /// The numbers that many such reads give, in their order, for about the time of one. Empty when one of
+    /// them fails, or all are refused.
+    QList<int> queryInts(const QStringList& texts, const QString& key);
     QJsonValue queryValue(const QString& text, const QString& key);
     /// The value of one field of each element of the word's list.
     QVariantList queryIds(const QString& text, const QString& word, const QString& field);
@@ -249,7 +252,6 @@ private:
     QJsonObject read(const QString& text, Log log);
     bool tryRead(const QString& text, Log log, QJsonObject& data);
     bool write(const QString& text, bool blocking);
-    QList<int> reserved(const QString& word, int count);
     void reopen(const QJsonObject& project);
     void switchRegion(const QString& region);
     void forgetProject();

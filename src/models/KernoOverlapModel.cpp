@@ -11,7 +11,7 @@ KernoOverlapModel::KernoOverlapModel(QObject* parent)
     connect(m_trigger, &QTimer::timeout, this, &KernoOverlapModel::recompute);
     if (ProjectEvents* project = ProjectEvents::current())
         setRecords(project->kernoModel());
-    // Every count is a blocking read, so a burst of changes in one pass of the event loop is counted once.
+    // The counts are a blocking read, so a burst of changes in one pass of the event loop is counted once.
     if (records())
         connect(records(), &IModelListBase::modelUpdated, m_trigger, &DelayedSignalTrigger::restart);
 }
@@ -64,19 +64,23 @@ void KernoOverlapModel::recompute() {
         return;
     }
     m_computing = true;
+    const int mainId = m_kernoId;
+    QList<int> others;
+    for (const Kerno& kerno : records()->snapshot()) {
+        if (kerno.kernoId() != mainId)
+            others.append(kerno.kernoId());
+    }
+    const QList<int> counts = ProjectEvents::current()->overlapsOf(mainId, others);
     QHash<int, int> overlaps;
     int largest = 0;
-    const QList<Kerno> kernos = records()->snapshot();
-    const int mainId = m_kernoId;
-    for (const Kerno& kerno : kernos) {
-        if (kerno.kernoId() == mainId)
-            continue;
-        const int count = ProjectEvents::current()->overlapOf(mainId, kerno.kernoId());
-        overlaps.insert(kerno.kernoId(), count);
-        largest = qMax(largest, count);
+    for (int i = 0; i < others.size(); ++i) {
+        overlaps.insert(others.at(i), counts.value(i));
+        largest = qMax(largest, counts.value(i));
     }
     m_computing = false;
-    if (mainId != m_kernoId)
+    // What is shown stays when it can't be read anew.
+    const bool isShown = !m_overlaps.isEmpty() && !m_overlaps.contains(mainId);
+    if (mainId != m_kernoId || (counts.size() < others.size() && isShown))
         return;
     if (overlaps != m_overlaps) {
         m_overlaps = overlaps;

@@ -49,8 +49,9 @@ public:
     /// The kerno of that id, or an empty one.
     virtual Kerno kernoById(int kernoId) const = 0;
 
-    /// Number of overlapping pairs of highlights of two kernos: one blocking read.
-    virtual int overlapOf(int kernoId1, int kernoId2) = 0;
+    /// Number of overlapping pairs of highlights that a kerno has with each of the others. Blocks. Empty when
+    /// they can't be read.
+    virtual QList<int> overlapsOf(int kernoId, const QList<int>& others) = 0;
 
 signals:
     void fileOpened();

@@ -43,7 +43,12 @@ public:
     KernoShortcutKeyModel* shortcutKeyModel() const override { return shortcuts.get(); }
     ChatModel* chatModel() const override { return chat.get(); }
     Kerno kernoById(int kernoId) const override { return kernos->record(kernoId); }
-    int overlapOf(int kernoId1, int kernoId2) override { return overlap ? overlap(kernoId1, kernoId2) : 0; }
+    QList<int> overlapsOf(int kernoId, const QList<int>& others) override {
+        QList<int> counts;
+        for (int other : others)
+            counts.append(overlap ? overlap(kernoId, other) : 0);
+        return counts;
+    }
 
 private:
     template <typename Model> std::unique_ptr<Model> make() { return std::make_unique<Model>(m_helper); }
