@@ -35,19 +35,67 @@ public slots:
 }  // namespace
 
 QStringList ExportJob::runs() {
-    return {QStringLiteral("dark")};
+    return {QStringLiteral("dark"), QStringLiteral("light")};
 }
 
 bool ExportJob::play(const QString& run) {
-    return signIn() && createProject(path(QStringLiteral("study.krn"))) &&
-           chooseTheme(run == QLatin1String("dark")) && makeCodedText() && exportTables() &&
-           exportDocuments() && cancelExport();
+    const bool dark = run == QLatin1String("dark");
+    if (!signIn() || !createProject(path(run + QStringLiteral(".krn"))) || !chooseTheme(dark) ||
+        !importTable())
+        return false;
+    return !dark || (makeCodedText() && exportTables() && exportDocuments() && cancelExport());
 }
 
 QString ExportJob::folder(const QString& name) {
     QDir(path(name)).removeRecursively();
     QDir().mkpath(path(name));
     return path(name);
+}
+
+bool ExportJob::importTable() {
+    const QString table = path(QStringLiteral("survey.csv"));
+    const QString noRows = path(QStringLiteral("empty.csv"));
+    const QString rows =
+        QStringLiteral("Name,A question that somebody has asked at such a length that no table has the room "
+                       "to show all of it "
+                       "in a single line?,Age,Remarks\nDora,\"Well, <i>said</i>\nby < 3\",30,\n,No,30,x\n");
+    if (!writeFile(table, rows) || !writeFile(noRows, QStringLiteral("Name,Age\n")) ||
+        !expect(m_driver.click(m_driver.itemNamed(QStringLiteral("addSource"))),
+                QStringLiteral("there is no button to add a source")) ||
+        !click(QStringLiteral("Import Sources From CSV")) || !shown(QStringLiteral("No file selected.")) ||
+        !shoot(QStringLiteral("table-empty")) || !chooseProject(QStringLiteral("Select File"), noRows) ||
+        !shown(QStringLiteral("The selected file did not contain any relevant data.")) ||
+        !chooseProject(QStringLiteral("Select File"), table) ||
+        !shown(QStringLiteral("Sources to import: 2")))
+        return false;
+    QString told;
+    const bool answered = m_driver.during([&] { click(QStringLiteral("Import")); },
+                                          [&] {
+                                              told = m_driver.messageBoxText();
+                                              return m_driver.answerMessageBox(QStringLiteral("OK"));
+                                          });
+    const QString refusal = QStringLiteral("Cannot start import. Please fix the following problem:\n\n"
+                                           "Please select at least one question.");
+    if (!expect(answered && told == refusal, QStringLiteral("a table without a question is taken: ") + told))
+        return false;
+    const QStringList types{QStringLiteral("Title"), QStringLiteral("Question"), QStringLiteral("Property")};
+    for (int i = 0; i < types.size(); ++i) {
+        if (!choose(m_driver.itemsOfType(QStringLiteral("ArrowComboBox")).value(i), types.at(i)))
+            return false;
+    }
+    const int before = undoIndex();
+    const auto holds = [](int sources) {
+        return [sources] { return KRNFile::instance()->sources().size() == sources; };
+    };
+    return shoot(QStringLiteral("table")) && click(QStringLiteral("Import")) &&
+           gone(QStringLiteral("Sources to import: 2")) &&
+           until(holds(2), QStringLiteral("the rows are not imported")) && click(QStringLiteral("Dora")) &&
+           expect(m_source.read(QStringLiteral("Well, said\nby < 3")),
+                  QStringLiteral("the answer is not shown")) &&
+           shoot(QStringLiteral("table-imported")) &&
+           expect(undoIndex() == before + 1, QStringLiteral("a table is not one step")) && undo() &&
+           until(holds(0), QStringLiteral("a table can't be undone")) && redo() &&
+           until(holds(2), QStringLiteral("a table can't be redone"));
 }
 
 bool ExportJob::makeCodedText() {
@@ -81,7 +129,7 @@ bool ExportJob::exportTables() {
     const QString tables = folder(QStringLiteral("tables"));
     if (!exportTo(csvEntry, tables) ||
         !fileHolds(tables + QStringLiteral("/Quotes.csv"),
-                   "\"Belonging\",1,\"Yard\",1,\"Wait, and see\",\n") ||
+                   "\"Belonging\",3,\"Yard\",1,\"Wait, and see\",\"\",\n") ||
         !fileHolds(tables + QStringLiteral("/Sources.csv"), "\"They said: \"\"Wait, and see\"\".\n") ||
         !until([&] { return shownFolders.folders == QStringList{tables}; },
                QStringLiteral("the folder of the tables is not shown")))
@@ -101,7 +149,7 @@ bool ExportJob::exportTables() {
 
 bool ExportJob::exportDocuments() {
     const QString all = folder(QStringLiteral("documents")) + QStringLiteral("/all");
-    const QString single = path(QStringLiteral("documents/each/1_Yard.docx"));
+    const QString single = path(QStringLiteral("documents/each/3_Yard.docx"));
     QDir().mkpath(path(QStringLiteral("documents/each")));
     const auto written = [](const QString& file) {
         return QFile::exists(file) &&

@@ -17,6 +17,7 @@ private:
     bool exportTables();
     bool exportDocuments();
     bool cancelExport();
+    bool importTable();
 
     /// Triggers an entry of the export menu, and gives its dialog a file or folder.
     bool exportTo(const QString& entry, const QString& path);

@@ -1,5 +1,6 @@
 #include "MockRows.h"
 
+#include "import/TransposedCSVImportModel.h"
 #include "models/ComboBoxProxyModel.h"
 #include "models/FetchMoreListModel.h"
 #include "models/KernoHierarchyModel.h"
@@ -51,6 +52,7 @@ public:
         qmlRegisterType<MockKernoChoice>("Kernova", 1, 4, "KernoComboBoxModel");
         qmlRegisterType<MockRows>("Kernova", 1, 4, "KernoShortcutKeyProxyModel");
         // These need no project: without one they are empty.
+        qmlRegisterType<TransposedCSVImportModel>("Kernova", 1, 4, "TransposedCSVImportModel");
         qmlRegisterType<VariantListModel>("Kernova", 1, 0, "VariantListModel");
         qmlRegisterType<FetchMoreListModel>("Kernova", 1, 4, "FetchMoreListModel");
         qmlRegisterType<KernoHierarchyModel>("Kernova", 1, 4, "KernoHierarchyModel");

@@ -32,6 +32,12 @@ StyledMenu {
     }
     MenuSeparator {}
     MenuItem {
+        text: qsTr("Import Sources From CSV")
+        enabled: CentralManager.canMutate
+        onTriggered: CentralManager.showCSVImportDialog = true
+    }
+    MenuSeparator {}
+    MenuItem {
         text: qsTr("Import Sources: Entire Folder")
         enabled: CentralManager.canMutate && CentralManager.singleQuestionMode
         onTriggered: appHelper.batchImportQuestions(true)

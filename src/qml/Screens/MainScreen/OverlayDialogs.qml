@@ -24,5 +24,6 @@ DialogChain {
     DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }
     DialogEntry { flag: "showKernoShortcutKeyEditorDialog"; Component { KernoShortcutKeyEditorDialog {} } }
     DialogEntry { flag: "showMergeDialogForKernoId"; rest: -1; Component { MergeKernosDialog {} } }
+    DialogEntry { flag: "showCSVImportDialog"; Component { ImportCSVDialogImplementation {} } }
     DialogEntry { flag: "saveAsRemote"; rest: 0; Component { NewProjectDialogImplementation {} } }
 }
