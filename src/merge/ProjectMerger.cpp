@@ -171,6 +171,13 @@ bool ProjectMerger::merge(const QJsonObject& proj, const QString& password) {
         m_lastError = tr("Project with this title already exists! Please rename the merge result.");
         return false;
     }
+    const auto isOther = [this](const auto& input) {
+        return input->singleQuestion != m_master->singleQuestion;
+    };
+    if (std::any_of(m_added.cbegin(), m_added.cend(), isOther)) {
+        m_lastError = tr("The projects cannot be merged because question types are different.");
+        return false;
+    }
     m_merging = true;
     m_progress = 0;
     emit progressed();

@@ -2,6 +2,7 @@
 #include "CloudJob.h"
 #include "CodingJob.h"
 #include "CopiesJob.h"
+#include "ExchangeJob.h"
 #include "ExportJob.h"
 #include "FirstLightJob.h"
 #include "GroupsJob.h"
@@ -48,6 +49,7 @@ const std::vector<JobEntry>& jobs() {
         {"cloud", CloudJob::runs(), {}, make<CloudJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
         {"copies", CopiesJob::runs(), {}, make<CopiesJob>},
+        {"exchange", ExchangeJob::runs(), {}, make<ExchangeJob>},
         {"export", ExportJob::runs(), {}, make<ExportJob>},
         {"groups", {QStringLiteral("groups")}, {}, make<GroupsJob>},
         {"import", ImportJob::runs(), {}, make<ImportJob>},

@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import QtQuick.Dialogs 1.3
 import QtQuick.Layouts 1.15
 import "../Components"
 import "../Utils.js" as Utils
@@ -23,12 +22,15 @@ DialogPanel {
     property QtObject properties: QtObject {
         property var project: null
         property bool passwordNeeded: false
+        property bool qdpxImport: false
+        property string qdpx
         property bool showFileDialog: false
     }
 
     heading: mode === modeNew ? qsTr("New Project") : qsTr("Welcome to Kernova")
     implicitWidth: Units.dp(720)
     enabled: !isOpening
+    readonly property bool __choosing: !properties.passwordNeeded && !properties.qdpxImport
 
     Component.onCompleted: {
         _author.text = _recent.lastAuthor
@@ -36,7 +38,7 @@ DialogPanel {
     }
 
     Keys.onEscapePressed: {
-        if (CentralManager.hasFileOpen)
+        if (CentralManager.hasFileOpen && __choosing)
             dialogBase.close()
     }
 
@@ -73,6 +75,11 @@ DialogPanel {
     function open(path) {
         if (path === "" || !validate())
             return
+        if (mode === modeOpen && path.toLowerCase().endsWith(".qdpx")) {
+            properties.qdpx = path
+            properties.qdpxImport = true
+            return
+        }
         properties.project = { name: path, project_uuid: "" }
         if (mode === modeOpen && !projectMerger.tryProjectPassword(properties.project, "")) {
             // A project that can't be read takes no password either.
@@ -83,6 +90,11 @@ DialogPanel {
             return
         }
         __startOpening(mode === modeNew ? _newFields.password : "")
+    }
+
+    function __leaveImport() {
+        properties.qdpxImport = false
+        properties.qdpx = ""
     }
 
     function tryPassword(password) {
@@ -158,31 +170,31 @@ DialogPanel {
         }
     }
 
+    QDPXImportPanel {
+        Layout.fillWidth: true
+        visible: root.properties.qdpxImport
+        archive: root.properties.qdpx
+        author: _author.text
+        onFinished: {
+            root.__leaveImport()
+            root.properties.project = project
+            root.__startOpening(password)
+        }
+        onCancelled: root.__leaveImport()
+    }
+
     ColumnLayout {
         Layout.fillWidth: true
-        visible: !root.properties.passwordNeeded
+        visible: root.__choosing
         spacing: ApplicationStyle.default_margin
 
-        DialogLabel {
-            visible: root.mode === root.modeOpen
-            text: qsTr("Recent Projects:")
-        }
-        RecentFilesList {
+        RecentProjects {
             id: _recentList
             Layout.fillWidth: true
-            Layout.preferredHeight: Units.dp(236)
             visible: root.mode === root.modeOpen
             model: _recent.recentFilesModel
             onActivated: root.open(path)
             onRemoveRequested: _recent.remove(path)
-        }
-        StyledButton {
-            Layout.alignment: Qt.AlignRight
-            visible: root.mode === root.modeOpen
-            primary: true
-            enabled: _recentList.selectedPath !== ""
-            text: qsTr("Open Selected")
-            onClicked: root.open(_recentList.selectedPath)
         }
 
         RowLayout {
@@ -221,21 +233,16 @@ DialogPanel {
 
     OpenButtons {
         Layout.topMargin: ApplicationStyle.default_margin
-        visible: !root.properties.passwordNeeded
+        visible: root.__choosing
         creating: root.mode === root.modeNew
         onCancelled: root.dialogBase.close()
         onExistingRequested: root.__choose(root.modeOpen)
         onNewRequested: root.__choose(root.modeNew)
     }
 
-    FileDialog {
-        id: _fileDialog
+    ProjectFileDialog {
         visible: root.properties.showFileDialog
-        title: root.mode === root.modeNew ? qsTr("Create New Project") : qsTr("Open Existing Project")
-        folder: shortcuts.documents
-        selectExisting: root.mode === root.modeOpen
-        nameFilters: [qsTr("Kerno Files (*.krn *.KRN)")]
-        defaultSuffix: "krn"
+        creating: root.mode === root.modeNew
         onAccepted: {
             root.properties.showFileDialog = false
             root.open(Utils.filePathFromUrl(fileUrl))

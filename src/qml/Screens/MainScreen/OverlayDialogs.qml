@@ -19,6 +19,7 @@ DialogChain {
     }
     DialogEntry { flag: "showGeneralPreferencesDialog"; Component { GeneralPreferencesDialogImplementation {} } }
     DialogEntry { flag: "promptDialogData"; rest: null; Component { PromptDialogImplementation {} } }
+    DialogEntry { flag: "showMergeProjectsDialog"; Component { MergeProjectsDialogImplementation {} } }
     DialogEntry { flag: "passageToCode"; rest: null; Component { CodeWithDialog {} } }
     DialogEntry { flag: "showKeyboardSheet"; Component { KeyboardSheet {} } }
     DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }
@@ -26,4 +27,5 @@ DialogChain {
     DialogEntry { flag: "showMergeDialogForKernoId"; rest: -1; Component { MergeKernosDialog {} } }
     DialogEntry { flag: "showCSVImportDialog"; Component { ImportCSVDialogImplementation {} } }
     DialogEntry { flag: "saveAsRemote"; rest: 0; Component { NewProjectDialogImplementation {} } }
+    DialogEntry { flag: "showExportQDPXDialog"; Component { ExportQDPXDialogImplementation {} } }
 }

@@ -36,6 +36,11 @@ StyledMenu {
     }
     MenuSeparator {}
     MenuItem {
+        text: qsTr("Export as REFI-QDA")
+        enabled: root.__hasSource
+        onTriggered: CentralManager.showExportQDPXDialog = true
+    }
+    MenuItem {
         text: qsTr("Export Project (Sources Only)")
         enabled: root.__hasSource
         onTriggered: root.__export(2, root.saveDialog.sourcesOnly)

@@ -30,6 +30,11 @@ StyledMenu {
         onTriggered: root.saveDialog.ask(root.saveDialog.download)
     }
     MenuItem {
+        text: qsTr("Merge Projects")
+        enabled: root.__hasSource
+        onTriggered: CentralManager.showMergeProjectsDialog = true
+    }
+    MenuItem {
         text: qsTr("Manage Projects")
         onTriggered: appHelper.manageProjects()
     }

@@ -7,6 +7,8 @@ import "../../Components"
 GridLayout {
     id: root
 
+    // Not of a project whose texts come from elsewhere.
+    property bool asksForQuestions: true
     readonly property string password: _protected.checked ? _password.text : ""
     readonly property bool structured: _structured.checked
     readonly property bool passwordsMatch: !_protected.checked || _password.text === _repeat.text
@@ -53,9 +55,10 @@ GridLayout {
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
     }
 
-    DialogLabel { text: qsTr("Structured Questions") }
+    DialogLabel { visible: root.asksForQuestions; text: qsTr("Structured Questions") }
     Switch {
         id: _structured
+        visible: root.asksForQuestions
         Accessible.name: qsTr("Structured Questions")
         style: ApplicationStyle.switch_style
         activeFocusOnTab: true

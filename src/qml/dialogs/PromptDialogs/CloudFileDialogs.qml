@@ -8,6 +8,7 @@ Item {
     property var __project: null
 
     signal uploadChosen(url file)
+    signal archiveChosen(url file)
     signal downloadChosen(var project, url file)
     signal removalConfirmed(var project)
 
@@ -29,8 +30,13 @@ Item {
         id: _upload
         title: qsTr("Upload Project")
         folder: shortcuts.documents
-        nameFilters: [qsTr("Kerno Files (*.krn *.KRN)")]
-        onAccepted: root.uploadChosen(fileUrl)
+        nameFilters: [qsTr("Kerno Files (*.krn *.KRN)"), qsTr("REFI-QDA archives (*.QDPX *qdpx)")]
+        onAccepted: {
+            if (fileUrl.toString().toLowerCase().endsWith(".qdpx"))
+                root.archiveChosen(fileUrl)
+            else
+                root.uploadChosen(fileUrl)
+        }
     }
 
     FileDialog {

@@ -11,6 +11,7 @@ DialogPanel {
 
     readonly property int modeOpen: 0
     readonly property int modeNew: 1
+    readonly property int modeConvert: 2
 
     property int mode: modeOpen
     property string message
@@ -24,7 +25,8 @@ DialogPanel {
     readonly property var __selected: _own.selected || _shared.selected
     readonly property bool __listing: mode === modeOpen && !properties.passwordNeeded
 
-    heading: mode === modeNew ? qsTr("New Cloud Project") : qsTr("Welcome to Kernova Cloud")
+    heading: mode === modeNew ? qsTr("New Cloud Project")
+           : mode === modeConvert ? qsTr("Convert REFI-QDA to Cloud Project") : qsTr("Welcome to Kernova Cloud")
     implicitWidth: Units.dp(820)
     enabled: !_projects.busy
 
@@ -33,7 +35,7 @@ DialogPanel {
     Keys.onEscapePressed: {
         if (mode === modeNew)
             __show(modeOpen)
-        else if (CentralManager.hasFileOpen)
+        else if (mode === modeOpen && CentralManager.hasFileOpen)
             dialogBase.close()
     }
 
@@ -45,8 +47,6 @@ DialogPanel {
     function __show(wantedMode) {
         __tell("", false)
         mode = wantedMode
-        if (wantedMode === modeNew)
-            _title.forceActiveFocus()
     }
 
     // Does a call of the cloud that gives a message; what follows gets its `value`.
@@ -91,14 +91,14 @@ DialogPanel {
     }
 
     function create() {
-        var title = _title.text.trim()
-        if (title === "" || !_newFields.passwordsMatch) {
+        var title = _new.title
+        if (title === "" || !_new.passwordsMatch) {
             __tell(title === "" ? qsTr("Please provide a project title!")
                                 : qsTr("Please repeat password exactly!"), true)
             return
         }
         __call(qsTr("Loading..."), function() { return appHelper.createNewProject(title) }, function(made) {
-            root.__openProject(made.project, _newFields.password, true)
+            root.__openProject(made.project, _new.password, true)
         })
     }
 
@@ -107,7 +107,7 @@ DialogPanel {
             __tell(qsTr("Unable to connect to server. Please try again later..."), true)
             return
         }
-        if (CentralManager.openProject(project, password, isNew, !_newFields.structured, false))
+        if (CentralManager.openProject(project, password, isNew, !_new.structured, false))
             dialogBase.close()
         else
             __tell(krnFile.getLastOpenError(), true)
@@ -120,6 +120,11 @@ DialogPanel {
 
     CloudFileDialogs {
         id: _dialogs
+        onArchiveChosen: {
+            _import.archive = ""
+            _import.archive = Utils.filePathFromUrl(file)
+            root.__show(root.modeConvert)
+        }
         onUploadChosen: root.__call(qsTr("Uploading..."), function() {
             return appHelper.uploadProject(Utils.filePathFromUrl(file))
         }, function() { _projects.updateProjectsModel() })
@@ -199,26 +204,27 @@ DialogPanel {
         onOpenRequested: root.open(root.__selected)
     }
 
-    RowLayout {
-        visible: root.mode === root.modeNew
-        spacing: ApplicationStyle.default_dialog_margin
-
-        DialogLabel {
-            Layout.preferredWidth: Units.dp(150)
-            text: qsTr("Project Title:")
-        }
-        DialogTextField {
-            id: _title
-            objectName: "projectTitle"
-            Layout.fillWidth: true
-            Accessible.name: qsTr("Project Title")
-            onAccepted: root.create()
-        }
-    }
-    NewProjectFields {
-        id: _newFields
+    CloudNewProject {
+        id: _new
         Layout.fillWidth: true
         visible: root.mode === root.modeNew
+        onAccepted: root.create()
+    }
+    QDPXImportPanel {
+        id: _import
+        Layout.fillWidth: true
+        visible: root.mode === root.modeConvert
+        cloud: true
+        author: CentralManager.currentAuthor
+        onFinished: {
+            root.__show(root.modeOpen)
+            root.__openProject(project, password, false)
+        }
+        onCancelled: {
+            root.__show(root.modeOpen)
+            if (imported)
+                _projects.update()
+        }
     }
 
     DialogLabel {
@@ -235,7 +241,7 @@ DialogPanel {
 
     CloudOpenButtons {
         Layout.topMargin: ApplicationStyle.default_margin
-        visible: !root.properties.passwordNeeded
+        visible: !root.properties.passwordNeeded && root.mode !== root.modeConvert
         creating: root.mode === root.modeNew
         onCancelled: root.dialogBase.close()
         onBackRequested: root.__show(root.modeOpen)
