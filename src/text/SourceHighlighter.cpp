@@ -1,7 +1,7 @@
 #include "text/SourceHighlighter.h"
 
 #include "project/KRNFile.h"
-#include "text/ContrastColor.h"
+#include "records/ContrastColor.h"
 #include "text/HighlightPainting.h"
 #include "text/KernovaTextEdit.h"
 #include "text/TextLog.h"

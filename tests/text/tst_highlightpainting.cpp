@@ -1,5 +1,5 @@
+#include "records/ContrastColor.h"
 #include "tests_support/TestMain.h"
-#include "text/ContrastColor.h"
 #include "text/HighlightPainting.h"
 
 #include <QTest>

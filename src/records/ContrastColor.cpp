@@ -1,4 +1,4 @@
-#include "text/ContrastColor.h"
+#include "records/ContrastColor.h"
 
 QColor contrastFontColor(const QColor& background) {
     const double brightness =

@@ -1,0 +1,3 @@
+
+// What the page calls, under one name.
+var DocxBundle = { docx: docx, filesaver: { saveAs: window.saveAs } };
