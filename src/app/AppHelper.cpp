@@ -7,7 +7,7 @@
 #include "link/ServiceConfig.h"
 #include "project/KRNFile.h"
 #include "records/AnswerText.h"
-#include "text/ContrastColor.h"
+#include "records/ContrastColor.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -78,6 +78,15 @@ public:
     Q_INVOKABLE QString createReportFolder() const;
     Q_INVOKABLE QString createWordCloudFolder() const;
 
+    /// Writes a report into its folder, shows it, and comes back when the viewer is closed: whether all of it
+    /// was written. `criteria` choose the highlights; an empty list takes all.
+    Q_INVOKABLE bool writeReportData(const QString& reportFolder, const QVariantList& criteria,
+                                     bool generateHierarchyViews, bool generateOverlapViews);
+    /// The same for a word cloud.
+    Q_INVOKABLE bool writeWordCloudData(const QString& reportFolder);
+    /// Ends the writing of either, which then gives false.
+    Q_INVOKABLE void cancelPages();
+
     Q_INVOKABLE void processEvents();
     Q_INVOKABLE QString applicationVersion() const;
     Q_INVOKABLE QString aboutDialogContent() const;
@@ -140,13 +149,6 @@ public:
     Q_INVOKABLE int batchImportQuestions(const QList<QUrl>& files, const QString& questionMarker,
                                          const QString& answerMarker, bool showInfo = false);
 
-    /// What the header of a CSV file says of its columns: maps with "cellValue", the name, and "cellType", 1
-    /// for a property and 0 for a question.
-    Q_INVOKABLE QVariantList importCSVHeader(const QUrl& file);
-    /// Imports a CSV file with its columns as that list tells, in one undoable step; `csvImportProgress`
-    /// tells of the begin and the end.
-    Q_INVOKABLE void importCSV(const QUrl& file, const QVariantList& headersModel);
-
     // Exports. They show a progress of their own, which the user can cancel; that is no failure.
 
     /// Writes all sources into one Word document; ".docx" is added to a name without it.
@@ -201,6 +203,8 @@ signals:
     void exchangeProgressed();
     void dummySignal();
     void csvImportProgress(int record, int of, int progress, bool finished);
+    /// How many sources a report or word cloud has gone over.
+    void pagesProgress(int sources, int of);
 
 private slots:
     void clipboardDataChanged();
@@ -211,6 +215,7 @@ private:
     Progress beginExchange();
     void openSynonyms() const;
     void closeSynonyms() const;
+    bool goOnWithPages(qint64 sources, qint64 of);
     SourceImport sourceImport() const { return {m_undoManager, m_krnFile}; }
 
     UndoManager* m_undoManager;
@@ -225,4 +230,5 @@ private:
     QString m_exportError;
     int m_exchangeProgress = 0;
     std::atomic<bool> m_exchangeCancelled{false};  ///< read on the thread of the work
+    bool m_pagesCancelled = false;
 };

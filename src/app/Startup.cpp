@@ -30,6 +30,8 @@ void loadFonts() {
 void prepare() {
     registration::registerEarlyMetaTypes();
     QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache, true);
+    // The web engine draws the report into the windows of this program.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts, true);
     if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND"))
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Direct3D12);
     cloudhost::load();
