@@ -149,6 +149,13 @@ public:
     Q_INVOKABLE int batchImportQuestions(const QList<QUrl>& files, const QString& questionMarker,
                                          const QString& answerMarker, bool showInfo = false);
 
+    /// What the header of a CSV file says of its columns: maps with "cellValue", the name, and "cellType", 1
+    /// for a property and 0 for a question.
+    Q_INVOKABLE QVariantList importCSVHeader(const QUrl& file);
+    /// Imports a CSV file with its columns as that list tells, in one undoable step; `csvImportProgress`
+    /// tells of the begin and the end.
+    Q_INVOKABLE void importCSV(const QUrl& file, const QVariantList& headersModel);
+
     // Exports. They show a progress of their own, which the user can cancel; that is no failure.
 
     /// Writes all sources into one Word document; ".docx" is added to a name without it.

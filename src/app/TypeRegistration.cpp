@@ -1,6 +1,7 @@
 #include "app/TypeRegistration.h"
 
 #include "app/SourceTabs.h"
+#include "import/TransposedCSVImportModel.h"
 #include "models/ComboBoxProxyModel.h"
 #include "models/FetchMoreListModel.h"
 #include "models/KernoHierarchyModel.h"
@@ -78,6 +79,9 @@ void registerQmlTypes() {
     creatable<FetchMoreListModel>(4, "FetchMoreListModel");
     creatable<SourceMetadataValueComboBoxProxyModel>(4, "SourceMetadataValueComboBoxModelProxy");
     creatable<QuestionAnswerProxyModel>(4, "AnswerModel");
+    creatable<TransposedCSVImportModel>(4, "TransposedCSVImportModel");
+    qmlRegisterUncreatableType<CSVImportModel>(uri, 1, 4, "CSVImportModel",
+                                               QStringLiteral("CSVImportModel cannot be instantiated!"));
 }
 
 }  // namespace registration

@@ -14,6 +14,22 @@ const std::vector<Command>& commands() {
          "whether it is whole: no record hangs on one that is missing. Needs no password.",
          {{"json", "", "one JSON object: name, singleQuestion, encrypted, whole, and the counts"}},
          info},
+        {"import",
+         "PROJECT FILE...",
+         "make a source of each text file",
+         "Reads txt, rtf, docx and pdf. A project that is not there is made: of plain texts or, with "
+         "--question, "
+         "of answers to questions.",
+         {{"question", "TEXT", "the question that the texts answer; needed in a project of questions"}},
+         importFiles},
+        {"import-csv",
+         "PROJECT FILE",
+         "make a source of each row of a table",
+         "Reads CSV in UTF-8 with a header, and makes a project that is not there: of plain texts when one "
+         "column "
+         "holds a question, of answers to questions otherwise.",
+         {{"columns", "T,Q,P,-", "what each column holds: title, question, property, or nothing of use"}},
+         importCsv},
         {"export-csv",
          "PROJECT FOLDER",
          "write the project as CSV files",

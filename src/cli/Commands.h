@@ -10,6 +10,8 @@ Outcome exportDocx(const Invocation& invocation, const Console& console);
 Outcome exportJson(const Invocation& invocation, const Console& console);
 Outcome exportQdpx(const Invocation& invocation, const Console& console);
 Outcome importQdpx(const Invocation& invocation, const Console& console);
+Outcome importFiles(const Invocation& invocation, const Console& console);
+Outcome importCsv(const Invocation& invocation, const Console& console);
 Outcome info(const Invocation& invocation, const Console& console);
 Outcome merge(const Invocation& invocation, const Console& console);
 Outcome report(const Invocation& invocation, const Console& console);

@@ -193,7 +193,7 @@ public:
     Q_INVOKABLE void setGroupVisible(int groupId, bool visible);
     Q_INVOKABLE QVariantList getAssociatedGroups(int kernoId) const;
     Q_INVOKABLE int getOverlap(int kerno1Id, int kerno2Id) const;
-    int overlapOf(int kernoId1, int kernoId2) override { return getOverlap(kernoId1, kernoId2); }
+    QList<int> overlapsOf(int kernoId, const QList<int>& others) override;
     Q_INVOKABLE int getOverlappingKernosCount(int kernoId) const;
 
     // Reads: highlights and memos

@@ -154,6 +154,13 @@ int KRNFile::getOverlap(int kerno1Id, int kerno2Id) const {
                                   wire::name::highlightOverlapCount);
 }
 
+QList<int> KRNFile::overlapsOf(int kernoId, const QList<int>& others) {
+    QStringList texts;
+    for (int other : others)
+        texts.append(wire::highlightOverlapCount(kernoId, other));
+    return m_dataHelper->queryInts(texts, wire::name::highlightOverlapCount);
+}
+
 int KRNFile::getOverlappingKernosCount(int kernoId) const {
     return m_dataHelper->queryInt(wire::kernoOverlapCount(kernoId), wire::name::kernoOverlapCount);
 }

@@ -50,6 +50,9 @@ void tst_Commands::initTestCase() {
     make("study.krn", "", false);
     write(m_folder.filePath(QStringLiteral("password")), "pass\r\nsecond line\n");
     write(m_folder.filePath(QStringLiteral("broken.krn")), "this is no project");
+    write(m_folder.filePath(QStringLiteral("notes.txt")), "Noted down.");
+    write(m_folder.filePath(QStringLiteral("empty.docx")), "");
+    write(m_folder.filePath(QStringLiteral("table.csv")), "Who,Why?,Where\nAnn,\"So, so\",Ulm\nBea,,Ulm\n");
 }
 
 void tst_Commands::theProgramDoesAsItIsTold_data() {
@@ -79,6 +82,23 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("info study.krn --json", 0, "\"highlights\": 1,.*\"name\": \"study\".*\"whole\": true");
     row("info secret.krn --json", 0, "\"encrypted\": true");
 
+    row("import study.krn notes.txt", 0, "^$");
+    row("import study.krn notes.txt none.txt", 1, "none\\.txt can't be read");
+    row("import study.krn whole.json", 1, "whole\\.json can't be read");
+    row("import study.krn study.krn", 1, "study\\.krn is not of a kind .* txt");
+    row("import study.krn notes.txt --question Why?", 1, "holds plain texts");
+    row("import new.krn empty.docx notes.txt --question Why? --author Zoe", 1, "in empty\\.docx; 1 of 2");
+    row("import new.krn notes.txt", 1, "say with --question");
+    row("info new.krn --json", 0, "\"questions\": 1,.*\"sources\": 1,");
+    row("import-csv new.krn table.csv", 2, "--columns is missing");
+    row("import-csv new.krn table.csv --columns T,Q", 2, "names 2 columns, but the file has 3");
+    row("import-csv new.krn table.csv --columns T,Q,X", 2, "\"X\" is no kind");
+    row("import-csv new.krn table.csv --columns T,-,P", 1, "Please select at least one question");
+    row("import-csv new.krn empty.docx --columns -", 1, "no entries to import");
+    row("import-csv new.krn table.csv --columns T,Q,P", 0, "^$");
+    row("import-csv survey.krn table.csv --columns -,Q,Q", 0, "^$");
+    row("info survey.krn --json", 0, "\"singleQuestion\": false,.*\"sources\": 2,");
+    row("export-csv new.krn new --author Zoe", 0, "^$");
     row("export-csv study.krn tables", 0, "^$");
     row("export-csv study.krn tables", 1, "Memos\\.csv is there already");
     row("export-csv locked.krn tables --force", 1, "open elsewhere");
