@@ -14,6 +14,7 @@
 #include "models/SourceMetadataProxyModels.h"
 #include "models/SourceProxyModel.h"
 #include "models/VariantListModel.h"
+#include "text/DocumentChangeTracker.h"
 #include "text/KernovaTextEdit.h"
 #include "text/KernovaWindow.h"
 #include "text/SourceHighlighter.h"
@@ -62,6 +63,7 @@ void registerEarlyMetaTypes() {
 void registerQmlTypes() {
     registerBaseRevisions();
     creatable<SourceHighlighter>(0, "SourceHighlighter");
+    creatable<DocumentChangeTracker>(0, "DocumentChangeTracker");
     creatable<KernovaTextEdit>(2, "KernovaTextEditBase");
     creatable<KernovaWindow>(2, "KernovaWindow");
     creatable<VariantListModel>(0, "VariantListModel");

@@ -31,8 +31,29 @@ QString richtext::fragment(const QString& text) {
     return wrapperStart() + QLatin1Char('\n') + text + QLatin1Char('\n') + wrapperEnd();
 }
 
-QString richTextFromDocument(const QTextDocument* document) {
-    const QString plain = document->toPlainText();
+QString richtext::escaped(const QString& text) {
+    static const QString special = QStringLiteral("<&\u0007\u0008\u000c\r\u0011\u0013\u07ec\u07ed\u00e2");
+    // These three are one character to the clean-up; the reference to the first keeps them apart.
+    static const QString misread = QStringLiteral("\u00e2\u0080\u00a8");
+    QString result;
+    int copied = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        if (!special.contains(c) || (c == misread.at(0) && text.midRef(i, misread.size()) != misread))
+            continue;
+        result += text.midRef(copied, i - copied);
+        result += c == QLatin1Char('<')   ? QStringLiteral("&lt;")
+                  : c == QLatin1Char('&') ? QStringLiteral("&amp;")
+                                          : QStringLiteral("&#%1;").arg(int(c.unicode()));
+        copied = i + 1;
+    }
+    return copied == 0 ? text : result + text.midRef(copied);
+}
+
+namespace {
+
+template <typename Form>
+QString marked(const QTextDocument* document, const QString& plain, const Form& form) {
     const int defaultWeight = document->defaultFont().weight();
     QString marked;
     marked.reserve(plain.size());
@@ -43,11 +64,31 @@ QString richTextFromDocument(const QTextDocument* document) {
             const Marks marks = marksOf(run.charFormat(), defaultWeight);
             if (!run.isValid() || run.length() == 0 || marks.open.isEmpty())
                 continue;
-            marked += plain.midRef(copied, run.position() - copied);
-            marked += marks.open + plain.midRef(run.position(), run.length()) + marks.close;
+            marked += form(plain.mid(copied, run.position() - copied));
+            marked += marks.open + form(plain.mid(run.position(), run.length())) + marks.close;
             copied = run.position() + run.length();
         }
     }
-    marked += plain.midRef(copied);
-    return richtext::fragment(marked);
+    return richtext::fragment(marked + form(plain.mid(copied)));
+}
+
+}  // namespace
+
+QString richTextFromDocument(const QTextDocument* document) {
+    return marked(document, document->toPlainText(), [](const QString& text) { return text; });
+}
+
+QString plainTextOf(const QTextDocument* document) {
+    QString text = document->toRawText();
+    for (QChar& c : text) {
+        // The last two begin and end a frame.
+        if (c == QChar::ParagraphSeparator || c == QChar::LineSeparator || c == QChar(0xFDD0) ||
+            c == QChar(0xFDD1))
+            c = QLatin1Char('\n');
+    }
+    return text;
+}
+
+QString editedTextFromDocument(const QTextDocument* document) {
+    return marked(document, plainTextOf(document), richtext::escaped);
 }

@@ -19,9 +19,20 @@ inline QString wrapperEnd() {
 /// The fragment of a text, which may hold marks. Nothing is escaped.
 QString fragment(const QString& text);
 
+/// A text in the form in which an answer gives back each of its characters: what would be read as mark-up,
+/// and what the clean-up of answers replaces, stands as a character reference. Most texts are their own form.
+QString escaped(const QString& text);
+
 }  // namespace richtext
 
 /// The rich text fragment of a document: its plain text with `<b>`, `<i>` and `<u>` around the runs. Nothing
 /// else of the document's layout survives, and nothing is escaped. A run is bold when it is heavier than the
 /// document's default font.
 QString richTextFromDocument(const QTextDocument* document);
+
+/// The text of a document as a person reads it: a line feed for each end of a paragraph or line, all else as
+/// it is, non-breaking spaces too.
+QString plainTextOf(const QTextDocument* document);
+
+/// The same fragment for a text that was edited, escaped: an answer of it has the plain text of the document.
+QString editedTextFromDocument(const QTextDocument* document);

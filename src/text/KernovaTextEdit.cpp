@@ -185,7 +185,7 @@ void KernovaTextEdit::rehighlight() {
 }
 
 QString KernovaTextEdit::convertDocToRichtText() {
-    return richTextFromDocument(document());
+    return editedTextFromDocument(document());
 }
 
 void KernovaTextEdit::setBold(int start, int end) {

@@ -2,5 +2,5 @@
 
 #include <QLoggingCategory>
 
-/// The category "highlighter".
 Q_DECLARE_LOGGING_CATEGORY(logHighlighter)
+Q_DECLARE_LOGGING_CATEGORY(logDocumentChangeTracker)

@@ -2,14 +2,12 @@
 #include "tests_support/TestMain.h"
 #include "text/DisplayText.h"
 
-#include <QRandomGenerator>
 #include <QTextDocument>
 
 class DisplayTextTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void showsEveryCharacterAtItsPosition();
     void keepsPositionsInMarkedUpTexts_data();
     void keepsPositionsInMarkedUpTexts();
 
@@ -22,21 +20,6 @@ private:
             .replace(QChar(QChar::LineSeparator), QLatin1Char('\n'));
     }
 };
-
-void DisplayTextTest::showsEveryCharacterAtItsPosition() {
-    QRandomGenerator random(3);
-    const QString alphabet = QStringLiteral("ab \n\n\t<>&\"\u00a0\u00e4") + QStringLiteral("\U0001F331");
-    for (int round = 0; round < 2000; ++round) {
-        QString text;
-        for (int i = random.bounded(16); i > 0; --i)
-            text += alphabet.at(random.bounded(alphabet.size()));
-        if (!text.isValidUtf16() || text.contains(QLatin1Char('<')) || text.contains(QLatin1Char('&')))
-            continue;
-        QuestionAnswer answer;
-        answer.setAnswer(text);
-        QCOMPARE(shown(answer), answer.plainAnswer());
-    }
-}
 
 void DisplayTextTest::keepsPositionsInMarkedUpTexts_data() {
     QTest::addColumn<QString>("text");

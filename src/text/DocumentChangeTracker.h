@@ -1,0 +1,85 @@
+#pragma once
+
+#include "text/EditShift.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+#include <QTimer>
+#include <QVector>
+
+class KernovaTextEdit;
+class QTextDocument;
+class UndoManager;
+
+/// Follows the edits of a text, so that its highlights move with its words, and saves both as one step.
+///
+/// The element lives for one editing: `loadInitialHighlights` when the text is in its target, then
+/// `trackChanges`, then `saveChanges` or `discardChanges`. Until it saves, nothing is sent. The document's
+/// own undo and redo take the highlights along.
+///
+/// Main thread. Loading and saving block while they ask the service.
+class DocumentChangeTracker : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QQuickItem* target READ target WRITE setTarget NOTIFY targetChanged)
+    Q_PROPERTY(QObject* undoManager READ undoManager WRITE setUndoManager NOTIFY undoManagerChanged)
+    Q_PROPERTY(bool trackChanges READ trackChanges WRITE setTrackChanges NOTIFY trackChangesChanged)
+    Q_PROPERTY(
+        bool trackHighlights READ trackHighlights WRITE setTrackHighlights NOTIFY trackHighlightsChanged)
+
+public:
+    struct Timings {
+        static constexpr int refresh = 500;  ///< ms without an edit, after which the highlights are drawn
+    };
+
+    explicit DocumentChangeTracker(QObject* parent = nullptr);
+
+    QQuickItem* target() const;
+    /// A `KernovaTextEdit`; it isn't owned.
+    void setTarget(QQuickItem* target);
+    QObject* undoManager() const;
+    void setUndoManager(QObject* manager);
+    bool trackChanges() const { return m_trackChanges; }
+    void setTrackChanges(bool on);
+    bool trackHighlights() const { return m_trackHighlights; }
+    void setTrackHighlights(bool on);
+
+    /// Reads the highlights of the target's answer and shows them.
+    Q_INVOKABLE void loadInitialHighlights();
+    /// Saves the text with its marks, and the highlights that have changed; nothing when nothing has.
+    Q_INVOKABLE void saveChanges();
+    /// Saves the text alone, without marks.
+    Q_INVOKABLE void saveAnswer();
+    /// Forgets all edits.
+    Q_INVOKABLE void discardChanges();
+    Q_INVOKABLE bool hasChanges() const { return !m_steps.isEmpty(); }
+
+signals:
+    void targetChanged();
+    void undoManagerChanged();
+    void trackChangesChanged();
+    void trackHighlightsChanged();
+    void sourceIdChanged();
+    void questionIdChanged();
+    void highlightsChanged();
+    void freshHighlightsAvailable(QList<Highlight> highlights);
+
+private slots:
+    void documentContentsChanged(int position, int removed, int added);
+    void onFreshHighlightsAvailable(QList<Highlight> highlights);
+    void applyFreshHighlights();
+
+private:
+    QPointer<KernovaTextEdit> m_target;
+    QPointer<QTextDocument> m_document;
+    QPointer<UndoManager> m_undoManager;
+    bool m_trackChanges = false;
+    bool m_trackHighlights = true;
+    QTimer m_refreshTimer;
+    QList<Highlight> m_initialHighlights;
+    QList<Highlight> m_currentHighlights;
+    QString m_initialText;  ///< as it would have been saved before the first edit
+    QVector<edits::HighlightChange> m_steps;
+    int m_lastRevision = -1;
+};

@@ -1,0 +1,298 @@
+#include "../undo/UndoProject.h"
+#include "models/HighlightsModel.h"
+#include "records/RichTextFragment.h"
+#include "tests_support/TestMain.h"
+#include "tests_support/WaitFor.h"
+#include "text/DisplayText.h"
+#include "text/DocumentChangeTracker.h"
+#include "text/KernovaTextEdit.h"
+
+#include <QQuickTextDocument>
+#include <QRandomGenerator>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <map>
+
+/// The editing of a text with its highlights: the arithmetic against its rules, and whole editings at the
+/// real service.
+class tst_DocumentChangeTracker : public QObject {
+    Q_OBJECT
+
+private slots:
+    void highlightsFollowAnEdit_data();
+    void highlightsFollowAnEdit();
+    void editingAndSavingLosesNothing_data();
+    void editingAndSavingLosesNothing();
+};
+
+namespace {
+
+struct Range {
+    int kerno, start, end;
+    bool operator==(const Range& o) const { return kerno == o.kerno && start == o.start && end == o.end; }
+};
+using Ranges = QVector<Range>;
+
+bool lessThan(const Range& a, const Range& b) {
+    return std::make_tuple(a.start, -a.end, a.kerno) < std::make_tuple(b.start, -b.end, b.kerno);
+}
+
+/// "kerno:start-end" of each.
+QString written(Ranges ranges) {
+    std::sort(ranges.begin(), ranges.end(), lessThan);
+    QStringList list;
+    for (const Range& r : ranges)
+        list << QStringLiteral("%1:%2-%3").arg(r.kerno).arg(r.start).arg(r.end);
+    return list.join(QLatin1Char(' '));
+}
+
+Ranges rangesOf(const QList<Highlight>& highlights) {
+    Ranges ranges;
+    for (const Highlight& h : highlights)
+        ranges.append({h.kernoId(), h.start(), h.end()});
+    return ranges;
+}
+
+QList<Highlight> highlightsOf(const QString& text) {
+    QList<Highlight> list;
+    for (const QString& entry : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const QStringList n = entry.split(QRegularExpression(QStringLiteral("[:-]")));
+        const int start = n[1].toInt();
+        const int end = n[2].toInt();
+        list.append(Highlight(list.size() + 1, n[0].toInt(), 1, 1, {}, start, end - start, end, {}, {}, 0, 0,
+                              0, false));
+    }
+    return list;
+}
+
+/// The rules for one highlight, in another form: where it begins and ends after the edit; nothing left gives
+/// an empty range.
+Range follow(Range r, int at, int removed, int added) {
+    const int reach = at + std::abs(added - removed);
+    const int moved = added - removed;
+    if (r.end <= at)
+        return r;
+    if (reach <= r.start || (removed == 0 && at <= r.start))
+        return {r.kerno, r.start + moved, r.end + moved};
+    if (r.start > at) {
+        if (r.end < at + std::max(added, removed))
+            return r;
+        const int start = at + added;
+        return {r.kerno, start, start + (r.end - r.start) + std::abs(start - r.start) - removed};
+    }
+    return {r.kerno, r.start, r.end < reach ? at : r.end + moved};
+}
+
+Ranges joined(Ranges all) {
+    all.erase(std::remove_if(all.begin(), all.end(), [](const Range& r) { return r.end <= r.start; }),
+              all.end());
+    std::sort(all.begin(), all.end(), lessThan);
+    for (int i = 0; i < all.size(); ++i) {
+        for (int j = i + 1; j < all.size() && all[j].start <= all[i].end;) {
+            if (all[j].kerno == all[i].kerno) {
+                all[i].end = all[j].end;
+                all.remove(j);
+            } else {
+                ++j;
+            }
+        }
+    }
+    return all;
+}
+
+/// Random text of what is awkward: marks and references as people write them, blanks and ends of lines of all
+/// kinds, pairs of units, text from right to left, and what answers are cleaned of.
+QString awkward(QRandomGenerator& random, int pieces) {
+    static const QStringList alphabet{QStringLiteral("<"),
+                                      QStringLiteral("<b>"),
+                                      QStringLiteral("</i>"),
+                                      QStringLiteral("&"),
+                                      QStringLiteral("&amp;"),
+                                      QStringLiteral("  "),
+                                      QStringLiteral("\t"),
+                                      QStringLiteral("\n"),
+                                      QStringLiteral("\n\n"),
+                                      QStringLiteral("\u00a0"),
+                                      QStringLiteral("\u2028"),
+                                      QStringLiteral("\u2029"),
+                                      QStringLiteral("\u05e9\u05dc\u05d5\u05dd"),
+                                      QStringLiteral("\U0001F331"),
+                                      QStringLiteral("\u07ec"),
+                                      QStringLiteral("\u00e2\u0080\u00a8"),
+                                      QStringLiteral("\u000c"),
+                                      QStringLiteral("\u0007"),
+                                      QStringLiteral("word"),
+                                      QStringLiteral("e\u0301"),
+                                      QStringLiteral("-->")};
+    QString text;
+    while (pieces-- > 0)
+        text += alphabet.at(random.bounded(alphabet.size()));
+    return text;
+}
+
+/// For each character its marks.
+QString marksOf(QTextDocument* document) {
+    QString marks;
+    QTextCursor cursor(document);
+    while (cursor.movePosition(QTextCursor::NextCharacter)) {
+        const QTextCharFormat format = cursor.charFormat();
+        if (!document->characterAt(cursor.position() - 1).isSpace())
+            marks += QString::number((format.fontWeight() > QFont::Normal) + 2 * format.fontItalic() +
+                                     4 * format.fontUnderline());
+    }
+    return marks;
+}
+
+}  // namespace
+
+void tst_DocumentChangeTracker::highlightsFollowAnEdit_data() {
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<int>("position");
+    QTest::addColumn<int>("removed");
+    QTest::addColumn<int>("added");
+    QTest::addColumn<QString>("after");
+    const auto row = [](const char* name, const char* before, int at, int removed, int added,
+                        const char* after) {
+        QTest::newRow(name) << QString::fromLatin1(before) << at << removed << added
+                            << QString::fromLatin1(after);
+    };
+    row("typed at the start", "1:10-20", 10, 0, 1, "1:11-21");
+    row("typed inside", "1:10-20", 15, 0, 1, "1:10-21");
+    row("typed at the end", "1:10-20", 20, 0, 1, "1:10-20");
+    row("deleted inside", "1:10-20", 12, 5, 0, "1:10-15");
+    row("deleted over the start", "1:10-20", 5, 10, 0, "1:5-10");
+    row("deleted around", "1:10-20", 0, 100, 0, "1:10-20");
+    row("deleted from the start on", "1:5-10", 5, 25, 0, "");
+    row("the gap goes", "1:0-10 1:15-20", 10, 5, 0, "1:0-15");
+    row("the gap between two kernos goes", "1:0-10 2:15-20", 10, 5, 0, "1:0-10 2:10-15");
+    row("replaced over the start", "1:12-20", 10, 5, 1, "1:11-15");
+    row("joined with one inside", "1:0-20 2:3-4 1:5-10", 30, 0, 1, "1:0-10 2:3-4");
+}
+
+void tst_DocumentChangeTracker::highlightsFollowAnEdit() {
+    QFETCH(QString, before);
+    QFETCH(int, position);
+    QFETCH(int, removed);
+    QFETCH(int, added);
+    QList<Highlight> highlights = highlightsOf(before);
+    edits::shift(highlights, {position, removed, added});
+    edits::join(highlights);
+    QTEST(written(rangesOf(highlights)), "after");
+    Ranges ranges = rangesOf(highlightsOf(before));
+    for (Range& r : ranges)
+        r = follow(r, position, removed, added);
+    QTEST(written(joined(ranges)), "after");
+}
+
+void tst_DocumentChangeTracker::editingAndSavingLosesNothing_data() {
+    QTest::addColumn<int>("seed");
+    for (int seed = 1; seed <= 12; ++seed)
+        QTest::addRow("%d", seed) << seed;
+}
+
+void tst_DocumentChangeTracker::editingAndSavingLosesNothing() {
+    QFETCH(int, seed);
+    QRandomGenerator random(seed);
+    const auto below = [&random](int limit) { return limit > 0 ? random.bounded(limit) : 0; };
+    UndoProject project;
+    QVERIFY2(project.open(), qPrintable(project.error));
+    QuestionAnswer answer = project.file.answerModel()->answer(1, 1);
+    // What the service gives as a line feed is stored as one.
+    const QString first = awkward(random, 40).replace(QChar(0x2028), QLatin1Char('\n'));
+    answer.setAnswer(richtext::fragment(richtext::escaped(first) +
+                                        QStringLiteral("<b>b<i>i</i></b><u>u</u>") + QStringLiteral("x")));
+    project.undo.updateAnswer(answer);
+    for (int i = 0; i < 8; ++i) {
+        Highlight highlight;
+        const int start = below(answer.answerLength() - 1);
+        const int length = 1 + below(std::min(12, answer.answerLength() - start - 1));
+        project.undo.addHighlight(
+            Highlight(-1, 1 + below(4), 1, 1, {}, start, length, start + length, {}, {}, 0, 0, 0, false));
+    }
+    const QJsonObject before = project.json();
+
+    KernovaTextEdit text;
+    text.setWidth(300);
+    text.setAnswer(1, 1, project.file.answerModel()->answer(1, 1).answer(), 0);
+    QTextDocument* const document = text.textDocument()->textDocument();
+    DocumentChangeTracker tracker;
+    tracker.setTarget(&text);
+    tracker.setUndoManager(&project.undo);
+    tracker.loadInitialHighlights();
+    tracker.setTrackChanges(true);
+    const QString stored0 = project.file.answerModel()->answer(1, 1).plainAnswer();
+    QCOMPARE(plainTextOf(document), QString(stored0).replace(QChar(0x2029), QLatin1Char('\n')));
+    const int steps = project.undo.index();
+    tracker.saveChanges();
+    QCOMPARE(project.undo.index(), steps);
+
+    QObject receiver;
+    Ranges told = rangesOf(project.file.highlights(1, 1));
+    std::map<int, Ranges> atStep{{0, told}};
+    connect(&tracker, &DocumentChangeTracker::freshHighlightsAvailable, &receiver,
+            [&](const QList<Highlight>& list) { told = rangesOf(list); });
+    const Ranges initial = told;
+    Ranges expected = told;
+    bool goesBack = false;
+    connect(document, &QTextDocument::contentsChange, &receiver, [&](int at, int removed, int added) {
+        const int undoSteps = document->availableUndoSteps();
+        const Ranges now = std::prev(atStep.upper_bound(goesBack ? undoSteps : 1000000))->second;
+        atStep.erase(atStep.lower_bound(goesBack ? undoSteps + 1 : std::max(1, undoSteps)), atStep.end());
+        if (removed == added)
+            return;
+        Ranges moved = now;
+        for (Range& r : moved)
+            r = goesBack ? r : follow(r, at, removed, added);
+        atStep[undoSteps] = goesBack ? now : joined(moved);
+        // What joins while nothing moves is told with the next move.
+        if (goesBack || !(moved == now))
+            expected = atStep[undoSteps];
+    });
+    for (int i = 0; i < 60; ++i) {
+        const int length = document->characterCount() - 1;
+        const auto whole = [&](int at) { return at - document->characterAt(at).isLowSurrogate(); };
+        const int from = whole(below(length + 1));
+        const int to = whole(std::min(length, from + below(6)));
+        QTextCursor cursor(document);
+        cursor.setPosition(from);
+        const int action = below(7);
+        goesBack = action == 0;
+        if (action <= 1) {
+            action == 0 ? text.undo() : text.redo();
+        } else if (action == 2) {
+            text.setBold(from, to);
+        } else if (action == 3) {
+            text.setUnderline(from, to);
+        } else {
+            cursor.setPosition(to, action == 4 ? QTextCursor::MoveAnchor : QTextCursor::KeepAnchor);
+            action == 5 ? cursor.removeSelectedText() : cursor.insertText(awkward(random, 1 + below(3)));
+        }
+        QCOMPARE(written(told), written(expected));
+    }
+    const QString edited = plainTextOf(document);
+    const QString marks = marksOf(document);
+    tracker.saveChanges();
+    const QJsonObject after = project.json();
+    QuestionAnswer stored;
+    for (const QuestionAnswer& read : project.file.dataHelper()->findAll<QuestionAnswer>()) {
+        if (read.id() == answer.id())
+            stored = read;
+    }
+    QCOMPARE(stored.plainAnswer(), edited);
+    QTextDocument shown;
+    shown.setHtml(displayHtml(stored.answer()));
+    QCOMPARE(marksOf(&shown), marks);
+    QCOMPARE(written(rangesOf(project.file.highlights(1, 1))), written(told));
+
+    goesBack = true;
+    while (document->isUndoAvailable())
+        text.undo();
+    QCOMPARE(written(told), written(initial));
+    project.undo.undo();
+    QCOMPARE(undotest::difference(before, project.json()), QString());
+    project.undo.redo();
+    QCOMPARE(undotest::difference(after, project.json()), QString());
+}
+
+KERNOVA_GUI_TEST_MAIN(tst_DocumentChangeTracker)
+#include "tst_documentchangetracker.moc"
