@@ -293,10 +293,14 @@ QString HtmlDocument::serialized() const {
     return out;
 }
 
+// An element that ends lines counts as a character, so one that lies outside goes, or what is left would have
+// other positions; the elements around the window stay.
 HtmlDocument HtmlDocument::window(int start, int length) const {
     HtmlDocument cut = *this;
     const int end = start + length;
     int position = 0;
+    QVector<bool> goes(m_parts.size(), false);
+    QVector<QPair<int, int>> openBlocks;  // index and position of each
     visitBody([&](int index, const Part& part) {
         const int previous = position;
         if (part.kind == Kind::Text) {
@@ -304,10 +308,23 @@ HtmlDocument HtmlDocument::window(int start, int length) const {
             const int from = std::max(start, previous) - previous;
             const int to = std::min(end, position) - previous;
             cut.m_parts[index].text = from < to ? part.text.mid(from, to - from) : QString();
-        } else if ((part.kind == Kind::Open && part.text == breakTag) ||
-                   (part.kind == Kind::Close && isBlock(part.text))) {
+        } else if (part.text == breakTag) {
+            position += part.kind == Kind::Open ? 1 : 0;
+            const int at = part.kind == Kind::Open ? previous : previous - 1;
+            goes[index] = at < start || at >= end;
+        } else if (part.kind == Kind::Open && isBlock(part.text)) {
+            openBlocks.append({index, position});
+        } else if (part.kind == Kind::Close && isBlock(part.text)) {
             ++position;
+            const QPair<int, int> opened =
+                openBlocks.isEmpty() ? qMakePair(index, position) : openBlocks.takeLast();
+            if (position <= start || opened.second >= end)
+                std::fill(goes.begin() + opened.first, goes.begin() + index + 1, true);
         }
     });
+    int index = 0;
+    cut.m_parts.erase(
+        std::remove_if(cut.m_parts.begin(), cut.m_parts.end(), [&](const Part&) { return goes.at(index++); }),
+        cut.m_parts.end());
     return cut;
 }
