@@ -3,12 +3,15 @@
 #include "models/HighlightsModel.h"
 #include "models/MemosModel.h"
 #include "project/KRNFile.h"
+#include "records/RichTextFragment.h"
 #include "text/DisplayText.h"
 #include "text/RichText.h"
 #include "text/SourceHighlighter.h"
 #include "text/TextLog.h"
 
+#include <QGuiApplication>
 #include <QQuickTextDocument>
+#include <QTextCursor>
 
 namespace {
 
@@ -188,6 +191,17 @@ QString KernovaTextEdit::convertDocToRichtText() {
     return editedTextFromDocument(document());
 }
 
+QList<int> KernovaTextEdit::positionsOf(const QString& text) {
+    QList<int> positions;
+    if (text.isEmpty())
+        return positions;
+    const QString plain = plainTextOf(document());
+    for (int at = plain.indexOf(text, 0, Qt::CaseInsensitive); at >= 0;
+         at = plain.indexOf(text, at + text.size(), Qt::CaseInsensitive))
+        positions.append(at);
+    return positions;
+}
+
 void KernovaTextEdit::setBold(int start, int end) {
     toggleBold(document(), start, end);
 }
@@ -217,6 +231,34 @@ bool KernovaTextEdit::event(QEvent* event) {
     if (start != end && selectionStart() == selectionEnd())
         select(start, end);
     return handled;
+}
+
+void KernovaTextEdit::keyPressEvent(QKeyEvent* event) {
+    if (isReadOnly() || !event->matches(QKeySequence::Paste)) {
+        QQuickTextEdit::keyPressEvent(event);
+        return;
+    }
+    pasteText(QClipboard::Clipboard);
+    event->accept();
+}
+
+void KernovaTextEdit::mouseReleaseEvent(QMouseEvent* event) {
+    if (isReadOnly() || event->button() != Qt::MiddleButton ||
+        !QGuiApplication::clipboard()->supportsSelection()) {
+        QQuickTextEdit::mouseReleaseEvent(event);
+        return;
+    }
+    setCursorPosition(positionAt(event->localPos().x(), event->localPos().y()));
+    pasteText(QClipboard::Selection);
+    event->accept();
+}
+
+void KernovaTextEdit::pasteText(QClipboard::Mode mode) {
+    QTextCursor cursor(document());
+    cursor.setPosition(selectionStart());
+    cursor.setPosition(selectionEnd(), QTextCursor::KeepAnchor);
+    cursor.insertText(QGuiApplication::clipboard()->text(mode));
+    setCursorPosition(cursor.position());
 }
 
 #include "moc_KernovaTextEdit.cpp"

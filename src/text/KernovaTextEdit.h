@@ -4,6 +4,7 @@
 #include "records/Highlight.h"
 
 #include <QAbstractItemModel>
+#include <QClipboard>
 #include <QString>
 #include <memory>
 #include <private/qquicktextedit_p.h>
@@ -43,6 +44,9 @@ public:
 
     /// The text as it is stored, with bold, italic and underlined runs; all other formats are left out.
     Q_INVOKABLE QString convertDocToRichtText();
+
+    /// Where a text stands in the plain text, case aside; occurrences don't overlap.
+    Q_INVOKABLE QList<int> positionsOf(const QString& text);
 
     /// Toggle the style of the characters [start, end).
     Q_INVOKABLE void setBold(int start, int end);
@@ -89,6 +93,10 @@ protected:
     /// Leaves the keys of undo and redo to the program while the text can't be edited, and keeps a persistent
     /// selection when the focus goes.
     bool event(QEvent* event) override;
+    /// What is pasted comes as plain text: formats, tables and pictures have no place in a stored text, and
+    /// nothing is fetched.
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     struct PendingAnswer {
@@ -99,6 +107,7 @@ private:
     };
 
     void doSetAnswer();
+    void pasteText(QClipboard::Mode mode);
     void setHighlightEnabled(bool on);
     bool isStale(int sourceId, int questionId, int offset, int length) const;
     void takeHighlights(int sourceId, int questionId, int offset, int length);

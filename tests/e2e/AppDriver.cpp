@@ -258,6 +258,14 @@ bool AppDriver::doubleClick(QQuickItem* item) {
     return true;
 }
 
+void AppDriver::turnWheel(QQuickItem* item, int notches, Qt::KeyboardModifiers modifiers) {
+    const QPointF at = item->mapToScene(QPointF(item->width() / 2, 20));
+    QWheelEvent event(at, item->window()->mapToGlobal(at.toPoint()), QPoint(), QPoint(0, 120 * notches),
+                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(item->window(), &event);
+    settle();
+}
+
 void AppDriver::hover(QQuickItem* item, const QPointF& position) {
     movePointer(item->window(), item->mapToScene(position).toPoint());
     settle();

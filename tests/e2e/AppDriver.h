@@ -43,6 +43,8 @@ public:
     bool clickText(const QString& text, Qt::MouseButton button = Qt::LeftButton);
     bool doubleClick(QQuickItem* item);
     void hover(QQuickItem* item, const QPointF& position);
+    /// Turns the wheel by so many notches, away from the person where positive.
+    void turnWheel(QQuickItem* item, int notches, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     /// Presses at `from`, moves in small steps to `to`, and lets go; both in the items' own coordinates.
     void drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toItem, const QPointF& to);

@@ -37,7 +37,8 @@ bool ImportJob::play(const QString& run) {
     if (run == runs().first())
         return createProject(path(QStringLiteral("whole.krn"))) && chooseTheme(true) && importKinds() &&
                importClipboard() && dropFiles() && cancelBatch();
-    return startStructured() && chooseTheme(false) && previewQuestions() && cancelReading();
+    return createProject(path(QStringLiteral("questions.krn")), true) && chooseTheme(false) &&
+           previewQuestions() && cancelReading();
 }
 
 bool ImportJob::writeBytes(const QString& name, const QByteArray& bytes) {
@@ -143,16 +144,6 @@ bool ImportJob::cancelBatch() {
                 }) &&
            holds(QStringLiteral("Before"), QStringLiteral("before")) &&
            expect(undoIndex() == before + 1, QStringLiteral("a cancelled batch is not one step")) && undo();
-}
-
-bool ImportJob::startStructured() {
-    const QString file = path(QStringLiteral("questions.krn"));
-    QFile::remove(file);
-    if (!click(QStringLiteral("New Project")) || !shown(QStringLiteral("Structured Questions")))
-        return false;
-    m_driver.fill(m_driver.itemNamed(QStringLiteral("author")), QStringLiteral("Ada Berger"));
-    m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(1));
-    return chooseProject(QStringLiteral("New Project"), file) && untilOpen();
 }
 
 bool ImportJob::previewQuestions() {

@@ -20,7 +20,6 @@ private:
     bool previewQuestions();
     bool cancelReading();
 
-    bool startStructured();
     bool openDialog(const QString& entry);
     bool writeBytes(const QString& name, const QByteArray& bytes);
     /// Waits until the project has a source of this title and text, in one of its answers.

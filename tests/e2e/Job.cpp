@@ -63,7 +63,7 @@ bool Job::chooseProject(const QString& button, const QString& path) {
         QStringLiteral("\"%1\" does not ask for a file").arg(button));
 }
 
-bool Job::createProject(const QString& path) {
+bool Job::createProject(const QString& path, bool structured) {
     // One of an earlier play would have the dialog ask whether to replace it.
     QFile::remove(path);
     if (!click(QStringLiteral("New Project")))
@@ -71,6 +71,8 @@ bool Job::createProject(const QString& path) {
     QQuickItem* author = m_driver.itemNamed(QStringLiteral("author"));
     if (!author || !m_driver.fill(author, QStringLiteral("Ada Berger")))
         return fail(QStringLiteral("there is no field for the author"));
+    if (structured)
+        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(1));
     return shoot(QStringLiteral("new-project")) && chooseProject(QStringLiteral("New Project"), path) &&
            untilOpen();
 }

@@ -47,8 +47,9 @@ protected:
     bool signIn();
     /// Has the open dialog, in either mode, take a file by its file dialog, which `button` opens.
     bool chooseProject(const QString& button, const QString& path);
-    /// Makes a project of one question, without a password, and waits until it is open.
-    bool createProject(const QString& path);
+    /// Makes a project of one question, or of structured ones, without a password, and waits until it is
+    /// open.
+    bool createProject(const QString& path, bool structured = false);
     bool untilOpen();
     /// By the preferences of an open project.
     bool chooseTheme(bool dark);

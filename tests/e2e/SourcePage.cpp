@@ -13,7 +13,7 @@ bool SourcePage::read(const QString& text) {
 }
 
 QQuickItem* SourcePage::textItem() {
-    return m_driver.itemNamed(QStringLiteral("answerText"), 0);
+    return m_driver.itemNamed(m_textName, 0);
 }
 
 QString SourcePage::selectedText() {

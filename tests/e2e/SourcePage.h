@@ -5,7 +5,9 @@
 /// The source panel as a person sees it: the text, its stripes and its memos.
 class SourcePage {
 public:
-    explicit SourcePage(AppDriver& driver) : m_driver(driver) {}
+    /// `textName`: the object name of the text that is read.
+    explicit SourcePage(AppDriver& driver, const QString& textName = QStringLiteral("answerText"))
+        : m_driver(driver), m_textName(textName) {}
 
     /// Waits until the panel shows this text whole. Passages are looked for in it from then on.
     bool read(const QString& text);
@@ -26,9 +28,11 @@ public:
     QList<QQuickItem*> memos();
     int positionOf(const QString& passage) const { return m_text.indexOf(passage); }
 
-private:
+    /// Of a character, in the text item's pixels.
     QRectF rectangleAt(int position);
 
+private:
     AppDriver& m_driver;
+    QString m_textName;
     QString m_text;
 };

@@ -2,6 +2,7 @@
 #include "CloudJob.h"
 #include "CodingJob.h"
 #include "CopiesJob.h"
+#include "EditJob.h"
 #include "ExchangeJob.h"
 #include "ExportJob.h"
 #include "FirstLightJob.h"
@@ -49,6 +50,7 @@ const std::vector<JobEntry>& jobs() {
         {"cloud", CloudJob::runs(), {}, make<CloudJob>},
         {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
         {"copies", CopiesJob::runs(), {}, make<CopiesJob>},
+        {"edit", EditJob::runs(), {}, make<EditJob>},
         {"exchange", ExchangeJob::runs(), {}, make<ExchangeJob>},
         {"export", ExportJob::runs(), {}, make<ExportJob>},
         {"groups", {QStringLiteral("groups")}, {}, make<GroupsJob>},

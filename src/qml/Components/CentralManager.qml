@@ -113,6 +113,12 @@ CentralManagerState {
             showOpenFileDialog = raised
     }
 
+    // Makes the source texts larger by that many steps, or smaller.
+    function zoomText(steps) {
+        sourceFontSize = Math.max(leastFontSize, Math.min(sourceFontSize + steps, greatestFontSize))
+        _fontSizeTimer.restart()
+    }
+
     function __reopenIfDue() {
         if (!reopen)
             return
@@ -203,6 +209,16 @@ CentralManagerState {
     onCurrentAuthorChanged: {
         krnFile.setCurrentAuthor(currentAuthor)
         appHelper.setCurrentAuthor(currentAuthor)
+    }
+
+    // A turn of the wheel is many steps; the last is kept.
+    Timer {
+        id: _fontSizeTimer
+        interval: 500
+        onTriggered: {
+            if (krnFile.isOpened && root.canMutate)
+                krnFile.savePreference(root.preferenceKeys.sourceFontSize, root.sourceFontSize)
+        }
     }
 
     Connections {

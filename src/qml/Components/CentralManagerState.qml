@@ -100,6 +100,8 @@ Item {
     property int highlightsColumnWidth: 55
     property int memoColumnSize: 150
     property int sourceFontSize: 13
+    readonly property int leastFontSize: 10
+    readonly property int greatestFontSize: 24
     readonly property real lineHeight: _lines.contentHeight / 4
 
     // Reports

@@ -79,5 +79,13 @@ Rectangle {
             tooltip: qsTr("Properties")
             onClicked: CentralManager.showMetadataPanel = true
         }
+        PanelTab {
+            objectName: "questionsTab"
+            visible: !CentralManager.singleQuestionMode && !CentralManager.showingOverlapOrHierarchy
+            enabled: CentralManager.canMutate && _search.enabled && !CentralManager.showSearchPanel
+            iconName: "panel-questions"
+            tooltip: qsTr("Questions")
+            onClicked: CentralManager.showEditQuestionsDialog = true
+        }
     }
 }

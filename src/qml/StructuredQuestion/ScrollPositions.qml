@@ -34,7 +34,7 @@ QtObject {
         var item = saved ? items.filter(function(item) { return item.questionId === saved.questionId })[0] : null
         if (!item || (item === items[0] && saved.position === 0))
             return 0
-        return __topOf(item) + item.questionHeight + item.mainTextArea.positionToRectangle(saved.position).y
+        return __topOf(item) + item.questionHeight + item.mainTextArea.positionToRectangle(Math.min(saved.position, item.length)).y
     }
 
     function __topOf(item) {

@@ -27,8 +27,10 @@ FocusScope {
             __restore(true)
     }
     onAllLoadedChanged: {
-        if (allLoaded)
+        if (allLoaded) {
             _restoreTimer.restart()
+            _findAgain.restart()
+        }
     }
 
     function __showSource(id) {
@@ -40,11 +42,14 @@ FocusScope {
         CentralManager.hasUserSelectedText = false
         // The items are made anew for each source.
         _answers.model = null
-        __loadedCount = 0
         sourceId = id
         _model.sourceId = id
         _answers.model = _model
         __restore(true)
+    }
+
+    function __countLoaded() {
+        __loadedCount = _answers.allItems.filter(function(loader) { return !!loader.item }).length
     }
 
     function __restore(moves) {
@@ -70,6 +75,18 @@ FocusScope {
         } else {
             _view.contentY = target
         }
+    }
+
+    // In their order; empty while some are missing.
+    function __answerItems() {
+        return allLoaded ? _answers.allItems.map(function(loader) { return loader.item })
+                                            .filter(function(item) { return !!item }) : []
+    }
+
+    function __showPlace(item, y, lineHeight) {
+        var top = item.mapToItem(_view.contentItem, 0, item.questionHeight + y).y
+        if (top < _view.contentY || top + lineHeight > _view.contentY + _view.height)
+            __scrollTo(top - _view.height / 3, false)
     }
 
     function goToQuestion(index) {
@@ -114,23 +131,14 @@ FocusScope {
     ScrollPositions {
         id: _positions
         view: _view
-        answerItems: function() {
-            return root.allLoaded ? _answers.allItems.map(function(loader) { return loader.item })
-                                                     .filter(function(item) { return !!item }) : []
-        }
+        answerItems: root.__answerItems
     }
 
     Connections {
         target: _model
         function onRowsAboutToBeInserted() { root.__keepPosition() }
-        function onRowsAboutToBeRemoved(parent, first, last) {
-            root.__keepPosition()
-            root.__loadedCount -= last - first + 1
-        }
-        function onModelAboutToBeReset() {
-            root.__keepPosition()
-            root.__loadedCount = 0
-        }
+        function onRowsAboutToBeRemoved() { root.__keepPosition() }
+        function onModelAboutToBeReset() { root.__keepPosition() }
     }
 
     Connections {
@@ -192,7 +200,7 @@ FocusScope {
     }
 
     StyledScrollView {
-        anchors { top: _navigation.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
+        anchors { top: _find.bottom; left: parent.left; right: parent.right; bottom: parent.bottom }
         horizontalScrollBarPolicy: Qt.ScrollBarAlwaysOff
         verticalScrollBarPolicy: Qt.ScrollBarAlwaysOn
 
@@ -212,6 +220,7 @@ FocusScope {
                 CustomRepeater {
                     id: _answers
                     model: _model
+                    onAllItemsChanged: root.__countLoaded()
 
                     Loader {
                         id: _loader
@@ -221,7 +230,7 @@ FocusScope {
                         width: _column.width
                         height: item ? item.heightHint : root.height
                         asynchronous: true
-                        onLoaded: root.__loadedCount += 1
+                        onLoaded: root.__countLoaded()
                         sourceComponent: StructuredQuestionItem {
                             width: _loader.width
                             questionId: _loader.row.questionId
@@ -231,12 +240,51 @@ FocusScope {
                             dragItem: root.dragItem
                             resizing: root.resizing
                             windowHeight: root.Window.height
+                            onShowPopUp: _menu.ask(_loader.row.answerId, _loader.row.isHtml, cursor)
                             onCursorRectChanged: root.__followCursor(this, y, cursorHeight, questionHeight)
                         }
                     }
                 }
             }
         }
+    }
+
+    AnswerMenu { id: _menu }
+
+    TextZoom {
+        anchors.fill: parent
+        onAboutToZoom: root.__keepPosition()
+    }
+
+    FindBar {
+        id: _find
+        anchors { top: _navigation.bottom; left: parent.left; right: parent.right }
+        answerItems: root.__answerItems
+        onPlaceShown: root.__showPlace(item, y, lineHeight)
+        onClosed: root.forceActiveFocus()
+    }
+
+    // The texts of another source are set a moment after their items are there.
+    Timer {
+        id: _findAgain
+        interval: 100
+        onTriggered: _find.search()
+    }
+
+    Shortcut {
+        sequence: StandardKey.Find
+        enabled: root.visible && CentralManager.overlayCount === 0 && root.sourceId > 0
+        onActivated: _find.open()
+    }
+    Shortcut {
+        sequence: StandardKey.FindNext
+        enabled: _find.visible
+        onActivated: _find.step(1)
+    }
+    Shortcut {
+        sequence: StandardKey.FindPrevious
+        enabled: _find.visible
+        onActivated: _find.step(-1)
     }
 
     BusyIndicator {

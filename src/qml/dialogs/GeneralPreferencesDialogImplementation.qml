@@ -41,8 +41,8 @@ DialogPanel {
             id: _fontSize
             Layout.preferredWidth: Units.dp(150)
             focus: true
-            minimumValue: 10
-            maximumValue: 24
+            minimumValue: CentralManager.leastFontSize
+            maximumValue: CentralManager.greatestFontSize
             stepSize: 1
             value: CentralManager.sourceFontSize
         }

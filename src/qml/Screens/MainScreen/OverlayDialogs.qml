@@ -4,6 +4,7 @@ import "../../dialogs"
 import "../../dialogs/ImportDialogs"
 import "../../dialogs/MetadataDialogs"
 import "../../dialogs/PromptDialogs"
+import "../../dialogs/QuestionAnswer"
 
 // The dialogs that may stand over one of MainDialogs: one row each, and the first that is wanted shows. In their order
 // by flag: showImportDialog, showGroupEditor, showInlineMetadataKeyValueEditor, showAnswerEditor,
@@ -17,9 +18,11 @@ DialogChain {
         flag: "showInlineMetadataKeyValueEditor"; rest: 0
         Component { MetadataInlineKeyValueDialogImplementation {} }
     }
+    DialogEntry { flag: "showAnswerEditor"; rest: null; Component { EditAnswerDialogImplementation {} } }
     DialogEntry { flag: "showGeneralPreferencesDialog"; Component { GeneralPreferencesDialogImplementation {} } }
     DialogEntry { flag: "promptDialogData"; rest: null; Component { PromptDialogImplementation {} } }
     DialogEntry { flag: "showMergeProjectsDialog"; Component { MergeProjectsDialogImplementation {} } }
+    DialogEntry { flag: "showEditQuestionsDialog"; Component { EditQuestionsDialogImplementation {} } }
     DialogEntry { flag: "passageToCode"; rest: null; Component { CodeWithDialog {} } }
     DialogEntry { flag: "showKeyboardSheet"; Component { KeyboardSheet {} } }
     DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }
