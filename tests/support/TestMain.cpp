@@ -55,6 +55,7 @@ TestEnvironment::TestEnvironment() {
     // Tests that expect a debug line need the lines that a developer may have switched off.
     for (const char* name : {"QT_LOGGING_RULES", "QT_LOGGING_CONF"})
         qunsetenv(name);
+    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
 }
 
 TestEnvironment::~TestEnvironment() {
