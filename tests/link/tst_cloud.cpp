@@ -4,11 +4,6 @@
 #include "link/ServiceConfig.h"
 #include "tests_support/ScriptedCloud.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
-
-#include <QDir>
-#include <QDirIterator>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -42,9 +37,7 @@ class tst_Cloud : public QObject {
 
 private:
     bool login() { return m_helper->login(ScriptedCloud::email(), ScriptedCloud::password()).status; }
-    QJsonObject projectOf(const Message& message) const {
-        return message.json.value(QStringLiteral("project")).toObject();
-    }
+    QJsonObject projectOf(const Message& message) const { return message.json.value("project"_s).toObject(); }
 
     std::unique_ptr<ScriptedCloud> m_cloud;
     std::unique_ptr<DataHelper> m_helper;
@@ -67,8 +60,7 @@ private slots:
     }
 
     void addressesAreRead_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("host");
+        columns<QString, QString>({"typed", "host"});
         const auto row = [](const char* typed, const char* host) { QTest::newRow(typed) << typed << host; };
         row("cloud.example.org", "cloud.example.org");
         row(" https://cloud.example.org:8443/ ", "cloud.example.org:8443");
@@ -95,29 +87,28 @@ private slots:
     // A cloud that is reached securely can't lead to a data service that isn't.
     void onlyAPlainCloudHasPlainDataServices() {
         ServiceConfig& config = ServiceConfig::instance();
-        config.setRegion(QStringLiteral("EU"));
+        config.setRegion("EU"_s);
         const auto scheme = [&config](const QString& cloud, const QString& region) {
             config.setMachineHost(cloud);
-            config.setRegionalServiceMap({{QStringLiteral("euv2"), region}});
-            return config.url(CloudCall::Ticket).scheme() + ' ' +
-                   config.socketUrl(QStringLiteral("t")).scheme();
+            config.setRegionalServiceMap({{"euv2"_s, region}});
+            return config.url(CloudCall::Ticket).scheme() + ' ' + config.socketUrl("t"_s).scheme();
         };
-        QCOMPARE(scheme("http://localhost", "127.0.0.1:5"), QStringLiteral("http ws"));
-        QCOMPARE(scheme("http://localhost", "eu.example.org"), QStringLiteral("https wss"));
-        QCOMPARE(scheme("example.org", "127.0.0.1:5"), QStringLiteral("https wss"));
+        QCOMPARE(scheme("http://localhost", "127.0.0.1:5"), "http ws"_s);
+        QCOMPARE(scheme("http://localhost", "eu.example.org"), "https wss"_s);
+        QCOMPARE(scheme("example.org", "127.0.0.1:5"), "https wss"_s);
         config.setMachineHost({});
         if (!config.hasCloud())
             QVERIFY(!login() && m_helper->connection()->accessToken().isEmpty());
     }
 
     void aFailedLoginChangesNoToken() {
-        m_helper->connection()->setTokens(QStringLiteral("a"), QStringLiteral("r"));
-        const Message refused = m_helper->login(ScriptedCloud::email(), QStringLiteral("wrong"));
-        QCOMPARE(refused.message, QStringLiteral("Email or password is wrong."));
-        QCOMPARE(m_helper->connection()->accessToken(), QStringLiteral("a"));
+        m_helper->connection()->setTokens("a"_s, "r"_s);
+        const Message refused = m_helper->login(ScriptedCloud::email(), "wrong"_s);
+        QCOMPARE(refused.message, "Email or password is wrong."_s);
+        QCOMPARE(m_helper->connection()->accessToken(), "a"_s);
         QVERIFY(login());
-        QCOMPARE(m_helper->connection()->accessToken(), QStringLiteral("access-token-1"));
-        QCOMPARE(ServiceConfig::instance().region(), QStringLiteral("EU"));
+        QCOMPARE(m_helper->connection()->accessToken(), "access-token-1"_s);
+        QCOMPARE(ServiceConfig::instance().region(), "EU"_s);
     }
 
     // All authorised calls follow one rule: a token that is refused is renewed, and the call made once more.
@@ -129,16 +120,16 @@ private slots:
 
     void anOldTokenIsRenewedOnce() {
         QFETCH(int, call);
-        const QString uuid = m_cloud->addProject(QStringLiteral("Study"));
-        const QString file = m_folder.filePath(QStringLiteral("Study.krn"));
-        QVERIFY(write(file, "content") && write(m_cloud->file(QStringLiteral("Study")), "content"));
+        const QString uuid = m_cloud->addProject("Study"_s);
+        const QString file = m_folder.filePath("Study.krn"_s);
+        QVERIFY(write(file, "content") && write(m_cloud->file("Study"_s), "content"));
         const std::function<bool()> calls[] = {
             [&] { return m_helper->projects().status; },
             [&] { return m_helper->projectsShared().status; },
-            [&] { return m_helper->projectByName(QStringLiteral("Study & more")).status; },
-            [&] { return m_helper->createNewProject(QStringLiteral("Other")).status; },
+            [&] { return m_helper->projectByName("Study & more"_s).status; },
+            [&] { return m_helper->createNewProject("Other"_s).status; },
             [&] { return m_helper->removeProject(uuid).status; },
-            [&] { return m_helper->saveAs(QStringLiteral("Copy")).status; },
+            [&] { return m_helper->saveAs("Copy"_s).status; },
             [&] { return m_helper->uploadProject(file).status; },
             [&] { return !m_helper->connection()->connect(true); },  // gets its ticket, and no socket
         };
@@ -172,29 +163,11 @@ private slots:
         QVERIFY(m_cloud->http().asked().isEmpty());
     }
 
-    void listsAndChangesOfProjects() {
-        QVERIFY(login());
-        m_cloud->addProject(QStringLiteral("Theirs"), true);
-        const QString uuid =
-            projectOf(m_helper->createNewProject(QStringLiteral("Mine"))).value("project_uuid").toString();
-        const auto names = [](const Message& message, const char* key) {
-            QStringList all;
-            for (const QJsonValue& entry : message.json.value(QLatin1String(key)).toArray())
-                all << entry.toObject().value("name").toString();
-            return all;
-        };
-        QCOMPARE(names(m_helper->projects(), "projects"), QStringList("Mine"));
-        QCOMPARE(names(m_helper->projectsShared(), "shares"), QStringList("Theirs"));
-        QVERIFY(m_helper->removeProject(uuid).status);
-        QVERIFY(m_cloud->projectNames().isEmpty());
-    }
-
     void uploadsCarryTheFileUnderItsName_data() {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("disposition");
+        columns<QString, QByteArray>({"file", "disposition"});
         const auto row = [](const char* file, const char* name) {
-            QTest::newRow(file) << QString::fromUtf8(file)
-                                << QByteArray("form-data; name=\"krnFile\"; filename=\"") + name + '"';
+            addRow(file, QString::fromUtf8(file),
+                   QByteArray("form-data; name=\"krnFile\"; filename=\"") + name + '"');
         };
         row("a.krn", "a");
         row("a.KRN", "a.KRN");
@@ -202,8 +175,7 @@ private slots:
     }
 
     void uploadsCarryTheFileUnderItsName() {
-        QFETCH(QString, file);
-        QFETCH(QByteArray, disposition);
+        FETCH(QString, file, QByteArray, disposition);
         const QByteArray content = QByteArray("SQLite\0\r\n--", 11).repeated(30000);
         const QString path = m_folder.filePath(file);
         QVERIFY(login() && write(path, content));
@@ -213,37 +185,33 @@ private slots:
         QVERIFY2(asked.body.contains("Content-Disposition: " + disposition + "\r\n"),
                  asked.body.left(200).constData());
         QVERIFY(asked.body.contains(content));
-        const Message missing = m_helper->uploadProject(m_folder.filePath(QStringLiteral("none.krn")));
+        const Message missing = m_helper->uploadProject(m_folder.filePath("none.krn"_s));
         QVERIFY(!missing.status && !missing.message.isEmpty());
     }
 
     void onlyAWholeDownloadTakesTheFilesPlace_data() {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<bool>("cut");
-        QTest::addColumn<bool>("silent");
-        QTest::newRow("whole") << 200 << false << false;
-        QTest::newRow("missing") << 404 << false << false;
-        QTest::newRow("no content") << 204 << false << false;
-        QTest::newRow("cut") << 200 << true << false;
-        QTest::newRow("silent") << 200 << false << true;
+        columns<int, bool, bool>({"status", "cut", "silent"});
+        addRow("whole", 200, false, false);
+        addRow("missing", 404, false, false);
+        addRow("no content", 204, false, false);
+        addRow("cut", 200, true, false);
+        addRow("silent", 200, false, true);
     }
 
     void onlyAWholeDownloadTakesTheFilesPlace() {
-        QFETCH(int, status);
-        QFETCH(bool, cut);
-        QFETCH(bool, silent);
+        FETCH(int, status, bool, cut, bool, silent);
         const QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("here.krn"));
+        const QString file = folder.filePath("here.krn"_s);
         const QByteArray content = QByteArray("new").repeated(status == 204 ? 0 : 200000);
         QVERIFY(login() && write(file, "former") && write(file + "-journal", "former"));
         m_cloud->intercept("/cloud/project", [=](const HttpAsked&) {
             return HttpAnswer{status, content, silent, cut};
         });
         const bool whole = status == 200 && !cut && !silent;
-        QCOMPARE(m_helper->downloadProject(QStringLiteral("u"), file), whole);
+        QCOMPARE(m_helper->downloadProject("u"_s, file), whole);
         QCOMPARE(contentOf(file), whole ? content : QByteArray("former"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), whole ? 1 : 2);
-        QVERIFY(!m_helper->downloadProject(QStringLiteral("u"), folder.filePath("no/such/folder.krn")));
+        QVERIFY(!m_helper->downloadProject("u"_s, folder.filePath("no/such/folder.krn")));
     }
 
     void whatIsSilentEndsInTime() {
@@ -251,7 +219,7 @@ private slots:
         m_cloud->intercept("/", silence);
         const Message projects = m_helper->projects();
         QCOMPARE(projects.statusCode, 0);
-        QCOMPARE(projects.message, QStringLiteral("The server did not answer in time."));
+        QCOMPARE(projects.message, "The server did not answer in time."_s);
         QVERIFY(!m_helper->connection()->refresh());
         QVERIFY(!m_helper->connection()->connect(true));
         QVERIFY(!m_helper->connection()->logout());
@@ -260,11 +228,12 @@ private slots:
 
     void secretsAreNotWrittenDown() {
         QVERIFY(m_cloud->start());
+        QLoggingCategory::setFilterRules(QString());
         logged.clear();
         const QtMessageHandler former = qInstallMessageHandler(keepLog);
         QVERIFY(login());
         QVERIFY(m_helper->connection()->connect(true));
-        const QJsonObject project = projectOf(m_helper->createNewProject(QStringLiteral("Secret")));
+        const QJsonObject project = projectOf(m_helper->createNewProject("Secret"_s));
         QVERIFY(m_helper->openProject(project) && m_helper->isOpen());
         m_cloud->expire();
         m_helper->projects();
