@@ -1,18 +1,8 @@
 #pragma once
 
-#include "models/BatchOperationManager.h"
-#include "models/ChatModel.h"
-#include "models/GroupModel.h"
-#include "models/KernoGroupModel.h"
-#include "models/KernoModel.h"
-#include "models/KernoShortcutKeyModel.h"
 #include "models/ProjectEvents.h"
-#include "models/QuestionAnswerMainModel.h"
-#include "models/QuestionModel.h"
-#include "models/SourceMetadataKeyModel.h"
-#include "models/SourceMetadataModel.h"
-#include "models/SourceMetadataValueModel.h"
-#include "models/SourceModel.h"
+#include "tests_support/AllModels.h"
+#include "tests_support/TestMain.h"
 
 #include <functional>
 #include <memory>
@@ -42,6 +32,10 @@ public:
     KernoGroupModel* kernoGroupModel() const override { return kernoGroups.get(); }
     KernoShortcutKeyModel* shortcutKeyModel() const override { return shortcuts.get(); }
     ChatModel* chatModel() const override { return chat.get(); }
+    QList<QAbstractItemModel*> allModels() const {
+        return {kernos.get(), sources.get(), questions.get(),   answers.get(),   keys.get(), values.get(),
+                links.get(),  groups.get(),  kernoGroups.get(), shortcuts.get(), chat.get()};
+    }
     Kerno kernoById(int kernoId) const override { return kernos->record(kernoId); }
     QList<int> overlapsOf(int kernoId, const QList<int>& others) override {
         QList<int> counts;
@@ -74,18 +68,18 @@ public:
 };
 
 inline Kerno testKerno(int id, int parentId = -1, const QString& title = {}) {
-    return Kerno(id, parentId, Qt::red, title.isEmpty() ? QStringLiteral("kerno %1").arg(id) : title, {}, {},
-                 QStringLiteral("Ann"), 1, 1);
+    return Kerno(id, parentId, Qt::red, title.isEmpty() ? "kerno %1"_s.arg(id) : title, {}, {}, "Ann"_s, 1,
+                 1);
 }
 
 inline Highlight testHighlight(int id, int kernoId, int start, int length, int sourceId = 1,
                                int questionId = 1) {
-    return Highlight(id, kernoId, sourceId, questionId, Qt::red, start, length, start + length,
-                     QStringLiteral("Ann"), {}, 0, 0, 0, false);
+    return Highlight(id, kernoId, sourceId, questionId, Qt::red, start, length, start + length, "Ann"_s, {},
+                     0, 0, 0, false);
 }
 
 inline QuestionAnswer testAnswer(int id, int sourceId, int questionId, const QString& text) {
-    return QuestionAnswer(id, questionId, sourceId, QStringLiteral("Ann"), text, {});
+    return QuestionAnswer(id, questionId, sourceId, "Ann"_s, text, {});
 }
 
 /// The ids in one column of a model, in row order.

@@ -5,18 +5,13 @@
 #include "models/KernoProxyModel.h"
 #include "models/ModelDelays.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
-
-#include <QLoggingCategory>
-#include <QSignalSpy>
 
 namespace {
 
 /// 1 has 2 and 3, 3 has 4, 5 and 6 stand alone.
 QList<Kerno> tree() {
-    return {testKerno(1, -1, QStringLiteral("Work")), testKerno(2, 1, QStringLiteral("cabin")),
-            testKerno(3, 1, QStringLiteral("Boss")),  testKerno(4, 3, QStringLiteral("Praise")),
-            testKerno(5, -1, QStringLiteral("Home")), testKerno(6, -1, QStringLiteral("apple"))};
+    return {testKerno(1, -1, "Work"_s),  testKerno(2, 1, "cabin"_s), testKerno(3, 1, "Boss"_s),
+            testKerno(4, 3, "Praise"_s), testKerno(5, -1, "Home"_s), testKerno(6, -1, "apple"_s)};
 }
 
 QVector<int> rolesOf(const QSignalSpy& changed, int i) {
@@ -29,346 +24,292 @@ class tst_KernoModel : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
+    void initTestCase() {
+        modelDelays().hierarchy = 1;
+        modelDelays().comboBox = 1;
+    }
+
+    void init() {
+        m_project = std::make_unique<FakeProject>();
+        kernos()->setData(tree());
+    }
+
     void cleanup() { m_project.reset(); }
 
-    void scaleFollowsTheCounts_data();
-    void scaleFollowsTheCounts();
-    void countsAreAnnounced();
-    void aClosedProjectLeavesNothing();
-    void childrenAreLookedUp();
-    void reparenting_data();
-    void reparenting();
-    void movingTellsAllRowsOfChildren();
-    void groupFilterHidesAndShows();
-    void proxySorts_data();
-    void proxySorts();
-    void proxyFollowsTheParent();
-    void manualOrderPutsUnknownOnesFirst();
-    void hierarchyListsThreeLevels();
-    void hierarchyWaitsForABurst();
-    void hierarchyOfADeletedKernoIsEmpty();
-    void updatedKernoJoinsTheHierarchyAtOnce();
-    void overlapsSortTheKernos();
-    void overlapsAreCountedOncePerBurst();
-    void aChangeWhileOverlapsAreCountedWaits();
-    void comboBoxFindsKernos();
+    void scaleFollowsTheCounts_data() {
+        // of the kernos 1, 2 and so on; the first may be counted twice
+        columns<QList<int>, double, double>({"counts", "first", "second"});
+        addRow("none", QList<int>{}, 0.7, 0.7);
+        addRow("one coding spreads nothing", QList<int>{1}, 0.7, 0.7);
+        addRow("two", QList<int>{2, 1}, 1.5, 1.1);
+        addRow("many", QList<int>{3, 8}, 1.0, 1.5);
+    }
+
+    void scaleFollowsTheCounts() {
+        QFETCH(QList<int>, counts);
+        // Counts of kernos that aren't there have no say.
+        QList<KeyVariantValue<int>> values{{99, 1000, {}}};
+        for (int i = 0; i < counts.size(); ++i)
+            values.append({i + 1, counts.at(i), {}});
+        kernos()->quoteCounts()->replace(values);
+        QTEST(kernos()->index(0, 0).data(KernoModel::ScaleRole).toDouble(), "first");
+        QTEST(kernos()->index(1, 0).data(KernoModel::ScaleRole).toDouble(), "second");
+        QCOMPARE(kernos()->index(5, 0).data(KernoModel::HighlightsCountRole), QVariant(0));
+    }
+
+    void countsAreAnnounced() {
+        QSignalSpy changed(kernos(), &QAbstractItemModel::dataChanged);
+        QSignalSpy counted(kernos(), &KernoModel::highlightsChanged);
+        kernos()->quoteCounts()->replace({{1, 3, {}}, {2, 4, {}}, {1, 5, {}}});
+        QCOMPARE(counted.count(), 1);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.first().at(1).toModelIndex().row(), 5);
+        QCOMPARE(rolesOf(changed, 0), (QVector<int>{267, 268, 270}));
+        QCOMPARE(kernos()->highlightsCount(1), 5);
+        QCOMPARE(kernos()->maxQuoteCount(), 5);
+        // With those below it; a circle of parents ends.
+        kernos()->quoteCounts()->replace({{1, 1, {}}, {2, 2, {}}, {4, 4, {}}, {5, 8, {}}});
+        QCOMPARE(kernos()->highlightsCountWithChildren(1), 7);
+        kernos()->addOrUpdate(testKerno(1, 4));
+        QCOMPARE(kernos()->highlightsCountWithChildren(3), 7);
+    }
+
+    void aClosedProjectLeavesNothing() {
+        kernos()->quoteCounts()->replace({{1, 3, {}}});
+        kernos()->applyGroupFilter(true);
+        emit m_project->fileClosed();
+        kernos()->setData(tree());
+        QCOMPARE(kernos()->highlightsCount(1), 0);
+        QCOMPARE(kernos()->index(0, 0).data(KernoModel::ScaleRole).toDouble(), 0.7);
+        kernos()->applyGroupFilter(true);
+        QVERIFY(!kernos()->at(0).visible());
+    }
+
+    void childrenAreLookedUp() {
+        QCOMPARE(kernos()->childIdsOf(1), (QList<int>{2, 3}));
+        QVERIFY(kernos()->hasChildren(kernos()->record(3)));
+        QVERIFY(!kernos()->hasChildren(kernos()->record(5)));
+        QVERIFY(kernos()->hasGrandChildren(kernos()->record(1)));
+        QVERIFY(!kernos()->hasGrandChildren(kernos()->record(3)));
+        kernos()->addOrUpdate(testKerno(4, 5));
+        QVERIFY(!kernos()->hasGrandChildren(kernos()->record(1)));
+        QVERIFY(kernos()->index(4, 0).data(KernoModel::HasChildrenRole).toBool());
+        // A kerno below itself is no child of another.
+        kernos()->addOrUpdate(testKerno(6, 6));
+        QVERIFY(!kernos()->hasChildren(kernos()->record(6)));
+        kernos()->removeByKey(2);
+        QCOMPARE(kernos()->childIdsOf(1), (QList<int>{3}));
+    }
+
+    void reparenting_data() {
+        columns<int, int, bool>({"kernoId", "newParentId", "allowed"});
+        addRow("itself", 5, 5, false);
+        addRow("unknown", 5, 77, false);
+        addRow("no kerno", -1, 5, false);
+        addRow("grandchildren stay", 1, 5, false);
+        addRow("children to the top", 3, 5, true);
+        addRow("children not below a child", 3, 2, false);
+        addRow("childless below a child", 5, 2, true);
+    }
+
+    void reparenting() {
+        FETCH(int, kernoId, int, newParentId);
+        QTEST(kernos()->canReparent(kernoId, newParentId), "allowed");
+    }
+
+    void movingTellsAllRowsOfChildren() {
+        QSignalSpy changed(kernos(), &QAbstractItemModel::dataChanged);
+        QSignalSpy coloured(kernos(), &KernoModel::kernoColorChanged);
+        kernos()->addOrUpdate(testKerno(2, 5, "cabin"_s));
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(rolesOf(changed, 0),
+                 (QVector<int>{KernoModel::HasChildrenRole, KernoModel::HighlightsCountWithChildrenRole}));
+        QCOMPARE(changed.first().at(1).toModelIndex().row(), 5);
+        QCOMPARE(rolesOf(changed, 1), (QVector<int>{258}));
+        Kerno blue = kernos()->record(2);
+        blue.setColor(Qt::blue);
+        kernos()->addOrUpdate(blue);
+        QCOMPARE(coloured.count(), 1);
+        changed.clear();
+        m_project->batchOperationManager()->startKernoBatch();
+        m_project->batchOperationManager()->finishKernoBatch();
+        QCOMPARE(rolesOf(changed, 0), (QVector<int>{KernoModel::HasChildrenRole}));
+    }
+
+    void groupFilterHidesAndShows() {
+        const auto visible = [this] {
+            QString all;
+            for (int row = 0; row < kernos()->rowCount(); ++row)
+                all += QLatin1Char(kernos()->at(row).visible() ? '1' : '0');
+            return all;
+        };
+        QSignalSpy changed(kernos(), &QAbstractItemModel::dataChanged);
+        kernos()->applyGroupFilter(true);
+        kernos()->applyGroupFilter(true);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(visible(), "000000"_s);
+        kernos()->setGroupVisible(3, true);
+        kernos()->setGroupVisible(77, true);
+        QCOMPARE(visible(), "001000"_s);
+        kernos()->filterByName("P"_s);
+        QCOMPARE(visible(), "000000"_s);
+        kernos()->applyGroupFilter(false);
+        QCOMPARE(visible(), "000101"_s);
+        QCOMPARE(changed.count(), 4);
+    }
+
+    void proxySorts_data() {
+        columns<int, QList<int>>({"sortType", "order"});
+        using P = KernoProxyModel;
+        addRow("none", int(P::NoSort), QList<int>{1, 5, 6});
+        addRow("manual", int(P::ManualSort), QList<int>{1, 5, 6});
+        addRow("title", int(P::ByTitle), QList<int>{5, 1, 6});
+        addRow("title down", int(P::ByTitleDescending), QList<int>{6, 1, 5});
+        addRow("time", int(P::ByTimestampAscending), QList<int>{6, 5, 1});
+        addRow("time down", int(P::ByTimestampDescending), QList<int>{1, 5, 6});
+        addRow("codings", int(P::ByNumberOfHighlights), QList<int>{5, 6, 1});
+        addRow("codings down", int(P::ByNumberOfHighlightsDescending), QList<int>{1, 6, 5});
+    }
+
+    void proxySorts() {
+        QFETCH(int, sortType);
+        QList<Kerno> list = tree();
+        for (Kerno& kerno : list)
+            kerno.setTimestamp(QDateTime::fromSecsSinceEpoch(1000000 - kerno.kernoId()));
+        kernos()->setData(list);
+        kernos()->quoteCounts()->replace({{1, 9, {}}, {6, 4, {}}});
+        KernoProxyModel proxy;
+        QSignalSpy changed(&proxy, &KernoProxyModel::sortTypeChanged);
+        proxy.setSortType(sortType == KernoProxyModel::NoSort ? KernoProxyModel::ByTitle
+                                                              : KernoProxyModel::NoSort);
+        proxy.setSortType(sortType);
+        QTEST(proxy.currentSortOrder(), "order");
+        QVERIFY(changed.count() >= 1);
+    }
+
+    void proxyFollowsTheParent() {
+        KernoProxyModel proxy;
+        QSignalSpy counted(&proxy, &KernoProxyModel::countChanged);
+        QCOMPARE(proxy.count(), 3);
+        proxy.setParentKernoId(1);
+        QCOMPARE(idsOf(proxy), (QList<int>{2, 3}));
+        counted.clear();
+        kernos()->addOrUpdate(testKerno(5, 1));
+        QCOMPARE(proxy.count(), 3);
+        kernos()->removeByKey(2);
+        QCOMPARE(counted.count(), 2);
+        QCOMPARE(proxy.get(0).value("title"_s).toString(), "Boss"_s);
+        QCOMPARE(proxy.get(0, "kernoId"), QVariant(3));
+        QVERIFY(!proxy.get(0, "nothing").isValid());
+        QVERIFY(proxy.get(9).isEmpty());
+        QCOMPARE(proxy.getAllItems().size(), 2);
+    }
+
+    void manualOrderPutsUnknownOnesFirst() {
+        KernoProxyModel proxy;
+        QSignalSpy changed(&proxy, &KernoProxyModel::manualSortOrderChanged);
+        proxy.setManualSortOrder({6, 1, 5});
+        QCOMPARE(proxy.currentSortOrder(), (QList<int>{1, 5, 6}));
+        proxy.setManualSort(true);
+        QCOMPARE(proxy.currentSortOrder(), (QList<int>{6, 1, 5}));
+        proxy.setManualSortOrder({6, 1});
+        QCOMPARE(proxy.currentSortOrder(), (QList<int>{5, 6, 1}));
+        kernos()->addOrUpdate(testKerno(7));
+        QCOMPARE(proxy.currentSortOrder(), (QList<int>{5, 7, 6, 1}));
+        proxy.setManualSortOrder({6, 1});
+        QCOMPARE(changed.count(), 2);
+        proxy.setManualSort(false);
+        QCOMPARE(proxy.currentSortOrder(), (QList<int>{1, 5, 6, 7}));
+    }
+
+    void hierarchyWaitsForABurst() {
+        KernoHierarchyModel proxy;
+        proxy.setKernoId(1);
+        QSignalSpy changed(&proxy, &KernoHierarchyModel::kernoIdsChanged);
+        for (int id = 10; id < 20; ++id)
+            kernos()->addOrUpdate(testKerno(id, 2));
+        // A change that the shown rows notice brings the new ones in.
+        kernos()->addOrUpdate(testKerno(3, -1));
+        QVERIFY(waitFor([&] { return proxy.kernoIds().size() == 12; }));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(idsOf(proxy), proxy.kernoIds());
+    }
+
+    void updatedKernoJoinsTheHierarchyAtOnce() {
+        KernoHierarchyModel proxy;
+        proxy.setKernoId(1);
+        QSignalSpy added(&proxy, &KernoHierarchyModel::kernoAdded);
+        kernos()->addOrUpdate(testKerno(7, 2));
+        emit m_project->kernoUpdated(7);
+        emit m_project->kernoUpdated(7);
+        emit m_project->kernoUpdated(5);
+        QCOMPARE(added.count(), 1);
+        QCOMPARE(idsOf(proxy), (QList<int>{1, 2, 7, 3, 4}));
+        QCOMPARE(idsOf(proxy, KernoHierarchyModel::LevelRole), (QList<int>{0, 1, 2, 1, 2}));
+    }
+
+    void overlapsSortTheKernos() {
+        m_project->overlap = [](int mainId, int id) { return mainId == 1 && id >= 4 ? 2 * id - 7 : 0; };
+        KernoOverlapModel proxy;
+        QSignalSpy computed(&proxy, &KernoOverlapModel::newAsyncResultComputed);
+        proxy.setKernoId(1);
+        QCOMPARE(computed.count(), 1);
+        QCOMPARE(idsOf(proxy).mid(0, 3), (QList<int>{6, 5, 4}));
+        QCOMPARE(proxy.index(0, 0).data(KernoOverlapModel::OverlapFactorRole), QVariant(1.0));
+        QCOMPARE(proxy.index(1, 0).data(KernoOverlapModel::OverlapFactorRole), QVariant(3 / 5.0));
+        QCOMPARE(proxy.rowCount(), 6);
+        QCOMPARE(proxy.getAngleForOverlap(0), 180);
+        proxy.setKernoId(2);
+        QCOMPARE(idsOf(proxy, KernoOverlapModel::OverlapsRole), (QList<int>{0, 0, 0, 0, 0, 0}));
+        QCOMPARE(proxy.index(0, 0).data(KernoOverlapModel::OverlapFactorRole), QVariant(0.0));
+    }
+
+    void overlapsAreCountedOncePerBurst() {
+        int reads = 0;
+        m_project->overlap = [&reads](int, int) { return ++reads; };
+        KernoOverlapModel proxy;
+        proxy.setKernoId(0);
+        QCOMPARE(reads, 0);
+        proxy.setKernoId(1);
+        QCOMPARE(reads, 5);
+        for (int i = 0; i < 20; ++i)
+            kernos()->addOrUpdate(testKerno(5, -1, QString::number(i)));
+        QVERIFY(waitFor([&] { return reads == 10; }));
+        QCoreApplication::processEvents();
+        QCOMPARE(reads, 10);
+    }
+
+    void aChangeWhileOverlapsAreCountedWaits() {
+        KernoOverlapModel proxy;
+        int running = 0;
+        m_project->overlap = [&](int mainId, int) {
+            if (++running > 1)
+                qFatal("counted within a count");
+            proxy.setKernoId(2);
+            --running;
+            return mainId;
+        };
+        proxy.setKernoId(1);
+        QVERIFY(waitFor([&] { return idsOf(proxy, KernoOverlapModel::OverlapsRole).value(0) == 2; }));
+    }
+
+    void comboBoxFindsKernos() {
+        KernoComboBoxModel combo;
+        QCOMPARE(combo.rowCount(), 7);
+        QCOMPARE(combo.getKernoId(1), 3);  // "Boss" comes first
+        QCOMPARE(combo.findIndex(3), 1);
+        QCOMPARE(combo.findIndex(77), 0);
+        QCOMPARE(combo.getKernoId(0), -1);
+        QCOMPARE(combo.getKernoId(7), -1);
+        kernos()->setData(QList<Kerno>{});
+        QCOMPARE(combo.findIndex(3), 0);
+    }
 
 private:
     KernoModel* kernos() const { return m_project->kernos.get(); }
 
     std::unique_ptr<FakeProject> m_project;
 };
-
-void tst_KernoModel::initTestCase() {
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
-    modelDelays().hierarchy = 1;
-    modelDelays().comboBox = 1;
-}
-
-void tst_KernoModel::init() {
-    m_project = std::make_unique<FakeProject>();
-    kernos()->setData(tree());
-}
-
-void tst_KernoModel::scaleFollowsTheCounts_data() {
-    QTest::addColumn<QList<int>>("counts");  // of the kernos 1, 2 and so on; the first may be counted twice
-    QTest::addColumn<double>("first");
-    QTest::addColumn<double>("second");
-    QTest::newRow("none") << QList<int>{} << 0.7 << 0.7;
-    QTest::newRow("one coding spreads nothing") << QList<int>{1} << 0.7 << 0.7;
-    QTest::newRow("two") << QList<int>{2, 1} << 1.5 << 1.1;
-    QTest::newRow("many") << QList<int>{3, 8} << 1.0 << 1.5;
-}
-
-void tst_KernoModel::scaleFollowsTheCounts() {
-    QFETCH(QList<int>, counts);
-    // Counts of kernos that aren't there have no say.
-    QList<KeyVariantValue<int>> values{{99, 1000, {}}};
-    for (int i = 0; i < counts.size(); ++i)
-        values.append({i + 1, counts.at(i), {}});
-    kernos()->quoteCounts()->replace(values);
-    QTEST(kernos()->index(0, 0).data(KernoModel::ScaleRole).toDouble(), "first");
-    QTEST(kernos()->index(1, 0).data(KernoModel::ScaleRole).toDouble(), "second");
-    QCOMPARE(kernos()->index(5, 0).data(KernoModel::HighlightsCountRole), QVariant(0));
-}
-
-void tst_KernoModel::countsAreAnnounced() {
-    QSignalSpy changed(kernos(), &QAbstractItemModel::dataChanged);
-    QSignalSpy counted(kernos(), &KernoModel::highlightsChanged);
-    kernos()->quoteCounts()->replace({{1, 3, {}}, {2, 4, {}}, {1, 5, {}}});
-    QCOMPARE(counted.count(), 1);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(changed.first().at(1).toModelIndex().row(), 5);
-    QCOMPARE(rolesOf(changed, 0), (QVector<int>{267, 268, 270}));
-    QCOMPARE(kernos()->highlightsCount(1), 5);
-    QCOMPARE(kernos()->maxQuoteCount(), 5);
-    // With those below it; a circle of parents ends.
-    kernos()->quoteCounts()->replace({{1, 1, {}}, {2, 2, {}}, {4, 4, {}}, {5, 8, {}}});
-    QCOMPARE(kernos()->highlightsCountWithChildren(1), 7);
-    kernos()->addOrUpdate(testKerno(1, 4));
-    QCOMPARE(kernos()->highlightsCountWithChildren(3), 7);
-}
-
-void tst_KernoModel::aClosedProjectLeavesNothing() {
-    kernos()->quoteCounts()->replace({{1, 3, {}}});
-    kernos()->applyGroupFilter(true);
-    emit m_project->fileClosed();
-    kernos()->setData(tree());
-    QCOMPARE(kernos()->highlightsCount(1), 0);
-    QCOMPARE(kernos()->index(0, 0).data(KernoModel::ScaleRole).toDouble(), 0.7);
-    kernos()->applyGroupFilter(true);
-    QVERIFY(!kernos()->at(0).visible());
-}
-
-void tst_KernoModel::childrenAreLookedUp() {
-    QCOMPARE(kernos()->childIdsOf(1), (QList<int>{2, 3}));
-    QVERIFY(kernos()->hasChildren(kernos()->record(3)));
-    QVERIFY(!kernos()->hasChildren(kernos()->record(5)));
-    QVERIFY(kernos()->hasGrandChildren(kernos()->record(1)));
-    QVERIFY(!kernos()->hasGrandChildren(kernos()->record(3)));
-    kernos()->addOrUpdate(testKerno(4, 5));
-    QVERIFY(!kernos()->hasGrandChildren(kernos()->record(1)));
-    QVERIFY(kernos()->index(4, 0).data(KernoModel::HasChildrenRole).toBool());
-    // A kerno below itself is no child of another.
-    kernos()->addOrUpdate(testKerno(6, 6));
-    QVERIFY(!kernos()->hasChildren(kernos()->record(6)));
-    kernos()->removeByKey(2);
-    QCOMPARE(kernos()->childIdsOf(1), (QList<int>{3}));
-}
-
-void tst_KernoModel::reparenting_data() {
-    QTest::addColumn<int>("kernoId");
-    QTest::addColumn<int>("newParentId");
-    QTest::addColumn<bool>("allowed");
-    QTest::newRow("itself") << 5 << 5 << false;
-    QTest::newRow("unknown") << 5 << 77 << false;
-    QTest::newRow("no kerno") << -1 << 5 << false;
-    QTest::newRow("grandchildren stay") << 1 << 5 << false;
-    QTest::newRow("children to the top") << 3 << 5 << true;
-    QTest::newRow("children not below a child") << 3 << 2 << false;
-    QTest::newRow("childless below a child") << 5 << 2 << true;
-}
-
-void tst_KernoModel::reparenting() {
-    QFETCH(int, kernoId);
-    QFETCH(int, newParentId);
-    QTEST(kernos()->canReparent(kernoId, newParentId), "allowed");
-}
-
-void tst_KernoModel::movingTellsAllRowsOfChildren() {
-    QSignalSpy changed(kernos(), &QAbstractItemModel::dataChanged);
-    QSignalSpy coloured(kernos(), &KernoModel::kernoColorChanged);
-    kernos()->addOrUpdate(testKerno(2, 5, QStringLiteral("cabin")));
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(rolesOf(changed, 0),
-             (QVector<int>{KernoModel::HasChildrenRole, KernoModel::HighlightsCountWithChildrenRole}));
-    QCOMPARE(changed.first().at(1).toModelIndex().row(), 5);
-    QCOMPARE(rolesOf(changed, 1), (QVector<int>{258}));
-    Kerno blue = kernos()->record(2);
-    blue.setColor(Qt::blue);
-    kernos()->addOrUpdate(blue);
-    QCOMPARE(coloured.count(), 1);
-    changed.clear();
-    m_project->batchOperationManager()->startKernoBatch();
-    m_project->batchOperationManager()->finishKernoBatch();
-    QCOMPARE(rolesOf(changed, 0), (QVector<int>{KernoModel::HasChildrenRole}));
-}
-
-void tst_KernoModel::groupFilterHidesAndShows() {
-    const auto visible = [this] {
-        QString all;
-        for (int row = 0; row < kernos()->rowCount(); ++row)
-            all += QLatin1Char(kernos()->at(row).visible() ? '1' : '0');
-        return all;
-    };
-    QSignalSpy changed(kernos(), &QAbstractItemModel::dataChanged);
-    kernos()->applyGroupFilter(true);
-    kernos()->applyGroupFilter(true);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(visible(), QStringLiteral("000000"));
-    kernos()->setGroupVisible(3, true);
-    kernos()->setGroupVisible(77, true);
-    QCOMPARE(visible(), QStringLiteral("001000"));
-    kernos()->filterByName(QStringLiteral("P"));
-    QCOMPARE(visible(), QStringLiteral("000000"));
-    kernos()->applyGroupFilter(false);
-    QCOMPARE(visible(), QStringLiteral("000101"));
-    QCOMPARE(changed.count(), 4);
-}
-
-void tst_KernoModel::proxySorts_data() {
-    QTest::addColumn<int>("sortType");
-    QTest::addColumn<QList<int>>("order");
-    using P = KernoProxyModel;
-    QTest::newRow("none") << int(P::NoSort) << QList<int>{1, 5, 6};
-    QTest::newRow("manual") << int(P::ManualSort) << QList<int>{1, 5, 6};
-    QTest::newRow("title") << int(P::ByTitle) << QList<int>{5, 1, 6};
-    QTest::newRow("title down") << int(P::ByTitleDescending) << QList<int>{6, 1, 5};
-    QTest::newRow("time") << int(P::ByTimestampAscending) << QList<int>{6, 5, 1};
-    QTest::newRow("time down") << int(P::ByTimestampDescending) << QList<int>{1, 5, 6};
-    QTest::newRow("codings") << int(P::ByNumberOfHighlights) << QList<int>{5, 6, 1};
-    QTest::newRow("codings down") << int(P::ByNumberOfHighlightsDescending) << QList<int>{1, 6, 5};
-}
-
-void tst_KernoModel::proxySorts() {
-    QFETCH(int, sortType);
-    QList<Kerno> list = tree();
-    for (Kerno& kerno : list)
-        kerno.setTimestamp(QDateTime::fromSecsSinceEpoch(1000000 - kerno.kernoId()));
-    kernos()->setData(list);
-    kernos()->quoteCounts()->replace({{1, 9, {}}, {6, 4, {}}});
-    KernoProxyModel proxy;
-    QSignalSpy changed(&proxy, &KernoProxyModel::sortTypeChanged);
-    proxy.setSortType(sortType == KernoProxyModel::NoSort ? KernoProxyModel::ByTitle
-                                                          : KernoProxyModel::NoSort);
-    proxy.setSortType(sortType);
-    QTEST(proxy.currentSortOrder(), "order");
-    QVERIFY(changed.count() >= 1);
-}
-
-void tst_KernoModel::proxyFollowsTheParent() {
-    KernoProxyModel proxy;
-    QSignalSpy counted(&proxy, &KernoProxyModel::countChanged);
-    QCOMPARE(proxy.count(), 3);
-    proxy.setParentKernoId(1);
-    QCOMPARE(idsOf(proxy), (QList<int>{2, 3}));
-    counted.clear();
-    kernos()->addOrUpdate(testKerno(5, 1));
-    QCOMPARE(proxy.count(), 3);
-    kernos()->removeByKey(2);
-    QCOMPARE(counted.count(), 2);
-    QCOMPARE(proxy.get(0).value(QStringLiteral("title")).toString(), QStringLiteral("Boss"));
-    QCOMPARE(proxy.get(0, "kernoId"), QVariant(3));
-    QVERIFY(!proxy.get(0, "nothing").isValid());
-    QVERIFY(proxy.get(9).isEmpty());
-    QCOMPARE(proxy.getAllItems().size(), 2);
-}
-
-void tst_KernoModel::manualOrderPutsUnknownOnesFirst() {
-    KernoProxyModel proxy;
-    QSignalSpy changed(&proxy, &KernoProxyModel::manualSortOrderChanged);
-    proxy.setManualSortOrder({6, 1, 5});
-    QCOMPARE(proxy.currentSortOrder(), (QList<int>{1, 5, 6}));
-    proxy.setManualSort(true);
-    QCOMPARE(proxy.currentSortOrder(), (QList<int>{6, 1, 5}));
-    proxy.setManualSortOrder({6, 1});
-    QCOMPARE(proxy.currentSortOrder(), (QList<int>{5, 6, 1}));
-    kernos()->addOrUpdate(testKerno(7));
-    QCOMPARE(proxy.currentSortOrder(), (QList<int>{5, 7, 6, 1}));
-    proxy.setManualSortOrder({6, 1});
-    QCOMPARE(changed.count(), 2);
-    proxy.setManualSort(false);
-    QCOMPARE(proxy.currentSortOrder(), (QList<int>{1, 5, 6, 7}));
-}
-
-void tst_KernoModel::hierarchyListsThreeLevels() {
-    KernoHierarchyModel proxy;
-    QSignalSpy changed(&proxy, &KernoHierarchyModel::kernoIdsChanged);
-    kernos()->addOrUpdate(testKerno(5, 4));
-    proxy.setKernoId(1);
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(proxy.kernoIds(), (QList<int>{1, 2, 3, 4}));
-    QCOMPARE(idsOf(proxy), proxy.kernoIds());
-    QCOMPARE(idsOf(proxy, KernoHierarchyModel::LevelRole), (QList<int>{0, 1, 1, 2}));
-    QVERIFY(!proxy.data({}, KernoHierarchyModel::LevelRole).isValid());
-    QCOMPARE(proxy.roleNames().value(KernoHierarchyModel::LevelRole), QByteArray("level"));
-}
-
-void tst_KernoModel::hierarchyWaitsForABurst() {
-    KernoHierarchyModel proxy;
-    proxy.setKernoId(1);
-    QSignalSpy changed(&proxy, &KernoHierarchyModel::kernoIdsChanged);
-    for (int id = 10; id < 20; ++id)
-        kernos()->addOrUpdate(testKerno(id, 2));
-    // A change that the shown rows notice brings the new ones in.
-    kernos()->addOrUpdate(testKerno(3, -1));
-    QVERIFY(waitFor([&] { return proxy.kernoIds().size() == 12; }));
-    QCOMPARE(changed.count(), 1);
-    QCOMPARE(idsOf(proxy), proxy.kernoIds());
-}
-
-void tst_KernoModel::hierarchyOfADeletedKernoIsEmpty() {
-    KernoHierarchyModel proxy;
-    proxy.setKernoId(3);
-    QSignalSpy changed(&proxy, &KernoHierarchyModel::kernoIdsChanged);
-    kernos()->removeByKey(3);
-    QVERIFY(waitFor([&] { return changed.count() > 0; }));
-    QCOMPARE(proxy.rowCount(), 0);
-    QVERIFY(proxy.kernoIds().isEmpty());
-    QCoreApplication::processEvents();
-    QCOMPARE(changed.count(), 1);
-}
-
-void tst_KernoModel::updatedKernoJoinsTheHierarchyAtOnce() {
-    KernoHierarchyModel proxy;
-    proxy.setKernoId(1);
-    QSignalSpy added(&proxy, &KernoHierarchyModel::kernoAdded);
-    kernos()->addOrUpdate(testKerno(7, 2));
-    emit m_project->kernoUpdated(7);
-    emit m_project->kernoUpdated(7);
-    emit m_project->kernoUpdated(5);
-    QCOMPARE(added.count(), 1);
-    QCOMPARE(idsOf(proxy), (QList<int>{1, 2, 7, 3, 4}));
-}
-
-void tst_KernoModel::overlapsSortTheKernos() {
-    m_project->overlap = [](int mainId, int id) { return mainId == 1 && id >= 4 ? 2 * id - 7 : 0; };
-    KernoOverlapModel proxy;
-    QSignalSpy computed(&proxy, &KernoOverlapModel::newAsyncResultComputed);
-    proxy.setKernoId(1);
-    QCOMPARE(computed.count(), 1);
-    QCOMPARE(idsOf(proxy).mid(0, 3), (QList<int>{6, 5, 4}));
-    QCOMPARE(proxy.index(0, 0).data(KernoOverlapModel::OverlapFactorRole), QVariant(1.0));
-    QCOMPARE(proxy.index(1, 0).data(KernoOverlapModel::OverlapFactorRole), QVariant(3 / 5.0));
-    QCOMPARE(proxy.rowCount(), 6);
-    QCOMPARE(proxy.getAngleForOverlap(0), 180);
-    proxy.setKernoId(2);
-    QCOMPARE(idsOf(proxy, KernoOverlapModel::OverlapsRole), (QList<int>{0, 0, 0, 0, 0, 0}));
-    QCOMPARE(proxy.index(0, 0).data(KernoOverlapModel::OverlapFactorRole), QVariant(0.0));
-}
-
-void tst_KernoModel::overlapsAreCountedOncePerBurst() {
-    int reads = 0;
-    m_project->overlap = [&reads](int, int) { return ++reads; };
-    KernoOverlapModel proxy;
-    proxy.setKernoId(0);
-    QCOMPARE(reads, 0);
-    proxy.setKernoId(1);
-    QCOMPARE(reads, 5);
-    for (int i = 0; i < 20; ++i)
-        kernos()->addOrUpdate(testKerno(5, -1, QString::number(i)));
-    QVERIFY(waitFor([&] { return reads == 10; }));
-    QCoreApplication::processEvents();
-    QCOMPARE(reads, 10);
-}
-
-void tst_KernoModel::aChangeWhileOverlapsAreCountedWaits() {
-    KernoOverlapModel proxy;
-    int running = 0;
-    m_project->overlap = [&](int mainId, int) {
-        if (++running > 1)
-            qFatal("counted within a count");
-        proxy.setKernoId(2);
-        --running;
-        return mainId;
-    };
-    proxy.setKernoId(1);
-    QVERIFY(waitFor([&] { return idsOf(proxy, KernoOverlapModel::OverlapsRole).value(0) == 2; }));
-}
-
-void tst_KernoModel::comboBoxFindsKernos() {
-    KernoComboBoxModel combo;
-    QCOMPARE(combo.rowCount(), 7);
-    QCOMPARE(combo.getKernoId(1), 3);  // "Boss" comes first
-    QCOMPARE(combo.findIndex(3), 1);
-    QCOMPARE(combo.findIndex(77), 0);
-    QCOMPARE(combo.getKernoId(0), -1);
-    QCOMPARE(combo.getKernoId(7), -1);
-    kernos()->setData(QList<Kerno>{});
-    QCOMPARE(combo.findIndex(3), 0);
-}
 
 KERNOVA_GUI_TEST_MAIN(tst_KernoModel)
 #include "tst_kernomodel.moc"

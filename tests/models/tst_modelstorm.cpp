@@ -11,13 +11,6 @@
 #include "models/SourceMetadataProxyModels.h"
 #include "models/SourceProxyModel.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
-
-#include <QAbstractItemModelTester>
-#include <QJsonDocument>
-#include <QLoggingCategory>
-#include <QRandomGenerator>
-#include <QSignalSpy>
 
 namespace {
 
@@ -111,11 +104,11 @@ public:
     /// The first difference between what it was told and what stands there, or nothing.
     QString difference() const {
         if (m_rows.size() != m_model.rowCount())
-            return QStringLiteral("%1 rows, not %2").arg(m_rows.size()).arg(m_model.rowCount());
+            return "%1 rows, not %2"_s.arg(m_rows.size()).arg(m_model.rowCount());
         for (int row = 0; row < m_rows.size(); ++row) {
             for (int role : m_names.keys()) {
                 if (m_rows.at(row).value(role) != m_model.index(row, 0).data(role))
-                    return QStringLiteral("row %1, role ").arg(row) + QString::fromUtf8(m_names.value(role));
+                    return "row %1, role "_s.arg(row) + QString::fromUtf8(m_names.value(role));
             }
         }
         return {};
@@ -174,7 +167,7 @@ template <typename T> QVariantMap storedFields(const T& record) {
 
 template <> QVariantMap storedFields(const QuestionAnswer& answer) {
     QVariantMap map = answer.toVariantMap();
-    map.insert(QStringLiteral("answer"), answer.storedAnswer());
+    map.insert("answer"_s, answer.storedAnswer());
     return map;
 }
 
@@ -226,11 +219,8 @@ public:
                          [this](const T& a, const T& b) { return m_place(a) < m_place(b); });
         return all;
     }
-    void fill(Model* model) const {
-        if (!model)
-            model = m_live;
-        model->setData(list());
-    }
+    void fill(QAbstractItemModel* model) const { static_cast<Model*>(model)->setData(list()); }
+    void fill() const { fill(m_live); }
     /// Each key leads to its row.
     void checkKeys() const {
         QCOMPARE(m_live->rowCount(), m_records.size());
@@ -257,11 +247,11 @@ int anId(QRandomGenerator& random) {
 }
 
 QString aText(QRandomGenerator& random, int id) {
-    return QStringLiteral("%1-%2").arg(random.bounded(100)).arg(id);
+    return "%1-%2"_s.arg(random.bounded(100)).arg(id);
 }
 
-const QString author = QStringLiteral("Ann");
-const QDateTime time = QDateTime::fromString(QStringLiteral("2024-05-01T10:00:00Z"), Qt::ISODate);
+const QString author = "Ann"_s;
+const QDateTime time = QDateTime::fromString("2024-05-01T10:00:00Z"_s, Qt::ISODate);
 
 /// The stored records of all models.
 struct Service {
@@ -358,128 +348,104 @@ class tst_ModelStorm : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void theEndStateIsThatOfAFreshFetch_data();
-    void theEndStateIsThatOfAFreshFetch();
-};
-
-void tst_ModelStorm::initTestCase() {
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
-    modelDelays().comboBox = 1;
-    modelDelays().hierarchy = 1;
-    modelDelays().codingStats = 1;
-}
-
-void tst_ModelStorm::theEndStateIsThatOfAFreshFetch_data() {
-    QTest::addColumn<quint32>("seed");
-    for (quint32 seed = 1; seed <= 4; ++seed)
-        QTest::newRow(QByteArray::number(seed).constData()) << seed;
-}
-
-void tst_ModelStorm::theEndStateIsThatOfAFreshFetch() {
-    QFETCH(quint32, seed);
-    QRandomGenerator random(seed);
-    const auto overlaps = [](int a, int b) { return (a * b) % 7; };
-
-    auto live = std::make_unique<FakeProject>();
-    live->overlap = overlaps;
-    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
-    for (QAbstractItemModel* model : QList<QAbstractItemModel*>{
-             live->kernos.get(), live->sources.get(), live->questions.get(), live->answers.get(),
-             live->keys.get(), live->values.get(), live->links.get(), live->groups.get(),
-             live->kernoGroups.get(), live->shortcuts.get(), live->chat.get()})
-        testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
-    const Mirror kernos(*live->kernos);
-    const Mirror questions(*live->questions);
-    const Mirror keys(*live->keys);
-    const Mirror values(*live->values);
-    const Mirror shortcuts(*live->shortcuts);
-    Service service(*live);
-    Views views;
-    views.valueRows.setSourceModel(&views.values);
-
-    for (int step = 0; step < steps; ++step) {
-        const quint32 which = random.bounded(11u);
-        quint32 i = 0;
-        service.each([&](auto& stored) {
-            if (i++ == which)
-                stored.step(random);
-        });
-        if (step % 97 == 0) {
-            views.children.setParentKernoId(anId(random));
-            views.hierarchy.setKernoId(anId(random));
-            views.answers.setSourceId(1 + random.bounded(3));
-            views.manual.setManualSortOrder({anId(random), anId(random), anId(random)});
-        }
-        if (step % 211 == 0) {
-            emit live->fileClosed();
-            service.each([](auto& stored) { stored.fill(nullptr); });
-            emit live->kernoUpdated(1);
-        }
-        if (step % 31 == 0) {
-            for (int kernoId = 1; kernoId <= ids; ++kernoId)
-                emit live->kernoUpdated(kernoId);
-            QCoreApplication::processEvents();
-        }
-        if (step % 8 == 0) {
-            for (const Mirror* mirror : {&kernos, &questions, &keys, &values, &shortcuts})
-                QCOMPARE(mirror->difference(), QString());
-        }
-        if (QTest::currentTestFailed())
-            return;
+    void initTestCase() {
+        modelDelays().comboBox = 1;
+        modelDelays().hierarchy = 1;
+        modelDelays().codingStats = 1;
     }
-    service.each([](auto& stored) { stored.checkKeys(); });
 
-    // A second project that fetched everything at once, with the same views.
-    FakeProject fresh;
-    fresh.overlap = overlaps;
-    fresh.kernos->setData(service.kernos.list());
-    fresh.sources->setData(service.sources.list());
-    fresh.questions->setData(service.questions.list());
-    fresh.answers->setData(service.answers.list());
-    fresh.keys->setData(service.keys.list());
-    fresh.values->setData(service.values.list());
-    fresh.links->setData(service.links.list());
-    fresh.groups->setData(service.groups.list());
-    fresh.kernoGroups->setData(service.kernoGroups.list());
-    fresh.shortcuts->setData(service.shortcuts.list());
-    fresh.chat->setData(service.chat.list());
-    Views expected;
-    expected.children.setParentKernoId(views.children.parentKernoId());
-    expected.hierarchy.setKernoId(views.hierarchy.kernoId());
-    expected.answers.setSourceId(views.answers.sourceId());
-    expected.manual.setManualSortOrder(views.manual.manualSortOrder());
-    expected.valueRows.setSourceModel(&expected.values);
+    void theEndStateIsThatOfAFreshFetch_data() {
+        QTest::addColumn<quint32>("seed");
+        for (quint32 seed = 1; seed <= 4; ++seed)
+            addRow(QByteArray::number(seed).constData(), seed);
+    }
 
-    QCOMPARE(rows(*live->kernos), rows(*fresh.kernos));
-    QCOMPARE(rows(*live->sources), rows(*fresh.sources));
-    QCOMPARE(rows(*live->questions), rows(*fresh.questions));
-    QCOMPARE(rows(*live->answers), rows(*fresh.answers));
-    QCOMPARE(rows(*live->keys), rows(*fresh.keys));
-    QCOMPARE(rows(*live->values), rows(*fresh.values));
-    QCOMPARE(rows(*live->links), rows(*fresh.links));
-    QCOMPARE(rows(*live->groups), rows(*fresh.groups));
-    QCOMPARE(rows(*live->kernoGroups), rows(*fresh.kernoGroups));
-    QCOMPARE(rows(*live->shortcuts), rows(*fresh.shortcuts));
-    QCOMPARE(rows(*live->chat), rows(*fresh.chat));
+    void theEndStateIsThatOfAFreshFetch() {
+        QFETCH(quint32, seed);
+        QRandomGenerator random(seed);
+        const auto overlaps = [](int a, int b) { return (a * b) % 7; };
 
-    QCOMPARE(rows(views.topLevel), rows(expected.topLevel));
-    QCOMPARE(rows(views.children), rows(expected.children));
-    QCOMPARE(idsOf(views.manual), idsOf(expected.manual));
-    QVERIFY(waitFor([&] { return rows(views.hierarchy) == rows(expected.hierarchy); }));
-    QVERIFY(waitFor([&] {
-        return idsOf(views.overlap, KernoOverlapModel::OverlapsRole) ==
-               idsOf(expected.overlap, KernoOverlapModel::OverlapsRole);
-    }));
-    QVERIFY(waitFor([&] { return rows(views.combo) == rows(expected.combo); }));
-    QCOMPARE(rows(views.sources), rows(expected.sources));
-    QVERIFY(waitFor([&] { return rows(views.answers) == rows(expected.answers); }));
-    QCOMPARE(rows(views.keys), rows(expected.keys));
-    QCOMPARE(rows(views.values), rows(expected.values));
-    QCOMPARE(rows(views.valueRows), rows(expected.valueRows));
-    QCOMPARE(rows(views.links), rows(expected.links));
-    QCOMPARE(rows(views.shortcuts), rows(expected.shortcuts));
-}
+        auto live = std::make_unique<FakeProject>();
+        live->overlap = overlaps;
+        std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
+        for (QAbstractItemModel* model : live->allModels())
+            testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
+        const Mirror kernos(*live->kernos);
+        const Mirror questions(*live->questions);
+        const Mirror keys(*live->keys);
+        const Mirror values(*live->values);
+        const Mirror shortcuts(*live->shortcuts);
+        Service service(*live);
+        Views views;
+        views.valueRows.setSourceModel(&views.values);
+
+        for (int step = 0; step < steps; ++step) {
+            const quint32 which = random.bounded(11u);
+            quint32 i = 0;
+            service.each([&](auto& stored) {
+                if (i++ == which)
+                    stored.step(random);
+            });
+            if (step % 97 == 0) {
+                views.children.setParentKernoId(anId(random));
+                views.hierarchy.setKernoId(anId(random));
+                views.answers.setSourceId(1 + random.bounded(3));
+                views.manual.setManualSortOrder({anId(random), anId(random), anId(random)});
+            }
+            if (step % 211 == 0) {
+                emit live->fileClosed();
+                service.each([](auto& stored) { stored.fill(); });
+                emit live->kernoUpdated(1);
+            }
+            if (step % 31 == 0) {
+                for (int kernoId = 1; kernoId <= ids; ++kernoId)
+                    emit live->kernoUpdated(kernoId);
+                QCoreApplication::processEvents();
+            }
+            if (step % 8 == 0) {
+                for (const Mirror* mirror : {&kernos, &questions, &keys, &values, &shortcuts})
+                    QCOMPARE(mirror->difference(), QString());
+            }
+            if (QTest::currentTestFailed())
+                return;
+        }
+        service.each([](auto& stored) { stored.checkKeys(); });
+
+        // A second project that fetched everything at once, with the same views.
+        FakeProject fresh;
+        fresh.overlap = overlaps;
+        const QList<QAbstractItemModel*> models = fresh.allModels();
+        auto model = models.begin();
+        service.each([&](auto& stored) { stored.fill(*model++); });
+        Views expected;
+        expected.children.setParentKernoId(views.children.parentKernoId());
+        expected.hierarchy.setKernoId(views.hierarchy.kernoId());
+        expected.answers.setSourceId(views.answers.sourceId());
+        expected.manual.setManualSortOrder(views.manual.manualSortOrder());
+        expected.valueRows.setSourceModel(&expected.values);
+
+        const QList<QAbstractItemModel*> found = live->allModels();
+        for (int i = 0; i < models.size(); ++i)
+            QCOMPARE(rows(*found.at(i)), rows(*models.at(i)));
+
+        QCOMPARE(rows(views.topLevel), rows(expected.topLevel));
+        QCOMPARE(rows(views.children), rows(expected.children));
+        QCOMPARE(idsOf(views.manual), idsOf(expected.manual));
+        QVERIFY(waitFor([&] { return rows(views.hierarchy) == rows(expected.hierarchy); }));
+        QVERIFY(waitFor([&] {
+            return idsOf(views.overlap, KernoOverlapModel::OverlapsRole) ==
+                   idsOf(expected.overlap, KernoOverlapModel::OverlapsRole);
+        }));
+        QVERIFY(waitFor([&] { return rows(views.combo) == rows(expected.combo); }));
+        QCOMPARE(rows(views.sources), rows(expected.sources));
+        QVERIFY(waitFor([&] { return rows(views.answers) == rows(expected.answers); }));
+        QCOMPARE(rows(views.keys), rows(expected.keys));
+        QCOMPARE(rows(views.values), rows(expected.values));
+        QCOMPARE(rows(views.valueRows), rows(expected.valueRows));
+        QCOMPARE(rows(views.links), rows(expected.links));
+        QCOMPARE(rows(views.shortcuts), rows(expected.shortcuts));
+    }
+};
 
 KERNOVA_GUI_TEST_MAIN(tst_ModelStorm)
 #include "tst_modelstorm.moc"

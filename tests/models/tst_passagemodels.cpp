@@ -4,12 +4,6 @@
 #include "models/ModelDelays.h"
 #include "models/TextGeometry.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
-
-#include <QAbstractItemModelTester>
-#include <QLoggingCategory>
-#include <QRandomGenerator>
-#include <QSignalSpy>
 
 namespace {
 
@@ -17,8 +11,7 @@ constexpr int charactersPerLine = 20;
 constexpr int linePixels = 16;
 
 Memo testMemo(int id, int start, int length) {
-    return Memo(id, 1, 1, QStringLiteral("note"), start, length, start + length, QStringLiteral("Ann"), {}, 0,
-                0);
+    return Memo(id, 1, 1, "note"_s, start, length, start + length, "Ann"_s, {}, 0, 0);
 }
 
 }  // namespace
@@ -51,27 +44,278 @@ class tst_PassageModels : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { modelDelays().positions = 1; }
 
-    void listsAreLaidOut_data();
-    void listsAreLaidOut();
-    void everyReplacementIsAnnounced();
-    void savedHighlightTakesItsPlace();
-    void savedAgainLeavesItsOldPlace();
-    void strangeHighlightsChangeNothing();
-    void highlightsAreCutToTheWindow();
-    void deletedHighlightLeaves();
-    void bulkChangesKeepItQuiet();
-    void editableTextsGetTheirListHanded();
-    void coloursFollowTheKerno();
-    void titleIsTheKernos();
-    void positionsFollowTheText();
-    void oneTimerServesTheFirstModel();
-    void memosFollowTheirText();
-    void closingEmptiesTheModel();
-    void stormEndsLikeAFreshList();
+    void init() {
+        m_project = std::make_unique<FakeProject>();
+        m_project->kernos->setData({testKerno(1), testKerno(2)});
+        m_text = std::make_unique<FakeText>();
+        m_model = std::make_unique<HighlightsModel>(m_text.get(), nullptr);
+        m_model->setLineHeight(linePixels);
+    }
+
+    void cleanup() {
+        m_model.reset();
+        m_text.reset();
+        m_project.reset();
+    }
+
+    void listsAreLaidOut_data() {
+        // start and length
+        columns<QList<QPair<int, int>>, QList<int>, int>({"ranges", "columnOfEach", "columns"});
+        using Ranges = QList<QPair<int, int>>;
+        addRow("none", Ranges{}, QList<int>{}, 1);
+        addRow("same line", Ranges{{0, 5}, {10, 5}}, QList<int>{0, 1}, 2);
+        addRow("lines one and three", Ranges{{0, 5}, {40, 5}}, QList<int>{0, 0}, 1);
+        addRow("beyond the text", Ranges{{0, 5}, {2, 2000}, {3, 4}}, QList<int>{0, 0, 0}, 1);
+    }
+
+    void listsAreLaidOut() {
+        QFETCH(QList<int>, columnOfEach);
+        using Ranges = QList<QPair<int, int>>;
+        QFETCH(Ranges, ranges);
+        QList<Highlight> list;
+        for (const QPair<int, int>& range : qAsConst(ranges))
+            list << testHighlight(list.size() + 1, 1, range.first, range.second);
+        const QAbstractItemModelTester tester(m_model.get());
+        show(*m_model, list);
+        QTEST(m_model->columns(), "columns");
+        QCOMPARE(idsOf(*m_model, static_cast<int>(HighlightField::column)), columnOfEach);
+        if (!list.isEmpty()) {
+            QCOMPARE(m_model->at(0).y1(), 0);
+            QCOMPARE(m_model->at(0).y2(), linePixels);
+        }
+    }
+
+    void everyReplacementIsAnnounced() {
+        const QAbstractItemModelTester tester(m_model.get());
+        QSignalSpy ready(m_model.get(), &HighlightsModel::modelReady);
+        QSignalSpy columns(m_model.get(), &HighlightsModel::columnsChanged);
+        m_model->setSource(1, 1, 0, 100);
+        m_model->doReloadData({}, 1, 1);
+        QCOMPARE(ready.takeFirst(), (QVariantList{1, 1, 0, 100}));
+        m_model->doReloadData({testHighlight(1, 1, 0, 5), testHighlight(2, 1, 3, 5)}, 1, 1);
+        m_model->doReloadData({testHighlight(1, 1, 0, 5)}, 2, 1);
+        QCOMPARE(ready.count(), 1);
+        QCOMPARE(m_model->rowCount(), 2);
+        QCOMPARE(columns.count(), 1);
+        m_model->doReloadData({testHighlight(3, 1, 0, 5)}, 1, 1);
+        QCOMPARE(ready.count(), 2);
+        QCOMPARE(columns.count(), 2);
+    }
+
+    // Views of the bars are told of two rows for the one that comes, so a model tester can't watch here; the
+    // numbers are compared instead.
+    void savedHighlightTakesItsPlace() {
+        show(*m_model,
+             {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 40, 10), testHighlight(3, 1, 45, 20)});
+        QSignalSpy inserted(m_model.get(), &QAbstractItemModel::rowsInserted);
+        QSignalSpy moved(m_model.get(), &QAbstractItemModel::rowsMoved);
+        QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
+        QSignalSpy added(m_model.get(), &HighlightsModel::highlightAdded);
+        emit m_project->highlightSaved(testHighlight(4, 2, 5, 38));
+        QCOMPARE(idsOf(*m_model), (QList<int>{1, 4, 2, 3}));
+        QCOMPARE(inserted.first().at(1).toInt(), 3);
+        QCOMPARE(inserted.first().at(2).toInt(), 4);
+        QCOMPARE(moved.first().at(1).toInt(), 3);
+        QCOMPARE(moved.first().at(4).toInt(), 1);
+        QCOMPARE(changed.last().at(2).value<QVector<int>>(), (QVector<int>{268, 269, 267}));
+        QCOMPARE(added.count(), 1);
+        QCOMPARE((added.first().at(1).value<QPair<int, int>>()), (QPair<int, int>(0, 50)));
+        QCOMPARE(m_model->columns(), 3);
+        moved.clear();
+        emit m_project->highlightSaved(testHighlight(5, 2, 200, 10));
+        QCOMPARE(idsOf(*m_model).last(), 5);
+        QCOMPARE(moved.count(), 0);
+        // What a view asks for the row that never came is empty.
+        QVERIFY(!m_model->data(m_model->index(5, 0), 257).isValid());
+        QVERIFY(!m_model->at(5).isValid());
+    }
+
+    void savedAgainLeavesItsOldPlace() {
+        show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 40, 10)});
+        QSignalSpy removed(m_model.get(), &HighlightsModel::highlightRemoved);
+        emit m_project->highlightSaved(testHighlight(1, 1, 60, 10));
+        QCOMPARE(idsOf(*m_model), (QList<int>{2, 1}));
+        QCOMPARE(removed.count(), 1);
+        QCOMPARE((removed.first().at(1).value<QPair<int, int>>()), (QPair<int, int>(0, 10)));
+    }
+
+    void strangeHighlightsChangeNothing() {
+        show(*m_model, {testHighlight(1, 1, 0, 10)});
+        QSignalSpy updated(m_model.get(), &IModelListBase::modelUpdated);
+        emit m_project->highlightSaved(testHighlight(2, 1, 0, 5, 2));
+        emit m_project->highlightSaved(testHighlight(2, 1, 0, 5, 1, 7));
+        emit m_project->highlightSaved(testHighlight(2, 1, 0, 0));
+        emit m_project->highlightDeleted(testHighlight(7, 1, 0, 10));
+        emit m_project->highlightDeleted(Highlight());
+        QCOMPARE(updated.count(), 0);
+        QCOMPARE(idsOf(*m_model), (QList<int>{1}));
+    }
+
+    void highlightsAreCutToTheWindow() {
+        m_model->setSource(1, 1, 100, 50);
+        m_model->doReloadData({}, 1, 1);
+        emit m_project->highlightSaved(testHighlight(1, 1, 90, 20));
+        emit m_project->highlightSaved(testHighlight(2, 1, 20, 30));
+        QCOMPARE(idsOf(*m_model), (QList<int>{1}));
+        QCOMPARE(m_model->at(0).start(), 0);
+        QCOMPARE(m_model->at(0).end(), 10);
+    }
+
+    void bulkChangesKeepItQuiet() {
+        show(*m_model, {testHighlight(1, 1, 0, 10)});
+        BatchOperationManager* batches = m_project->batchOperationManager();
+        QSignalSpy columns(m_model.get(), &HighlightsModel::columnsChanged);
+        batches->startHighlightBatch(1, 1);
+        emit m_project->highlightSaved(testHighlight(2, 1, 0, 10));
+        m_model->updatePositions();
+        QCOMPARE(m_model->rowCount(), 1);
+        batches->finishHighlightBatch(1, 1);
+        emit m_project->highlightSaved(testHighlight(2, 1, 0, 10));
+        QCOMPARE(m_model->rowCount(), 2);
+        QCOMPARE(columns.count(), 1);
+        // A batch of another answer is no obstacle.
+        batches->startAnswerEdit(5, 5);
+        emit m_project->highlightDeleted(testHighlight(2, 1, 0, 10));
+        QCOMPARE(m_model->rowCount(), 1);
+    }
+
+    void editableTextsGetTheirListHanded() {
+        m_model->setHighlights({testHighlight(1, 1, 0, 10)}, 1, 1);
+        QCOMPARE(m_model->rowCount(), 0);
+        emit m_text->readOnlyChanged(false);
+        const QAbstractItemModelTester tester(m_model.get());
+        QSignalSpy source(m_model.get(), &HighlightsModel::sourceIdChanged);
+        m_model->setHighlights({testHighlight(1, 1, 0, 10)}, 3, 4);
+        QCOMPARE(source.count(), 1);
+        QCOMPARE(m_model->sourceId(), 3);
+        QCOMPARE(m_model->questionId(), 4);
+        QCOMPARE(m_model->rowCount(), 1);
+        emit m_project->highlightSaved(testHighlight(2, 1, 0, 10, 3, 4));
+        emit m_project->highlightDeleted(testHighlight(1, 1, 0, 10, 3, 4));
+        QCOMPARE(idsOf(*m_model), (QList<int>{1}));
+    }
+
+    void coloursFollowTheKerno() {
+        show(*m_model,
+             {testHighlight(1, 1, 0, 10), testHighlight(2, 2, 20, 10), testHighlight(3, 1, 40, 10)});
+        QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
+        QSignalSpy colours(m_model.get(), &HighlightsModel::colorsChanged);
+        Kerno green = m_project->kernos->record(1);
+        green.setColor(Qt::green);
+        m_project->kernos->addOrUpdate(green);
+        QCOMPARE(colours.count(), 1);
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(changed.first().at(0).toModelIndex().row(), 2);
+        QCOMPARE(changed.first().at(2).value<QVector<int>>(), QVector<int>{261});
+        QCOMPARE(m_model->at(0).color(), QColor(Qt::green));
+        QCOMPARE(m_model->at(1).color(), QColor(Qt::red));
+        // A colour alone makes no other record, but a view must see it.
+        Highlight blue = testHighlight(2, 2, 20, 10);
+        blue.setColor(Qt::blue);
+        changed.clear();
+        m_model->addOrUpdate(blue);
+        QVERIFY(changed.first().at(2).value<QVector<int>>().contains(261));
+    }
+
+    void positionsFollowTheText() {
+        show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 45, 10)});
+        QSignalSpy lineHeight(m_model.get(), &HighlightsModel::lineHeightChanged);
+        m_model->setLineHeight(4 * linePixels);
+        QCOMPARE(lineHeight.count(), 1);
+        QCOMPARE(m_model->at(0).y2(), 4 * linePixels);
+        QCOMPARE(m_model->columns(), 2);
+        m_text->complete = false;
+        m_model->setLineHeight(linePixels);
+        QCOMPARE(m_model->columns(), 2);
+    }
+
+    void oneTimerServesTheFirstModel() {
+        HighlightsModel second(m_text.get(), nullptr);
+        m_model->setSource(1, 1, 0, -1);
+        second.setSource(1, 1, 0, -1);
+        m_model->doReloadData({testHighlight(1, 1, 0, 10)}, 1, 1);
+        second.doReloadData({testHighlight(1, 1, 0, 10)}, 1, 1);
+        QSignalSpy first(m_model.get(), &QAbstractItemModel::dataChanged);
+        QSignalSpy other(&second, &QAbstractItemModel::dataChanged);
+        for (int i = 0; i < 5; ++i)
+            emit m_text->contentSizeChanged();
+        QVERIFY(waitFor([&] { return first.count() == 1; }));
+        QCOMPARE(other.count(), 0);
+    }
+
+    void memosFollowTheirText() {
+        MemosModel memos(m_text.get(), nullptr);
+        QSignalSpy ready(&memos, &MemosModel::modelReady);
+        QSignalSpy added(&memos, &MemosModel::memoAdded);
+        QSignalSpy removed(&memos, &MemosModel::memoRemoved);
+        memos.setSource(1, 1, 0, -1);
+        memos.doReloadData({testMemo(1, 45, 5000)}, 1, 1);
+        QCOMPARE(ready.count(), 1);
+        QCOMPARE(memos.at(0).y1(), 2 * linePixels);
+        emit m_project->memoSaved(testMemo(2, 0, 10));
+        QCOMPARE(idsOf(memos), (QList<int>{2, 1}));
+        QCOMPARE(memos.at(0).y2(), linePixels);
+        emit m_project->memoDeleted(testMemo(1, 45, 5));
+        QCOMPARE(added.count(), 1);
+        QCOMPARE(removed.count(), 1);
+        emit m_project->memoSaved(testMemo(2, 60, 5));
+        QCOMPARE(removed.takeLast().first().value<Memo>().start(), 0);
+        QCOMPARE(added.takeLast().first().value<Memo>().start(), 60);
+        QCOMPARE(memos.roleNames().value(MemosModel::TitleRole), QByteArray("title"));
+    }
+
+    void closingEmptiesTheModel() {
+        show(*m_model, {testHighlight(1, 1, 0, 10)});
+        emit m_project->fileClosed();
+        QCOMPARE(m_model->rowCount(), 0);
+        emit m_project->fileOpened();
+        m_model->setSource(-1, 1, 0, -1);
+        QCOMPARE(m_model->rowCount(), 0);
+    }
+
+    void stormEndsLikeAFreshList() {
+        QRandomGenerator random(5);
+        const auto sorted = [](const QMap<int, Highlight>& byId) {
+            QList<Highlight> list;
+            for (const Highlight& stored : byId) {
+                const Highlight clipped(stored, 100, 400);
+                if (clipped.isValid())
+                    list << clipped;
+            }
+            std::stable_sort(list.begin(), list.end(), highlightLessThan);
+            return list;
+        };
+        QMap<int, Highlight> stored;
+        m_model->setSource(1, 1, 100, 400);
+        m_model->doReloadData({}, 1, 1);
+        for (int step = 0; step < 600; ++step) {
+            const int id = 1 + random.bounded(40);
+            // No two share start and end, so that there is one order.
+            const Highlight highlight =
+                testHighlight(id, 1, 80 + id * 8 + random.bounded(8), 1 + random.bounded(60));
+            if (random.bounded(4) == 0) {
+                emit m_project->highlightDeleted(highlight);
+                stored.remove(id);
+            } else {
+                emit m_project->highlightSaved(highlight);
+                stored.insert(id, highlight);
+            }
+            if (step % 100 == 50)
+                m_model->doReloadData(sorted(stored), 1, 1);
+        }
+        HighlightsModel fresh(m_text.get(), nullptr);
+        fresh.setLineHeight(linePixels);
+        fresh.setSource(1, 1, 100, 400);
+        fresh.doReloadData(sorted(stored), 1, 1);
+        QCOMPARE(idsOf(*m_model, static_cast<int>(HighlightField::start)),
+                 idsOf(fresh, static_cast<int>(HighlightField::start)));
+        for (HighlightField field : {HighlightField::highlightId, HighlightField::end, HighlightField::column,
+                                     HighlightField::y1, HighlightField::y2})
+            QCOMPARE(idsOf(*m_model, static_cast<int>(field)), idsOf(fresh, static_cast<int>(field)));
+        QCOMPARE(m_model->columns(), fresh.columns());
+    }
 
 private:
     void show(HighlightsModel& model, const QList<Highlight>& list) {
@@ -83,296 +327,6 @@ private:
     std::unique_ptr<FakeText> m_text;
     std::unique_ptr<HighlightsModel> m_model;
 };
-
-void tst_PassageModels::initTestCase() {
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
-    modelDelays().positions = 1;
-}
-
-void tst_PassageModels::init() {
-    m_project = std::make_unique<FakeProject>();
-    m_project->kernos->setData({testKerno(1), testKerno(2)});
-    m_text = std::make_unique<FakeText>();
-    m_model = std::make_unique<HighlightsModel>(m_text.get(), nullptr);
-    m_model->setLineHeight(linePixels);
-}
-
-void tst_PassageModels::cleanup() {
-    m_model.reset();
-    m_text.reset();
-    m_project.reset();
-}
-
-void tst_PassageModels::listsAreLaidOut_data() {
-    QTest::addColumn<QList<QPair<int, int>>>("ranges");  // start and length
-    QTest::addColumn<QList<int>>("columnOfEach");
-    QTest::addColumn<int>("columns");
-    using Ranges = QList<QPair<int, int>>;
-    QTest::newRow("none") << Ranges{} << QList<int>{} << 1;
-    QTest::newRow("same line") << Ranges{{0, 5}, {10, 5}} << QList<int>{0, 1} << 2;
-    QTest::newRow("lines one and three") << Ranges{{0, 5}, {40, 5}} << QList<int>{0, 0} << 1;
-    QTest::newRow("beyond the text") << Ranges{{0, 5}, {2, 2000}, {3, 4}} << QList<int>{0, 0, 0} << 1;
-}
-
-void tst_PassageModels::listsAreLaidOut() {
-    QFETCH(QList<int>, columnOfEach);
-    using Ranges = QList<QPair<int, int>>;
-    QFETCH(Ranges, ranges);
-    QList<Highlight> list;
-    for (const QPair<int, int>& range : qAsConst(ranges))
-        list << testHighlight(list.size() + 1, 1, range.first, range.second);
-    const QAbstractItemModelTester tester(m_model.get());
-    show(*m_model, list);
-    QTEST(m_model->columns(), "columns");
-    QCOMPARE(idsOf(*m_model, static_cast<int>(HighlightField::column)), columnOfEach);
-    if (!list.isEmpty()) {
-        QCOMPARE(m_model->at(0).y1(), 0);
-        QCOMPARE(m_model->at(0).y2(), linePixels);
-    }
-}
-
-void tst_PassageModels::everyReplacementIsAnnounced() {
-    const QAbstractItemModelTester tester(m_model.get());
-    QSignalSpy ready(m_model.get(), &HighlightsModel::modelReady);
-    QSignalSpy columns(m_model.get(), &HighlightsModel::columnsChanged);
-    m_model->setSource(1, 1, 0, 100);
-    m_model->doReloadData({}, 1, 1);
-    QCOMPARE(ready.takeFirst(), (QVariantList{1, 1, 0, 100}));
-    m_model->doReloadData({testHighlight(1, 1, 0, 5), testHighlight(2, 1, 3, 5)}, 1, 1);
-    m_model->doReloadData({testHighlight(1, 1, 0, 5)}, 2, 1);
-    QCOMPARE(ready.count(), 1);
-    QCOMPARE(m_model->rowCount(), 2);
-    QCOMPARE(columns.count(), 1);
-    m_model->doReloadData({testHighlight(3, 1, 0, 5)}, 1, 1);
-    QCOMPARE(ready.count(), 2);
-    QCOMPARE(columns.count(), 2);
-}
-
-// Views of the bars are told of two rows for the one that comes, so a model tester can't watch here; the
-// numbers are compared instead.
-void tst_PassageModels::savedHighlightTakesItsPlace() {
-    show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 40, 10), testHighlight(3, 1, 45, 20)});
-    QSignalSpy inserted(m_model.get(), &QAbstractItemModel::rowsInserted);
-    QSignalSpy moved(m_model.get(), &QAbstractItemModel::rowsMoved);
-    QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
-    QSignalSpy added(m_model.get(), &HighlightsModel::highlightAdded);
-    emit m_project->highlightSaved(testHighlight(4, 2, 5, 38));
-    QCOMPARE(idsOf(*m_model), (QList<int>{1, 4, 2, 3}));
-    QCOMPARE(inserted.first().at(1).toInt(), 3);
-    QCOMPARE(inserted.first().at(2).toInt(), 4);
-    QCOMPARE(moved.first().at(1).toInt(), 3);
-    QCOMPARE(moved.first().at(4).toInt(), 1);
-    QCOMPARE(changed.last().at(2).value<QVector<int>>(), (QVector<int>{268, 269, 267}));
-    QCOMPARE(added.count(), 1);
-    QCOMPARE((added.first().at(1).value<QPair<int, int>>()), (QPair<int, int>(0, 50)));
-    QCOMPARE(m_model->columns(), 3);
-    moved.clear();
-    emit m_project->highlightSaved(testHighlight(5, 2, 200, 10));
-    QCOMPARE(idsOf(*m_model).last(), 5);
-    QCOMPARE(moved.count(), 0);
-    // What a view asks for the row that never came is empty.
-    QVERIFY(!m_model->data(m_model->index(5, 0), 257).isValid());
-    QVERIFY(!m_model->at(5).isValid());
-}
-
-void tst_PassageModels::savedAgainLeavesItsOldPlace() {
-    show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 40, 10)});
-    QSignalSpy removed(m_model.get(), &HighlightsModel::highlightRemoved);
-    emit m_project->highlightSaved(testHighlight(1, 1, 60, 10));
-    QCOMPARE(idsOf(*m_model), (QList<int>{2, 1}));
-    QCOMPARE(removed.count(), 1);
-    QCOMPARE((removed.first().at(1).value<QPair<int, int>>()), (QPair<int, int>(0, 10)));
-}
-
-void tst_PassageModels::strangeHighlightsChangeNothing() {
-    show(*m_model, {testHighlight(1, 1, 0, 10)});
-    QSignalSpy updated(m_model.get(), &IModelListBase::modelUpdated);
-    emit m_project->highlightSaved(testHighlight(2, 1, 0, 5, 2));
-    emit m_project->highlightSaved(testHighlight(2, 1, 0, 5, 1, 7));
-    emit m_project->highlightSaved(testHighlight(2, 1, 0, 0));
-    emit m_project->highlightDeleted(testHighlight(7, 1, 0, 10));
-    emit m_project->highlightDeleted(Highlight());
-    QCOMPARE(updated.count(), 0);
-    QCOMPARE(idsOf(*m_model), (QList<int>{1}));
-}
-
-void tst_PassageModels::highlightsAreCutToTheWindow() {
-    m_model->setSource(1, 1, 100, 50);
-    m_model->doReloadData({}, 1, 1);
-    emit m_project->highlightSaved(testHighlight(1, 1, 90, 20));
-    emit m_project->highlightSaved(testHighlight(2, 1, 20, 30));
-    QCOMPARE(idsOf(*m_model), (QList<int>{1}));
-    QCOMPARE(m_model->at(0).start(), 0);
-    QCOMPARE(m_model->at(0).end(), 10);
-}
-
-void tst_PassageModels::deletedHighlightLeaves() {
-    show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 5, 10), testHighlight(3, 1, 12, 10)});
-    QSignalSpy removed(m_model.get(), &HighlightsModel::highlightRemoved);
-    const QAbstractItemModelTester tester(m_model.get());
-    emit m_project->highlightDeleted(testHighlight(2, 1, 5, 10));
-    QCOMPARE(idsOf(*m_model), (QList<int>{1, 3}));
-    QCOMPARE((removed.first().at(1).value<QPair<int, int>>()), (QPair<int, int>(0, 22)));
-}
-
-void tst_PassageModels::bulkChangesKeepItQuiet() {
-    show(*m_model, {testHighlight(1, 1, 0, 10)});
-    BatchOperationManager* batches = m_project->batchOperationManager();
-    QSignalSpy columns(m_model.get(), &HighlightsModel::columnsChanged);
-    batches->startHighlightBatch(1, 1);
-    emit m_project->highlightSaved(testHighlight(2, 1, 0, 10));
-    m_model->updatePositions();
-    QCOMPARE(m_model->rowCount(), 1);
-    batches->finishHighlightBatch(1, 1);
-    emit m_project->highlightSaved(testHighlight(2, 1, 0, 10));
-    QCOMPARE(m_model->rowCount(), 2);
-    QCOMPARE(columns.count(), 1);
-    // A batch of another answer is no obstacle.
-    batches->startAnswerEdit(5, 5);
-    emit m_project->highlightDeleted(testHighlight(2, 1, 0, 10));
-    QCOMPARE(m_model->rowCount(), 1);
-}
-
-void tst_PassageModels::editableTextsGetTheirListHanded() {
-    m_model->setHighlights({testHighlight(1, 1, 0, 10)}, 1, 1);
-    QCOMPARE(m_model->rowCount(), 0);
-    emit m_text->readOnlyChanged(false);
-    const QAbstractItemModelTester tester(m_model.get());
-    QSignalSpy source(m_model.get(), &HighlightsModel::sourceIdChanged);
-    m_model->setHighlights({testHighlight(1, 1, 0, 10)}, 3, 4);
-    QCOMPARE(source.count(), 1);
-    QCOMPARE(m_model->sourceId(), 3);
-    QCOMPARE(m_model->questionId(), 4);
-    QCOMPARE(m_model->rowCount(), 1);
-    emit m_project->highlightSaved(testHighlight(2, 1, 0, 10, 3, 4));
-    emit m_project->highlightDeleted(testHighlight(1, 1, 0, 10, 3, 4));
-    QCOMPARE(idsOf(*m_model), (QList<int>{1}));
-}
-
-void tst_PassageModels::coloursFollowTheKerno() {
-    show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 2, 20, 10), testHighlight(3, 1, 40, 10)});
-    QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
-    QSignalSpy colours(m_model.get(), &HighlightsModel::colorsChanged);
-    Kerno green = m_project->kernos->record(1);
-    green.setColor(Qt::green);
-    m_project->kernos->addOrUpdate(green);
-    QCOMPARE(colours.count(), 1);
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(changed.first().at(0).toModelIndex().row(), 2);
-    QCOMPARE(changed.first().at(2).value<QVector<int>>(), QVector<int>{261});
-    QCOMPARE(m_model->at(0).color(), QColor(Qt::green));
-    QCOMPARE(m_model->at(1).color(), QColor(Qt::red));
-    // A colour alone makes no other record, but a view must see it.
-    Highlight blue = testHighlight(2, 2, 20, 10);
-    blue.setColor(Qt::blue);
-    changed.clear();
-    m_model->addOrUpdate(blue);
-    QVERIFY(changed.first().at(2).value<QVector<int>>().contains(261));
-}
-
-void tst_PassageModels::titleIsTheKernos() {
-    show(*m_model, {testHighlight(1, 2, 0, 10)});
-    QCOMPARE(HighlightsModel::TitleRole, 272);
-    QCOMPARE(m_model->get(0, "title").toString(), QStringLiteral("kerno 2"));
-}
-
-void tst_PassageModels::positionsFollowTheText() {
-    show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 45, 10)});
-    QSignalSpy lineHeight(m_model.get(), &HighlightsModel::lineHeightChanged);
-    m_model->setLineHeight(4 * linePixels);
-    QCOMPARE(lineHeight.count(), 1);
-    QCOMPARE(m_model->at(0).y2(), 4 * linePixels);
-    QCOMPARE(m_model->columns(), 2);
-    m_text->complete = false;
-    m_model->setLineHeight(linePixels);
-    QCOMPARE(m_model->columns(), 2);
-}
-
-void tst_PassageModels::oneTimerServesTheFirstModel() {
-    HighlightsModel second(m_text.get(), nullptr);
-    m_model->setSource(1, 1, 0, -1);
-    second.setSource(1, 1, 0, -1);
-    m_model->doReloadData({testHighlight(1, 1, 0, 10)}, 1, 1);
-    second.doReloadData({testHighlight(1, 1, 0, 10)}, 1, 1);
-    QSignalSpy first(m_model.get(), &QAbstractItemModel::dataChanged);
-    QSignalSpy other(&second, &QAbstractItemModel::dataChanged);
-    for (int i = 0; i < 5; ++i)
-        emit m_text->contentSizeChanged();
-    QVERIFY(waitFor([&] { return first.count() == 1; }));
-    QCOMPARE(other.count(), 0);
-}
-
-void tst_PassageModels::memosFollowTheirText() {
-    MemosModel memos(m_text.get(), nullptr);
-    QSignalSpy ready(&memos, &MemosModel::modelReady);
-    QSignalSpy added(&memos, &MemosModel::memoAdded);
-    QSignalSpy removed(&memos, &MemosModel::memoRemoved);
-    memos.setSource(1, 1, 0, -1);
-    memos.doReloadData({testMemo(1, 45, 5000)}, 1, 1);
-    QCOMPARE(ready.count(), 1);
-    QCOMPARE(memos.at(0).y1(), 2 * linePixels);
-    emit m_project->memoSaved(testMemo(2, 0, 10));
-    QCOMPARE(idsOf(memos), (QList<int>{2, 1}));
-    QCOMPARE(memos.at(0).y2(), linePixels);
-    emit m_project->memoDeleted(testMemo(1, 45, 5));
-    QCOMPARE(added.count(), 1);
-    QCOMPARE(removed.count(), 1);
-    emit m_project->memoSaved(testMemo(2, 60, 5));
-    QCOMPARE(removed.takeLast().first().value<Memo>().start(), 0);
-    QCOMPARE(added.takeLast().first().value<Memo>().start(), 60);
-    QCOMPARE(memos.roleNames().value(MemosModel::TitleRole), QByteArray("title"));
-}
-
-void tst_PassageModels::closingEmptiesTheModel() {
-    show(*m_model, {testHighlight(1, 1, 0, 10)});
-    emit m_project->fileClosed();
-    QCOMPARE(m_model->rowCount(), 0);
-    emit m_project->fileOpened();
-    m_model->setSource(-1, 1, 0, -1);
-    QCOMPARE(m_model->rowCount(), 0);
-}
-
-void tst_PassageModels::stormEndsLikeAFreshList() {
-    QRandomGenerator random(5);
-    const auto sorted = [](const QMap<int, Highlight>& byId) {
-        QList<Highlight> list;
-        for (const Highlight& stored : byId) {
-            const Highlight clipped(stored, 100, 400);
-            if (clipped.isValid())
-                list << clipped;
-        }
-        std::stable_sort(list.begin(), list.end(), highlightLessThan);
-        return list;
-    };
-    QMap<int, Highlight> stored;
-    m_model->setSource(1, 1, 100, 400);
-    m_model->doReloadData({}, 1, 1);
-    for (int step = 0; step < 600; ++step) {
-        const int id = 1 + random.bounded(40);
-        // No two share start and end, so that there is one order.
-        const Highlight highlight =
-            testHighlight(id, 1, 80 + id * 8 + random.bounded(8), 1 + random.bounded(60));
-        if (random.bounded(4) == 0) {
-            emit m_project->highlightDeleted(highlight);
-            stored.remove(id);
-        } else {
-            emit m_project->highlightSaved(highlight);
-            stored.insert(id, highlight);
-        }
-        if (step % 100 == 50)
-            m_model->doReloadData(sorted(stored), 1, 1);
-    }
-    HighlightsModel fresh(m_text.get(), nullptr);
-    fresh.setLineHeight(linePixels);
-    fresh.setSource(1, 1, 100, 400);
-    fresh.doReloadData(sorted(stored), 1, 1);
-    QCOMPARE(idsOf(*m_model, static_cast<int>(HighlightField::start)),
-             idsOf(fresh, static_cast<int>(HighlightField::start)));
-    for (HighlightField field : {HighlightField::highlightId, HighlightField::end, HighlightField::column,
-                                 HighlightField::y1, HighlightField::y2})
-        QCOMPARE(idsOf(*m_model, static_cast<int>(field)), idsOf(fresh, static_cast<int>(field)));
-    QCOMPARE(m_model->columns(), fresh.columns());
-}
 
 KERNOVA_GUI_TEST_MAIN(tst_PassageModels)
 #include "tst_passagemodels.moc"
