@@ -4,11 +4,10 @@
 #include "link/IdManager.h"
 #include "link/LinkTimings.h"
 #include "project/KRNFile.h"
+#include "tests_support/AllModels.h"
 #include "tests_support/ScriptedService.h"
-#include "tests_support/WaitFor.h"
+#include "tests_support/TestMain.h"
 #include "undo/UndoManager.h"
-
-#include <QRegularExpression>
 
 /// A project that is open at a scripted service, which gives ids and else what it is told to, and the manager
 /// of its changes. The models stay as a test fills them: no notification comes.
@@ -23,7 +22,7 @@ public:
             });
         }
         file.initModels();
-        isOpen = file.dataHelper()->openProject({{QStringLiteral("name"), QStringLiteral("/data/a.krn")}});
+        isOpen = file.dataHelper()->openProject({{"name"_s, "/data/a.krn"_s}});
         IdManager::instance()->init(false, file.dataHelper());
         service.forgetRequests();
     }
@@ -47,7 +46,7 @@ public:
     /// The operations of all mutations since the start or the last call, in order.
     QStringList mutations() {
         file.highlightIds();
-        static const QRegularExpression mutation(QStringLiteral("^mutation\\{(\\w+)"));
+        static const QRegularExpression mutation("^mutation\\{(\\w+)"_s);
         QStringList operations;
         for (const QString& request : service.requestTexts()) {
             const QRegularExpressionMatch match = mutation.match(request);
@@ -59,10 +58,10 @@ public:
     }
 
     /// How many ids were asked for.
-    int reservations() { return service.requestTexts().filter(QStringLiteral("MaxId")).size(); }
+    int reservations() { return service.requestTexts().filter("MaxId"_s).size(); }
 
     bool setAccess(const QString& level) {
-        service.push({{QStringLiteral("access_privilege"), level}});
+        service.push({{"access_privilege"_s, level}});
         return waitFor([&] { return file.dataHelper()->access() == level; });
     }
 

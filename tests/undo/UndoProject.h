@@ -3,24 +3,10 @@
 #include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "link/LinkTimings.h"
-#include "models/GroupModel.h"
-#include "models/KernoGroupModel.h"
-#include "models/KernoModel.h"
-#include "models/KernoShortcutKeyModel.h"
-#include "models/QuestionAnswerMainModel.h"
-#include "models/QuestionModel.h"
-#include "models/SourceMetadataKeyModel.h"
-#include "models/SourceMetadataModel.h"
-#include "models/SourceMetadataValueModel.h"
-#include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "tests_support/AllModels.h"
+#include "tests_support/TestMain.h"
 #include "undo/UndoManager.h"
-
-#include <QCoreApplication>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QTemporaryDir>
 
 /// A project at the real service with a little of everything in it, whose records are some years old, and the
 /// manager of its changes.
@@ -34,7 +20,7 @@ public:
     explicit UndoProject(const QString& password = {})
         : file(LinkTimings(), ProjectTimings{0, 0}), undo(&file), m_password(password) {
         file.initModels();
-        file.setCurrentAuthor(QStringLiteral("Bea"));
+        file.setCurrentAuthor("Bea"_s);
     }
 
     KRNFile file;
@@ -56,7 +42,7 @@ public:
         settle();
         QJsonObject whole = exported();
         if (!m_password.isEmpty())
-            whole.remove(QStringLiteral("question_answers"));
+            whole.remove("question_answers"_s);
         return whole;
     }
 
@@ -71,11 +57,9 @@ private:
     QJsonObject exported() {
         const Message message = file.dataHelper()->exportProjectJson(file.currentProject());
         error = message.message;
-        return message.json.value(QStringLiteral("project_json")).toObject();
+        return message.json.value("project_json"_s).toObject();
     }
-    QJsonObject project(const QString& name) const {
-        return {{QStringLiteral("name"), m_folder.filePath(name)}};
-    }
+    QJsonObject project(const QString& name) const { return {{"name"_s, m_folder.filePath(name)}}; }
     bool makeOriginal();
     void fill();
 
@@ -87,7 +71,7 @@ private:
 
 namespace undotest {
 
-inline const QString ann = QStringLiteral("Ann");
+inline const QString ann = "Ann"_s;
 
 inline Highlight highlight(int id, int kernoId, int sourceId, int questionId, int start, int end,
                            const QString& author = ann) {
@@ -108,7 +92,7 @@ inline QJsonValue aged(const QJsonValue& value, int& count) {
         return array;
     }
     QJsonObject object = value.toObject();
-    const QString timestamp = QStringLiteral("timestamp");
+    const QString timestamp = "timestamp"_s;
     if (object.contains(timestamp)) {
         const QDateTime time(QDate(2019, 3, 1).addDays(count++), QTime(8, 30, 15), Qt::UTC);
         object.insert(timestamp, time.toString(Qt::ISODate));
@@ -119,7 +103,7 @@ inline QJsonValue aged(const QJsonValue& value, int& count) {
 /// The first difference of two projects in words; empty when they are equal.
 inline QString difference(const QJsonObject& before, const QJsonObject& after) {
     if (before.isEmpty())
-        return QStringLiteral("no project to compare with");
+        return "no project to compare with"_s;
     if (before == after)
         return {};
     const auto text = [](const QJsonValue& value) {
@@ -130,13 +114,10 @@ inline QString difference(const QJsonObject& before, const QJsonObject& after) {
         const QJsonArray b = after.value(list).toArray();
         for (int i = 0; i < std::max(a.size(), b.size()); ++i) {
             if (a.at(i) != b.at(i))
-                return QStringLiteral("%1[%2]:\n  was %3\n  is  %4")
-                    .arg(list)
-                    .arg(i)
-                    .arg(text(a.at(i)), text(b.at(i)));
+                return "%1[%2]:\n  was %3\n  is  %4"_s.arg(list).arg(i).arg(text(a.at(i)), text(b.at(i)));
         }
     }
-    return QStringLiteral("other lists");
+    return "other lists"_s;
 }
 
 /// What was added and removed, list by list: "highlights -2, kernos +1".
@@ -145,11 +126,9 @@ inline QString countChanges(const QJsonObject& before, const QJsonObject& after)
     for (const QString& list : before.keys()) {
         const int change = after.value(list).toArray().size() - before.value(list).toArray().size();
         if (change != 0)
-            changes << QStringLiteral("%1 %2%3")
-                           .arg(list, change > 0 ? QStringLiteral("+") : QString())
-                           .arg(change);
+            changes << "%1 %2%3"_s.arg(list, change > 0 ? "+"_s : QString()).arg(change);
     }
-    return changes.join(QStringLiteral(", "));
+    return changes.join(", "_s);
 }
 
 }  // namespace undotest
@@ -157,14 +136,14 @@ inline QString countChanges(const QJsonObject& before, const QJsonObject& after)
 inline bool UndoProject::open() {
     if (m_original.isEmpty() && !makeOriginal())
         return false;
-    const QJsonObject copy = project(QStringLiteral("copy%1.krn").arg(++m_copies));
+    const QJsonObject copy = project("copy%1.krn"_s.arg(++m_copies));
     const Message imported = file.dataHelper()->importProjectJson(copy, m_original);
     if (!imported.status)
         return fail(imported.message);
     if (!file.openProject(copy, false, m_password, false, true))
         return fail(file.getLastOpenError());
     if (!file.waitForTexts())
-        return fail(QStringLiteral("texts are missing"));
+        return fail("texts are missing"_s);
     settle();
     undo.clearStack();
     return true;
@@ -172,8 +151,8 @@ inline bool UndoProject::open() {
 
 inline bool UndoProject::makeOriginal() {
     if (!file.dataHelper()->connection()->connect(false))
-        return fail(QStringLiteral("the service can't be reached"));
-    if (!file.openProject(project(QStringLiteral("original.krn")), true, m_password, false, true))
+        return fail("the service can't be reached"_s);
+    if (!file.openProject(project("original.krn"_s), true, m_password, false, true))
         return fail(file.getLastOpenError());
     fill();
     settle();
@@ -186,25 +165,24 @@ inline bool UndoProject::makeOriginal() {
 
 inline void UndoProject::fill() {
     using namespace undotest;
-    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
-    file.saveQuestion(Question(1, text("What happened?"), 1));
-    file.saveQuestion(Question(2, text("And \"then\"?\\"), 2));
-    const QStringList answers{text("A long enough answer to hold all of the passages that are coded in it."),
-                              text("Short, with \"quotes\", a \\ and\na second line."),
-                              text("<p>An answer in <b>HTML</b> &amp; so on</p>"),
-                              text("Another with an emoji \xF0\x9F\x98\x80 in it."),
-                              text("The fifth answer of the project."),
-                              text("The sixth and last answer.")};
+    file.saveQuestion(Question(1, "What happened?"_s, 1));
+    file.saveQuestion(Question(2, "And \"then\"?\\"_s, 2));
+    const QStringList answers{"A long enough answer to hold all of the passages that are coded in it."_s,
+                              "Short, with \"quotes\", a \\ and\na second line."_s,
+                              "<p>An answer in <b>HTML</b> &amp; so on</p>"_s,
+                              "Another with an emoji \xF0\x9F\x98\x80 in it."_s,
+                              "The fifth answer of the project."_s,
+                              "The sixth and last answer."_s};
     for (int source = 1; source <= 3; ++source) {
-        file.saveSource(Source(source, text("Interview %1").arg(source), text("md_generic"), ann, {}));
+        file.saveSource(Source(source, "Interview %1"_s.arg(source), "md_generic"_s, ann, {}));
         for (int question = 1; question <= 2; ++question) {
             const int id = (source - 1) * 2 + question;
             file.saveAnswer(QuestionAnswer(id, question, source, ann, answers.at(id - 1), {}));
         }
     }
     const auto kerno = [&](int id, int parent, const char* title) {
-        file.saveKerno(
-            Kerno(id, parent, QColor(10 * id, 20, 30), text(title), text("about"), {}, ann, id, 2 * id));
+        file.saveKerno(Kerno(id, parent, QColor(10 * id, 20, 30), QString::fromUtf8(title), "about"_s, {},
+                             ann, id, 2 * id));
     };
     kerno(1, -1, "Trust");
     kerno(2, 1, "Doubt");
@@ -215,19 +193,18 @@ inline void UndoProject::fill() {
                               highlight(3, 5, 1, 1, 5, 15), highlight(4, 5, 1, 1, 30, 40),
                               highlight(5, 2, 2, 1, 0, 8), highlight(6, 4, 3, 2, 1, 4),
                               highlight(7, 5, 2, 2, 0, 5), highlight(8, 1, 2, 2, 6, 9)});
-    file.batchSaveMemos(
-        {memo(1, 1, 1, 0, 5, text("Look \"here\"")), memo(2, 2, 2, 3, 6, text("and\nthere"))});
-    file.saveGroup(Group(1, text("Feelings"), true));
-    file.saveGroup(Group(2, text("Acts"), true));
+    file.batchSaveMemos({memo(1, 1, 1, 0, 5, "Look \"here\""_s), memo(2, 2, 2, 3, 6, "and\nthere"_s)});
+    file.saveGroup(Group(1, "Feelings"_s, true));
+    file.saveGroup(Group(2, "Acts"_s, true));
     file.saveKernoGroup(KernoGroup(1, 1, 1));
     file.saveKernoGroup(KernoGroup(2, 1, 2));
     file.saveKernoGroup(KernoGroup(3, 2, 4));
-    file.saveKernoShortcutKey(KernoShortcutKey(text("A"), 1, ann));
-    file.saveKernoShortcutKey(KernoShortcutKey(text("B"), 2, ann));
-    file.saveKernoShortcutKey(KernoShortcutKey(text("1"), 5, ann));
-    file.saveMetadataKey(SourceMetadataKey(1, false, false, text("Age")));
-    file.saveMetadataKey(SourceMetadataKey(2, true, true, text("Role")));
-    const QStringList values{text("30"), text("40"), text("Nurse"), text("Doctor")};
+    file.saveKernoShortcutKey(KernoShortcutKey("A"_s, 1, ann));
+    file.saveKernoShortcutKey(KernoShortcutKey("B"_s, 2, ann));
+    file.saveKernoShortcutKey(KernoShortcutKey("1"_s, 5, ann));
+    file.saveMetadataKey(SourceMetadataKey(1, false, false, "Age"_s));
+    file.saveMetadataKey(SourceMetadataKey(2, true, true, "Role"_s));
+    const QStringList values{"30"_s, "40"_s, "Nurse"_s, "Doctor"_s};
     for (int id = 1; id <= 4; ++id)
         file.saveMetadataValue(SourceMetadataValue(id, id <= 2 ? 1 : 2, values.at(id - 1)));
     file.saveMetadata(SourceMetadata(1, 1, 1, 1, ann, {}));

@@ -1,7 +1,6 @@
 #include "UndoProject.h"
 #include "tests_support/TestMain.h"
 
-#include <QRandomGenerator>
 #include <functional>
 #include <utility>
 
@@ -9,14 +8,10 @@ using namespace undotest;
 
 namespace {
 
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
-
 QStringList rangesOf(KRNFile& file, int kernoId) {
     QStringList ranges;
     for (const Highlight& h : file.highlightsOfKerno(kernoId))
-        ranges << text("%1.%2 %3-%4").arg(h.sourceId()).arg(h.questionId()).arg(h.start()).arg(h.end());
+        ranges << "%1.%2 %3-%4"_s.arg(h.sourceId()).arg(h.questionId()).arg(h.start()).arg(h.end());
     ranges.sort();
     return ranges;
 }
@@ -29,7 +24,7 @@ template <typename Model> int anyOf(QRandomGenerator& random, const Model* model
 /// Changes something at random, or tries to.
 void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) {
     const int number = random.bounded(7);
-    const QString name = number > 0 ? text("n%1").arg(number) : QString();
+    const QString name = number > 0 ? "n%1"_s.arg(number) : QString();
     const int kerno = anyOf(random, file.kernoModel());
     const int source = anyOf(random, file.sourceModel());
     const int question = anyOf(random, file.questionListModel());
@@ -37,15 +32,15 @@ void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) 
     const int key = anyOf(random, file.metadataKeyModel());
     const int value = anyOf(random, file.metadataValueModel());
     if (kerno == 99)
-        return undo.addKerno({{text("title"), name}});
+        return undo.addKerno({{"title"_s, name}});
     if (source == 99)
         return undo.addSource(Source(-1, name, {}, {}, {}));
     if (question == 99)
-        return undo.addQuestion(Question(-1, text("q"), 1));
+        return undo.addQuestion(Question(-1, "q"_s, 1));
     if (group == 99)
-        return undo.addGroup(-1, text("g"));
+        return undo.addGroup(-1, "g"_s);
     if (key == 99 || value == 99)
-        return undo.addMetadataKeyAndValue(text("k"), text("v"));
+        return undo.addMetadataKeyAndValue("k"_s, "v"_s);
     // What is looked for may be gone.
     const auto maybe = [&random](int id) { return random.bounded(6) > 0 ? id : 99; };
     const int otherKerno = maybe(anyOf(random, file.kernoModel()));
@@ -57,7 +52,7 @@ void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) 
         [&] { undo.addHighlight(highlight(-1, kerno, source, question, start, end)); },
         [&] { undo.deleteHighlight(maybe(highlights.value(random.bounded(highlights.size() + 1)).toInt())); },
         [&] { undo.addHighlightToNewKerno(highlight(-1, -1, source, question, start, end), Kerno()); },
-        [&] { undo.tryAddHighlightByShortcut(highlight(-1, -1, source, question, start, end), text("a")); },
+        [&] { undo.tryAddHighlightByShortcut(highlight(-1, -1, source, question, start, end), "a"_s); },
         [&] { undo.addMemo(memo(-1, source, question, start, end, name)); },
         [&] {
             Memo changed = file.memo(1 + random.bounded(6));
@@ -67,7 +62,7 @@ void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) 
         },
         [&] { undo.deleteMemo(1 + random.bounded(6)); },
         [&] {
-            undo.addKerno({{text("title"), name}, {text("parentKernoId"), kerno}});
+            undo.addKerno({{"title"_s, name}, {"parentKernoId"_s, kerno}});
         },
         [&] {
             Kerno changed = file.kerno(kerno);
@@ -82,8 +77,8 @@ void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) 
         [&] { undo.deleteGroup(maybe(group)); },
         [&] { undo.addKernoGroup(kerno, group); },
         [&] { undo.deleteKernoGroup(kerno, group); },
-        [&] { undo.setKernoShortcut(text("A"), kerno); },
-        [&] { undo.setKernoShortcut(text("A"), -1); },
+        [&] { undo.setKernoShortcut("A"_s, kerno); },
+        [&] { undo.setKernoShortcut("A"_s, -1); },
         [&] { undo.addSource(Source(-1, name, {}, {}, {})); },
         [&] { undo.updateSourceTitle(maybe(source), name); },
         [&] { undo.updateSourceIcon(maybe(source), name); },
@@ -98,7 +93,7 @@ void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) 
             undo.updateAnswer(changed);
         },
         [&] {
-            undo.addMetadataKeyAndValues(name, {text("x"), name, text("x")}, source);
+            undo.addMetadataKeyAndValues(name, {"x"_s, name, "x"_s}, source);
         },
         [&] { undo.addMetadataKey(SourceMetadataKey(-1, true, false, name)); },
         [&] { undo.updateMetadataKey(SourceMetadataKey(maybe(key), true, true, name)); },
@@ -117,22 +112,22 @@ void changeAnything(QRandomGenerator& random, UndoManager& undo, KRNFile& file) 
 
 /// The first record that hangs on another one which isn't there; empty when there is none.
 QString danglingRecord(const QJsonObject& project) {
-    const QHash<QString, QString> lists{{text("kernoId"), text("kernos")},
-                                        {text("groupId"), text("groups")},
-                                        {text("sourceId"), text("sources")},
-                                        {text("keyId"), text("source_metadata_keys")},
-                                        {text("valueId"), text("source_metadata_values")}};
+    const QHash<QString, QString> lists{{"kernoId"_s, "kernos"_s},
+                                        {"groupId"_s, "groups"_s},
+                                        {"sourceId"_s, "sources"_s},
+                                        {"keyId"_s, "source_metadata_keys"_s},
+                                        {"valueId"_s, "source_metadata_values"_s}};
     QHash<QString, QSet<int>> ids;
     for (const QString& list : lists) {
         for (const QJsonValue& record : project.value(list).toArray())
-            ids[list].insert(record.toObject().value(text("id")).toInt());
+            ids[list].insert(record.toObject().value("id"_s).toInt());
     }
     for (const QString& list : project.keys()) {
         for (const QJsonValue& value : project.value(list).toArray()) {
             const QJsonObject record = value.toObject();
             for (auto link = lists.cbegin(); link != lists.cend(); ++link) {
                 if (record.contains(link.key()) && !ids[*link].contains(record.value(link.key()).toInt()))
-                    return text("%1 of %2 %3").arg(link.key(), list).arg(record.value(text("id")).toInt());
+                    return "%1 of %2 %3"_s.arg(link.key(), list).arg(record.value("id"_s).toInt());
             }
         }
     }
@@ -148,172 +143,155 @@ class tst_UndoContract : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void aLongSequenceIsTakenBackAndDoneAgain_data();
-    void aLongSequenceIsTakenBackAndDoneAgain();
-    void aNewSourceGetsATitleAndAnswers();
-    void aPassageIsCodedByKey();
-    void overlappingPassagesOfOneAuthorBecomeOne();
-    void mergingJoinsWhatOverlaps();
-    void mergingGivesTheKernosBelowAsTheyAre();
-    void mergingDownwardsKeepsTheWayUp();
-    void duplicatingCopiesTheCodings();
-    void aPropertyOfOneValueHasItReplaced();
+    void init() { QVERIFY2(m_project.open(), qPrintable(m_project.error)); }
+
+    void aLongSequenceIsTakenBackAndDoneAgain_data() {
+        columns<QString, uint>({"password", "seed"});
+        addRow("open", QString(), 1u);
+        addRow("under a password", "s3cret"_s, 2u);
+    }
+
+    void aLongSequenceIsTakenBackAndDoneAgain() {
+        FETCH(QString, password, uint, seed);
+        UndoProject project(password);
+        QVERIFY2(project.open(), qPrintable(project.error));
+        UndoManager& undo = project.undo;
+        QRandomGenerator random(seed);
+        QList<QJsonObject> stored{project.json()};
+        QList<QStringList> rows{project.modelTexts()};
+        while (undo.count() < 100) {
+            const int before = undo.count();
+            changeAnything(random, undo, project.file);
+            const QJsonObject now = project.json();
+            if (undo.count() == before) {
+                QCOMPARE(difference(stored.last(), now), QString());
+                continue;
+            }
+            const QStringList rowsNow = project.modelTexts();
+            QVERIFY2(now != stored.last() || rowsNow != rows.last(), qPrintable(undo.undoText()));
+            QCOMPARE(danglingRecord(now), QString());
+            stored.append(now);
+            rows.append(rowsNow);
+        }
+        for (int step = undo.count() - 1; step >= 0; --step) {
+            undo.undo();
+            QCOMPARE(difference(stored.at(step), project.json()), QString());
+            QCOMPARE(project.modelTexts(), rows.at(step));
+        }
+        // In haste: each of these begins before the notifications of the one before have come.
+        for (int round = 0; round < 2; ++round) {
+            while (undo.canRedo())
+                undo.redo();
+            QCOMPARE(difference(stored.last(), project.json()), QString());
+            QCOMPARE(project.modelTexts(), rows.last());
+            while (undo.canUndo())
+                undo.undo();
+            QCOMPARE(difference(stored.first(), project.json()), QString());
+            QCOMPARE(project.modelTexts(), rows.first());
+        }
+    }
+
+    void aNewSourceGetsATitleAndAnswers() {
+        m_project.undo.addSource(Source(-1, "  "_s, QString(), {}, {}));
+        m_project.settle();
+        const Source source = m_project.file.sourceModel()->snapshot().last();
+        QCOMPARE(source.title(), "Source %1"_s.arg(source.id()));
+        QCOMPARE(source.author(), "Bea"_s);
+        const QList<QuestionAnswer> answers = m_project.file.answerModel()->answers(source.id());
+        QCOMPARE(answers.size(), 2);
+        QVERIFY(answers.first().plainAnswer().isEmpty());
+        QCOMPARE(answers.first().author(), "Bea"_s);
+    }
+
+    void aPassageIsCodedByKey() {
+        m_project.undo.tryAddHighlightByShortcut(highlight(-1, -1, 3, 1, 2, 8), "b"_s);
+        QCOMPARE(rangesOf(m_project.file, 2), (QStringList{"2.1 0-8"_s, "3.1 2-8"_s}));
+        QCOMPARE(m_project.file.highlightsOfKerno(2).last().author(), "Bea"_s);
+    }
+
+    void overlappingPassagesOfOneAuthorBecomeOne() {
+        m_project.undo.addHighlight(highlight(-1, 1, 1, 1, 10, 20));
+        QCOMPARE(rangesOf(m_project.file, 1),
+                 (QStringList{"1.1 0-10"_s, "1.1 10-20"_s, "1.1 20-30"_s, "2.2 6-9"_s}));
+        m_project.undo.undo();
+        m_project.undo.addHighlight(highlight(-1, 1, 1, 1, 8, 22));
+        QCOMPARE(rangesOf(m_project.file, 1), (QStringList{"1.1 0-30"_s, "2.2 6-9"_s}));
+    }
+
+    void mergingJoinsWhatOverlaps() {
+        m_project.undo.mergeKernos(1, 5, "Both"_s);
+        m_project.settle();
+        const Kerno merged = m_project.file.kernoModel()->snapshot().last();
+        QCOMPARE(merged.title(), "Both"_s);
+        QCOMPARE(merged.color(), QColor(50, 20, 30));
+        QCOMPARE(merged.x(), 5);
+        QCOMPARE(rangesOf(m_project.file, merged.id()),
+                 (QStringList{"1.1 0-15"_s, "1.1 20-30"_s, "1.1 30-40"_s, "2.2 0-5"_s, "2.2 6-9"_s}));
+        const QList<Highlight> highlights = m_project.file.highlightsOfKerno(merged.id());
+        QCOMPARE(highlights.first().id(), 1);
+        QCOMPARE(highlights.first().author(), ann);
+        QVERIFY(highlights.first().timestamp().date().year() == 2019);
+    }
+
+    void mergingGivesTheKernosBelowAsTheyAre() {
+        m_project.undo.mergeKernos(1, 5, "Both"_s);
+        m_project.settle();
+        KRNFile& file = m_project.file;
+        const int merged = file.kernoModel()->snapshot().last().id();
+        QCOMPARE(file.kernoModel()->childIdsOf(merged), (QList<int>{2, 3}));
+        QCOMPARE(file.kerno(2).timestamp().date().year(), 2019);
+        QCOMPARE(file.kernoModel()->childIdsOf(2), QList<int>{4});
+        QCOMPARE(rangesOf(file, 2), QStringList{"2.1 0-8"_s});
+        QCOMPARE(rangesOf(file, 4), QStringList{"3.2 1-4"_s});
+        QVERIFY(file.kernoGroupModel()->link(2, 1).isValid());
+        QCOMPARE(file.shortcutKeyModel()->record("B"_s).kernoId(), 2);
+    }
+
+    void mergingDownwardsKeepsTheWayUp() {
+        m_project.undo.mergeKernos(1, 4, "Both"_s);
+        m_project.settle();
+        const Kerno merged = m_project.file.kernoModel()->snapshot().last();
+        QCOMPARE(merged.parentKernoId(), -1);
+        QCOMPARE(m_project.file.kerno(2).parentKernoId(), merged.id());
+    }
+
+    void duplicatingCopiesTheCodings() {
+        m_project.undo.duplicateKerno(2);
+        m_project.settle();
+        const Kerno copy = m_project.file.kernoModel()->snapshot().last();
+        QCOMPARE(copy.title(), "Doubt Duplicate"_s);
+        QCOMPARE(copy.parentKernoId(), -1);
+        QCOMPARE(copy.color(), QColor("#E12081"_s));
+        QCOMPARE(copy.author(), "Bea"_s);
+        QCOMPARE(rangesOf(m_project.file, copy.id()), QStringList{"2.1 0-8"_s});
+        QCOMPARE(rangesOf(m_project.file, 2), QStringList{"2.1 0-8"_s});
+        QCOMPARE(m_project.file.highlightsOfKerno(copy.id()).first().author(), ann);
+    }
+
+    void aPropertyOfOneValueHasItReplaced() {
+        m_project.undo.addMetadata(1, 2, 1);
+        m_project.undo.addMetadataKeyAndValue("Age"_s, "50"_s, 2);
+        m_project.settle();
+        m_project.undo.addMetadataKeyAndValue("Age"_s, "40"_s, 2);
+        m_project.settle();
+        SourceMetadataModel* links = m_project.file.metadataModel();
+        QCOMPARE(links->links(1, 1).size(), 1);
+        QCOMPARE(links->links(1, 1).first().valueId(), 2);
+        QCOMPARE(links->links(1, 2).size(), 1);
+        QCOMPARE(links->links(1, 2).first().valueId(), 2);
+
+        m_project.undo.addMetadataKeyAndValues("Town"_s, {"Oslo"_s, "Oslo"_s, "Rome"_s}, 3);
+        m_project.settle();
+        const int town = m_project.file.metadataKeyModel()->snapshot().last().id();
+        const auto values = m_project.file.metadataValueModel()->valuesOfKey(town);
+        QCOMPARE(values.size(), 2);
+        QCOMPARE(links->links(town, 3).size(), 1);
+        QCOMPARE(links->links(town, 3).first().valueId(), values.last().id());
+    }
 
 private:
     UndoProject m_project;
 };
-
-void tst_UndoContract::init() {
-    QVERIFY2(m_project.open(), qPrintable(m_project.error));
-}
-
-void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain_data() {
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<uint>("seed");
-    QTest::newRow("open") << QString() << 1u;
-    QTest::newRow("under a password") << text("s3cret") << 2u;
-}
-
-void tst_UndoContract::aLongSequenceIsTakenBackAndDoneAgain() {
-    QFETCH(QString, password);
-    QFETCH(uint, seed);
-    UndoProject project(password);
-    QVERIFY2(project.open(), qPrintable(project.error));
-    UndoManager& undo = project.undo;
-    QRandomGenerator random(seed);
-    QList<QJsonObject> stored{project.json()};
-    QList<QStringList> rows{project.modelTexts()};
-    while (undo.count() < 100) {
-        const int before = undo.count();
-        changeAnything(random, undo, project.file);
-        const QJsonObject now = project.json();
-        if (undo.count() == before) {
-            QCOMPARE(difference(stored.last(), now), QString());
-            continue;
-        }
-        const QStringList rowsNow = project.modelTexts();
-        QVERIFY2(now != stored.last() || rowsNow != rows.last(), qPrintable(undo.undoText()));
-        QCOMPARE(danglingRecord(now), QString());
-        stored.append(now);
-        rows.append(rowsNow);
-    }
-    for (int step = undo.count() - 1; step >= 0; --step) {
-        undo.undo();
-        QCOMPARE(difference(stored.at(step), project.json()), QString());
-        QCOMPARE(project.modelTexts(), rows.at(step));
-    }
-    // In haste: each of these begins before the notifications of the one before have come.
-    for (int round = 0; round < 2; ++round) {
-        while (undo.canRedo())
-            undo.redo();
-        QCOMPARE(difference(stored.last(), project.json()), QString());
-        QCOMPARE(project.modelTexts(), rows.last());
-        while (undo.canUndo())
-            undo.undo();
-        QCOMPARE(difference(stored.first(), project.json()), QString());
-        QCOMPARE(project.modelTexts(), rows.first());
-    }
-}
-
-void tst_UndoContract::aNewSourceGetsATitleAndAnswers() {
-    m_project.undo.addSource(Source(-1, text("  "), QString(), {}, {}));
-    m_project.settle();
-    const Source source = m_project.file.sourceModel()->snapshot().last();
-    QCOMPARE(source.title(), text("Source %1").arg(source.id()));
-    QCOMPARE(source.author(), text("Bea"));
-    const QList<QuestionAnswer> answers = m_project.file.answerModel()->answers(source.id());
-    QCOMPARE(answers.size(), 2);
-    QVERIFY(answers.first().plainAnswer().isEmpty());
-    QCOMPARE(answers.first().author(), text("Bea"));
-}
-
-void tst_UndoContract::aPassageIsCodedByKey() {
-    m_project.undo.tryAddHighlightByShortcut(highlight(-1, -1, 3, 1, 2, 8), text("b"));
-    QCOMPARE(rangesOf(m_project.file, 2), (QStringList{text("2.1 0-8"), text("3.1 2-8")}));
-    QCOMPARE(m_project.file.highlightsOfKerno(2).last().author(), text("Bea"));
-}
-
-void tst_UndoContract::overlappingPassagesOfOneAuthorBecomeOne() {
-    m_project.undo.addHighlight(highlight(-1, 1, 1, 1, 10, 20));
-    QCOMPARE(rangesOf(m_project.file, 1),
-             (QStringList{text("1.1 0-10"), text("1.1 10-20"), text("1.1 20-30"), text("2.2 6-9")}));
-    m_project.undo.undo();
-    m_project.undo.addHighlight(highlight(-1, 1, 1, 1, 8, 22));
-    QCOMPARE(rangesOf(m_project.file, 1), (QStringList{text("1.1 0-30"), text("2.2 6-9")}));
-}
-
-void tst_UndoContract::mergingJoinsWhatOverlaps() {
-    m_project.undo.mergeKernos(1, 5, text("Both"));
-    m_project.settle();
-    const Kerno merged = m_project.file.kernoModel()->snapshot().last();
-    QCOMPARE(merged.title(), text("Both"));
-    QCOMPARE(merged.color(), QColor(50, 20, 30));
-    QCOMPARE(merged.x(), 5);
-    QCOMPARE(rangesOf(m_project.file, merged.id()),
-             (QStringList{text("1.1 0-15"), text("1.1 20-30"), text("1.1 30-40"), text("2.2 0-5"),
-                          text("2.2 6-9")}));
-    const QList<Highlight> highlights = m_project.file.highlightsOfKerno(merged.id());
-    QCOMPARE(highlights.first().id(), 1);
-    QCOMPARE(highlights.first().author(), ann);
-    QVERIFY(highlights.first().timestamp().date().year() == 2019);
-}
-
-void tst_UndoContract::mergingGivesTheKernosBelowAsTheyAre() {
-    m_project.undo.mergeKernos(1, 5, text("Both"));
-    m_project.settle();
-    KRNFile& file = m_project.file;
-    const int merged = file.kernoModel()->snapshot().last().id();
-    QCOMPARE(file.kernoModel()->childIdsOf(merged), (QList<int>{2, 3}));
-    QCOMPARE(file.kerno(2).timestamp().date().year(), 2019);
-    QCOMPARE(file.kernoModel()->childIdsOf(2), QList<int>{4});
-    QCOMPARE(rangesOf(file, 2), QStringList{text("2.1 0-8")});
-    QCOMPARE(rangesOf(file, 4), QStringList{text("3.2 1-4")});
-    QVERIFY(file.kernoGroupModel()->link(2, 1).isValid());
-    QCOMPARE(file.shortcutKeyModel()->record(text("B")).kernoId(), 2);
-}
-
-void tst_UndoContract::mergingDownwardsKeepsTheWayUp() {
-    m_project.undo.mergeKernos(1, 4, text("Both"));
-    m_project.settle();
-    const Kerno merged = m_project.file.kernoModel()->snapshot().last();
-    QCOMPARE(merged.parentKernoId(), -1);
-    QCOMPARE(m_project.file.kerno(2).parentKernoId(), merged.id());
-}
-
-void tst_UndoContract::duplicatingCopiesTheCodings() {
-    m_project.undo.duplicateKerno(2);
-    m_project.settle();
-    const Kerno copy = m_project.file.kernoModel()->snapshot().last();
-    QCOMPARE(copy.title(), text("Doubt Duplicate"));
-    QCOMPARE(copy.parentKernoId(), -1);
-    QCOMPARE(copy.color(), QColor(text("#E12081")));
-    QCOMPARE(copy.author(), text("Bea"));
-    QCOMPARE(rangesOf(m_project.file, copy.id()), QStringList{text("2.1 0-8")});
-    QCOMPARE(rangesOf(m_project.file, 2), QStringList{text("2.1 0-8")});
-    QCOMPARE(m_project.file.highlightsOfKerno(copy.id()).first().author(), ann);
-}
-
-void tst_UndoContract::aPropertyOfOneValueHasItReplaced() {
-    m_project.undo.addMetadata(1, 2, 1);
-    m_project.undo.addMetadataKeyAndValue(text("Age"), text("50"), 2);
-    m_project.settle();
-    m_project.undo.addMetadataKeyAndValue(text("Age"), text("40"), 2);
-    m_project.settle();
-    SourceMetadataModel* links = m_project.file.metadataModel();
-    QCOMPARE(links->links(1, 1).size(), 1);
-    QCOMPARE(links->links(1, 1).first().valueId(), 2);
-    QCOMPARE(links->links(1, 2).size(), 1);
-    QCOMPARE(links->links(1, 2).first().valueId(), 2);
-
-    m_project.undo.addMetadataKeyAndValues(text("Town"), {text("Oslo"), text("Oslo"), text("Rome")}, 3);
-    m_project.settle();
-    const int town = m_project.file.metadataKeyModel()->snapshot().last().id();
-    const auto values = m_project.file.metadataValueModel()->valuesOfKey(town);
-    QCOMPARE(values.size(), 2);
-    QCOMPARE(links->links(town, 3).size(), 1);
-    QCOMPARE(links->links(town, 3).first().valueId(), values.last().id());
-}
 
 KERNOVA_TEST_MAIN(tst_UndoContract)
 #include "tst_undocontract.moc"
