@@ -4,15 +4,11 @@
 #include "link/DataHelper.h"
 #include "link/IdManager.h"
 #include "link/LinkTimings.h"
-#include "models/KernoModel.h"
-#include "models/QuestionAnswerMainModel.h"
-#include "models/QuestionModel.h"
-#include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "tests_support/AllModels.h"
 #include "tests_support/SignalLog.h"
+#include "tests_support/TestMain.h"
 
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <memory>
 
 inline QJsonObject localProject(const QString& path) {
@@ -29,13 +25,12 @@ public:
     KRNFile* get() const { return m_file.get(); }
 
     bool connectLink() { return m_file->dataHelper()->connection()->connect(false); }
-    QString path(const QString& name = QStringLiteral("study.krn")) const { return m_folder.filePath(name); }
+    QString path(const QString& name = "study.krn"_s) const { return m_folder.filePath(name); }
 
     bool create(const QString& password = {}, bool singleQuestion = true) {
         return connectLink() && m_file->openProject(localProject(path()), true, password, singleQuestion);
     }
-    bool open(const QString& name = QStringLiteral("study.krn"), const QString& password = {},
-              bool ignoreLock = false) {
+    bool open(const QString& name = "study.krn"_s, const QString& password = {}, bool ignoreLock = false) {
         return m_file->openProject(localProject(path(name)), false, password, true, ignoreLock);
     }
 

@@ -5,8 +5,6 @@
 #include "records/Kerno.h"
 #include "tests_support/TestMain.h"
 
-#include <QRandomGenerator>
-
 using criteria::Item;
 using criteria::Results;
 using criteria::Term;
@@ -14,16 +12,12 @@ using criteria::Term;
 namespace {
 
 QVariantMap row(const QVariant& property, const QString& op, const QVariant& value,
-                const QString& junction = QStringLiteral(" AND"), int level = 0) {
+                const QString& junction = " AND"_s, int level = 0) {
     return {{"property", property},
             {"operator", op},
             {"value", value},
             {"junctionOperator", junction},
             {"level", level}};
-}
-
-Term term(const QVector<int>& highlights, bool isAnd, int level) {
-    return {level, isAnd, {{1, highlights}}};
 }
 
 /// Whether each of the rows is met, and how it is joined to the next.
@@ -72,23 +66,18 @@ class TestCriteria : public QObject {
 
 private slots:
     void readsRows_data() {
-        QTest::addColumn<QVariantMap>("map");
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<bool>("isAnd");
-        QTest::addColumn<bool>("ordered");
-        QTest::newRow("plain") << row("HA", "=", "Ann") << true << true << false;
-        QTest::newRow("ordered") << row(7, ">=", 3, " or") << true << false << true;
-        QTest::newRow("less") << row(7, "<", 3) << true << true << true;
-        QTest::newRow("unequal") << row(7, "!=", 3) << true << true << false;
-        QTest::newRow("empty value counts") << row("HA", "=", "") << true << true << false;
-        QTest::newRow("unknown operator") << row("HA", "~", "Ann") << false << false << false;
-        QTest::newRow("junction without its blank") << row("HA", "<", "Ann", "AND") << false << false << true;
-        QTest::newRow("no value") << QVariantMap{{"property", "HA"},
-                                                 {"operator", "="},
-                                                 {"junctionOperator", " AND"}}
-                                  << false << true << false;
-        QTest::newRow("no property") << row("", "=", "Ann") << false << true << false;
-        QTest::newRow("level 2") << row("HA", "=", "Ann", " AND", 2) << false << true << false;
+        columns<QVariantMap, bool, bool, bool>({"map", "valid", "isAnd", "ordered"});
+        addRow("plain", row("HA", "=", "Ann"), true, true, false);
+        addRow("ordered", row(7, ">=", 3, " or"), true, false, true);
+        addRow("less", row(7, "<", 3), true, true, true);
+        addRow("unequal", row(7, "!=", 3), true, true, false);
+        addRow("empty value counts", row("HA", "=", ""), true, true, false);
+        addRow("unknown operator", row("HA", "~", "Ann"), false, false, false);
+        addRow("junction without its blank", row("HA", "<", "Ann", "AND"), false, false, true);
+        addRow("no value", QVariantMap{{"property", "HA"}, {"operator", "="}, {"junctionOperator", " AND"}},
+               false, true, false);
+        addRow("no property", row("", "=", "Ann"), false, true, false);
+        addRow("level 2", row("HA", "=", "Ann", " AND", 2), false, true, false);
     }
 
     void readsRows() {
@@ -100,46 +89,30 @@ private slots:
     }
 
     void asksTheService_data() {
-        QTest::addColumn<QVariantMap>("map");
-        QTest::addColumn<QString>("arguments");
-        QTest::newRow("key") << row(7, ">", 30)
-                             << "(fieldName: \"value\" operator: \">\" value: \"30\" keyId: 7)";
-        QTest::newRow("key as text") << row("7", "=", "x")
-                                     << "(fieldName: \"value\" operator: \"=\" value: \"x\" keyId: 7)";
-        QTest::newRow("HA") << row("HA", "=", "Ann")
-                            << "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"Ann\")";
-        QTest::newRow("QA") << row("QA", "!=", "Ann")
-                            << "(fieldName: \"kernoAuthor\" operator: \"!=\" value: \"Ann\")";
-        QTest::newRow("HD") << row("HD", "<", "2020-01-01")
-                            << "(fieldName: \"highlightDate\" operator: \"<\" value: \"2020-01-01\")";
-        QTest::newRow("QD") << row("QD", "<=", "2020-01-01")
-                            << "(fieldName: \"kernoDate\" operator: \"<=\" value: \"2020-01-01\")";
+        columns<QVariantMap, QString>({"map", "arguments"});
+        addRow("key", row(7, ">", 30), "(fieldName: \"value\" operator: \">\" value: \"30\" keyId: 7)");
+        addRow("key as text", row("7", "=", "x"),
+               "(fieldName: \"value\" operator: \"=\" value: \"x\" keyId: 7)");
+        addRow("HA", row("HA", "=", "Ann"),
+               "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"Ann\")");
+        addRow("QA", row("QA", "!=", "Ann"), "(fieldName: \"kernoAuthor\" operator: \"!=\" value: \"Ann\")");
+        addRow("HD", row("HD", "<", "2020-01-01"),
+               "(fieldName: \"highlightDate\" operator: \"<\" value: \"2020-01-01\")");
+        addRow("QD", row("QD", "<=", "2020-01-01"),
+               "(fieldName: \"kernoDate\" operator: \"<=\" value: \"2020-01-01\")");
         QTest::newRow("GR") << row("GR", "=", 4) << "(fieldName: \"level\" operator: \"=\" value: \"4\")";
-        QTest::newRow("ST") << row("ST", "=", 5) << "(fieldName: \"sourceId\" operator: \"=\" value: \"5\")";
-        QTest::newRow("unescaped") << row("HA", "=", "a\"%1")
-                                   << "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"a\"%1\")";
-        QTest::newRow("everything") << row("HA", "!=", "") << "";
+        addRow("ST", row("ST", "=", 5), "(fieldName: \"sourceId\" operator: \"=\" value: \"5\")");
+        addRow("unescaped", row("HA", "=", "a\"%1"),
+               "(fieldName: \"highlightAuthor\" operator: \"=\" value: \"a\"%1\")");
+        addRow("everything", row("HA", "!=", ""), "");
     }
 
     void asksTheService() {
-        QFETCH(QVariantMap, map);
-        QFETCH(QString, arguments);
+        FETCH(QVariantMap, map, QString, arguments);
         QCOMPARE(QueryCriterion(map).queryText(),
                  "{kernoQueryListWithHighlightsAndCriteria" + arguments +
                      "{id parentKernoId color title description timestamp author x y  highlights{ "
                      "id kernoId sourceId questionId color start length author timestamp }}}");
-    }
-
-    void evaluatesFromTheRight() {
-        const QVector<int> a{1, 2}, b{2, 3}, c{3, 4, 1};
-        // A OR (B AND C), A AND (B OR C), (A OR B) AND C
-        QCOMPARE(criteria::evaluate({term(a, false, 0), term(b, true, 0), term(c, true, 0)}),
-                 Results({{1, {1, 2, 3}}}));
-        QCOMPARE(criteria::evaluate({term(a, true, 0), term(b, false, 0), term(c, true, 0)}),
-                 Results({{1, {1, 2}}}));
-        QCOMPARE(criteria::evaluate({term(a, false, 1), term(b, true, 1), term(c, true, 0)}),
-                 Results({{1, {3, 1}}}));
-        QVERIFY(criteria::evaluate({}).isEmpty());
     }
 
     void longerListComesFirst() {
@@ -186,7 +159,7 @@ private slots:
             QCOMPARE(numbers.numberOf(other), next++);
         }
         QCOMPARE(numbers.numberOf(json), 0);
-        QCOMPARE(numbers.map(1).value("author").toString(), QStringLiteral("Bob"));
+        QCOMPARE(numbers.map(1).value("author").toString(), "Bob"_s);
         QCOMPARE(numbers.map(0), Highlight(json, "").toVariantMap());
     }
 };

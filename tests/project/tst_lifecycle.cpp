@@ -1,12 +1,9 @@
 #include "ProjectSupport.h"
 #include "tests_support/TestMain.h"
 
-#include <QDir>
-#include <QFile>
-
 namespace {
 
-const QString lock = QStringLiteral("___db_open_lock");
+const QString lock = "___db_open_lock"_s;
 
 QByteArray contentsOf(const QString& path) {
     QFile file(path);
@@ -50,7 +47,7 @@ private slots:
         QCOMPARE(IdManager::instance()->maxKernoId(), 0);
 
         QVERIFY(file.open());
-        QCOMPARE(file->kerno(1).title(), QStringLiteral("Trust"));
+        QCOMPARE(file->kerno(1).title(), "Trust"_s);
         QVERIFY(waitFor([&] { return file->answerModel()->rowCount() == 1 && file->sourceExists(1); }));
         QCOMPARE(file->questionListModel()->rowCount(), 1);
         QCOMPARE(file->answer(1, 1).value("question").toString(), QString());
@@ -59,20 +56,20 @@ private slots:
 
     // They arrive while the project is in use, deciphered on the way.
     void textsAreAwaited() {
-        const QString password = QStringLiteral("s3cret");
+        const QString password = "s3cret"_s;
         ProjectUnderTest file;
         QVERIFY(file.create(password));
         for (int id = 1; id <= 12; ++id)
-            QVERIFY(file.addContents(QStringLiteral("words of %1").arg(id)));
+            QVERIFY(file.addContents("words of %1"_s.arg(id)));
         file->close();
-        QVERIFY(file.open(QStringLiteral("study.krn"), password));
+        QVERIFY(file.open("study.krn"_s, password));
         QVERIFY(!file->allTextsHere());
         QVERIFY(file->waitForTexts());
         QCOMPARE(file->textsHere(), 12);
         QCOMPARE(file->answerModel()->rowCount(), 12);
-        QCOMPARE(file->partialAnswer(12, 1, 9, 2).plainAnswer(), QStringLiteral("12"));
+        QCOMPARE(file->partialAnswer(12, 1, 9, 2).plainAnswer(), "12"_s);
         file->close();
-        QVERIFY(file.open(QStringLiteral("study.krn"), password));
+        QVERIFY(file.open("study.krn"_s, password));
         QList<bool> outcomes;
         const auto note = [&outcomes](bool allHere) { outcomes << allHere; };
         file->whenTextsAreHere(file.get(), note);
@@ -109,29 +106,16 @@ private slots:
     }
 
     void checksPasswords_data() {
-        QTest::addColumn<QString>("made");
-        QTest::addColumn<QString>("given");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("right") << "sesame"
-                               << "sesame"
-                               << "";
-        QTest::newRow("beyond ASCII")
-            << QString::fromUtf8("\xC3\xA4\xE2\x82\xAC") << QString::fromUtf8("\xC3\xA4\xE2\x82\xAC") << "";
-        QTest::newRow("wrong") << "sesame"
-                               << "Sesame"
-                               << "Invalid password supplied!";
-        QTest::newRow("missing") << "sesame"
-                                 << ""
-                                 << "Project is encrypted but no password provided!";
-        QTest::newRow("not needed") << ""
-                                    << "sesame"
-                                    << "Invalid password supplied!";
+        columns<QString, QString, QString>({"made", "given", "error"});
+        addRow("right", "sesame", "sesame", "");
+        addRow("beyond ASCII", "\xC3\xA4\xE2\x82\xAC"_s, "\xC3\xA4\xE2\x82\xAC"_s, "");
+        addRow("wrong", "sesame", "Sesame", "Invalid password supplied!");
+        addRow("missing", "sesame", "", "Project is encrypted but no password provided!");
+        addRow("not needed", "", "sesame", "Invalid password supplied!");
     }
 
     void checksPasswords() {
-        QFETCH(QString, made);
-        QFETCH(QString, given);
-        QFETCH(QString, error);
+        FETCH(QString, made, QString, given, QString, error);
         ProjectUnderTest file;
         QVERIFY(file.create(made));
         QCOMPARE(file->getPreference("___db_encrypted").toBool(), !made.isEmpty());
@@ -144,25 +128,19 @@ private slots:
         if (error.isEmpty()) {
             QVERIFY(file->answer(1, 1).value("answer").toString().contains("a secret passage"));
             QVERIFY(waitFor([&] { return file->answerModel()->rowCount() == 1; }));
-            QCOMPARE(file->answerModel()->at(0).plainAnswer(), QStringLiteral("a secret passage"));
+            QCOMPARE(file->answerModel()->at(0).plainAnswer(), "a secret passage"_s);
         }
     }
 
     void asksWhenTheProjectIsMarked_data() {
-        QTest::addColumn<bool>("ignore");
-        QTest::addColumn<bool>("answer");
-        QTest::addColumn<bool>("opens");
-        QTest::addColumn<bool>("markedAfterwards");
-        QTest::newRow("yes") << false << true << true << false;
-        QTest::newRow("no") << false << false << false << true;
-        QTest::newRow("ignored") << true << false << true << true;
+        columns<bool, bool, bool, bool>({"ignore", "answer", "opens", "markedAfterwards"});
+        addRow("yes", false, true, true, false);
+        addRow("no", false, false, false, true);
+        addRow("ignored", true, false, true, true);
     }
 
     void asksWhenTheProjectIsMarked() {
-        QFETCH(bool, ignore);
-        QFETCH(bool, answer);
-        QFETCH(bool, opens);
-        QFETCH(bool, markedAfterwards);
+        FETCH(bool, ignore, bool, answer, bool, opens, bool, markedAfterwards);
         ProjectUnderTest file;
         QVERIFY(file.connectLink());
         QVERIFY(file->openProject(localProject(file.path()), true, {}, true, true));
@@ -209,8 +187,7 @@ private slots:
     void saysWhyOpeningFailed() {
         ProjectUnderTest file;
         QVERIFY(!file.open());
-        QCOMPARE(file->getLastOpenError(),
-                 QStringLiteral("Unable to connect to the server, please try again later!"));
+        QCOMPARE(file->getLastOpenError(), "Unable to connect to the server, please try again later!"_s);
         QVERIFY(file.connectLink());
         QVERIFY(!file.open());
         QVERIFY(file->getLastOpenError().contains(file.path()));
@@ -218,8 +195,7 @@ private slots:
         QVERIFY(file->dataHelper()->openProject(localProject(file.path())));
         QVERIFY(file->dataHelper()->closeProject());
         QVERIFY(!file.open());
-        QCOMPARE(file->getLastOpenError(),
-                 QStringLiteral("Failed to read file type (free flow/multiple question)."));
+        QCOMPARE(file->getLastOpenError(), "Failed to read file type (free flow/multiple question)."_s);
         QVERIFY(!file->isOpened());
 
         QSignalSpy errors(file.get(), &KRNFile::errorOccurred);
@@ -228,12 +204,12 @@ private slots:
         foreign.write("not a database at all");
         foreign.close();
         QVERIFY(!file.open("foreign.krn"));
-        QCOMPARE(file->getLastOpenError(), QStringLiteral("Unable to open project."));
+        QCOMPARE(file->getLastOpenError(), "Unable to open project."_s);
         QVERIFY(waitFor([&] { return errors.count() == 1; }));
         QVERIFY(errors.first().first().toString().endsWith('\n'));
 
         QVERIFY(!file->openProject(localProject(QFileInfo(file.path()).path()), true, {}, true));
-        QCOMPARE(file->getLastOpenError(), QStringLiteral("Failed to overwrite existing file!"));
+        QCOMPARE(file->getLastOpenError(), "Failed to overwrite existing file!"_s);
     }
 
     void replacesAFileByANewProject() {
@@ -284,7 +260,7 @@ private slots:
         QVERIFY(file.open());
         QVERIFY(file.addContents("words"));
         QVERIFY(file->saveAs(file.path("other")));
-        QCOMPARE(file->kerno(1).title(), QStringLiteral("Trust"));
+        QCOMPARE(file->kerno(1).title(), "Trust"_s);
 
         // A copy that fails leaves the other project alone, and the open one open.
         QVERIFY(file.open("study.krn", {}, true));
@@ -302,7 +278,7 @@ private slots:
         ProjectUnderTest file;
         QVERIFY(file.create("sesame"));
         QVERIFY(!file->saveAs(file.path("copy.krn")));
-        QCOMPARE(file->getLastOpenError(), QStringLiteral("Project is encrypted but no password provided!"));
+        QCOMPARE(file->getLastOpenError(), "Project is encrypted but no password provided!"_s);
         QVERIFY(!file->isOpened());
         QVERIFY(file.open("copy.krn", "sesame", true));
     }
@@ -331,7 +307,7 @@ private slots:
         QVERIFY(file.open());
         QCOMPARE(file->getPreference(lock).toBool(), true);
         QVERIFY(!file->singleQuestionMode());
-        QCOMPARE(file->kerno(1).title(), QStringLiteral("Trust"));
+        QCOMPARE(file->kerno(1).title(), "Trust"_s);
         QCOMPARE(file->answers(1).size(), 1);
     }
 };

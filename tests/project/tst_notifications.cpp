@@ -1,18 +1,11 @@
 #include "ProjectSupport.h"
-#include "models/BatchOperationManager.h"
-#include "models/ChatModel.h"
-#include "models/GroupModel.h"
-#include "models/KernoGroupModel.h"
-#include "models/SourceMetadataKeyModel.h"
-#include "models/SourceMetadataModel.h"
-#include "models/SourceMetadataValueModel.h"
 #include "tests_support/TestMain.h"
 
 #include <functional>
 
 namespace {
 
-const QString stamp = QStringLiteral("2024-01-02T03:04:05Z");
+const QString stamp = "2024-01-02T03:04:05Z"_s;
 
 QJsonObject kernoJson(int id, const QString& title) {
     return {{"id", id},
@@ -67,7 +60,7 @@ private slots:
         m_file->onKernoSaved(kernoJson(5, "a"));
         QCOMPARE(log.names, QStringList{"updated"});
         m_file->onKernoSaved(kernoJson(5, "b"));
-        QCOMPARE(m_file->kerno(5).title(), QStringLiteral("b"));
+        QCOMPARE(m_file->kerno(5).title(), "b"_s);
         m_file->onKernoDeleted(kernoJson(6, "b"));
         m_file->onKernoDeleted(kernoJson(5, "b"));
         m_file->onKernoDeleted(kernoJson(5, "b"));
@@ -75,21 +68,17 @@ private slots:
     }
 
     void passagesAreAnnouncedUnlessABatchRuns_data() {
-        QTest::addColumn<Start>("start");
-        QTest::addColumn<bool>("announced");
-        QTest::newRow("idle") << Start([](BatchOperationManager&) {}) << true;
-        QTest::newRow("kernos") << Start([](BatchOperationManager& b) { b.startKernoBatch(); }) << false;
-        QTest::newRow("here") << Start([](BatchOperationManager& b) { b.startHighlightBatch(2, 3); })
-                              << false;
-        QTest::newRow("elsewhere") << Start([](BatchOperationManager& b) { b.startHighlightBatch(2, 4); })
-                                   << true;
-        QTest::newRow("edit") << Start([](BatchOperationManager& b) { b.startAnswerEdit(2, 3); }) << false;
-        QTest::newRow("metadata") << Start([](BatchOperationManager& b) { b.startMetadataBatch(); }) << true;
+        columns<Start, bool>({"start", "announced"});
+        addRow("idle", Start([](BatchOperationManager&) {}), true);
+        addRow("kernos", Start([](BatchOperationManager& b) { b.startKernoBatch(); }), false);
+        addRow("here", Start([](BatchOperationManager& b) { b.startHighlightBatch(2, 3); }), false);
+        addRow("elsewhere", Start([](BatchOperationManager& b) { b.startHighlightBatch(2, 4); }), true);
+        addRow("edit", Start([](BatchOperationManager& b) { b.startAnswerEdit(2, 3); }), false);
+        addRow("metadata", Start([](BatchOperationManager& b) { b.startMetadataBatch(); }), true);
     }
 
     void passagesAreAnnouncedUnlessABatchRuns() {
-        QFETCH(Start, start);
-        QFETCH(bool, announced);
+        FETCH(Start, start, bool, announced);
         SignalLog log;
         log.listen(m_file.get(), &KRNFile::highlightSaved, "highlight saved");
         log.listen(m_file.get(), &KRNFile::highlightDeleted, "highlight deleted");
@@ -102,23 +91,6 @@ private slots:
         m_file->onMemoDeleted(memoJson());
         const QStringList all{"highlight saved", "highlight deleted", "memo saved", "memo deleted"};
         QCOMPARE(log.names, announced ? all : QStringList(all.first()));
-    }
-
-    void batchesNameTheirPlaces() {
-        QSignalSpy saved(m_file.get(), &KRNFile::batchHighlightSaved);
-        QSignalSpy deleted(m_file.get(), &KRNFile::batchHighlightDeleted);
-        QSignalSpy memosSaved(m_file.get(), &KRNFile::batchMemoSaved);
-        QSignalSpy memosDeleted(m_file.get(), &KRNFile::batchMemoDeleted);
-        const QJsonObject places{{"sourceIds", QJsonArray{1, 2, 2}}, {"questionIds", QJsonArray{7}}};
-        m_file->onBatchHighlightsSaved(places);
-        m_file->onBatchHighlightsDeleted(places);
-        m_file->onBatchMemosSaved(places);
-        m_file->onBatchMemosDeleted(places);
-        for (const QSignalSpy* spy : {&saved, &deleted, &memosSaved, &memosDeleted}) {
-            QCOMPARE(spy->count(), 1);
-            QCOMPARE(spy->first().at(0).value<QSet<int>>(), QSet<int>({1, 2}));
-            QCOMPARE(spy->first().at(1).value<QSet<int>>(), QSet<int>{7});
-        }
     }
 
     void batchesOfSourcesAndMetadataWait() {
@@ -180,35 +152,6 @@ private slots:
         QCOMPARE(visible(), QList<bool>({false, false, false}));
         m_file->applyGroupFilter(false);
         QCOMPARE(visible(), QList<bool>({true, true, true}));
-    }
-
-    void errorsMakeOneText() {
-        QSignalSpy errors(m_file.get(), &KRNFile::errorOccurred);
-        m_file->onErrorOccurred({QJsonObject{{"message", "one"}}, QJsonObject{{"message", "two"}}});
-        QCOMPARE(errors.count(), 1);
-        QCOMPARE(errors.first().first().toString(), QStringLiteral("one\ntwo\n"));
-    }
-
-    void accessIsToldInWords_data() {
-        QTest::addColumn<QString>("level");
-        QTest::addColumn<QString>("text");
-        const QString start = "Your access has been changed ";
-        QTest::newRow("read") << "read" << start + "by the project owner. You can now only read the project.";
-        QTest::newRow("write") << "write"
-                               << start + "by the project owner. You can now write to the project.";
-        QTest::newRow("owner") << "owner" << start + "to owner";
-        QTest::newRow("unknown") << "guest" << start + "to guest";
-    }
-
-    void accessIsToldInWords() {
-        QFETCH(QString, level);
-        SignalLog log;
-        log.listen(m_file.get(), &KRNFile::canMutateChanged, "mutate");
-        log.listen(m_file.get(), &KRNFile::notifyUser, "notify");
-        QSignalSpy notes(m_file.get(), &KRNFile::notifyUser);
-        m_file->onAccessChanged(level);
-        QCOMPARE(log.names, QStringList({"mutate", "notify"}));
-        QTEST(notes.first().first().toString(), "text");
     }
 };
 

@@ -5,10 +5,6 @@
 #include "project/SortOrder.h"
 #include "tests_support/TestMain.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-
 using passages::Range;
 using Ranges = QList<Range>;
 Q_DECLARE_METATYPE(Ranges)
@@ -57,50 +53,42 @@ class TestProjectAlgorithms : public QObject {
 
 private slots:
     void mergesRanges_data() {
-        QTest::addColumn<Ranges>("ranges");
-        QTest::addColumn<Ranges>("expected");
-        QTest::newRow("none") << Ranges{} << Ranges{};
-        QTest::newRow("apart") << Ranges{{0, 3}, {4, 6}} << Ranges{{0, 3}, {4, 6}};
-        QTest::newRow("touching") << Ranges{{0, 3}, {3, 6}} << Ranges{{0, 6}};
-        QTest::newRow("overlapping") << Ranges{{0, 5}, {3, 6}, {6, 9}, {20, 21}} << Ranges{{0, 9}, {20, 21}};
-        QTest::newRow("inside") << Ranges{{0, 9}, {2, 4}, {3, 5}} << Ranges{{0, 9}};
-        QTest::newRow("only the last one is widened")
-            << Ranges{{5, 9}, {20, 30}, {6, 8}} << Ranges{{5, 9}, {20, 30}, {6, 8}};
-        QTest::newRow("widened to the left") << Ranges{{5, 9}, {3, 5}} << Ranges{{3, 9}};
+        columns<Ranges, Ranges>({"ranges", "expected"});
+        addRow("none", Ranges{}, Ranges{});
+        addRow("apart", Ranges{{0, 3}, {4, 6}}, Ranges{{0, 3}, {4, 6}});
+        addRow("touching", Ranges{{0, 3}, {3, 6}}, Ranges{{0, 6}});
+        addRow("overlapping", Ranges{{0, 5}, {3, 6}, {6, 9}, {20, 21}}, Ranges{{0, 9}, {20, 21}});
+        addRow("inside", Ranges{{0, 9}, {2, 4}, {3, 5}}, Ranges{{0, 9}});
+        addRow("only the last one is widened", Ranges{{5, 9}, {20, 30}, {6, 8}},
+               Ranges{{5, 9}, {20, 30}, {6, 8}});
+        addRow("widened to the left", Ranges{{5, 9}, {3, 5}}, Ranges{{3, 9}});
     }
 
     void mergesRanges() {
-        QFETCH(Ranges, ranges);
-        QFETCH(Ranges, expected);
+        FETCH(Ranges, ranges, Ranges, expected);
         QCOMPARE(passages::mergedRanges(ranges), expected);
         QCOMPARE(passages::mergedRanges(highlights(ranges)), expected);
     }
 
     void findsOverlaps_data() {
-        QTest::addColumn<Ranges>("first");
-        QTest::addColumn<Ranges>("second");
-        QTest::addColumn<Ranges>("expected");
-        QTest::newRow("none") << Ranges{{0, 5}} << Ranges{{5, 9}} << Ranges{};
-        QTest::newRow("union") << Ranges{{0, 5}} << Ranges{{4, 9}} << Ranges{{0, 9}};
-        QTest::newRow("chain within the second")
-            << Ranges{{0, 5}} << Ranges{{4, 9}, {8, 12}} << Ranges{{0, 12}};
-        QTest::newRow("an earlier one isn't asked again")
-            << Ranges{{5, 8}} << Ranges{{0, 3}, {2, 6}} << Ranges{{2, 8}};
-        QTest::newRow("merged") << Ranges{{0, 5}, {8, 12}, {30, 31}} << Ranges{{4, 9}} << Ranges{{0, 12}};
+        columns<Ranges, Ranges, Ranges>({"first", "second", "expected"});
+        addRow("none", Ranges{{0, 5}}, Ranges{{5, 9}}, Ranges{});
+        addRow("union", Ranges{{0, 5}}, Ranges{{4, 9}}, Ranges{{0, 9}});
+        addRow("chain within the second", Ranges{{0, 5}}, Ranges{{4, 9}, {8, 12}}, Ranges{{0, 12}});
+        addRow("an earlier one isn't asked again", Ranges{{5, 8}}, Ranges{{0, 3}, {2, 6}}, Ranges{{2, 8}});
+        addRow("merged", Ranges{{0, 5}, {8, 12}, {30, 31}}, Ranges{{4, 9}}, Ranges{{0, 12}});
     }
 
     void findsOverlaps() {
-        QFETCH(Ranges, first);
-        QFETCH(Ranges, second);
+        FETCH(Ranges, first, Ranges, second);
         QTEST(passages::overlapRanges(highlights(first), highlights(second)), "expected");
     }
 
     void keepsManualOrder_data() {
-        QTest::addColumn<QVariantList>("manual");
-        QTest::addColumn<QVariantList>("expected");
-        QTest::newRow("none") << QVariantList{} << QVariantList{3, 1, 2};
-        QTest::newRow("gone and twice") << QVariantList{2, 9, 2, 1.0} << QVariantList{2, 1, 3};
-        QTest::newRow("whole") << QVariantList{1, 2, 3} << QVariantList{1, 2, 3};
+        columns<QVariantList, QVariantList>({"manual", "expected"});
+        addRow("none", QVariantList{}, QVariantList{3, 1, 2});
+        addRow("gone and twice", QVariantList{2, 9, 2, 1.0}, QVariantList{2, 1, 3});
+        addRow("whole", QVariantList{1, 2, 3}, QVariantList{1, 2, 3});
     }
 
     void keepsManualOrder() {
@@ -159,12 +147,6 @@ private slots:
         QVERIFY(copies::replace(path, target));
         QCOMPARE(read(target), QByteArray("one"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"p.krn", "t.krn"}));
-    }
-
-    void completesNames() {
-        QCOMPARE(copies::withProjectSuffix("/a/b"), QStringLiteral("/a/b.krn"));
-        QCOMPARE(copies::withProjectSuffix("/a/b.KRN"), QStringLiteral("/a/b.KRN"));
-        QCOMPARE(copies::withProjectSuffix("/a/b.krn.txt"), QStringLiteral("/a/b.krn.txt.krn"));
     }
 
     void keepsAHundredAnswers() {

@@ -2,11 +2,9 @@
 #include "tests_support/ScriptedService.h"
 #include "tests_support/TestMain.h"
 
-#include <QFile>
-
 namespace {
 
-const QString answersName = QStringLiteral("questionAnswerWithQuestionQueryList");
+const QString answersName = "questionAnswerWithQuestionQueryList"_s;
 
 }  // namespace
 
@@ -75,11 +73,12 @@ private slots:
         service.forgetRequests();
         file->saveHighlight(ProjectUnderTest::highlight(1, 0, 5));
         QVERIFY(waitFor([&] { return notes.count() == 1; }));
-        QCOMPARE(notes.first().first().toString(),
-                 QStringLiteral("You are not allowed to change this project."));
+        QCOMPARE(notes.first().first().toString(), "You are not allowed to change this project."_s);
         QVERIFY(service.requestTexts().filter("mutation").isEmpty());
         service.push({{"access_privilege", "write"}});
         QVERIFY(waitFor([&] { return notes.count() == 2; }));
+        QCOMPARE(notes.last().first().toString(), "Your access has been changed by the project owner. "
+                                                  "You can now write to the project."_s);
         QVERIFY(file->canMutate());
     }
 
@@ -95,7 +94,7 @@ private slots:
         service.push({}, 403);
         QVERIFY(waitFor([&] { return notes.count() == 1; }));
         QCOMPARE(notes.first().first().toString(),
-                 QStringLiteral("Your access to the project has been revoked by the project owner."));
+                 "Your access to the project has been revoked by the project owner."_s);
         QCOMPARE(closed.count(), 1);
         QVERIFY(!file->isOpened());
         QCOMPARE(file->kernoModel()->rowCount(), 0);
@@ -116,7 +115,7 @@ private slots:
             ProjectUnderTest file;
             QSignalSpy opened(file.get(), &KRNFile::fileOpened);
             QVERIFY2(!openScripted(file, service), qPrintable(list));
-            QCOMPARE(file->getLastOpenError(), QStringLiteral("Unable to open project."));
+            QCOMPARE(file->getLastOpenError(), "Unable to open project."_s);
             QCOMPARE(opened.count(), 0);
             QVERIFY(!file->isOpened());
             service.answer(list, QJsonArray());
@@ -155,8 +154,8 @@ private slots:
 
     void aPasswordIsSetWholeOrNotAtAll_data() {
         QTest::addColumn<QString>("key");
-        QTest::newRow("proof") << "___db_hash";
-        QTest::newRow("mark") << "___db_encrypted";
+        addRow("proof", "___db_hash");
+        addRow("mark", "___db_encrypted");
     }
 
     void aPasswordIsSetWholeOrNotAtAll() {
@@ -174,17 +173,6 @@ private slots:
         QVERIFY(!file.create("sesame"));
         QVERIFY(!file->isOpened());
         QVERIFY(!file->getLastOpenError().isEmpty());
-    }
-
-    void lossesOfTheLinkAreTold() {
-        ScriptedService service;
-        ProjectUnderTest file;
-        QVERIFY(openScripted(file, service));
-        SignalLog log;
-        log.listen(file.get(), &KRNFile::disconnected, "disconnected");
-        log.listen(file.get(), &KRNFile::closedDueToAnotherSession, "another session");
-        service.closeAll(4000);
-        QVERIFY(waitFor([&] { return log.names == QStringList{"another session"}; }));
     }
 };
 

@@ -68,19 +68,15 @@ private:
 
 private slots:
     void aPartHoldsItsListsAsTheyWere_data() {
-        QTest::addColumn<bool>("sources");
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<bool>("singleQuestion");
-        QTest::newRow("sources") << true << "" << true;
-        QTest::newRow("sources, protected") << true << "s3cret" << false;
-        QTest::newRow("structure") << false << "" << false;
-        QTest::newRow("structure, protected") << false << "s3cret" << true;
+        columns<bool, QString, bool>({"sources", "password", "singleQuestion"});
+        addRow("sources", true, "", true);
+        addRow("sources, protected", true, "s3cret", false);
+        addRow("structure", false, "", false);
+        addRow("structure, protected", false, "s3cret", true);
     }
 
     void aPartHoldsItsListsAsTheyWere() {
-        QFETCH(bool, sources);
-        QFETCH(QString, password);
-        QFETCH(bool, singleQuestion);
+        FETCH(bool, sources, QString, password, bool, singleQuestion);
         m_file.restart();
         QVERIFY(fill(password, singleQuestion));
         const QJsonObject project = m_file->currentProject();

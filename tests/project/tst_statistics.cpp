@@ -1,8 +1,6 @@
 #include "project/Statistics.h"
 #include "tests_support/TestMain.h"
 
-#include <QJsonObject>
-
 namespace {
 
 QJsonObject valueRow(const QString& value, int occurrences, int sources, int withKey) {
@@ -50,18 +48,6 @@ private slots:
                                            {"sourcesCount", 4}}));
     }
 
-    void fillsTheBarWithoutValues() {
-        const QVariantList list = statistics::metadataOverviewWithoutValues(5, "ND");
-        QCOMPARE(list.size(), 1);
-        QCOMPARE(at(list, 0), (QVariantMap{{"value", "ND"},
-                                           {"valueFactor", 1},
-                                           {"valueOccurrences", 5},
-                                           {"keyOccurrences", 5},
-                                           {"keyFactor", 1},
-                                           {"sourcesCount", 5},
-                                           {"sourcesOccurrences", 5}}));
-    }
-
     void countsSourcesOfKernos() {
         const auto row = [](const QString& value, int occurrences, int sources) {
             return QJsonObject{
@@ -99,14 +85,6 @@ private slots:
                  QVariantList({QVariantMap{{"kernoId", 1.0}, {"authors", QVariantList{ann, bob}}},
                                QVariantMap{{"kernoId", 5.0}, {"authors", QVariantList{late}}}}));
         QVERIFY(statistics::coverageByKernoAndAuthor({}, 200).isEmpty());
-    }
-
-    void namesTheLinkOfReports() {
-        const QJsonObject link{{"id", 9},      {"key", "Age"},  {"value", "30"},   {"keyId", 1},
-                               {"valueId", 2}, {"sourceId", 3}, {"author", "Ann"}, {"timestamp", "t"}};
-        QVariantMap expected = link.toVariantMap();
-        expected["metadataId"] = expected.take("id");
-        QCOMPARE(statistics::metadataForReport({link}), QVariantList({expected}));
     }
 };
 

@@ -1,20 +1,11 @@
 #include "ProjectSupport.h"
 #include "link/ServiceConfig.h"
-#include "models/BatchOperationManager.h"
-#include "models/ChatModel.h"
-#include "models/GroupModel.h"
 #include "models/HighlightsModel.h"
-#include "models/KernoGroupModel.h"
 #include "models/MemosModel.h"
-#include "models/SourceMetadataKeyModel.h"
-#include "models/SourceMetadataModel.h"
-#include "models/SourceMetadataValueModel.h"
 #include "models/TextGeometry.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
 
-#include <QLoggingCategory>
-#include <QRandomGenerator>
 #include <functional>
 #include <vector>
 
@@ -47,7 +38,7 @@ template <typename T> QString storedText(const T& record) {
         if (!field.local)
             values << field.wireName + '=' + record.fieldValue(field.number, false).toString();
     }
-    return values.join(QStringLiteral(", "));
+    return values.join(", "_s);
 }
 
 /// A client with all its models and the codings and memos of one answer.
@@ -92,25 +83,13 @@ public:
         add(file.kernoGroupModel());
         add(file.chatModel());
         for (const Highlight& h : highlights->snapshot())
-            all << QStringLiteral("highlight %1 of %2: %3-%4")
-                       .arg(h.id())
-                       .arg(h.kernoId())
-                       .arg(h.start())
-                       .arg(h.end());
+            all << "highlight %1 of %2: %3-%4"_s.arg(h.id()).arg(h.kernoId()).arg(h.start()).arg(h.end());
         for (const Memo& m : memos->snapshot())
-            all << QStringLiteral("memo %1 %2: %3-%4")
-                       .arg(m.id())
-                       .arg(m.content())
-                       .arg(m.start())
-                       .arg(m.end());
+            all << "memo %1 %2: %3-%4"_s.arg(m.id()).arg(m.content()).arg(m.start()).arg(m.end());
         for (const Kerno& kerno : file.kernoModel()->snapshot())
-            all << QStringLiteral("count of %1: %2")
-                       .arg(kerno.id())
-                       .arg(file.kernoModel()->highlightsCount(kerno.id()));
+            all << "count of %1: %2"_s.arg(kerno.id()).arg(file.kernoModel()->highlightsCount(kerno.id()));
         for (const Group& group : file.groupModel()->snapshot())
-            all << QStringLiteral("kernos in %1: %2")
-                       .arg(group.id())
-                       .arg(file.kernoGroupModel()->countOfGroup(group.id()));
+            all << "kernos in %1: %2"_s.arg(group.id()).arg(file.kernoGroupModel()->countOfGroup(group.id()));
         all.sort();
         return all;
     }
@@ -121,13 +100,13 @@ QString differences(const QStringList& shown, const QStringList& stored) {
     QString text;
     for (const QString& line : shown) {
         if (!stored.contains(line))
-            text += QStringLiteral("\nonly shown: ") + line;
+            text += "\nonly shown: "_s + line;
     }
     for (const QString& line : stored) {
         if (!shown.contains(line))
-            text += QStringLiteral("\nonly stored: ") + line;
+            text += "\nonly stored: "_s + line;
     }
-    return shown.size() == stored.size() || !text.isEmpty() ? text : QStringLiteral("rows stand twice");
+    return shown.size() == stored.size() || !text.isEmpty() ? text : "rows stand twice"_s;
 }
 
 using Change = std::function<void(KRNFile& file, QRandomGenerator& random)>;
@@ -137,21 +116,21 @@ int anyId(QRandomGenerator& random) {
 }
 
 QString anyText(QRandomGenerator& random) {
-    return QStringLiteral("text \"%1\"\\").arg(random.bounded(1000));
+    return "text \"%1\"\\"_s.arg(random.bounded(1000));
 }
 
 // A passage never moves to another answer.
 Highlight anyHighlight(QRandomGenerator& random) {
     const int id = 1 + random.bounded(5 * ids);
     const int start = random.bounded(50);
-    return Highlight(id, anyId(random), 1 + id % 2, 1, {}, start, 10, start + 10, QStringLiteral("Ann"), {},
-                     0, 0, 0, false);
+    return Highlight(id, anyId(random), 1 + id % 2, 1, {}, start, 10, start + 10, "Ann"_s, {}, 0, 0, 0,
+                     false);
 }
 
 Memo anyMemo(QRandomGenerator& random) {
     const int id = 1 + random.bounded(3 * ids);
     const int start = random.bounded(50);
-    return Memo(id, 1 + id % 2, 1, anyText(random), start, 10, start + 10, QStringLiteral("Ann"), {}, 0, 0);
+    return Memo(id, 1 + id % 2, 1, anyText(random), start, 10, start + 10, "Ann"_s, {}, 0, 0);
 }
 
 template <typename T> QList<T> several(T (*any)(QRandomGenerator&), QRandomGenerator& random) {
@@ -166,12 +145,11 @@ Source anySource(QRandomGenerator& random) {
 }
 
 QuestionAnswer anyAnswer(QRandomGenerator& random) {
-    return QuestionAnswer(anyId(random), 1, anyId(random), QStringLiteral("Ann"), anyText(random), {});
+    return QuestionAnswer(anyId(random), 1, anyId(random), "Ann"_s, anyText(random), {});
 }
 
 SourceMetadata anyLink(QRandomGenerator& random) {
-    return SourceMetadata(anyId(random), anyId(random), anyId(random), anyId(random), QStringLiteral("Ann"),
-                          {});
+    return SourceMetadata(anyId(random), anyId(random), anyId(random), anyId(random), "Ann"_s, {});
 }
 
 /// Everything that both clients hear of.
@@ -179,8 +157,8 @@ std::vector<Change> changes() {
     return {
         [](KRNFile& file, QRandomGenerator& random) {
             const int id = anyId(random);
-            file.saveKerno(Kerno(id, id > 2 ? id / 2 : -1, QColor(Qt::red), anyText(random), {}, {},
-                                 QStringLiteral("Ann"), id, random.bounded(100)));
+            file.saveKerno(Kerno(id, id > 2 ? id / 2 : -1, QColor(Qt::red), anyText(random), {}, {}, "Ann"_s,
+                                 id, random.bounded(100)));
         },
         [](KRNFile& file, QRandomGenerator& random) { file.deleteKerno(file.kerno(anyId(random))); },
         [](KRNFile& file, QRandomGenerator& random) { file.saveSource(anySource(random)); },
@@ -236,7 +214,7 @@ std::vector<Change> changes() {
             file.deleteKernoGroup(file.kernoGroupModel()->record(anyId(random)));
         },
         [](KRNFile& file, QRandomGenerator& random) {
-            file.saveChatMessage(ChatMessage(anyId(random), anyText(random), QStringLiteral("Ann"), {}));
+            file.saveChatMessage(ChatMessage(anyId(random), anyText(random), "Ann"_s, {}));
         },
         [](KRNFile& file, QRandomGenerator& random) {
             file.deleteChatMessage(file.chatModel()->record(anyId(random)));
@@ -269,86 +247,77 @@ class tst_TwoClients : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void idsAreSharedOut();
-    void bothEndWithWhatIsStored_data();
-    void bothEndWithWhatIsStored();
+    void initTestCase() {}
+
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_service = std::make_unique<RealService>(ServiceConfig::instance().serviceToken());
+        QVERIFY(m_service->start());
+        QVERIFY(m_service->share());
+        m_ann = std::make_unique<Client>();
+        QVERIFY(m_ann->open(path(), true));
+        m_bea = std::make_unique<Client>();
+        QVERIFY(m_bea->open(path(), false));
+        QTRY_COMPARE(m_ann->file.connectedUserCount(), 2);
+    }
+
+    void cleanup() {
+        m_bea.reset();
+        m_ann.reset();
+        m_service.reset();
+    }
+
+    void idsAreSharedOut() {
+        const QString word = wire::word(wire::Record::Highlight);
+        QList<int> taken;
+        for (int round = 0; round < 3; ++round) {
+            taken += m_ann->file.dataHelper()->nextIds(word, 50);
+            taken << m_bea->file.dataHelper()->nextId(word, true);
+            taken += m_bea->file.dataHelper()->nextIds(word, 50);
+        }
+        QCOMPARE(taken.size(), 303);
+        QCOMPARE(QSet<int>(taken.begin(), taken.end()).size(), 303);
+    }
+
+    void bothEndWithWhatIsStored_data() {
+        QTest::addColumn<uint>("seed");
+        for (uint seed = 1; seed <= 3; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
+
+    void bothEndWithWhatIsStored() {
+        QFETCH(uint, seed);
+        QRandomGenerator random(seed);
+        const std::vector<Change> all = changes();
+        for (int step = 0; step < steps; ++step) {
+            Client& client = random.bounded(2) ? *m_ann : *m_bea;
+            all[static_cast<size_t>(random.bounded(static_cast<int>(all.size())))](client.file, random);
+            if (random.bounded(4) == 0)
+                QCoreApplication::processEvents();
+        }
+        // A reply tells that the changes before it are stored, and stands behind their notifications. Ann's
+        // second one stands behind Bea's too.
+        m_ann->file.kernoIds();
+        m_bea->file.kernoIds();
+        m_ann->file.kernoIds();
+
+        Client fresh;
+        QVERIFY(fresh.open(path(), false));
+        // Some models fetch later, on their own. The comparisons after the wait tell what differs.
+        waitFor([&] { return m_ann->lists() == fresh.lists() && m_bea->lists() == fresh.lists(); });
+        QVERIFY(fresh.lists().size() > 5 * ids);
+        QCOMPARE(differences(m_ann->lists(), fresh.lists()), QString());
+        QCOMPARE(differences(m_bea->lists(), fresh.lists()), QString());
+    }
 
 private:
-    QString path() const { return m_folder->filePath(QStringLiteral("shared.krn")); }
+    QString path() const { return m_folder->filePath("shared.krn"_s); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<RealService> m_service;
     std::unique_ptr<Client> m_ann;
     std::unique_ptr<Client> m_bea;
 };
-
-void tst_TwoClients::initTestCase() {
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
-}
-
-void tst_TwoClients::init() {
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_service = std::make_unique<RealService>(ServiceConfig::instance().serviceToken());
-    QVERIFY(m_service->start());
-    QVERIFY(m_service->share());
-    m_ann = std::make_unique<Client>();
-    QVERIFY(m_ann->open(path(), true));
-    m_bea = std::make_unique<Client>();
-    QVERIFY(m_bea->open(path(), false));
-    QTRY_COMPARE(m_ann->file.connectedUserCount(), 2);
-}
-
-void tst_TwoClients::cleanup() {
-    m_bea.reset();
-    m_ann.reset();
-    m_service.reset();
-}
-
-void tst_TwoClients::idsAreSharedOut() {
-    const QString word = wire::word(wire::Record::Highlight);
-    QList<int> taken;
-    for (int round = 0; round < 3; ++round) {
-        taken += m_ann->file.dataHelper()->nextIds(word, 50);
-        taken << m_bea->file.dataHelper()->nextId(word, true);
-        taken += m_bea->file.dataHelper()->nextIds(word, 50);
-    }
-    QCOMPARE(taken.size(), 303);
-    QCOMPARE(QSet<int>(taken.begin(), taken.end()).size(), 303);
-}
-
-void tst_TwoClients::bothEndWithWhatIsStored_data() {
-    QTest::addColumn<uint>("seed");
-    for (uint seed = 1; seed <= 3; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void tst_TwoClients::bothEndWithWhatIsStored() {
-    QFETCH(uint, seed);
-    QRandomGenerator random(seed);
-    const std::vector<Change> all = changes();
-    for (int step = 0; step < steps; ++step) {
-        Client& client = random.bounded(2) ? *m_ann : *m_bea;
-        all[static_cast<size_t>(random.bounded(static_cast<int>(all.size())))](client.file, random);
-        if (random.bounded(4) == 0)
-            QCoreApplication::processEvents();
-    }
-    // A reply tells that the changes before it are stored, and stands behind their notifications. Ann's
-    // second one stands behind Bea's too.
-    m_ann->file.kernoIds();
-    m_bea->file.kernoIds();
-    m_ann->file.kernoIds();
-
-    Client fresh;
-    QVERIFY(fresh.open(path(), false));
-    // Some models fetch later, on their own. The comparisons after the wait tell what differs.
-    waitFor([&] { return m_ann->lists() == fresh.lists() && m_bea->lists() == fresh.lists(); });
-    QVERIFY(fresh.lists().size() > 5 * ids);
-    QCOMPARE(differences(m_ann->lists(), fresh.lists()), QString());
-    QCOMPARE(differences(m_bea->lists(), fresh.lists()), QString());
-}
 
 KERNOVA_TEST_MAIN(tst_TwoClients)
 #include "tst_twoclients.moc"
