@@ -1,9 +1,6 @@
 #include "FrameExercise.h"
 #include "tests_support/TestMain.h"
 
-#include <QDir>
-#include <QRandomGenerator>
-
 /// Replays the fuzzer's texts, and texts that are close to them.
 class TestCorpus : public QObject {
     Q_OBJECT
@@ -16,7 +13,7 @@ private slots:
         for (const QString& name : names) {
             QFile file(folder.filePath(name));
             QVERIFY(file.open(QIODevice::ReadOnly));
-            QTest::newRow(qPrintable(name)) << file.readAll();
+            addRow(qPrintable(name), file.readAll());
         }
     }
 

@@ -6,8 +6,6 @@
 #include "wire/QueryText.h"
 
 #include <QTcpSocket>
-#include <QTemporaryDir>
-#include <QtEndian>
 
 namespace {
 
@@ -37,10 +35,9 @@ private slots:
     void initTestCase() { QVERIFY(m_service.start()); }
 
     void reportsFaultsWithTheirPlace_data() {
-        QTest::addColumn<QString>("query");
-        QTest::addColumn<QString>("position");
+        columns<QString, QString>({"query", "position"});
         const auto row = [](const char* query, const char* position) {
-            QTest::newRow(query) << QString::fromLatin1(query) << QString::fromLatin1(position);
+            addRow(query, QString::fromLatin1(query), QString::fromLatin1(position));
         };
         row("", "0");
         row("{kernoQueryList{id}", "19");
@@ -65,25 +62,23 @@ private slots:
     }
 
     void reportsFaultsWithTheirPlace() {
-        QFETCH(QString, query);
-        QFETCH(QString, position);
+        FETCH(QString, query, QString, position);
         ServiceClient client;
-        QVERIFY(client.connectTo(m_service.port()) &&
-                client.open(m_folder.filePath(QStringLiteral("a.krn"))));
+        QVERIFY(client.connectTo(m_service.port()) && client.open(m_folder.filePath("a.krn"_s)));
         const QString error = client.errorOf(query);
-        QVERIFY2(error.endsWith(QStringLiteral("(at character %1)").arg(position)), qPrintable(error));
+        QVERIFY2(error.endsWith("(at character %1)"_s.arg(position)), qPrintable(error));
         QCOMPARE(client.frames.back().status, 400);
     }
 
     void survivesWhatIsNoRequest_data() {
         QTest::addColumn<QString>("text");
-        QTest::newRow("no json") << QStringLiteral("{\"auth\":");
-        QTest::newRow("array") << QStringLiteral("[]");
-        QTest::newRow("empty") << QString();
-        QTest::newRow("no query") << QStringLiteral("{}");
-        QTest::newRow("deep") << QString(100000, QLatin1Char('['));
-        QTest::newRow("deep query") << QStringLiteral("{\"msg_id\":\"i_3\",\"json_data\":\"") +
-                                           QString(100000, QLatin1Char('{')) + QStringLiteral("\"}");
+        addRow("no json", "{\"auth\":"_s);
+        addRow("array", "[]"_s);
+        addRow("empty", QString());
+        addRow("no query", "{}"_s);
+        addRow("deep", QString(100000, QLatin1Char('[')));
+        addRow("deep query",
+               "{\"msg_id\":\"i_3\",\"json_data\":\""_s + QString(100000, QLatin1Char('{')) + "\"}"_s);
     }
 
     void survivesWhatIsNoRequest() {
@@ -92,30 +87,27 @@ private slots:
         QVERIFY(client.connectTo(m_service.port()));
         client.sendRaw(text);
         QVERIFY(client.waitForFrames(1));
-        QVERIFY(client.frames[0].payload.contains(QStringLiteral("errors")));
-        QVERIFY(client.open(m_folder.filePath(QStringLiteral("b.krn"))));
+        QVERIFY(client.frames[0].payload.contains("errors"_s));
+        QVERIFY(client.open(m_folder.filePath("b.krn"_s)));
     }
 
     void endsOnlyTheConnectionThatBreaksTheRules_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("code");
-        QTest::newRow("unmasked") << frame(opText, "{}", false) << 1002;
-        QTest::newRow("not utf-8") << frame(opText, "\xC3\x28") << 1007;
-        QTest::newRow("binary") << frame(opBinary, "{}") << 1003;
-        QTest::newRow("bad close code") << frame(opClose, QByteArray("\x00\x01", 2)) << 1002;
-        QTest::newRow("reserved") << frame(3, "{}") << 1002;
+        columns<QByteArray, int>({"bytes", "code"});
+        addRow("unmasked", frame(opText, "{}", false), 1002);
+        addRow("not utf-8", frame(opText, "\xC3\x28"), 1007);
+        addRow("binary", frame(opBinary, "{}"), 1003);
+        addRow("bad close code", frame(opClose, QByteArray("\x00\x01", 2)), 1002);
+        addRow("reserved", frame(3, "{}"), 1002);
         QByteArray huge = frame(opText, {});
         huge[1] = static_cast<char>(0xFF);
         huge.insert(2, QByteArray("\0\0\0\0\x04\0\0\x01", 8));
-        QTest::newRow("too large") << huge << 1009;
+        addRow("too large", huge, 1009);
     }
 
     void endsOnlyTheConnectionThatBreaksTheRules() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, code);
+        FETCH(QByteArray, bytes, int, code);
         ServiceClient witness;
-        QVERIFY(witness.connectTo(m_service.port()) &&
-                witness.open(m_folder.filePath(QStringLiteral("c.krn"))));
+        QVERIFY(witness.connectTo(m_service.port()) && witness.open(m_folder.filePath("c.krn"_s)));
         QTcpSocket socket;
         socket.connectToHost(QHostAddress::LocalHost, m_service.port());
         QVERIFY(socket.waitForConnected());
@@ -132,29 +124,24 @@ private slots:
             closing += socket.readAll();
         QCOMPARE(static_cast<int>(static_cast<uchar>(closing[0])), 0x80 | opClose);
         QCOMPARE(static_cast<int>(qFromBigEndian<quint16>(closing.constData() + 2)), code);
-        QVERIFY(witness.ask(QStringLiteral("{kernoMaxId(next: false)}")).isDouble());
+        QVERIFY(witness.ask("{kernoMaxId(next: false)}"_s).isDouble());
     }
 
     void scansOutlines_data() {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<bool>("valid");
-        QTest::addColumn<QByteArrayList>("parts");
-        QTest::newRow("plain") << QByteArray(" {\"a\" : 1 , \"b\":[2,\"}\"]} ") << true
-                               << QByteArrayList{"a", "1", "b", "[2,\"}\"]"};
-        QTest::newRow("escapes") << QByteArray("{\"a\\\"\":\"\\\\\"}") << true
-                                 << QByteArrayList{"a\\\"", "\"\\\\\""};
-        QTest::newRow("empty") << QByteArray("{}") << true << QByteArrayList{};
-        QTest::newRow("open string") << QByteArray("{\"a\":\"}") << false << QByteArrayList{};
-        QTest::newRow("open object") << QByteArray("{\"a\":{}") << false << QByteArrayList{"a", "{}"};
-        QTest::newRow("no value") << QByteArray("{\"a\":}") << false << QByteArrayList{};
-        QTest::newRow("no object") << QByteArray("[1]") << false << QByteArrayList{};
-        QTest::newRow("nothing") << QByteArray() << false << QByteArrayList{};
+        columns<QByteArray, bool, QByteArrayList>({"text", "valid", "parts"});
+        addRow("plain", QByteArray(" {\"a\" : 1 , \"b\":[2,\"}\"]} "), true,
+               QByteArrayList{"a", "1", "b", "[2,\"}\"]"});
+        addRow("escapes", QByteArray("{\"a\\\"\":\"\\\\\"}"), true, QByteArrayList{"a\\\"", "\"\\\\\""});
+        addRow("empty", QByteArray("{}"), true, QByteArrayList{});
+        addRow("open string", QByteArray("{\"a\":\"}"), false, QByteArrayList{});
+        addRow("open object", QByteArray("{\"a\":{}"), false, QByteArrayList{"a", "{}"});
+        addRow("no value", QByteArray("{\"a\":}"), false, QByteArrayList{});
+        addRow("no object", QByteArray("[1]"), false, QByteArrayList{});
+        addRow("nothing", QByteArray(), false, QByteArrayList{});
     }
 
     void scansOutlines() {
-        QFETCH(QByteArray, text);
-        QFETCH(bool, valid);
-        QFETCH(QByteArrayList, parts);
+        FETCH(QByteArray, text, bool, valid, QByteArrayList, parts);
         QByteArrayList found;
         const bool read =
             jsonscan::eachMember(text, {0, text.size()}, [&](const QByteArray& key, jsonscan::Span value) {

@@ -5,21 +5,18 @@
 #include "store/Sql.h"
 #include "tests_support/TestMain.h"
 
-#include <QDir>
-#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 
 namespace {
 
 /// A connection that knows nothing of the store.
 bool runSql(const QString& path, const QStringList& texts) {
-    const QString name = QStringLiteral("stranger");
+    const QString name = "stranger"_s;
     bool ok = true;
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE"_s, name);
         database.setDatabaseName(path);
         ok = database.open();
         QSqlQuery query(database);
@@ -49,7 +46,7 @@ private:
 
 private slots:
     void init() {
-        m_path = m_folder.filePath(QStringLiteral("p.krn"));
+        m_path = m_folder.filePath("p.krn"_s);
         QFile::remove(m_path);
     }
 
@@ -57,10 +54,10 @@ private slots:
         QString message;
         std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
         QVERIFY2(store, qPrintable(message));
-        QCOMPARE(files(), QStringList{QStringLiteral("p.krn")});
+        QCOMPARE(files(), QStringList{"p.krn"_s});
         QCOMPARE(contentsOf(m_path).mid(68, 4), QByteArrayLiteral("KRN1"));
-        for (const QString& setting : {QStringLiteral("synchronous"), QStringLiteral("cell_size_check")}) {
-            Statement statement = store->database().statement(QStringLiteral("PRAGMA ") + setting);
+        for (const QString& setting : {"synchronous"_s, "cell_size_check"_s}) {
+            Statement statement = store->database().statement("PRAGMA "_s + setting);
             QVERIFY(statement.run() && statement.next());
             QCOMPARE(statement.value(0).toInt(), setting == QLatin1String("synchronous") ? 2 : 1);
         }
@@ -69,7 +66,7 @@ private slots:
     void opensFilesOfTheFirstVersion() {
         // Written down from a file of that version: what is out there has to open for ever.
         const QString text = QString::fromUtf8(contentsOf(QStringLiteral(KERNOVA_FIRST_VERSION)));
-        QVERIFY(runSql(m_path, text.split(QStringLiteral(";\n"), Qt::SkipEmptyParts)));
+        QVERIFY(runSql(m_path, text.split(";\n"_s, Qt::SkipEmptyParts)));
         QString message;
         std::unique_ptr<ProjectStore> store = ProjectStore::openExisting(m_path, &message);
         QVERIFY2(store, qPrintable(message));
@@ -85,31 +82,29 @@ private slots:
 
         // A program with one field more takes it along, and knows it again.
         Migrations later = migrations();
-        later.push_back(
-            {QStringLiteral("ALTER TABLE tbl_kerno ADD COLUMN \"weight\" INTEGER NOT NULL DEFAULT 3")});
+        later.push_back({"ALTER TABLE tbl_kerno ADD COLUMN \"weight\" INTEGER NOT NULL DEFAULT 3"_s});
         Table wider = tableOf(wire::Record::Kerno);
-        wider.columns.push_back(
-            {QStringLiteral("weight"), QStringLiteral("weight"), FieldType::Integer, true, false, {}});
+        wider.columns.push_back({"weight"_s, "weight"_s, FieldType::Integer, true, false, {}});
         const int weight = static_cast<int>(wider.columns.size()) - 1;
         for (int opening = 0; opening < 2; ++opening) {
             const std::unique_ptr<Database> database = projectfile::open(m_path, &message, later);
             QVERIFY2(database, qPrintable(message));
-            Statement row = database->statement(
-                sql::select({&wider, {wider.indexOf(QStringLiteral("title")), weight}, {}}));
+            Statement row =
+                database->statement(sql::select({&wider, {wider.indexOf("title"_s), weight}, {}}));
             QVERIFY(row.run() && row.next());
-            QCOMPARE(row.value(0).toString(), QStringLiteral("trust"));
+            QCOMPARE(row.value(0).toString(), "trust"_s);
             QCOMPARE(row.value(1).toInt(), 3);
         }
         QVERIFY(!projectfile::open(m_path, &message));
-        QVERIFY2(message.contains(QStringLiteral("newer version")), qPrintable(message));
+        QVERIFY2(message.contains("newer version"_s), qPrintable(message));
     }
 
     void isNotRuinedByWhatACrashLeft() {
         // A journal with a page in it that isn't played back yet, and no file of its name.
         QVERIFY(projectfile::create(m_path).ok());
-        const QString journal = m_path + QStringLiteral("-journal");
-        QVERIFY(runSql(m_path, {QStringLiteral("PRAGMA journal_mode = PERSIST"),
-                                QStringLiteral("INSERT INTO tbl_preference VALUES ('a', '1')")}));
+        const QString journal = m_path + "-journal"_s;
+        QVERIFY(runSql(
+            m_path, {"PRAGMA journal_mode = PERSIST"_s, "INSERT INTO tbl_preference VALUES ('a', '1')"_s}));
         QByteArray bytes = contentsOf(journal);
         const QByteArray magic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7\x00\x00\x00\x01", 12);
         bytes.replace(0, magic.size(), magic);
@@ -121,36 +116,33 @@ private slots:
         QString message;
         const std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
         QVERIFY2(store, qPrintable(message));
-        QCOMPARE(files(), QStringList{QStringLiteral("p.krn")});
+        QCOMPARE(files(), QStringList{"p.krn"_s});
         // A file that can't come leaves it to the one whose it is.
-        const QString folder = m_folder.filePath(QStringLiteral("taken.krn"));
-        QVERIFY(QDir().mkpath(folder) && QFile::copy(m_path, folder + QStringLiteral("-journal")));
+        const QString folder = m_folder.filePath("taken.krn"_s);
+        QVERIFY(QDir().mkpath(folder) && QFile::copy(m_path, folder + "-journal"_s));
         QVERIFY(!projectfile::create(folder).ok());
-        QVERIFY(QFile::remove(folder + QStringLiteral("-journal")));
+        QVERIFY(QFile::remove(folder + "-journal"_s));
     }
 
     void refusesAndLeavesUntouched_data() {
-        QTest::addColumn<QStringList>("changes");
-        QTest::addColumn<QString>("reason");
+        columns<QStringList, QString>({"changes", "reason"});
         const auto row = [](const char* name, const QStringList& changes, const char* reason) {
-            QTest::newRow(name) << changes << QString::fromLatin1(reason);
+            addRow(name, changes, QString::fromLatin1(reason));
         };
-        row("other application", {QStringLiteral("PRAGMA application_id = 77")}, "isn't a Kernova project");
-        row("newer version", {QStringLiteral("PRAGMA user_version = 4000")}, "newer version");
-        row("no version", {QStringLiteral("PRAGMA user_version = 0")}, "isn't complete");
-        row("other journal", {QStringLiteral("PRAGMA journal_mode = WAL")}, "isn't a Kernova project");
-        row("trigger",
-            {QStringLiteral("CREATE TRIGGER t AFTER INSERT ON tbl_kerno BEGIN DELETE FROM tbl_source; END")},
+        row("other application", {"PRAGMA application_id = 77"_s}, "isn't a Kernova project");
+        row("newer version", {"PRAGMA user_version = 4000"_s}, "newer version");
+        row("no version", {"PRAGMA user_version = 0"_s}, "isn't complete");
+        row("other journal", {"PRAGMA journal_mode = WAL"_s}, "isn't a Kernova project");
+        row("trigger", {"CREATE TRIGGER t AFTER INSERT ON tbl_kerno BEGIN DELETE FROM tbl_source; END"_s},
             "trigger");
-        row("view", {QStringLiteral("CREATE VIEW v AS SELECT * FROM tbl_kerno")}, "view");
-        row("table", {QStringLiteral("CREATE TABLE other (a INTEGER)")}, "table");
-        row("column", {QStringLiteral("ALTER TABLE tbl_kerno ADD COLUMN more TEXT")}, "tbl_kerno");
-        row("missing index", {QStringLiteral("DROP INDEX idx_memo_sourceId_questionId")}, "missing");
+        row("view", {"CREATE VIEW v AS SELECT * FROM tbl_kerno"_s}, "view");
+        row("table", {"CREATE TABLE other (a INTEGER)"_s}, "table");
+        row("column", {"ALTER TABLE tbl_kerno ADD COLUMN more TEXT"_s}, "tbl_kerno");
+        row("missing index", {"DROP INDEX idx_memo_sourceId_questionId"_s}, "missing");
     }
 
     void refusesAndLeavesUntouched() {
-        QFETCH(QStringList, changes);
-        QFETCH(QString, reason);
+        FETCH(QStringList, changes, QString, reason);
         QVERIFY(projectfile::create(m_path).ok());
         QVERIFY(runSql(m_path, changes));
         const QByteArray before = contentsOf(m_path);
@@ -158,14 +150,14 @@ private slots:
         QVERIFY(!ProjectStore::open(m_path, &message));
         QVERIFY2(message.contains(reason), qPrintable(message));
         QCOMPARE(contentsOf(m_path), before);
-        QCOMPARE(files(), QStringList{QStringLiteral("p.krn")});
+        QCOMPARE(files(), QStringList{"p.krn"_s});
     }
 
     void refusesWhatIsNoDatabase_data() {
         QTest::addColumn<QByteArray>("contents");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("text") << QByteArray("An interview, but not a project.");
-        QTest::newRow("long text") << QByteArray(5000, 'x');
+        addRow("empty", QByteArray());
+        addRow("text", QByteArray("An interview, but not a project."));
+        addRow("long text", QByteArray(5000, 'x'));
     }
 
     void refusesWhatIsNoDatabase() {
@@ -182,10 +174,9 @@ private slots:
 
     void refusesADamagedFile() {
         QVERIFY(projectfile::create(m_path).ok());
-        QVERIFY(runSql(
-            m_path,
-            {QStringLiteral("INSERT INTO tbl_kerno (id, title) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
-                            "SELECT i + 1 FROM n WHERE i < 2000) SELECT i, 'title ' || i FROM n")}));
+        QVERIFY(
+            runSql(m_path, {"INSERT INTO tbl_kerno (id, title) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
+                            "SELECT i + 1 FROM n WHERE i < 2000) SELECT i, 'title ' || i FROM n"_s}));
         QByteArray bytes = contentsOf(m_path);
         // Whole pages of rubbish in the middle, the header and the definitions as they were.
         for (int at = bytes.size() / 2; at < bytes.size() / 2 + 12000; ++at)
@@ -196,8 +187,7 @@ private slots:
         file.close();
         QString message;
         QVERIFY(!ProjectStore::open(m_path, &message));
-        QVERIFY2(message.contains(QStringLiteral("damaged")) || message.contains(QStringLiteral("malformed")),
-                 qPrintable(message));
+        QVERIFY2(message.contains("damaged"_s) || message.contains("malformed"_s), qPrintable(message));
         QCOMPARE(contentsOf(m_path), bytes);
     }
 

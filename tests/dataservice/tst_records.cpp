@@ -4,15 +4,12 @@
 #include "tests_support/TestMain.h"
 #include "wire/QueryText.h"
 
-#include <QDateTime>
-#include <QTemporaryDir>
-
 using wire::Operation;
 using wire::Record;
 
 namespace {
 
-const QString awkward = QStringLiteral("quote \" back \\ line\nemoji \U0001F600 n\\n \u2028 tab\t end");
+const QString awkward = "quote \" back \\ line\nemoji \U0001F600 n\\n \u2028 tab\t end"_s;
 
 /// A value for a column, other for each `variant`.
 QString argumentFor(const Column& column, int variant) {
@@ -22,7 +19,7 @@ QString argumentFor(const Column& column, int variant) {
     case FieldType::Boolean:
         return wire::argument(column.name, variant % 2);
     case FieldType::Color:
-        return wire::argument(column.name, QStringLiteral("#00ff%1").arg(variant + 10));
+        return wire::argument(column.name, "#00ff%1"_s.arg(variant + 10));
     default:
         return wire::argument(column.name, awkward + QString::number(variant));
     }
@@ -35,14 +32,14 @@ QJsonValue expectedFor(const Column& column, int variant) {
     case FieldType::Boolean:
         return variant % 2 == 1;
     case FieldType::Color:
-        return QStringLiteral("#00ff%1").arg(variant + 10);
+        return "#00ff%1"_s.arg(variant + 10);
     default:
         return awkward + QString::number(variant);
     }
 }
 
 QString idArgument(const Table& table, int id) {
-    return table.hasTextId() ? wire::argument(table.id().name, QStringLiteral("key%1").arg(id))
+    return table.hasTextId() ? wire::argument(table.id().name, "key%1"_s.arg(id))
                              : wire::argument(table.id().name, id);
 }
 
@@ -74,8 +71,7 @@ private:
     QList<int> ids(const QString& query) {
         QList<int> found;
         for (const QJsonValue& value : m_client->ask(query).toArray())
-            found << (value.isObject() ? value.toObject().value(QStringLiteral("id")).toInt()
-                                       : value.toInt());
+            found << (value.isObject() ? value.toObject().value("id"_s).toInt() : value.toInt());
         return found;
     }
 
@@ -85,7 +81,7 @@ private slots:
         QVERIFY(m_service->start());
         m_client = std::make_unique<ServiceClient>();
         QVERIFY(m_client->connectTo(m_service->port()));
-        const QString file = path(QString::fromLatin1(QTest::currentTestFunction()) + QStringLiteral(".krn"));
+        const QString file = path(QString::fromLatin1(QTest::currentTestFunction()) + ".krn"_s);
         QFile::remove(file);
         QVERIFY(m_client->open(file));
     }
@@ -93,7 +89,7 @@ private slots:
     void storesEveryRecord_data() {
         QTest::addColumn<int>("record");
         for (Record record : wire::allRecords())
-            QTest::newRow(qPrintable(wire::word(record))) << static_cast<int>(record);
+            addRow(qPrintable(wire::word(record)), static_cast<int>(record));
     }
 
     void storesEveryRecord() {
@@ -137,63 +133,58 @@ private slots:
     }
 
     void keepsWhatIsNotSent() {
-        save(Record::Kerno,
-             QStringLiteral("id:1 parentKernoId:3 color:\"#102030\" title:\"a\" description:\"b\" x:5 y:6"));
+        save(Record::Kerno, "id:1 parentKernoId:3 color:\"#102030\" title:\"a\" description:\"b\" x:5 y:6"_s);
         const QJsonObject reply =
-            m_client->ask(ServiceClient::saving(Record::Kerno, QStringLiteral("id:1 title:\"c\"")))
-                .toObject();
-        QCOMPARE(reply.value(QStringLiteral("title")).toString(), QStringLiteral("c"));
-        QCOMPARE(reply.value(QStringLiteral("description")).toString(), QStringLiteral("b"));
-        QCOMPARE(reply.value(QStringLiteral("parentKernoId")).toInt(), 3);
-        QCOMPARE(reply.value(QStringLiteral("x")).toInt(), 5);
+            m_client->ask(ServiceClient::saving(Record::Kerno, "id:1 title:\"c\""_s)).toObject();
+        QCOMPARE(reply.value("title"_s).toString(), "c"_s);
+        QCOMPARE(reply.value("description"_s).toString(), "b"_s);
+        QCOMPARE(reply.value("parentKernoId"_s).toInt(), 3);
+        QCOMPARE(reply.value("x"_s).toInt(), 5);
     }
 
     void keepsTextsExactly() {
         const QString half(QChar(0xD800));
-        const QStringList texts{QStringLiteral(""),
+        const QStringList texts{""_s,
                                 QString(QChar(0xFEFF)) + QLatin1Char('a'),
                                 QString(QChar(0xFFFE)) + QChar(0xFFFF),
                                 QString(QChar(0)) + QLatin1Char('a'),
-                                QStringLiteral("'; DROP TABLE tbl_kerno; --"),
+                                "'; DROP TABLE tbl_kerno; --"_s,
                                 half + QLatin1Char('b')};
         for (QString text : texts) {
             // Written out by hand: a frame may hold any text as an escape.
             QString escaped;
             for (QChar c : text)
-                escaped += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-            m_client->sendRaw(QStringLiteral("{\"auth\":\"\",\"msg_id\":\"i_900\",\"json_data\":\"mutation{"
-                                             "sourceCreateOrUpdate(id:1 title:\\\"%1\\\"){id title}}\"}")
-                                  .arg(escaped));
-            QCOMPARE(list(Record::Source).at(0).toObject().value(QStringLiteral("title")).toString(),
+                escaped += "\\u%1"_s.arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            m_client->sendRaw("{\"auth\":\"\",\"msg_id\":\"i_900\",\"json_data\":\"mutation{"
+                              "sourceCreateOrUpdate(id:1 title:\\\"%1\\\"){id title}}\"}"_s.arg(escaped));
+            QCOMPARE(list(Record::Source).at(0).toObject().value("title"_s).toString(),
                      text.replace(half, QString(QChar(0xFFFD))));
         }
     }
 
     void givesScalarsBackAsTheirKind_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QJsonValue>("value");
-        QTest::newRow("whole") << QStringLiteral("5") << QJsonValue(5);
-        QTest::newRow("real") << QStringLiteral("-2.25") << QJsonValue(-2.25);
-        QTest::newRow("true") << QStringLiteral("true") << QJsonValue(true);
-        QTest::newRow("text") << QStringLiteral("\"5\"") << QJsonValue(QStringLiteral("5"));
-        QTest::newRow("quotes") << QStringLiteral("\"a\\\"b\"") << QJsonValue(QStringLiteral("a\"b"));
-        QTest::newRow("null") << QStringLiteral("null") << QJsonValue();
+        columns<QString, QJsonValue>({"text", "value"});
+        addRow("whole", "5"_s, QJsonValue(5));
+        addRow("real", "-2.25"_s, QJsonValue(-2.25));
+        addRow("true", "true"_s, QJsonValue(true));
+        addRow("text", "\"5\""_s, QJsonValue("5"_s));
+        addRow("quotes", "\"a\\\"b\""_s, QJsonValue("a\"b"_s));
+        addRow("null", "null"_s, QJsonValue());
     }
 
     void givesScalarsBackAsTheirKind() {
-        QFETCH(QString, text);
-        QFETCH(QJsonValue, value);
-        save(Record::Preference, QStringLiteral("key:\"k\" value:") + text);
-        save(Record::SourceMetadataValue, QStringLiteral("id:1 keyId:1 value:") + text);
+        FETCH(QString, text, QJsonValue, value);
+        save(Record::Preference, "key:\"k\" value:"_s + text);
+        save(Record::SourceMetadataValue, "id:1 keyId:1 value:"_s + text);
         const QJsonObject preference =
-            m_client->ask(QStringLiteral("{preferenceQueryById(key:\"k\"){key value}}")).toObject();
-        QCOMPARE(preference.value(QStringLiteral("value")), value);
-        QCOMPARE(list(Record::SourceMetadataValue).at(0).toObject().value(QStringLiteral("value")), value);
+            m_client->ask("{preferenceQueryById(key:\"k\"){key value}}"_s).toObject();
+        QCOMPARE(preference.value("value"_s), value);
+        QCOMPARE(list(Record::SourceMetadataValue).at(0).toObject().value("value"_s), value);
     }
 
     void ordersAndFilters() {
-        save(Record::Kerno, QStringLiteral("id:9 parentKernoId:-1 color:\"#ff0000\""));
-        save(Record::Kerno, QStringLiteral("id:2 parentKernoId:9 color:\"#00ff00\""));
+        save(Record::Kerno, "id:9 parentKernoId:-1 color:\"#ff0000\""_s);
+        save(Record::Kerno, "id:2 parentKernoId:9 color:\"#00ff00\""_s);
         const char* rows[] = {"id:1 kernoId:2 sourceId:1 questionId:1 start:5 length:5",
                               "id:2 kernoId:2 sourceId:1 questionId:2 start:0 length:3",
                               "id:3 kernoId:9 sourceId:1 questionId:1 start:5 length:9",
@@ -201,91 +192,84 @@ private slots:
                               "id:5 kernoId:7 sourceId:1 questionId:1 start:20 length:1"};
         for (const char* row : rows)
             save(Record::Highlight, QString::fromLatin1(row));
-        QCOMPARE(ids(QStringLiteral("{kernoQueryList{id}}")), (QList<int>{2, 9}));
-        QCOMPARE(ids(QStringLiteral("{kernoQueryList(parentKernoId:9){id}}")), (QList<int>{2}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryList{id}}")), (QList<int>{2, 3, 4, 1, 5}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryList(sourceId:1 questionId:1){id}}")),
-                 (QList<int>{3, 1, 5}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryList(kernoId:9){id}}")), (QList<int>{3, 4}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryList(sourceId:1 questionId:1 kernoId:2){id}}")),
-                 (QList<int>{1}));
-        QCOMPARE(ids(QStringLiteral("{highlightQueryListBySourceQuestionAndKernos(sourceId:1 questionId:1 "
-                                    "kernoIds:\"2,7\"){id}}")),
+        QCOMPARE(ids("{kernoQueryList{id}}"_s), (QList<int>{2, 9}));
+        QCOMPARE(ids("{kernoQueryList(parentKernoId:9){id}}"_s), (QList<int>{2}));
+        QCOMPARE(ids("{highlightQueryList{id}}"_s), (QList<int>{2, 3, 4, 1, 5}));
+        QCOMPARE(ids("{highlightQueryList(sourceId:1 questionId:1){id}}"_s), (QList<int>{3, 1, 5}));
+        QCOMPARE(ids("{highlightQueryList(kernoId:9){id}}"_s), (QList<int>{3, 4}));
+        QCOMPARE(ids("{highlightQueryList(sourceId:1 questionId:1 kernoId:2){id}}"_s), (QList<int>{1}));
+        QCOMPARE(ids("{highlightQueryListBySourceQuestionAndKernos(sourceId:1 questionId:1 "
+                     "kernoIds:\"2,7\"){id}}"_s),
                  (QList<int>{1, 5}));
-        const QString window = QStringLiteral(
-            "{highlightQueryListWithOffset(sourceId:1 questionId:1 sourceOffset:%1 sourceLength:%2){id}}");
+        const QString window =
+            "{highlightQueryListWithOffset(sourceId:1 questionId:1 sourceOffset:%1 sourceLength:%2){id}}"_s;
         QCOMPARE(ids(window.arg(0).arg(5)), (QList<int>{}));
         QCOMPARE(ids(window.arg(0).arg(6)), (QList<int>{3, 1}));
         QCOMPARE(ids(window.arg(10).arg(10)), (QList<int>{3}));
         QCOMPARE(ids(window.arg(13).arg(-1)), (QList<int>{3, 5}));
         QCOMPARE(ids(window.arg(21).arg(-1)), (QList<int>{}));
-        QCOMPARE(m_client->ask(QStringLiteral("{kernoHasChildren(parentKernoId: 9)}")).toInt(), 1);
-        QCOMPARE(m_client->ask(QStringLiteral("{kernoHasChildren(parentKernoId: 2)}")).toInt(), 0);
+        QCOMPARE(m_client->ask("{kernoHasChildren(parentKernoId: 9)}"_s).toInt(), 1);
+        QCOMPARE(m_client->ask("{kernoHasChildren(parentKernoId: 2)}"_s).toInt(), 0);
 
         // The colour is that of the kerno as it is now; a highlight without its kerno is still whole.
-        save(Record::Kerno, QStringLiteral("id:2 color:\"#0000ff\""));
-        const QString colors = QStringLiteral("{highlightQueryList(sourceId:1){id color}}");
+        save(Record::Kerno, "id:2 color:\"#0000ff\""_s);
+        const QString colors = "{highlightQueryList(sourceId:1){id color}}"_s;
         QHash<int, QString> found;
         for (const QJsonValue& value : m_client->ask(colors).toArray())
-            found.insert(value[QStringLiteral("id")].toInt(), value[QStringLiteral("color")].toString());
-        QCOMPARE(found, (QHash<int, QString>{{1, QStringLiteral("#0000ff")},
-                                             {2, QStringLiteral("#0000ff")},
-                                             {3, QStringLiteral("#ff0000")},
-                                             {5, QStringLiteral("#000000")}}));
+            found.insert(value["id"_s].toInt(), value["color"_s].toString());
+        QCOMPARE(found, (QHash<int, QString>{
+                            {1, "#0000ff"_s}, {2, "#0000ff"_s}, {3, "#ff0000"_s}, {5, "#000000"_s}}));
     }
 
     void joinsQuestionsAndMetadata() {
-        save(Record::Question, QStringLiteral("id:4 question:\"Why?\" questionOrder:1"));
+        save(Record::Question, "id:4 question:\"Why?\" questionOrder:1"_s);
         // An answer may come before its source, and before its question.
-        save(Record::QuestionAnswer,
-             QStringLiteral("id:2 questionId:4 sourceId:8 author:\"A\" answer:\"so\""));
-        save(Record::QuestionAnswer,
-             QStringLiteral("id:1 questionId:5 sourceId:8 author:\"B\" answer:\"thus\""));
+        save(Record::QuestionAnswer, "id:2 questionId:4 sourceId:8 author:\"A\" answer:\"so\""_s);
+        save(Record::QuestionAnswer, "id:1 questionId:5 sourceId:8 author:\"B\" answer:\"thus\""_s);
         const QJsonArray both = m_client->ask(wire::answersWithQuestion(8)).toArray();
         QCOMPARE(both.size(), 2);
-        QCOMPARE(both[0][QStringLiteral("question")].toString(), QString());
-        QCOMPARE(both[1][QStringLiteral("question")].toString(), QStringLiteral("Why?"));
-        QCOMPARE(both[1][QStringLiteral("answer")].toString(), QStringLiteral("so"));
+        QCOMPARE(both[0]["question"_s].toString(), QString());
+        QCOMPARE(both[1]["question"_s].toString(), "Why?"_s);
+        QCOMPARE(both[1]["answer"_s].toString(), "so"_s);
         QCOMPARE(m_client->ask(wire::answersWithQuestion(8, 4)).toArray().size(), 1);
 
-        save(Record::SourceMetadataKey,
-             QStringLiteral("id:1 multipleChoice:0 sortValuesAlphabetically:1 key:\"age\""));
-        save(Record::SourceMetadataValue, QStringLiteral("id:3 keyId:1 value:30"));
-        save(Record::SourceMetadata, QStringLiteral("id:6 sourceId:8 keyId:1 valueId:3 author:\"A\""));
-        QCOMPARE(ids(QStringLiteral("{sourceMetadataKeyQueryList(name:\"age\"){id}}")), (QList<int>{1}));
-        QCOMPARE(ids(QStringLiteral("{sourceMetadataKeyQueryList(name:\"Age\"){id}}")), (QList<int>{}));
+        save(Record::SourceMetadataKey, "id:1 multipleChoice:0 sortValuesAlphabetically:1 key:\"age\""_s);
+        save(Record::SourceMetadataValue, "id:3 keyId:1 value:30"_s);
+        save(Record::SourceMetadata, "id:6 sourceId:8 keyId:1 valueId:3 author:\"A\""_s);
+        QCOMPARE(ids("{sourceMetadataKeyQueryList(name:\"age\"){id}}"_s), (QList<int>{1}));
+        QCOMPARE(ids("{sourceMetadataKeyQueryList(name:\"Age\"){id}}"_s), (QList<int>{}));
         const QJsonObject row =
             m_client->ask(wire::sourceMetadataListForReport(8)).toArray().at(0).toObject();
-        QCOMPARE(row.value(QStringLiteral("key")).toString(), QStringLiteral("age"));
-        QCOMPARE(row.value(QStringLiteral("value")), QJsonValue(30));
-        QCOMPARE(row.value(QStringLiteral("valueId")).toInt(), 3);
-        QVERIFY(row.contains(QStringLiteral("timestamp")));
+        QCOMPARE(row.value("key"_s).toString(), "age"_s);
+        QCOMPARE(row.value("value"_s), QJsonValue(30));
+        QCOMPARE(row.value("valueId"_s).toInt(), 3);
+        QVERIFY(row.contains("timestamp"_s));
     }
 
     void namesTouchedPlacesOnce() {
-        const QString batch = QStringLiteral(
+        const QString batch =
             "mutation{memoBatchCreateOrUpdate(memos:[{id:1 sourceId:3 questionId:1 content:\"a\" start:0 "
             "length:1},"
-            "{id:2 sourceId:3 questionId:2 content:\"b\" start:0 length:1}]){sourceIds questionIds}}");
+            "{id:2 sourceId:3 questionId:2 content:\"b\" start:0 length:1}]){sourceIds questionIds}}"_s;
         QJsonObject places = m_client->ask(batch).toObject();
-        QCOMPARE(places.value(QStringLiteral("sourceIds")).toArray(), (QJsonArray{3}));
-        QCOMPARE(places.value(QStringLiteral("questionIds")).toArray(), (QJsonArray{1, 2}));
+        QCOMPARE(places.value("sourceIds"_s).toArray(), (QJsonArray{3}));
+        QCOMPARE(places.value("questionIds"_s).toArray(), (QJsonArray{1, 2}));
         QCOMPARE(list(Record::Memo).size(), 2);
         places = m_client
-                     ->ask(QStringLiteral("mutation{memoBatchRemove(memos:[{id:2 sourceId:3},{id:77 "
-                                          "sourceId:5}]){sourceIds questionIds}}"))
+                     ->ask("mutation{memoBatchRemove(memos:[{id:2 sourceId:3},{id:77 "
+                           "sourceId:5}]){sourceIds questionIds}}"_s)
                      .toObject();
-        QCOMPARE(places.value(QStringLiteral("sourceIds")).toArray(), (QJsonArray{3, 5}));
-        QCOMPARE(places.value(QStringLiteral("questionIds")).toArray(), (QJsonArray{2}));
+        QCOMPARE(places.value("sourceIds"_s).toArray(), (QJsonArray{3, 5}));
+        QCOMPARE(places.value("questionIds"_s).toArray(), (QJsonArray{2}));
         QCOMPARE(list(Record::Memo).size(), 1);
     }
 
     void refusesABatchAsAWhole() {
-        const QString error = m_client->errorOf(QStringLiteral(
+        const QString error = m_client->errorOf(
             "mutation{highlightBatchCreateOrUpdate(highlights:[{id:1 kernoId:1 sourceId:1 questionId:1 "
             "start:0 length:1},"
-            "{id:2 kernoId:\"x\" sourceId:1 questionId:1 start:0 length:1}]){sourceIds questionIds}}"));
-        QVERIFY2(error.contains(QStringLiteral("kernoId")), qPrintable(error));
+            "{id:2 kernoId:\"x\" sourceId:1 questionId:1 start:0 length:1}]){sourceIds questionIds}}"_s);
+        QVERIFY2(error.contains("kernoId"_s), qPrintable(error));
         QVERIFY(list(Record::Highlight).isEmpty());
     }
 };

@@ -5,10 +5,6 @@
 #include "tests_support/TestMain.h"
 #include "wire/QueryText.h"
 
-#include <QDateTime>
-#include <QPoint>
-#include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <map>
 #include <set>
@@ -28,33 +24,28 @@ private:
             queries << ServiceClient::saving(record, arguments);
         };
         for (int id = 1; id <= project.kernos; ++id)
-            add(Record::Kerno, QStringLiteral("id:%1 author:\"%2\"").arg(id).arg(project.authors[id % 3]));
+            add(Record::Kerno, "id:%1 author:\"%2\""_s.arg(id).arg(project.authors[id % 3]));
         for (int id = 1; id <= project.sources; ++id)
-            add(Record::Source, QStringLiteral("id:%1 title:\"Source %1\"").arg(id));
+            add(Record::Source, "id:%1 title:\"Source %1\""_s.arg(id));
         for (int id = 1; id <= project.keys * project.valuesOfKey; ++id) {
-            add(Record::SourceMetadataValue, QStringLiteral("id:%1 keyId:%2 value:\"%3\"")
-                                                 .arg(id)
+            add(Record::SourceMetadataValue, "id:%1 keyId:%2 value:\"%3\""_s.arg(id)
                                                  .arg((id - 1) / project.valuesOfKey + 1)
                                                  .arg(valueText(id)));
         }
         for (const Link& link : project.links) {
-            add(Record::SourceMetadata, QStringLiteral("id:%1 sourceId:%2 keyId:%3 valueId:%4")
-                                            .arg(link.id)
+            add(Record::SourceMetadata, "id:%1 sourceId:%2 keyId:%3 valueId:%4"_s.arg(link.id)
                                             .arg(link.sourceId)
                                             .arg(link.keyId)
                                             .arg(link.valueId));
         }
         int id = 0;
         for (const auto& membership : project.memberships) {
-            add(Record::KernoGroup, QStringLiteral("id:%1 kernoId:%2 groupId:%3")
-                                        .arg(++id)
-                                        .arg(membership.first)
-                                        .arg(membership.second));
+            add(Record::KernoGroup,
+                "id:%1 kernoId:%2 groupId:%3"_s.arg(++id).arg(membership.first).arg(membership.second));
         }
         for (const Passage& each : project.highlights) {
             add(Record::Highlight,
-                QStringLiteral("id:%1 kernoId:%2 sourceId:%3 questionId:%4 start:%5 length:%6 author:\"%7\"")
-                    .arg(each.id)
+                "id:%1 kernoId:%2 sourceId:%3 questionId:%4 start:%5 length:%6 author:\"%7\""_s.arg(each.id)
                     .arg(each.kernoId)
                     .arg(each.sourceId)
                     .arg(each.questionId)
@@ -65,12 +56,12 @@ private:
         for (const QString& query : queries)
             m_client.send(query);
         // A read is answered after everything before it.
-        QVERIFY(m_client.ask(QStringLiteral("{kernoMaxId(next: false)}")).isDouble());
+        QVERIFY(m_client.ask("{kernoMaxId(next: false)}"_s).isDouble());
     }
 
     /// Values of a key: a number as text, a word, a greater number.
     static QString valueText(int id) {
-        const QStringList texts{QStringLiteral("7"), QStringLiteral("Town"), QStringLiteral("30")};
+        const QStringList texts{"7"_s, "Town"_s, "30"_s};
         return texts[(id - 1) % 3];
     }
 
@@ -80,16 +71,15 @@ private:
     std::map<int, std::set<int>> passing(const QString& arguments) {
         std::map<int, std::set<int>> found;
         int last = 0;
-        for (const QJsonValue& kerno :
-             rows(wire::read(wire::name::kernoQueryListWithHighlightsAndCriteria, arguments,
-                             QStringLiteral("id title highlights{id start}")))) {
-            const int id = kerno[QStringLiteral("id")].toInt();
+        for (const QJsonValue& kerno : rows(wire::read(wire::name::kernoQueryListWithHighlightsAndCriteria,
+                                                       arguments, "id title highlights{id start}"_s))) {
+            const int id = kerno["id"_s].toInt();
             if (id <= last)
                 return {};
             last = id;
             std::set<int>& ids = found[id];
-            for (const QJsonValue& highlight : kerno[QStringLiteral("highlights")].toArray())
-                ids.insert(highlight[QStringLiteral("id")].toInt());
+            for (const QJsonValue& highlight : kerno["highlights"_s].toArray())
+                ids.insert(highlight["id"_s].toInt());
         }
         return found;
     }
@@ -103,13 +93,13 @@ private slots:
     void agreesWithCounting_data() {
         QTest::addColumn<quint32>("seed");
         for (quint32 seed = 1; seed <= 6; ++seed)
-            QTest::newRow(qPrintable(QString::number(seed))) << seed;
+            addRow(qPrintable(QString::number(seed)), seed);
     }
 
     void agreesWithCounting() {
         QFETCH(quint32, seed);
         const Project project(seed);
-        QVERIFY(m_client.open(m_folder.filePath(QString::number(seed) + QStringLiteral(".krn"))));
+        QVERIFY(m_client.open(m_folder.filePath(QString::number(seed) + ".krn"_s)));
         store(project);
 
         // Coverage.
@@ -120,42 +110,40 @@ private slots:
         QCOMPARE(byAuthor.size(), 3);
         for (const QJsonValue& row : byAuthor) {
             const auto counts = [&](const Passage& each) {
-                return each.author == row[QStringLiteral("author")].toString();
+                return each.author == row["author"_s].toString();
             };
-            QCOMPARE(row[QStringLiteral("len")].toInt(), covered(project, counts));
-            QCOMPARE(row[QStringLiteral("count")].toInt(), number(project, counts));
-            QCOMPARE(row[QStringLiteral("totalLen")].toInt(), total);
+            QCOMPARE(row["len"_s].toInt(), covered(project, counts));
+            QCOMPARE(row["count"_s].toInt(), number(project, counts));
+            QCOMPARE(row["totalLen"_s].toInt(), total);
         }
         std::map<int, int> sums;
         for (const QJsonValue& row : rows(wire::highlightsCoverageByKernoAndAuthor())) {
-            const int kernoId = row[QStringLiteral("kernoId")].toInt();
+            const int kernoId = row["kernoId"_s].toInt();
             const auto counts = [&](const Passage& each) {
-                return each.kernoId == kernoId && each.author == row[QStringLiteral("author")].toString();
+                return each.kernoId == kernoId && each.author == row["author"_s].toString();
             };
             QVERIFY(sums.empty() || sums.rbegin()->first <= kernoId);
-            QCOMPARE(row[QStringLiteral("len")].toInt(), covered(project, counts));
-            QCOMPARE(row[QStringLiteral("count")].toInt(), number(project, counts));
-            sums[kernoId] += row[QStringLiteral("len")].toInt();
+            QCOMPARE(row["len"_s].toInt(), covered(project, counts));
+            QCOMPARE(row["count"_s].toInt(), number(project, counts));
+            sums[kernoId] += row["len"_s].toInt();
         }
         for (const QJsonValue& row : rows(wire::highlightsCoverageByKernoAndAuthor()))
-            QCOMPARE(row[QStringLiteral("totalLen")].toInt(), sums[row[QStringLiteral("kernoId")].toInt()]);
+            QCOMPARE(row["totalLen"_s].toInt(), sums[row["kernoId"_s].toInt()]);
         int most = 0;
         QCOMPARE(rows(wire::highlightsCoverageByKerno()).size(), project.kernos);
         QCOMPARE(rows(wire::quoteCountsInKernos()).size(), project.kernos);
         QVERIFY(static_cast<int>(sums.size()) == project.kernos);
         for (const QJsonValue& row : rows(wire::highlightsCoverageByKerno())) {
-            const auto counts = [&](const Passage& each) {
-                return each.kernoId == row[QStringLiteral("kernoId")].toInt();
-            };
-            QCOMPARE(row[QStringLiteral("len")].toInt(), covered(project, counts));
-            QCOMPARE(row[QStringLiteral("count")].toInt(), number(project, counts));
+            const auto counts = [&](const Passage& each) { return each.kernoId == row["kernoId"_s].toInt(); };
+            QCOMPARE(row["len"_s].toInt(), covered(project, counts));
+            QCOMPARE(row["count"_s].toInt(), number(project, counts));
             most = std::max(most, number(project, counts));
         }
         QCOMPARE(m_client.ask(wire::maxHighlightsCount()).toInt(), most);
         QCOMPARE(rows(wire::sourceCodedLengthById()).size(), project.sources);
         for (const QJsonValue& row : rows(wire::sourceCodedLengthById())) {
-            QCOMPARE(row[QStringLiteral("coded_length")].toInt(), covered(project, [&](const Passage& each) {
-                         return each.sourceId == row[QStringLiteral("id")].toInt();
+            QCOMPARE(row["coded_length"_s].toInt(), covered(project, [&](const Passage& each) {
+                         return each.sourceId == row["id"_s].toInt();
                      }));
         }
 
@@ -179,21 +167,19 @@ private slots:
 
         // Counts by kerno and source.
         for (const QJsonValue& row : rows(wire::quoteCountsInKernos())) {
-            const int kernoId = row[QStringLiteral("key")].toInt();
-            QCOMPARE(row[QStringLiteral("value")].toInt(),
+            const int kernoId = row["key"_s].toInt();
+            QCOMPARE(row["value"_s].toInt(),
                      number(project, [&](const Passage& each) { return each.kernoId == kernoId; }));
-            QCOMPARE(row[QStringLiteral("subvalue")].toInt(),
-                     static_cast<int>(project.sourcesOfKernos({kernoId}).size()));
+            QCOMPARE(row["subvalue"_s].toInt(), static_cast<int>(project.sourcesOfKernos({kernoId}).size()));
         }
         for (int kernoId = 1; kernoId <= project.kernos; ++kernoId) {
             const QJsonArray overview = rows(wire::highlightsOverviewPerSourceForKerno(kernoId));
             QCOMPARE(overview.size(), static_cast<int>(project.sourcesOfKernos({kernoId}).size()));
             for (const QJsonValue& row : overview) {
-                const int source = row[QStringLiteral("sourceTitle")].toString().mid(7).toInt();
-                QCOMPARE(row[QStringLiteral("sourceHighlights")].toInt(),
+                const int source = row["sourceTitle"_s].toString().mid(7).toInt();
+                QCOMPARE(row["sourceHighlights"_s].toInt(),
                          number(project, [&](const Passage& each) { return each.sourceId == source; }));
-                QCOMPARE(row[QStringLiteral("kernoHighlights")].toInt(),
-                         number(project, [&](const Passage& each) {
+                QCOMPARE(row["kernoHighlights"_s].toInt(), number(project, [&](const Passage& each) {
                              return each.sourceId == source && each.kernoId == kernoId;
                          }));
             }
@@ -203,19 +189,18 @@ private slots:
     }
 
     void sweepsKnownCases_data() {
-        QTest::addColumn<QList<QPoint>>("ranges");  // start and end, each of a kerno of its own
-        QTest::addColumn<int>("pairsFound");
-        QTest::newRow("touching") << QList<QPoint>{{0, 5}, {5, 9}} << 0;
-        QTest::newRow("nested") << QList<QPoint>{{0, 9}, {2, 4}, {3, 5}} << 3;
-        QTest::newRow("equal") << QList<QPoint>{{1, 3}, {1, 3}} << 1;
-        QTest::newRow("empty inside") << QList<QPoint>{{0, 9}, {4, 4}} << 1;
-        QTest::newRow("empty at the start") << QList<QPoint>{{4, 9}, {4, 4}} << 0;
-        QTest::newRow("empty, then more") << QList<QPoint>{{0, 3}, {4, 9}, {4, 4}, {5, 6}} << 1;
+        // start and end, each of a kerno of its own
+        columns<QList<QPoint>, int>({"ranges", "pairsFound"});
+        addRow("touching", QList<QPoint>{{0, 5}, {5, 9}}, 0);
+        addRow("nested", QList<QPoint>{{0, 9}, {2, 4}, {3, 5}}, 3);
+        addRow("equal", QList<QPoint>{{1, 3}, {1, 3}}, 1);
+        addRow("empty inside", QList<QPoint>{{0, 9}, {4, 4}}, 1);
+        addRow("empty at the start", QList<QPoint>{{4, 9}, {4, 4}}, 0);
+        addRow("empty, then more", QList<QPoint>{{0, 3}, {4, 9}, {4, 4}, {5, 6}}, 1);
     }
 
     void sweepsKnownCases() {
-        QFETCH(QList<QPoint>, ranges);
-        QFETCH(int, pairsFound);
+        FETCH(QList<QPoint>, ranges, int, pairsFound);
         qint64 found = 0;
         OverlapSweep sweep([&](qint64, qint64, qint64 count) { found += count; });
         int kerno = 0;
@@ -247,14 +232,13 @@ private:
             QCOMPARE(overview.size(), static_cast<int>(uses.size()));
             auto use = uses.begin();
             for (const QJsonValue& row : overview) {
-                QCOMPARE(row[QStringLiteral("value")].toString(), valueText(use->first));
-                QCOMPARE(row[QStringLiteral("valueOccurrences")].toInt(), use->second);
-                QCOMPARE(row[QStringLiteral("keyOccurrences")].toInt(), links);
-                QCOMPARE(row[QStringLiteral("sourcesCount")].toInt(), project.sources);
-                QCOMPARE(row[QStringLiteral("sourcesOccurrences")].toInt(), static_cast<int>(sources.size()));
-                QCOMPARE(row[QStringLiteral("valueFactor")].toDouble(),
-                         double(use->second) / project.sources);
-                QCOMPARE(row[QStringLiteral("keyFactor")].toDouble(), double(use->second) / links);
+                QCOMPARE(row["value"_s].toString(), valueText(use->first));
+                QCOMPARE(row["valueOccurrences"_s].toInt(), use->second);
+                QCOMPARE(row["keyOccurrences"_s].toInt(), links);
+                QCOMPARE(row["sourcesCount"_s].toInt(), project.sources);
+                QCOMPARE(row["sourcesOccurrences"_s].toInt(), static_cast<int>(sources.size()));
+                QCOMPARE(row["valueFactor"_s].toDouble(), double(use->second) / project.sources);
+                QCOMPARE(row["keyFactor"_s].toDouble(), double(use->second) / links);
                 ++use;
             }
             const std::set<int> within = project.sourcesOfKernos({2, 5});
@@ -267,8 +251,8 @@ private:
             QCOMPARE(limited.size(), static_cast<int>(usesWithin.size()));
             use = usesWithin.begin();
             for (const QJsonValue& row : limited) {
-                QCOMPARE(row[QStringLiteral("valueOccurrences")].toInt(), use->second);
-                QCOMPARE(row[QStringLiteral("sourcesOccurrences")].toInt(), static_cast<int>(within.size()));
+                QCOMPARE(row["valueOccurrences"_s].toInt(), use->second);
+                QCOMPARE(row["sourcesOccurrences"_s].toInt(), static_cast<int>(within.size()));
                 ++use;
             }
         }
@@ -290,8 +274,8 @@ private:
 
     void checkCriteria(const Project& project) {
         const auto criterion = [](const char* field, const char* op, const char* value) {
-            return QStringLiteral("fieldName: \"%1\" operator: \"%2\" value: \"%3\"")
-                .arg(QLatin1String(field), QLatin1String(op), QLatin1String(value));
+            return "fieldName: \"%1\" operator: \"%2\" value: \"%3\""_s.arg(
+                QLatin1String(field), QLatin1String(op), QLatin1String(value));
         };
         const auto hasValue = [&](const Passage& each, int key, auto holds) {
             return std::any_of(project.links.begin(), project.links.end(), [&](const Link& link) {
@@ -303,7 +287,7 @@ private:
                                [&](const auto& each) { return each.first == kernoId && holds(each.second); });
         };
         const auto kernoAuthor = [&](const Passage& each) { return project.authors[each.kernoId % 3]; };
-        const QString withKey = QStringLiteral(" keyId: 1");
+        const QString withKey = " keyId: 1"_s;
 
         compareCriteria(project, criterion("highlightAuthor", "=", "Bo"),
                         [](const Passage& each) { return each.author == QLatin1String("Bo"); });
@@ -337,7 +321,7 @@ private:
         });
         QCOMPARE(m_client
                      .errorOf(wire::read(wire::name::kernoQueryListWithHighlightsAndCriteria,
-                                         criterion("author", "=", "x"), QStringLiteral("id highlights{id}")))
+                                         criterion("author", "=", "x"), "id highlights{id}"_s))
                      .isEmpty(),
                  false);
     }

@@ -1,6 +1,7 @@
 #include "tests_support/RealService.h"
 
 #include "tests_support/ScriptedService.h"
+#include "tests_support/WaitFor.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -78,18 +79,14 @@ int RealService::endByInput() {
     return waitForEnd();
 }
 
-int RealService::terminate() {
-    m_process.terminate();
-    return waitForEnd();
-}
-
 void RealService::kill() {
     m_process.kill();
     m_process.waitForFinished(bound);
 }
 
 int RealService::waitForEnd() {
-    if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(bound))
+    // Clients of this thread hear meanwhile that it ends, which it waits for.
+    if (!waitFor([this] { return m_process.state() == QProcess::NotRunning; }, bound))
         return -1;
     return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }

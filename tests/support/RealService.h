@@ -34,8 +34,6 @@ public:
 
     /// Closes its standard input, which ends it, and gives its exit code; -1 when it doesn't end or crashes.
     int endByInput();
-    /// Sends SIGTERM; the result is that of `endByInput`.
-    int terminate();
     /// Sends SIGKILL and waits for the end.
     void kill();
 
