@@ -18,24 +18,21 @@ const std::vector<Command>& commands() {
          "PROJECT FILE...",
          "make a source of each text file",
          "Reads txt, rtf, docx and pdf. A project that is not there is made: of plain texts or, with "
-         "--question, "
-         "of answers to questions.",
+         "--question, of answers to questions.",
          {{"question", "TEXT", "the question that the texts answer; needed in a project of questions"}},
          importFiles},
         {"import-csv",
          "PROJECT FILE",
          "make a source of each row of a table",
          "Reads CSV in UTF-8 with a header, and makes a project that is not there: of plain texts when one "
-         "column "
-         "holds a question, of answers to questions otherwise.",
+         "column holds a question, of answers to questions otherwise.",
          {{"columns", "T,Q,P,-", "what each column holds: title, question, property, or nothing of use"}},
          importCsv},
         {"export-csv",
          "PROJECT FOLDER",
          "write the project as CSV files",
          "Writes Memos.csv, Quotes.csv, Kernos.csv, Sources.csv and Chat.csv into the folder, which is made "
-         "when "
-         "it is not there.",
+         "when it is not there.",
          {},
          exportCsv},
         {"export-docx",
@@ -63,6 +60,16 @@ const std::vector<Command>& commands() {
          "kind of element that could not be taken over, with its number.",
          {},
          importQdpx},
+        {"search",
+         "PROJECT TERM",
+         "find a term in all texts",
+         "Prints each place with some words around it: the source's title, the position in its text in "
+         "UTF-16 units, and the excerpt.",
+         {{"whole-words", "", "find whole words alone"},
+          {"endings", "", "find a word with other endings, too"},
+          {"coded-only", "", "look at coded passages alone"},
+          {"json", "", "one array of objects: sourceId, questionId, offset, length, text"}},
+         search},
         {"merge",
          "RESULT MASTER PROJECT...",
          "merge projects into a new one",

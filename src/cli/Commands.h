@@ -15,5 +15,6 @@ Outcome importCsv(const Invocation& invocation, const Console& console);
 Outcome info(const Invocation& invocation, const Console& console);
 Outcome merge(const Invocation& invocation, const Console& console);
 Outcome report(const Invocation& invocation, const Console& console);
+Outcome search(const Invocation& invocation, const Console& console);
 
 }  // namespace cli

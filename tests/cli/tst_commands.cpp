@@ -82,6 +82,12 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("info study.krn --json", 0, "\"highlights\": 1,.*\"name\": \"study\".*\"whole\": true");
     row("info secret.krn --json", 0, "\"encrypted\": true");
 
+    row("search study.krn \" \"", 2, "term .* is empty");
+    row("search study.krn TRUST", 0, "^Interview:0: Trust grows slowly; trust breaks at once\\.\n$");
+    row("search study.krn trust --coded-only --json", 0,
+        "^\\[\\s+\\{[^{]*\"length\": 5,\\s+\"offset\": 0,[^{]*\"text\": \"Trust\"\\s+\\}\\s+\\]\n$");
+    row("search study.krn grow --whole-words --json", 0, "^\\[\\s*\\]\n$");
+    row("search study.krn grow --endings --whole-words", 0, "Trust grows");
     row("import study.krn notes.txt", 0, "^$");
     row("import study.krn notes.txt none.txt", 1, "none\\.txt can't be read");
     row("import study.krn whole.json", 1, "whole\\.json can't be read");
