@@ -1,6 +1,7 @@
 #include "SearchJob.h"
 
 #include "app/Session.h"
+#include "link/IdManager.h"
 #include "project/KRNFile.h"
 
 #include <QClipboard>
@@ -27,7 +28,7 @@ const QString secondText =
 bool SearchJob::play(const QString&) {
     return signIn() && createProject(path(QStringLiteral("search.krn"))) && makeMaterial() && openPanel() &&
            searchByOptions() && searchSynonyms() && restoreFromHistory() && searchByCriteria() && readOn() &&
-           copyFromSeveral() && codeHit() && dock() && queryInOnePane() && queryInTwoPanes();
+           copyFromSeveral() && codeHit() && fillHistory() && dock() && queryInOnePane() && queryInTwoPanes();
 }
 
 bool SearchJob::makeMaterial() {
@@ -186,9 +187,15 @@ bool SearchJob::codeHit() {
     QQuickItem* text = partOf(results().last(), QStringLiteral("answerText"));
     QMetaObject::invokeMethod(text, "selectAll");
     const int start = offsetOf(results().last());
+    QQuickItem* const panel = m_driver.itemNamed(QStringLiteral("searchPanel"));
+    const qreal out = panel->x();
+    qreal farthest = out;
+    const auto watching =
+        QObject::connect(panel, &QQuickItem::xChanged, [&] { farthest = std::max(farthest, panel->x()); });
     const QString selected = text->property("selectedText").toString();
     m_driver.drag(text, QPointF(60, text->property("contentHeight").toReal() / 2), m_canvas.bubble(trust),
                   QPointF(30, 30));
+    QObject::disconnect(watching);
     const auto coded = [&] {
         return KRNFile::instance()->highlightsOfKerno(m_canvas.kernoId(trust)).value(0);
     };
@@ -196,8 +203,35 @@ bool SearchJob::codeHit() {
            expect(coded().start() == start && coded().length() == selected.size() &&
                       secondText.mid(coded().start(), coded().length()) == selected,
                   QStringLiteral("coded is [%1, %2)").arg(coded().start()).arg(coded().end())) &&
+           expect(farthest > out + 100, QStringLiteral("the panel stays before the bubbles")) &&
+           until([&] { return panel->x() == out; }, QStringLiteral("the panel does not come back")) &&
            shoot(QStringLiteral("hit-coded")) && toggle(QStringLiteral("codedTextOnly")) &&
            search(QStringLiteral("trust"), 1) && toggle(QStringLiteral("codedTextOnly"));
+}
+
+// The eleventh search takes the place of the one before the oldest.
+bool SearchJob::fillHistory() {
+    const auto entries = [&] {
+        QStringList texts;
+        const QVariant list = m_driver.itemNamed(QStringLiteral("searchHistory"))
+                                  ->property("entries")
+                                  .value<QJSValue>()
+                                  .toVariant();
+        for (const QVariant& entry : list.toList())
+            texts << entry.toMap().value(QStringLiteral("text")).toString().section(QLatin1Char(' '), 1, 1);
+        return texts;
+    };
+    const QString oldest = entries().last();
+    QStringList expected;
+    for (int number = 1; number <= 11; ++number) {
+        const QString term = QStringLiteral("term%1").arg(number);
+        if (!search(term, 0))
+            return false;
+        expected.prepend(term);
+    }
+    expected = expected.mid(0, 9) << oldest;
+    return expect(entries() == expected,
+                  QStringLiteral("the history holds ") + entries().join(QLatin1Char(' ')));
 }
 
 bool SearchJob::dock() {
@@ -227,11 +261,22 @@ QStringList SearchJob::kernosOf(const QString& pane) {
 }
 
 bool SearchJob::queryInOnePane() {
+    for (int start : {3, 40}) {
+        Highlight coding;
+        coding.setHighlightId(IdManager::instance()->nextHighlightId());
+        coding.setKernoId(m_canvas.kernoId(work));
+        coding.setSourceId(1);
+        coding.setQuestionId(1);
+        coding.setAuthor(QStringLiteral("Ada Berger"));
+        coding.setStart(start);
+        coding.setLength(20);
+        KRNFile::instance()->saveHighlight(coding);
+    }
     if (!click(QStringLiteral("Query")) || !shown(QStringLiteral("Main Query:")) ||
         !shoot(QStringLiteral("query-empty")) || !click(QStringLiteral("Update")) ||
-        !shown(QStringLiteral("Main Query Highlights: 1")) ||
+        !shown(QStringLiteral("Main Query Highlights: 3")) ||
         !expect(kernosOf(QStringLiteral("leftResult")) ==
-                    QStringList({QStringLiteral("Trust1"), QStringLiteral("Work0")}),
+                    QStringList({QStringLiteral("Work2"), QStringLiteral("Trust1")}),
                 QStringLiteral("the query gives other kernos: ") +
                     kernosOf(QStringLiteral("leftResult")).join(' ')))
         return false;
@@ -242,6 +287,16 @@ bool SearchJob::queryInOnePane() {
            shoot(QStringLiteral("query-quotes"));
 }
 
+bool SearchJob::untilOrder(const QStringList& left, const QStringList& right) {
+    const auto stands = [&] {
+        return kernosOf(QStringLiteral("leftResult")) == left &&
+               kernosOf(QStringLiteral("rightResult")) == right;
+    };
+    return until(stands, QStringLiteral("the panes are in another order: ") +
+                             kernosOf(QStringLiteral("leftResult")).join(' ') + QLatin1Char('/') +
+                             kernosOf(QStringLiteral("rightResult")).join(' '));
+}
+
 // The left query asks for another author and finds nothing.
 bool SearchJob::queryInTwoPanes() {
     if (!click(QStringLiteral("Compare")) || !shown(QStringLiteral("Right Query:")))
@@ -250,12 +305,9 @@ bool SearchJob::queryInTwoPanes() {
     return choose(partOf(left, QStringLiteral("queryType")), QStringLiteral("Highlight Author")) &&
            choose(partOf(left, QStringLiteral("queryOperator")), QStringLiteral("!=")) &&
            click(QStringLiteral("Update")) &&
-           shown(QStringLiteral("Left Query Highlights: 0 / Right Query Highlights: 1")) &&
-           click(QStringLiteral("View")) && click(QStringLiteral("Sort by Right Query")) &&
-           click(QStringLiteral("Update")) &&
-           expect(kernosOf(QStringLiteral("rightResult")).first() == QLatin1String("Trust1") &&
-                      kernosOf(QStringLiteral("leftResult")).first() == QLatin1String("Trust0"),
-                  QStringLiteral("the panes are not in one order")) &&
-           shoot(QStringLiteral("query-compared")) && click(QStringLiteral("Home")) &&
-           gone(QStringLiteral("Right Query:"));
+           shown(QStringLiteral("Left Query Highlights: 0 / Right Query Highlights: 3")) &&
+           untilOrder({"Trust0", "Work0"}, {"Trust1", "Work2"}) && click(QStringLiteral("View")) &&
+           click(QStringLiteral("Sort by Right Query")) && click(QStringLiteral("Update")) &&
+           untilOrder({"Work0", "Trust0"}, {"Work2", "Trust1"}) && shoot(QStringLiteral("query-compared")) &&
+           click(QStringLiteral("Home")) && gone(QStringLiteral("Right Query:"));
 }

@@ -19,6 +19,7 @@ private:
     bool readOn();
     bool copyFromSeveral();
     bool codeHit();
+    bool fillHistory();
     bool dock();
     bool queryInOnePane();
     bool queryInTwoPanes();
@@ -31,4 +32,5 @@ private:
     int offsetOf(QQuickItem* result);
     bool isOn(const QString& objectName);
     QStringList kernosOf(const QString& pane);
+    bool untilOrder(const QStringList& left, const QStringList& right);
 };

@@ -4,6 +4,8 @@
 #include "search/SourceSearch.h"
 #include "tests_support/TestMain.h"
 
+#include <QTimer>
+
 using namespace Search;
 
 namespace {
@@ -112,6 +114,21 @@ private slots:
     void finds() {
         QFETCH(Request, request);
         QTEST(found(request), "expected");
+    }
+
+    // One that is given up finds nothing, and says so.
+    void waitsForTexts() {
+        m_file->close();
+        QVERIFY(m_file.open());
+        QVERIFY(!m_file->allTextsHere());
+        QCOMPARE(found({"trust"}).size(), 2);
+        m_file->close();
+        QVERIFY(m_file.open());
+        QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
+        QTimer::singleShot(0, [this] { m_file->cancelTextWait(); });
+        QCOMPARE(found({"trust"}), QStringList{"signals"});
+        QCOMPARE(told.size(), 1);
+        QVERIFY(m_file->waitForTexts());
     }
 
     void readsOn() {

@@ -9,7 +9,8 @@ Rectangle {
     property MouseArea area: null
     property bool shown: false
     property real standardOffset: Units.dp(30)
-    property real maximumWidth: area ? area.width / 2 : Units.dp(300)
+    // So wide that it fits between the mouse and the edge of its half.
+    property real maximumWidth: area ? area.width / 2 - standardOffset : Units.dp(300)
     default property alias content: _content.data
 
     // The quarter of the area in which the mouse is; see Quarter.js.

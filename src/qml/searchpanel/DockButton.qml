@@ -9,10 +9,19 @@ Button {
     id: root
 
     property bool minimized: false
+    // Its width with its text.
+    readonly property real expandedWidth: Units.dp(8 + 18 + 6 + 8) + _text.advanceWidth
 
     text: minimized ? "" : qsTr("Dock")
     activeFocusOnTab: true
     Accessible.name: minimized ? qsTr("Expand the Search Panel.") : qsTr("Minimise the Search Panel.")
+
+    TextMetrics {
+        id: _text
+        text: qsTr("Dock")
+        font.pixelSize: ApplicationStyle.dialog_text_font_size
+    }
+
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

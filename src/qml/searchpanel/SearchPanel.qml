@@ -10,7 +10,8 @@ FocusScope {
     property var selectedSynonyms: _synonyms.selectedSynonyms
     property int resultsCount: 0
     property bool searching: false
-    readonly property real implicitMinimizedWidth: _buttons.x + _rest.x * 2 / 3
+    // Two thirds of where the free space beside the dock button begins, as long as that button has its text.
+    readonly property real implicitMinimizedWidth: (_buttons.x + _dock.expandedWidth + _buttons.spacing) * 2 / 3
     property string __previousSearchTerm: ""
     property var __historyModel: []
     property var __synonymsToRestore: null
@@ -94,102 +95,109 @@ FocusScope {
         spacing: Units.dp(8)
         enabled: !root.searching
 
-        RowLayout {
+        // Folded away, the strip shows the dock button alone.
+        ColumnLayout {
             spacing: Units.dp(8)
+            opacity: CentralManager.searchPanelMinimized ? 0 : 1
+            enabled: !CentralManager.searchPanelMinimized
 
-            IconButton {
-                id: _scope
-                objectName: "searchScope"
-                icon: checked ? "all" : "current"
-                pressedLook: false
-                iconSize: Units.dp(30)
-                implicitWidth: Units.dp(36)
-                implicitHeight: Units.dp(36)
-                checkable: true
-                checked: true
-                tooltip: _scopeLabel.text
+            RowLayout {
+                spacing: Units.dp(8)
+
+                IconButton {
+                    id: _scope
+                    objectName: "searchScope"
+                    icon: checked ? "all" : "current"
+                    pressedLook: false
+                    iconSize: Units.dp(30)
+                    implicitWidth: Units.dp(36)
+                    implicitHeight: Units.dp(36)
+                    checkable: true
+                    checked: true
+                    tooltip: _scopeLabel.text
+                    onClicked: {
+                        if (root.__previousSearchTerm !== "" && _term.text === root.__previousSearchTerm)
+                            root.doSearch()
+                    }
+                }
+                DialogLabel {
+                    id: _scopeLabel
+                    Layout.fillWidth: true
+                    text: qsTr("Toggle search scope - current or all sources.")
+                    wrapMode: Text.WordWrap
+                    font.pixelSize: ApplicationStyle.label_font_size
+                }
+            }
+
+            RowLayout {
+                spacing: Units.dp(4)
+
+                StyledTextField {
+                    id: _term
+                    objectName: "searchTerm"
+                    Layout.fillWidth: true
+                    focus: true
+                    placeholderText: qsTr("Enter search term...")
+                    onTextChanged: {
+                        if (text === "")
+                            root.updateSynonyms()
+                        else
+                            _synonymsDelay.restart()
+                    }
+                    Keys.onReturnPressed: root.doSearch()
+                    Keys.onEnterPressed: root.doSearch()
+                }
+                SearchHistoryBox {
+                    objectName: "searchHistory"
+                    entries: root.__historyModel
+                    onRestoreRequested: root.restore(data)
+                }
+            }
+
+            LabelledSwitch {
+                id: _wholeWords
+                objectName: "wholeWords"
+                Layout.fillWidth: true
+                text: qsTr("Whole words only.")
+                onClicked: root.__previousSearchTerm = ""
+            }
+            LabelledSwitch {
+                id: _endings
+                objectName: "alternativeEndings"
+                Layout.fillWidth: true
+                text: qsTr("Include words with alternative endings (-ed, -ing, etc).")
+                onClicked: root.__previousSearchTerm = ""
+            }
+            LabelledSwitch {
+                id: _codedOnly
+                objectName: "codedTextOnly"
+                Layout.fillWidth: true
+                text: qsTr("Search coded text only.")
+                onClicked: root.__previousSearchTerm = ""
+            }
+            LabelledSwitch {
+                id: _useSynonyms
+                objectName: "useSynonyms"
+                Layout.fillWidth: true
+                text: qsTr("Synonyms and similar expressions.")
                 onClicked: {
-                    if (root.__previousSearchTerm !== "" && _term.text === root.__previousSearchTerm)
-                        root.doSearch()
+                    root.__previousSearchTerm = ""
+                    root.updateSynonyms()
                 }
             }
-            DialogLabel {
-                id: _scopeLabel
+
+            SynonymsList {
+                id: _synonyms
                 Layout.fillWidth: true
-                text: qsTr("Toggle search scope - current or all sources.")
-                wrapMode: Text.WordWrap
-                font.pixelSize: ApplicationStyle.label_font_size
+                Layout.fillHeight: true
+                active: _useSynonyms.checked
             }
-        }
 
-        RowLayout {
-            spacing: Units.dp(4)
-
-            StyledTextField {
-                id: _term
-                objectName: "searchTerm"
+            SearchCriteria {
+                id: _criteria
                 Layout.fillWidth: true
-                focus: true
-                placeholderText: qsTr("Enter search term...")
-                onTextChanged: {
-                    if (text === "")
-                        root.updateSynonyms()
-                    else
-                        _synonymsDelay.restart()
-                }
-                Keys.onReturnPressed: root.doSearch()
-                Keys.onEnterPressed: root.doSearch()
+                onChanged: root.__previousSearchTerm = ""
             }
-            SearchHistoryBox {
-                objectName: "searchHistory"
-                entries: root.__historyModel
-                onRestoreRequested: root.restore(data)
-            }
-        }
-
-        LabelledSwitch {
-            id: _wholeWords
-            objectName: "wholeWords"
-            Layout.fillWidth: true
-            text: qsTr("Whole words only.")
-            onClicked: root.__previousSearchTerm = ""
-        }
-        LabelledSwitch {
-            id: _endings
-            objectName: "alternativeEndings"
-            Layout.fillWidth: true
-            text: qsTr("Include words with alternative endings (-ed, -ing, etc).")
-            onClicked: root.__previousSearchTerm = ""
-        }
-        LabelledSwitch {
-            id: _codedOnly
-            objectName: "codedTextOnly"
-            Layout.fillWidth: true
-            text: qsTr("Search coded text only.")
-            onClicked: root.__previousSearchTerm = ""
-        }
-        LabelledSwitch {
-            id: _useSynonyms
-            objectName: "useSynonyms"
-            Layout.fillWidth: true
-            text: qsTr("Synonyms and similar expressions.")
-            onClicked: {
-                root.__previousSearchTerm = ""
-                root.updateSynonyms()
-            }
-        }
-
-        SynonymsList {
-            id: _synonyms
-            Layout.fillWidth: true
-            Layout.fillHeight: true
-            active: _useSynonyms.checked
-        }
-
-        SearchCriteria {
-            id: _criteria
-            Layout.fillWidth: true
-            onChanged: root.__previousSearchTerm = ""
         }
 
         RowLayout {
@@ -197,6 +205,7 @@ FocusScope {
             spacing: Units.dp(8)
 
             DockButton {
+                id: _dock
                 objectName: "dockSearchPanel"
                 minimized: CentralManager.searchPanelMinimized
                 onClicked: {
@@ -206,10 +215,7 @@ FocusScope {
                                                      : qsTr("Expand the Search Panel."), 5000)
                 }
             }
-            Item {
-                id: _rest
-                Layout.fillWidth: true
-            }
+            Item { Layout.fillWidth: true }
             StyledButton {
                 objectName: "startSearch"
                 primary: true

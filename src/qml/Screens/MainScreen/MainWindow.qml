@@ -74,6 +74,10 @@ KernovaWindow {
                     if (_query.item)
                         _query.item.query(twoPane, sortByLeft)
                 }
+                onQueryReportRequested: {
+                    if (_query.item)
+                        _query.item.report(leftQuery)
+                }
 
                 Behavior on width {
                     enabled: root.__laidOut

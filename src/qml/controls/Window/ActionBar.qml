@@ -11,6 +11,7 @@ Rectangle {
 
     signal actionItemClicked(string action)
     signal queryRequested(bool twoPane, bool sortByLeft)
+    signal queryReportRequested(bool leftQuery)
 
     height: Units.dp(72)
     color: ApplicationStyle.bar_background_color
@@ -66,7 +67,12 @@ Rectangle {
             text: qsTr("Export")
             tooltip: qsTr("Export the project in the selected format.")
             visible: !CentralManager.showingOverlapOrHierarchy
-            onClicked: _exportMenu.popupBelow(this)
+            onClicked: {
+                if (CentralManager.showQueryScreen)
+                    _queryExportMenu.popupBelow(this)
+                else
+                    _exportMenu.popupBelow(this)
+            }
         }
         KernovaToolButton {
             icon: "action_undo"
@@ -170,6 +176,11 @@ Rectangle {
     ViewMenu { id: _viewMenu }
 
     QueryViewMenu { id: _queryViewMenu }
+
+    QueryExportMenu {
+        id: _queryExportMenu
+        onReportRequested: root.queryReportRequested(leftQuery)
+    }
 
     GroupsMenu { id: _groupsMenu }
 
