@@ -39,9 +39,9 @@ template <typename... Values> void addRow(const char* name, const Values&... val
 #define FETCH_OF(a, b, c, d, e, f, g, h, i, j, Macro, ...) Macro
 #define FETCH(...) FETCH_OF(__VA_ARGS__, FETCH10, , FETCH8, , FETCH6, , FETCH4, , FETCH2, )(__VA_ARGS__)
 
-/// What every test program needs: a home of its own under a temporary folder (HOME, XDG_*, TMPDIR), made
-/// before the application object, log lines that the environment doesn't filter and that leave debugging out,
-/// and a run that fails when Qt printed a warning that no test expected.
+/// What every test program needs: a home of its own under a temporary folder, in memory where there is room
+/// (HOME, XDG_*, TMPDIR), made before the application object, log lines that the environment doesn't filter
+/// and that leave debugging out, and a run that fails when Qt printed a warning that no test expected.
 class TestEnvironment {
 public:
     TestEnvironment();
