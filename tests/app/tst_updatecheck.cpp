@@ -4,68 +4,61 @@
 
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTest>
 
 class tst_UpdateCheck : public QObject {
     Q_OBJECT
 
 private slots:
-    void versionsMustAllMatch_data();
-    void versionsMustAllMatch();
-    void theServerIsAsked();
-    void anUnreachableServerDoesNotMatch();
-};
+    void versionsMustAllMatch_data() {
+        columns<QByteArray, bool>({"body", "match"});
+        const QByteArray good(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
+        addRow("all", good, true);
+        addRow("one newer", QByteArray(good).replace("3", "4"), false);
+        addRow("one missing", QByteArray(good).replace("kernova_service", "other"), false);
+        addRow("as texts", QByteArray(good).replace("7", "\"7\""), false);
+        addRow("not JSON", QByteArray("<html>"), false);
+        addRow("empty", QByteArray(), false);
+    }
 
-void tst_UpdateCheck::versionsMustAllMatch_data() {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<bool>("match");
-    const QByteArray good(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
-    QTest::newRow("all") << good << true;
-    QTest::newRow("one newer") << QByteArray(good).replace("3", "4") << false;
-    QTest::newRow("one missing") << QByteArray(good).replace("kernova_service", "other") << false;
-    QTest::newRow("as texts") << QByteArray(good).replace("7", "\"7\"") << false;
-    QTest::newRow("not JSON") << QByteArray("<html>") << false;
-    QTest::newRow("empty") << QByteArray() << false;
-}
+    void versionsMustAllMatch() {
+        QFETCH(QByteArray, body);
+        QTEST(updatecheck::versionsMatch(body), "match");
+    }
 
-void tst_UpdateCheck::versionsMustAllMatch() {
-    QFETCH(QByteArray, body);
-    QTEST(updatecheck::versionsMatch(body), "match");
-}
-
-void tst_UpdateCheck::theServerIsAsked() {
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QByteArray asked;
-    connect(&server, &QTcpServer::newConnection, [&] {
-        QTcpSocket* const socket = server.nextPendingConnection();
-        connect(socket, &QTcpSocket::readyRead, socket, [&asked, socket] {
-            asked += socket->readAll();
-            if (!asked.contains("\r\n\r\n"))
-                return;
-            const QByteArray body(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
-            socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " +
-                          QByteArray::number(body.size()) + "\r\n\r\n" + body);
-            socket->disconnectFromHost();
+    void theServerIsAsked() {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        QByteArray asked;
+        connect(&server, &QTcpServer::newConnection, [&] {
+            QTcpSocket* const socket = server.nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket, [&asked, socket] {
+                asked += socket->readAll();
+                if (!asked.contains("\r\n\r\n"))
+                    return;
+                const QByteArray body(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
+                socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " +
+                              QByteArray::number(body.size()) + "\r\n\r\n" + body);
+                socket->disconnectFromHost();
+            });
         });
-    });
-    const QUrl url(QStringLiteral("http://127.0.0.1:%1/v").arg(server.serverPort()));
-    QVERIFY(updatecheck::ask(url).matches);
-    QVERIFY2(asked.startsWith("GET /v HTTP/1.1\r\n"), asked.constData());
-    QVERIFY(asked.contains("User-Agent: KernovaClient/2.5.3 Windows\r\n"));
-    QVERIFY(asked.contains("Content-Type: application/json\r\n"));
-}
+        const QUrl url("http://127.0.0.1:%1/v"_s.arg(server.serverPort()));
+        QVERIFY(updatecheck::ask(url).matches);
+        QVERIFY2(asked.startsWith("GET /v HTTP/1.1\r\n"), asked.constData());
+        QVERIFY(asked.contains("User-Agent: KernovaClient/2.5.3 Windows\r\n"));
+        QVERIFY(asked.contains("Content-Type: application/json\r\n"));
+    }
 
-void tst_UpdateCheck::anUnreachableServerDoesNotMatch() {
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    const QUrl url(QStringLiteral("http://127.0.0.1:%1/").arg(server.serverPort()));
-    server.close();
-    const updatecheck::Answer answer = updatecheck::ask(url);
-    QVERIFY(!answer.matches && !answer.error.isEmpty());
-    if (!ServiceConfig::instance().hasCloud())
-        QVERIFY(!updatecheck::userLeavesToUpdate());
-}
+    void anUnreachableServerDoesNotMatch() {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        const QUrl url("http://127.0.0.1:%1/"_s.arg(server.serverPort()));
+        server.close();
+        const updatecheck::Answer answer = updatecheck::ask(url);
+        QVERIFY(!answer.matches && !answer.error.isEmpty());
+        if (!ServiceConfig::instance().hasCloud())
+            QVERIFY(!updatecheck::userLeavesToUpdate());
+    }
+};
 
 KERNOVA_TEST_MAIN(tst_UpdateCheck)
 #include "tst_updatecheck.moc"

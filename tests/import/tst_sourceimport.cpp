@@ -1,62 +1,20 @@
 #include "import/SourceImport.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
-#include "models/QuestionAnswerMainModel.h"
-#include "models/QuestionModel.h"
-#include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "tests_support/AllModels.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
 #include "undo/UndoManager.h"
 
 #include <QApplication>
-#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QProgressDialog>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
 #include <sys/stat.h>
-
-/// Imports into a project at the real service.
-class tst_SourceImport : public QObject {
-    Q_OBJECT
-
-private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void aWholeTextBecomesOneSource();
-    void pairsBecomeAnswersToQuestions();
-    void matchingQuestionsAreUsedAgain();
-    void markersAreNeededForQuestions();
-    void aBatchIsOneStep();
-    void aBatchGivesEachSourceAllQuestions();
-    void aCancelledBatchKeepsWhatIsThere();
-    void brokenFilesArePassedOver();
-    void aConversionIsCancelled();
-    void aBatchEndsWithItsProject();
-
-private:
-    void openNew(bool singleQuestion);
-    void settle();
-    QUrl write(const QString& name, const QByteArray& bytes);
-    /// Each source as "title: answer to question 1 | answer to question 2 ...", in the order of ids.
-    QStringList sources() const;
-    QStringList questions() const;
-    SourceImport import() { return {m_undo.get(), m_file.get()}; }
-
-    QTemporaryDir m_folder;
-    int m_projects = 0;
-    std::unique_ptr<KRNFile> m_file;
-    std::unique_ptr<UndoManager> m_undo;
-};
 
 namespace {
 
 QVariantMap pair(const char* question, const char* answer) {
-    return {{QStringLiteral("question"), QString::fromLatin1(question)},
-            {QStringLiteral("answer"), QString::fromLatin1(answer)}};
+    return {{"question"_s, QString::fromLatin1(question)}, {"answer"_s, QString::fromLatin1(answer)}};
 }
 
 /// Accepts message boxes as long as the result lives, and keeps the text of the last.
@@ -83,240 +41,245 @@ int progressValue() {
 
 }  // namespace
 
-void tst_SourceImport::initTestCase() {
-    QLoggingCategory::setFilterRules(QStringLiteral("fileImport.debug=false"));
-    expectWarning("This plugin does not support propagateSizeHints");
-    ProjectTimings timings;
-    timings.settle = 1;
-    timings.closeSettle = 1;
-    m_file = std::make_unique<KRNFile>(nullptr, timings);
-    m_file->initModels();
-    m_undo = std::make_unique<UndoManager>(m_file.get());
-    QVERIFY2(m_file->dataHelper()->connection()->connect(false),
-             qPrintable(m_file->dataHelper()->connection()->lastError()));
-}
+/// Imports into a project at the real service.
+class tst_SourceImport : public QObject {
+    Q_OBJECT
 
-void tst_SourceImport::cleanupTestCase() {
-    m_file->closeAndReset();
-    m_undo.reset();
-    m_file.reset();
-}
-
-void tst_SourceImport::openNew(bool singleQuestion) {
-    const QString path = m_folder.filePath(QStringLiteral("project %1.krn").arg(++m_projects));
-    m_undo->clearStack();
-    QVERIFY2(m_file->openProject({{QStringLiteral("name"), path}}, true, QString(), singleQuestion),
-             qPrintable(m_file->getLastOpenError()));
-}
-
-/// Everything that was sent has been stored, and its notifications have come.
-void tst_SourceImport::settle() {
-    m_file->getPreference(QStringLiteral("none"));
-    QCoreApplication::processEvents();
-}
-
-QUrl tst_SourceImport::write(const QString& name, const QByteArray& bytes) {
-    QFile file(m_folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write the file of the test");
-    return QUrl::fromLocalFile(file.fileName());
-}
-
-QStringList tst_SourceImport::sources() const {
-    QStringList lines;
-    for (const Source& source : m_file->dataHelper()->findAll<Source>()) {
-        QMap<QPair<int, int>, QString> answers;
-        for (const QuestionAnswer& answer : m_file->dataHelper()->findAll<QuestionAnswer>()) {
-            if (answer.sourceId() == source.id())
-                answers.insert({answer.questionId(), answer.answerId()}, answer.plainAnswer());
-        }
-        lines << source.title() + QStringLiteral(": ") +
-                     QStringList(answers.values()).join(QStringLiteral(" | "));
+private slots:
+    void initTestCase() {
+        expectWarning("This plugin does not support propagateSizeHints");
+        ProjectTimings timings;
+        timings.settle = 1;
+        timings.closeSettle = 1;
+        m_file = std::make_unique<KRNFile>(nullptr, timings);
+        m_file->initModels();
+        m_undo = std::make_unique<UndoManager>(m_file.get());
+        QVERIFY2(m_file->dataHelper()->connection()->connect(false),
+                 qPrintable(m_file->dataHelper()->connection()->lastError()));
     }
-    return lines;
-}
 
-QStringList tst_SourceImport::questions() const {
-    QStringList texts;
-    for (const Question& question : m_file->questionListModel()->snapshot())
-        texts << question.question();
-    return texts;
-}
+    void cleanupTestCase() {
+        m_file->closeAndReset();
+        m_undo.reset();
+        m_file.reset();
+    }
 
-void tst_SourceImport::aWholeTextBecomesOneSource() {
-    openNew(true);
-    const QUrl file = write(QStringLiteral("Marta.txt"), "Q: no marker\r\nhere");
-    const QVariantList pairs = import().pairsOfFile(file, QString(), QString(), false);
-    QVERIFY(import().save(QStringLiteral("Marta"), pairs));
-    settle();
-    QCOMPARE(sources(), QStringList{QStringLiteral("Marta: Q: no marker\nhere")});
-    QCOMPARE(m_file->answerModel()->rowCount(), 1);
-    QCOMPARE(m_file->sourceModel()->rowCount(), 1);
-    m_undo->undo();
-    settle();
-    QCOMPARE(sources(), QStringList());
-    m_undo->redo();
-    settle();
-    QCOMPARE(sources(), QStringList{QStringLiteral("Marta: Q: no marker\nhere")});
-    QVERIFY(!import().save(QStringLiteral("nothing"), {}));
-    QCOMPARE(m_undo->count(), 1);
-}
-
-void tst_SourceImport::pairsBecomeAnswersToQuestions() {
-    openNew(false);
-    const QStringList before = questions();
-    QVERIFY(import().save(QStringLiteral("dropped"),
-                          {pair("Age?", "40"), pair("", "lost"), pair("Work?", "bus"), pair("Age?", "41")}));
-    settle();
-    QCOMPARE(questions(), before + QStringList({"Age?", "Work?", "Age?"}));
-    const QList<Question> all = m_file->questionListModel()->snapshot();
-    for (int i = 1; i < all.size(); ++i)
-        QVERIFY(all.at(i - 1).questionOrder() < all.at(i).questionOrder());
-    const int id = m_file->sourceModel()->snapshot().first().id();
-    QCOMPARE(sources(), QStringList{QStringLiteral("Source %1:  | 40 | bus | 41").arg(id)});
-    m_undo->undo();
-    settle();
-    QCOMPARE(sources(), QStringList());
-    QCOMPARE(questions(), before);
-}
-
-void tst_SourceImport::matchingQuestionsAreUsedAgain() {
-    openNew(false);
-    QVERIFY(import().save(QString(), {pair("Age?", "40")}));
-    settle();
-    QVERIFY(import().save(
-        QString(), {pair("Work?", "bus"), pair("age?", "50"), pair("Age?", "51"), pair("Age?", "no, 52")}));
-    settle();
-    QCOMPARE(questions().mid(1), QStringList({"Age?", "Work?", "age?"}));
-    const QStringList lines = sources();
-    QCOMPARE(lines.size(), 2);
-    QVERIFY2(lines.first().endsWith(QStringLiteral(":  | 40 |  | ")), qPrintable(lines.first()));
-    QVERIFY2(lines.last().endsWith(QStringLiteral(":  | 51 | no, 52 | bus | 50")), qPrintable(lines.last()));
-}
-
-void tst_SourceImport::markersAreNeededForQuestions() {
-    openNew(false);
-    const QUrl file = write(QStringLiteral("marked.txt"), "Q: a A: b");
-    QVERIFY(import().pairsOfFile(file, QStringLiteral("Q:"), QString(), false).isEmpty());
-    QCOMPARE(import().pairsOfFile(file, QStringLiteral("Q:"), QStringLiteral("A:"), false).size(), 1);
-    QCOMPARE(import().pairsOfFile(file, QString(), QString(), true).size(), 1);
-}
-
-void tst_SourceImport::aBatchIsOneStep() {
-    openNew(true);
-    const QList<QUrl> files{write(QStringLiteral("one.txt"), "first"), write(QStringLiteral("empty.txt"), ""),
-                            write(QStringLiteral("two.x.txt"), "second")};
-    QString told;
-    const auto closer = closeMessageBoxes(told);
-    QCOMPARE(import().importFiles(files, QString(), QString(), true), 2);
-    QCOMPARE(told, QStringLiteral("2 Source(s) have successfully been imported."));
-    settle();
-    QCOMPARE(sources(), QStringList({"one: first", "two.x: second"}));
-    QCOMPARE(m_undo->count(), 1);
-    m_undo->undo();
-    settle();
-    QCOMPARE(sources(), QStringList());
-}
-
-void tst_SourceImport::aBatchGivesEachSourceAllQuestions() {
-    openNew(false);
-    // The second adds no question, so that nothing waits for the service while it is stored.
-    const QList<QUrl> files{write(QStringLiteral("1.txt"), "Q: a A: one"),
-                            write(QStringLiteral("2.txt"), "Q: a A: two"),
-                            write(QStringLiteral("3.txt"), "Q: b A: three Q: c A: four")};
-    const auto whole = [this] {
+    void aWholeTextBecomesOneSource() {
+        openNew(true);
+        const QUrl file = write("Marta.txt"_s, "Q: no marker\r\nhere");
+        const QVariantList pairs = import().pairsOfFile(file, QString(), QString(), false);
+        QVERIFY(import().save("Marta"_s, pairs));
         settle();
-        return m_file->dataHelper()->exportProjectJson(m_file->currentProject()).json;
-    };
-    const QJsonObject before = whole();
-    QCOMPARE(import().importFiles(files, QStringLiteral("Q:"), QStringLiteral("A:"), false), 3);
-    const QJsonObject after = whole();
-    QStringList answers;
-    for (const QString& source : sources())
-        answers << source.mid(source.indexOf(QLatin1Char(':')));
-    QCOMPARE(answers, QStringList({":  | one |  | ", ":  | two |  | ", ":  |  | three | four"}));
-    QCOMPARE(m_undo->count(), 1);
-    m_undo->undo();
-    QCOMPARE(whole(), before);
-    m_undo->redo();
-    QCOMPARE(whole(), after);
-}
+        QCOMPARE(sources(), QStringList{"Marta: Q: no marker\nhere"_s});
+        QCOMPARE(m_file->answerModel()->rowCount(), 1);
+        QCOMPARE(m_file->sourceModel()->rowCount(), 1);
+        m_undo->undo();
+        settle();
+        QCOMPARE(sources(), QStringList());
+        m_undo->redo();
+        settle();
+        QCOMPARE(sources(), QStringList{"Marta: Q: no marker\nhere"_s});
+        QVERIFY(!import().save("nothing"_s, {}));
+        QCOMPARE(m_undo->count(), 1);
+    }
 
-void tst_SourceImport::aBatchEndsWithItsProject() {
-    openNew(true);
-    const QList<QUrl> files{write(QStringLiteral("a.txt"), "a"), write(QStringLiteral("b.txt"), "b")};
-    QTimer opener;
-    bool opened = false;
-    connect(&opener, &QTimer::timeout, [&] {
-        if (!opened && progressValue() == 1) {
-            opened = true;
-            openNew(true);
+    void pairsBecomeAnswersToQuestions() {
+        openNew(false);
+        const QStringList before = questions();
+        QVERIFY(import().save(
+            "dropped"_s, {pair("Age?", "40"), pair("", "lost"), pair("Work?", "bus"), pair("Age?", "41")}));
+        settle();
+        QCOMPARE(questions(), before + QStringList({"Age?", "Work?", "Age?"}));
+        const QList<Question> all = m_file->questionListModel()->snapshot();
+        for (int i = 1; i < all.size(); ++i)
+            QVERIFY(all.at(i - 1).questionOrder() < all.at(i).questionOrder());
+        const int id = m_file->sourceModel()->snapshot().first().id();
+        QCOMPARE(sources(), QStringList{"Source %1:  | 40 | bus | 41"_s.arg(id)});
+        m_undo->undo();
+        settle();
+        QCOMPARE(sources(), QStringList());
+        QCOMPARE(questions(), before);
+    }
+
+    void matchingQuestionsAreUsedAgain() {
+        openNew(false);
+        QVERIFY(import().save(QString(), {pair("Age?", "40")}));
+        settle();
+        QVERIFY(import().save(QString(), {pair("Work?", "bus"), pair("age?", "50"), pair("Age?", "51"),
+                                          pair("Age?", "no, 52")}));
+        settle();
+        QCOMPARE(questions().mid(1), QStringList({"Age?", "Work?", "age?"}));
+        const QStringList lines = sources();
+        QCOMPARE(lines.size(), 2);
+        QVERIFY2(lines.first().endsWith(":  | 40 |  | "_s), qPrintable(lines.first()));
+        QVERIFY2(lines.last().endsWith(":  | 51 | no, 52 | bus | 50"_s), qPrintable(lines.last()));
+    }
+
+    void aBatchIsOneStep() {
+        openNew(true);
+        const QList<QUrl> files{write("one.txt"_s, "first"), write("empty.txt"_s, ""),
+                                write("two.x.txt"_s, "second")};
+        QString told;
+        const auto closer = closeMessageBoxes(told);
+        QCOMPARE(import().importFiles(files, QString(), QString(), true), 2);
+        QCOMPARE(told, "2 Source(s) have successfully been imported."_s);
+        settle();
+        QCOMPARE(sources(), QStringList({"one: first", "two.x: second"}));
+        QCOMPARE(m_undo->count(), 1);
+        m_undo->undo();
+        settle();
+        QCOMPARE(sources(), QStringList());
+    }
+
+    void aBatchGivesEachSourceAllQuestions() {
+        openNew(false);
+        // The second adds no question, so that nothing waits for the service while it is stored.
+        const QList<QUrl> files{write("1.txt"_s, "Q: a A: one"), write("2.txt"_s, "Q: a A: two"),
+                                write("3.txt"_s, "Q: b A: three Q: c A: four")};
+        const auto whole = [this] {
+            settle();
+            return m_file->dataHelper()->exportProjectJson(m_file->currentProject()).json;
+        };
+        const QJsonObject before = whole();
+        QCOMPARE(import().importFiles(files, "Q:"_s, "A:"_s, false), 3);
+        const QJsonObject after = whole();
+        QStringList answers;
+        for (const QString& source : sources())
+            answers << source.mid(source.indexOf(QLatin1Char(':')));
+        QCOMPARE(answers, QStringList({":  | one |  | ", ":  | two |  | ", ":  |  | three | four"}));
+        QCOMPARE(m_undo->count(), 1);
+        m_undo->undo();
+        QCOMPARE(whole(), before);
+        m_undo->redo();
+        QCOMPARE(whole(), after);
+    }
+
+    void aCancelledBatchKeepsWhatIsThere() {
+        openNew(true);
+        QList<QUrl> files;
+        for (const char* name : {"a.txt", "b.txt", "c.txt"})
+            files << write(QString::fromLatin1(name), name);
+        QString told;
+        const auto closer = closeMessageBoxes(told);
+        QTimer canceller;
+        connect(&canceller, &QTimer::timeout, [] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                auto* const dialog = qobject_cast<QProgressDialog*>(widget);
+                if (dialog && dialog->value() == 1)
+                    dialog->cancel();
+            }
+        });
+        canceller.start(0);
+        QCOMPARE(import().importFiles(files, QString(), QString(), true), 1);
+        QCOMPARE(told, "1 Source(s) have successfully been imported."_s);
+        settle();
+        QCOMPARE(sources(), QStringList{"a: a.txt"_s});
+        QCOMPARE(m_undo->count(), 1);
+    }
+
+    void brokenFilesArePassedOver() {
+        openNew(true);
+        QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
+        const QList<QUrl> files{write("a.docx"_s, "PK"), write("b.pdf"_s, "%PDF"),
+                                write("c.rtf"_s, "{\\rtf1 {\\b bold} <laughs> &amp; \\u228?}"),
+                                write("d.txt"_s, "")};
+        QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
+        QCOMPARE(told.count(), 0);
+        settle();
+        QCOMPARE(sources(), QStringList{"c: bold <laughs> & \u00e4"_s});
+    }
+
+    // The converter waits for ever for what comes out of a pipe.
+    void aConversionIsCancelled() {
+        openNew(true);
+        const QString pipe = m_folder.filePath("pipe.pdf"_s);
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
+        QTimer canceller;
+        int turns = 0;
+        connect(&canceller, &QTimer::timeout, [&turns] {
+            for (QWidget* widget : QApplication::topLevelWidgets()) {
+                auto* const dialog = qobject_cast<QProgressDialog*>(widget);
+                if (dialog && dialog->value() == 1 && ++turns == 30)
+                    dialog->cancel();
+            }
+        });
+        canceller.start(10);
+        const QList<QUrl> files{write("first.txt"_s, "a"), QUrl::fromLocalFile(pipe),
+                                write("last.txt"_s, "b")};
+        QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
+        QVERIFY(turns >= 30);
+        settle();
+        QCOMPARE(sources(), QStringList{"first: a"_s});
+    }
+
+    void aBatchEndsWithItsProject() {
+        openNew(true);
+        const QList<QUrl> files{write("a.txt"_s, "a"), write("b.txt"_s, "b")};
+        QTimer opener;
+        bool opened = false;
+        connect(&opener, &QTimer::timeout, [&] {
+            if (!opened && progressValue() == 1) {
+                opened = true;
+                openNew(true);
+            }
+        });
+        opener.start(0);
+        QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
+        QVERIFY(opened);
+        QCOMPARE(sources(), QStringList());
+        QCOMPARE(m_undo->count(), 0);
+    }
+
+private:
+    void openNew(bool singleQuestion) {
+        const QString path = m_folder.filePath("project %1.krn"_s.arg(++m_projects));
+        m_undo->clearStack();
+        QVERIFY2(m_file->openProject({{"name"_s, path}}, true, QString(), singleQuestion),
+                 qPrintable(m_file->getLastOpenError()));
+    }
+
+    /// Everything that was sent has been stored, and its notifications have come.
+    void settle() {
+        m_file->getPreference("none"_s);
+        QCoreApplication::processEvents();
+    }
+
+    QUrl write(const QString& name, const QByteArray& bytes) {
+        QFile file(m_folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write the file of the test");
+        return QUrl::fromLocalFile(file.fileName());
+    }
+
+    /// Each source as "title: answer to question 1 | answer to question 2 ...", in the order of ids.
+
+    QStringList sources() const {
+        QStringList lines;
+        for (const Source& source : m_file->dataHelper()->findAll<Source>()) {
+            QMap<QPair<int, int>, QString> answers;
+            for (const QuestionAnswer& answer : m_file->dataHelper()->findAll<QuestionAnswer>()) {
+                if (answer.sourceId() == source.id())
+                    answers.insert({answer.questionId(), answer.answerId()}, answer.plainAnswer());
+            }
+            lines << source.title() + ": "_s + QStringList(answers.values()).join(" | "_s);
         }
-    });
-    opener.start(0);
-    QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
-    QVERIFY(opened);
-    QCOMPARE(sources(), QStringList());
-    QCOMPARE(m_undo->count(), 0);
-}
+        return lines;
+    }
 
-void tst_SourceImport::aCancelledBatchKeepsWhatIsThere() {
-    openNew(true);
-    QList<QUrl> files;
-    for (const char* name : {"a.txt", "b.txt", "c.txt"})
-        files << write(QString::fromLatin1(name), name);
-    QString told;
-    const auto closer = closeMessageBoxes(told);
-    QTimer canceller;
-    connect(&canceller, &QTimer::timeout, [] {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            auto* const dialog = qobject_cast<QProgressDialog*>(widget);
-            if (dialog && dialog->value() == 1)
-                dialog->cancel();
-        }
-    });
-    canceller.start(0);
-    QCOMPARE(import().importFiles(files, QString(), QString(), true), 1);
-    QCOMPARE(told, QStringLiteral("1 Source(s) have successfully been imported."));
-    settle();
-    QCOMPARE(sources(), QStringList{QStringLiteral("a: a.txt")});
-    QCOMPARE(m_undo->count(), 1);
-}
+    QStringList questions() const {
+        QStringList texts;
+        for (const Question& question : m_file->questionListModel()->snapshot())
+            texts << question.question();
+        return texts;
+    }
 
-void tst_SourceImport::brokenFilesArePassedOver() {
-    openNew(true);
-    QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
-    const QList<QUrl> files{write(QStringLiteral("a.docx"), "PK"), write(QStringLiteral("b.pdf"), "%PDF"),
-                            write(QStringLiteral("c.rtf"), "{\\rtf1 {\\b bold} <laughs> &amp; \\u228?}"),
-                            write(QStringLiteral("d.txt"), "")};
-    QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
-    QCOMPARE(told.count(), 0);
-    settle();
-    QCOMPARE(sources(), QStringList{QString::fromUtf8("c: bold <laughs> & \u00e4")});
-}
+    SourceImport import() { return {m_undo.get(), m_file.get()}; }
 
-// The converter waits for ever for what comes out of a pipe.
-void tst_SourceImport::aConversionIsCancelled() {
-    openNew(true);
-    const QString pipe = m_folder.filePath(QStringLiteral("pipe.pdf"));
-    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
-    QTimer canceller;
-    int turns = 0;
-    connect(&canceller, &QTimer::timeout, [&turns] {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            auto* const dialog = qobject_cast<QProgressDialog*>(widget);
-            if (dialog && dialog->value() == 1 && ++turns == 30)
-                dialog->cancel();
-        }
-    });
-    canceller.start(10);
-    const QList<QUrl> files{write(QStringLiteral("first.txt"), "a"), QUrl::fromLocalFile(pipe),
-                            write(QStringLiteral("last.txt"), "b")};
-    QCOMPARE(import().importFiles(files, QString(), QString(), false), 1);
-    QVERIFY(turns >= 30);
-    settle();
-    QCOMPARE(sources(), QStringList{QStringLiteral("first: a")});
-}
+    QTemporaryDir m_folder;
+    int m_projects = 0;
+    std::unique_ptr<KRNFile> m_file;
+    std::unique_ptr<UndoManager> m_undo;
+};
 
 int main(int argc, char** argv) {
     return runTest<QApplication, tst_SourceImport>(argc, argv);

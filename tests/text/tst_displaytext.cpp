@@ -8,8 +8,22 @@ class DisplayTextTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void keepsPositionsInMarkedUpTexts_data();
-    void keepsPositionsInMarkedUpTexts();
+    void keepsPositionsInMarkedUpTexts_data() {
+        QTest::addColumn<QString>("text");
+        const QString start = "<body style=\"white-space: pre-wrap;\">"_s;
+        addRow("fragment", start + "\na <b>b</b>\nc\n</body>");
+        addRow("bold from the first line feed", start + "\n<b>\na</b> b <u>c\n</u>\n</body>");
+        addRow("entities", start + "a &lt;b&gt; &amp;&amp; c</body>");
+        addRow("pictures", start + "a <IMG alt='>' src=\"http://x.invalid/p.png\"/>b <img>c</body>");
+        addRow("blank lines around", "\n\n\na\n\n\n");
+    }
+
+    void keepsPositionsInMarkedUpTexts() {
+        QFETCH(QString, text);
+        QuestionAnswer answer;
+        answer.setAnswer(text);
+        QCOMPARE(shown(answer), answer.plainAnswer());
+    }
 
 private:
     static QString shown(const QuestionAnswer& answer) {
@@ -20,23 +34,6 @@ private:
             .replace(QChar(QChar::LineSeparator), QLatin1Char('\n'));
     }
 };
-
-void DisplayTextTest::keepsPositionsInMarkedUpTexts_data() {
-    QTest::addColumn<QString>("text");
-    const QString start = QStringLiteral("<body style=\"white-space: pre-wrap;\">");
-    QTest::newRow("fragment") << start + "\na <b>b</b>\nc\n</body>";
-    QTest::newRow("bold from the first line feed") << start + "\n<b>\na</b> b <u>c\n</u>\n</body>";
-    QTest::newRow("entities") << start + "a &lt;b&gt; &amp;&amp; c</body>";
-    QTest::newRow("pictures") << start + "a <IMG alt='>' src=\"http://x.invalid/p.png\"/>b <img>c</body>";
-    QTest::newRow("blank lines around") << "\n\n\na\n\n\n";
-}
-
-void DisplayTextTest::keepsPositionsInMarkedUpTexts() {
-    QFETCH(QString, text);
-    QuestionAnswer answer;
-    answer.setAnswer(text);
-    QCOMPARE(shown(answer), answer.plainAnswer());
-}
 
 KERNOVA_GUI_TEST_MAIN(DisplayTextTest)
 #include "tst_displaytext.moc"

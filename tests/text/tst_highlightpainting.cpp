@@ -2,26 +2,11 @@
 #include "tests_support/TestMain.h"
 #include "text/HighlightPainting.h"
 
-#include <QTest>
 #include <algorithm>
 
 using Ranges = QVector<QPair<int, int>>;
 
 Q_DECLARE_METATYPE(Ranges)
-
-class tst_HighlightPainting : public QObject {
-    Q_OBJECT
-
-private slots:
-    void runsOfOverlapsAreOneStretch_data();
-    void runsOfOverlapsAreOneStretch();
-    void strokesAreClippedToTheBlock_data();
-    void strokesAreClippedToTheBlock();
-    void thePointedAtHighlightLiesOnTop();
-    void overlapsCoverWhatAPixelwisePaintingCovers();
-    void textIsReadableOnItsBackground_data();
-    void textIsReadableOnItsBackground();
-};
 
 namespace {
 
@@ -46,113 +31,113 @@ QString overlapping(const QList<Highlight>& list) {
 
 }  // namespace
 
-void tst_HighlightPainting::runsOfOverlapsAreOneStretch_data() {
-    QTest::addColumn<Ranges>("highlights");
-    QTest::addColumn<QString>("flags");
-    QTest::addColumn<Ranges>("stretches");
-    QTest::newRow("none") << Ranges{} << "" << Ranges{};
-    QTest::newRow("apart") << Ranges{{0, 5}, {6, 9}} << "--" << Ranges{};
-    QTest::newRow("touching") << Ranges{{0, 5}, {5, 9}} << "--" << Ranges{};
-    QTest::newRow("two") << Ranges{{0, 10}, {5, 15}} << "xx" << Ranges{{0, 15}};
-    QTest::newRow("one after the run") << Ranges{{0, 10}, {5, 15}, {20, 25}} << "xx-" << Ranges{{0, 15}};
-    QTest::newRow("nested") << Ranges{{0, 20}, {5, 10}, {12, 15}} << "xxx" << Ranges{{0, 20}};
-    QTest::newRow("growing") << Ranges{{0, 10}, {5, 15}, {14, 20}} << "xxx" << Ranges{{0, 15}, {0, 20}};
-    QTest::newRow("two runs") << Ranges{{0, 3}, {1, 4}, {6, 8}, {7, 9}} << "xxxx" << Ranges{{0, 4}, {6, 9}};
-}
+class tst_HighlightPainting : public QObject {
+    Q_OBJECT
 
-void tst_HighlightPainting::runsOfOverlapsAreOneStretch() {
-    QFETCH(Ranges, highlights);
-    QFETCH(Ranges, stretches);
-    QList<Highlight> list = highlightsAt(highlights);
-    for (Highlight& highlight : list)
-        highlight.setOverlapping(true);
-    QList<QPair<int, int>> found = painting::markOverlaps(list);
-    std::sort(found.begin(), found.end());
-    QCOMPARE(found.toVector(), stretches);
-    QTEST(overlapping(list), "flags");
-}
-
-void tst_HighlightPainting::strokesAreClippedToTheBlock_data() {
-    QTest::addColumn<Ranges>("highlights");
-    QTest::addColumn<QString>("strokes");
-    QTest::newRow("inside") << Ranges{{12, 15}} << "2+3 red";
-    QTest::newRow("from before") << Ranges{{5, 12}} << "0+2 red";
-    QTest::newRow("beyond the end") << Ranges{{18, 30}} << "8+2 red";
-    QTest::newRow("over all") << Ranges{{0, 99}} << "0+10 red";
-    QTest::newRow("up to the start") << Ranges{{0, 10}} << "";
-    QTest::newRow("from the end") << Ranges{{20, 22}} << "";
-    QTest::newRow("overlap, clipped") << Ranges{{5, 12}, {11, 30}} << "0+10 overlap";
-    QTest::newRow("single before overlap") << Ranges{{16, 18}, {17, 19}, {10, 11}} << "0+1 red, 6+3 overlap";
-}
-
-void tst_HighlightPainting::strokesAreClippedToTheBlock() {
-    QFETCH(Ranges, highlights);
-    QList<Highlight> list = highlightsAt(highlights);
-    const auto overlaps = painting::markOverlaps(list);
-    QStringList strokes;
-    for (const painting::Stroke& stroke : painting::strokesForBlock(list, overlaps, Highlight(), 10, 20)) {
-        const bool isOverlap = stroke.background == painting::overlapColor();
-        QVERIFY(isOverlap || stroke.background == red);
-        strokes << QStringLiteral("%1+%2 %3")
-                       .arg(stroke.start)
-                       .arg(stroke.count)
-                       .arg(QLatin1String(isOverlap ? "overlap" : "red"));
+private slots:
+    void runsOfOverlapsAreOneStretch_data() {
+        columns<Ranges, QString, Ranges>({"highlights", "flags", "stretches"});
+        addRow("none", Ranges{}, "", Ranges{});
+        addRow("apart", Ranges{{0, 5}, {6, 9}}, "--", Ranges{});
+        addRow("touching", Ranges{{0, 5}, {5, 9}}, "--", Ranges{});
+        addRow("two", Ranges{{0, 10}, {5, 15}}, "xx", Ranges{{0, 15}});
+        addRow("one after the run", Ranges{{0, 10}, {5, 15}, {20, 25}}, "xx-", Ranges{{0, 15}});
+        addRow("nested", Ranges{{0, 20}, {5, 10}, {12, 15}}, "xxx", Ranges{{0, 20}});
+        addRow("growing", Ranges{{0, 10}, {5, 15}, {14, 20}}, "xxx", Ranges{{0, 15}, {0, 20}});
+        addRow("two runs", Ranges{{0, 3}, {1, 4}, {6, 8}, {7, 9}}, "xxxx", Ranges{{0, 4}, {6, 9}});
     }
-    QTEST(strokes.join(QStringLiteral(", ")), "strokes");
-}
 
-void tst_HighlightPainting::thePointedAtHighlightLiesOnTop() {
-    QList<Highlight> list = highlightsAt({{0, 10}, {5, 15}});
-    const auto overlaps = painting::markOverlaps(list);
-    const auto strokes = painting::strokesForBlock(list, overlaps, list.last(), 0, 20);
-    QCOMPARE(strokes.size(), 2);
-    QCOMPARE(strokes.first().background, painting::overlapColor());
-    QCOMPARE(strokes.last().background, red);
-    QCOMPARE(strokes.last().start, 5);
-    QCOMPARE(strokes.last().count, 10);
-}
-
-void tst_HighlightPainting::overlapsCoverWhatAPixelwisePaintingCovers() {
-    QRandomGenerator random(7);
-    for (int round = 0; round < 300; ++round) {
-        Ranges ranges;
-        for (int i = random.bounded(12); i > 0; --i) {
-            const int start = random.bounded(60);
-            ranges.append({start, start + 1 + random.bounded(12)});
-        }
-        QList<Highlight> list = highlightsAt(ranges);
-        QVector<bool> painted(80);
-        for (const auto& range : painting::markOverlaps(list))
-            std::fill(painted.begin() + range.first, painted.begin() + range.second, true);
-        QVector<bool> expected(80);
-        for (const Highlight& a : qAsConst(list)) {
-            const bool meetsAnother = std::any_of(list.cbegin(), list.cend(), [&a](const Highlight& b) {
-                return a.id() != b.id() && a.intersects(b.start(), b.end());
-            });
-            QCOMPARE(a.overlapping(), meetsAnother);
-            if (meetsAnother)
-                std::fill(expected.begin() + a.start(), expected.begin() + a.end(), true);
-        }
-        QCOMPARE(painted, expected);
+    void runsOfOverlapsAreOneStretch() {
+        FETCH(Ranges, highlights, Ranges, stretches);
+        QList<Highlight> list = highlightsAt(highlights);
+        for (Highlight& highlight : list)
+            highlight.setOverlapping(true);
+        QList<QPair<int, int>> found = painting::markOverlaps(list);
+        std::sort(found.begin(), found.end());
+        QCOMPARE(found.toVector(), stretches);
+        QTEST(overlapping(list), "flags");
     }
-}
 
-void tst_HighlightPainting::textIsReadableOnItsBackground_data() {
-    QTest::addColumn<QColor>("background");
-    QTest::addColumn<QColor>("text");
-    QTest::newRow("white") << QColor(Qt::white) << QColor(Qt::black);
-    QTest::newRow("black") << QColor(Qt::black) << QColor(Qt::white);
-    QTest::newRow("middle grey") << QColor(128, 128, 128) << QColor(Qt::black);
-    QTest::newRow("a shade darker") << QColor(127, 127, 127) << QColor(Qt::white);
-    QTest::newRow("blue weighs little") << QColor(0, 0, 255) << QColor(Qt::white);
-    QTest::newRow("green weighs much") << QColor(0, 255, 0) << QColor(Qt::black);
-    QTest::newRow("overlap") << painting::overlapColor() << QColor(Qt::white);
-}
+    void strokesAreClippedToTheBlock_data() {
+        columns<Ranges, QString>({"highlights", "strokes"});
+        addRow("inside", Ranges{{12, 15}}, "2+3 red");
+        addRow("from before", Ranges{{5, 12}}, "0+2 red");
+        addRow("beyond the end", Ranges{{18, 30}}, "8+2 red");
+        addRow("over all", Ranges{{0, 99}}, "0+10 red");
+        addRow("up to the start", Ranges{{0, 10}}, "");
+        addRow("from the end", Ranges{{20, 22}}, "");
+        addRow("overlap, clipped", Ranges{{5, 12}, {11, 30}}, "0+10 overlap");
+        addRow("single before overlap", Ranges{{16, 18}, {17, 19}, {10, 11}}, "0+1 red, 6+3 overlap");
+    }
 
-void tst_HighlightPainting::textIsReadableOnItsBackground() {
-    QFETCH(QColor, background);
-    QTEST(contrastFontColor(background), "text");
-}
+    void strokesAreClippedToTheBlock() {
+        QFETCH(Ranges, highlights);
+        QList<Highlight> list = highlightsAt(highlights);
+        const auto overlaps = painting::markOverlaps(list);
+        QStringList strokes;
+        for (const painting::Stroke& stroke :
+             painting::strokesForBlock(list, overlaps, Highlight(), 10, 20)) {
+            const bool isOverlap = stroke.background == painting::overlapColor();
+            QVERIFY(isOverlap || stroke.background == red);
+            strokes << "%1+%2 %3"_s.arg(stroke.start)
+                           .arg(stroke.count)
+                           .arg(QLatin1String(isOverlap ? "overlap" : "red"));
+        }
+        QTEST(strokes.join(", "_s), "strokes");
+    }
+
+    void thePointedAtHighlightLiesOnTop() {
+        QList<Highlight> list = highlightsAt({{0, 10}, {5, 15}});
+        const auto overlaps = painting::markOverlaps(list);
+        const auto strokes = painting::strokesForBlock(list, overlaps, list.last(), 0, 20);
+        QCOMPARE(strokes.size(), 2);
+        QCOMPARE(strokes.first().background, painting::overlapColor());
+        QCOMPARE(strokes.last().background, red);
+        QCOMPARE(strokes.last().start, 5);
+        QCOMPARE(strokes.last().count, 10);
+    }
+
+    void overlapsCoverWhatAPixelwisePaintingCovers() {
+        QRandomGenerator random(7);
+        for (int round = 0; round < 300; ++round) {
+            Ranges ranges;
+            for (int i = random.bounded(12); i > 0; --i) {
+                const int start = random.bounded(60);
+                ranges.append({start, start + 1 + random.bounded(12)});
+            }
+            QList<Highlight> list = highlightsAt(ranges);
+            QVector<bool> painted(80);
+            for (const auto& range : painting::markOverlaps(list))
+                std::fill(painted.begin() + range.first, painted.begin() + range.second, true);
+            QVector<bool> expected(80);
+            for (const Highlight& a : qAsConst(list)) {
+                const bool meetsAnother = std::any_of(list.cbegin(), list.cend(), [&a](const Highlight& b) {
+                    return a.id() != b.id() && a.intersects(b.start(), b.end());
+                });
+                QCOMPARE(a.overlapping(), meetsAnother);
+                if (meetsAnother)
+                    std::fill(expected.begin() + a.start(), expected.begin() + a.end(), true);
+            }
+            QCOMPARE(painted, expected);
+        }
+    }
+
+    void textIsReadableOnItsBackground_data() {
+        columns<QColor, QColor>({"background", "text"});
+        addRow("white", QColor(Qt::white), QColor(Qt::black));
+        addRow("black", QColor(Qt::black), QColor(Qt::white));
+        addRow("middle grey", QColor(128, 128, 128), QColor(Qt::black));
+        addRow("a shade darker", QColor(127, 127, 127), QColor(Qt::white));
+        addRow("blue weighs little", QColor(0, 0, 255), QColor(Qt::white));
+        addRow("green weighs much", QColor(0, 255, 0), QColor(Qt::black));
+        addRow("overlap", painting::overlapColor(), QColor(Qt::white));
+    }
+
+    void textIsReadableOnItsBackground() {
+        QFETCH(QColor, background);
+        QTEST(contrastFontColor(background), "text");
+    }
+};
 
 KERNOVA_TEST_MAIN(tst_HighlightPainting)
 #include "tst_highlightpainting.moc"

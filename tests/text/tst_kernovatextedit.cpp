@@ -3,52 +3,16 @@
 #include "project/KRNFile.h"
 #include "records/ContrastColor.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
 #include "text/HighlightPainting.h"
 #include "text/KernovaTextEdit.h"
 #include "text/SourceHighlighter.h"
 
-#include <QLoggingCategory>
 #include <QQuickTextDocument>
-#include <QSignalSpy>
-#include <QTest>
 #include <QTextBlock>
-
-/// The text item with its painter and its models, without a window and without a link to a service.
-class tst_KernovaTextEdit : public QObject {
-    Q_OBJECT
-
-private slots:
-    void init();
-    void cleanup();
-    void anEditableTextIsAnnouncedInOrder();
-    void onlyWhatChangedIsAnnounced();
-    void theSameAnswerOnlyLoadsAgain();
-    void anAnswerIsLoadedWhenBothBarsAre();
-    void aStaleListDoesNotPaint();
-    void passagesArePainted();
-    void aSavedPassageRepaintsItsRangeAlone();
-    void thePointedAtPassageIsOnTop();
-    void paintingLeavesTextSelectionAndUndoAlone();
-    void aRunningRequestForRepaintingServesAll();
-    void aDisabledPainterTakesItsColoursAway();
-    void anAnswerWithoutIdsIsForgotten();
-
-private:
-    QTextDocument* document() const { return m_edit->textDocument()->textDocument(); }
-    HighlightsModel* highlights() const { return qobject_cast<HighlightsModel*>(m_edit->highlightsModel()); }
-    MemosModel* memos() const { return qobject_cast<MemosModel*>(m_edit->memosModel()); }
-    void show(const QList<Highlight>& list);
-    QString painted() const;
-    QStringList recorded(const std::function<void()>& action);
-
-    std::unique_ptr<KRNFile> m_file;
-    std::unique_ptr<KernovaTextEdit> m_edit;
-};
 
 namespace {
 
-const QString text = QStringLiteral("0123456789\nabcdefghij");
+const QString text = "0123456789\nabcdefghij"_s;
 const QColor red(200, 0, 0);
 const QColor green(0, 200, 0);
 
@@ -58,198 +22,211 @@ Highlight highlight(int id, int start, int end, const QColor& color) {
 
 }  // namespace
 
-void tst_KernovaTextEdit::init() {
-    QLoggingCategory::setFilterRules(QStringLiteral("highlighter.debug=false"));
-    m_file = std::make_unique<KRNFile>();
-    m_edit = std::make_unique<KernovaTextEdit>();
-    m_edit->setWidth(400);
-}
+/// The text item with its painter and its models, without a window and without a link to a service.
+class tst_KernovaTextEdit : public QObject {
+    Q_OBJECT
 
-void tst_KernovaTextEdit::cleanup() {
-    m_edit.reset();
-    m_file.reset();
-}
+private slots:
+    void init() {
+        m_file = std::make_unique<KRNFile>();
+        m_edit = std::make_unique<KernovaTextEdit>();
+        m_edit->setWidth(400);
+    }
 
-/// Shows the text as the answer of source 3 to question 2, with its highlights.
-void tst_KernovaTextEdit::show(const QList<Highlight>& list) {
-    m_edit->setReadOnly(true);
-    m_edit->setAnswer(2, 3, QStringLiteral("<body style=\"white-space: pre-wrap;\">%1</body>").arg(text), 0);
-    highlights()->doReloadData(list, 3, 2);
-    memos()->doReloadData({}, 3, 2);
-    QCoreApplication::processEvents();
-}
+    void cleanup() {
+        m_edit.reset();
+        m_file.reset();
+    }
 
-/// A letter for each character: r and g for the two colours, o for the overlap, . for none; | between blocks.
-QString tst_KernovaTextEdit::painted() const {
-    QStringList blocks;
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        QString letters(block.length() - 1, QLatin1Char('.'));
-        for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
-            const QColor background = range.format.background().color();
-            const char letter = background == red                        ? 'r'
-                                : background == green                    ? 'g'
-                                : background == painting::overlapColor() ? 'o'
-                                                                         : '?';
-            if (range.format.foreground().color() != contrastFontColor(background))
-                return QStringLiteral("wrong text colour");
-            letters.replace(range.start, range.length, QString(range.length, QLatin1Char(letter)));
+    void anEditableTextIsAnnouncedInOrder() {
+        const QStringList names = recorded([&] { m_edit->setAnswer(2, 3, "one"_s, 4); });
+        QCOMPARE(names, QStringList({"text", "loaded", "preloaded", "text", "question", "source", "offset"}));
+        QCOMPARE(m_edit->questionId(), 2);
+        QCOMPARE(m_edit->sourceId(), 3);
+        QCOMPARE(m_edit->sourceOffset(), 4);
+        QCOMPARE(m_edit->length(), 3);
+    }
+
+    void onlyWhatChangedIsAnnounced() {
+        m_edit->setReadOnly(true);
+        m_edit->setAnswer(2, 3, "one"_s, 0);
+        QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, "one"_s, 0); }), QStringList({"loaded", "source"}));
+        QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, "two"_s, 0); }),
+                 QStringList({"text", "loaded", "text"}));
+    }
+
+    void theSameAnswerOnlyLoadsAgain() {
+        show({highlight(1, 0, 4, red)});
+        for (const QString& same : {text, m_edit->convertDocToRichtText()}) {
+            QStringList names = recorded([&] { m_edit->setAnswer(2, 3, same, 0); });
+            names.removeAll("text"_s);  // comes with every repainting of a whole document
+            QCOMPARE(names, QStringList{"loaded"});
+            QCOMPARE(highlights()->rowCount(), 1);
+            QCOMPARE(painted(), "rrrr......|.........."_s);
         }
-        blocks << letters;
     }
-    return blocks.join(QLatin1Char('|'));
-}
 
-/// The names of the item's signals during the action; repetitions of one count once.
-QStringList tst_KernovaTextEdit::recorded(const std::function<void()>& action) {
-    QStringList names;
-    QObject receiver;
-    const auto record = [&](auto signal, const QString& name) {
-        connect(m_edit.get(), signal, &receiver, [&names, name] {
-            if (names.isEmpty() || names.last() != name)
-                names << name;
-        });
-    };
-    record(&KernovaTextEdit::textChanged, QStringLiteral("text"));
-    record(&KernovaTextEdit::questionIdChanged, QStringLiteral("question"));
-    record(&KernovaTextEdit::sourceIdChanged, QStringLiteral("source"));
-    record(&KernovaTextEdit::offsetChanged, QStringLiteral("offset"));
-    record(&KernovaTextEdit::answerLoaded, QStringLiteral("loaded"));
-    record(&KernovaTextEdit::answerPreloaded, QStringLiteral("preloaded"));
-    action();
-    return names;
-}
-
-void tst_KernovaTextEdit::anEditableTextIsAnnouncedInOrder() {
-    const QStringList names = recorded([&] { m_edit->setAnswer(2, 3, QStringLiteral("one"), 4); });
-    QCOMPARE(names, QStringList({"text", "loaded", "preloaded", "text", "question", "source", "offset"}));
-    QCOMPARE(m_edit->questionId(), 2);
-    QCOMPARE(m_edit->sourceId(), 3);
-    QCOMPARE(m_edit->sourceOffset(), 4);
-    QCOMPARE(m_edit->length(), 3);
-}
-
-void tst_KernovaTextEdit::onlyWhatChangedIsAnnounced() {
-    m_edit->setReadOnly(true);
-    m_edit->setAnswer(2, 3, QStringLiteral("one"), 0);
-    QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, QStringLiteral("one"), 0); }),
-             QStringList({"loaded", "source"}));
-    QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, QStringLiteral("two"), 0); }),
-             QStringList({"text", "loaded", "text"}));
-}
-
-void tst_KernovaTextEdit::theSameAnswerOnlyLoadsAgain() {
-    show({highlight(1, 0, 4, red)});
-    for (const QString& same : {text, m_edit->convertDocToRichtText()}) {
-        QStringList names = recorded([&] { m_edit->setAnswer(2, 3, same, 0); });
-        names.removeAll(QStringLiteral("text"));  // comes with every repainting of a whole document
-        QCOMPARE(names, QStringList{"loaded"});
-        QCOMPARE(highlights()->rowCount(), 1);
-        QCOMPARE(painted(), QStringLiteral("rrrr......|.........."));
+    void anAnswerIsLoadedWhenBothBarsAre() {
+        m_edit->setReadOnly(true);
+        m_edit->setAnswer(2, 3, text, 0);
+        QVERIFY(!m_edit->highlighter()->isEnabled());
+        QSignalSpy loaded(m_edit.get(), &KernovaTextEdit::answerLoaded);
+        memos()->doReloadData({}, 3, 2);
+        QCOMPARE(loaded.count(), 0);
+        highlights()->doReloadData({}, 3, 2);
+        QCOMPARE(loaded.count(), 1);
+        QVERIFY(m_edit->highlighter()->isEnabled());
     }
-}
 
-void tst_KernovaTextEdit::anAnswerIsLoadedWhenBothBarsAre() {
-    m_edit->setReadOnly(true);
-    m_edit->setAnswer(2, 3, text, 0);
-    QVERIFY(!m_edit->highlighter()->isEnabled());
-    QSignalSpy loaded(m_edit.get(), &KernovaTextEdit::answerLoaded);
-    memos()->doReloadData({}, 3, 2);
-    QCOMPARE(loaded.count(), 0);
-    highlights()->doReloadData({}, 3, 2);
-    QCOMPARE(loaded.count(), 1);
-    QVERIFY(m_edit->highlighter()->isEnabled());
-}
+    void aStaleListDoesNotPaint() {
+        m_edit->setReadOnly(true);
+        m_edit->setAnswer(2, 3, text, 0);
+        emit highlights()->modelReady(8, 2, 0, 500);
+        QVERIFY(!m_edit->highlighter()->isEnabled());
+        emit highlights()->modelReady(3, 2, 0, text.size());
+        QVERIFY(m_edit->highlighter()->isEnabled());
+    }
 
-void tst_KernovaTextEdit::aStaleListDoesNotPaint() {
-    m_edit->setReadOnly(true);
-    m_edit->setAnswer(2, 3, text, 0);
-    emit highlights()->modelReady(8, 2, 0, 500);
-    QVERIFY(!m_edit->highlighter()->isEnabled());
-    emit highlights()->modelReady(3, 2, 0, text.size());
-    QVERIFY(m_edit->highlighter()->isEnabled());
-}
+    void passagesArePainted() {
+        show({highlight(1, 0, 4, red), highlight(2, 6, 13, green)});
+        QCOMPARE(painted(), "rrrr..gggg|gg........"_s);
+        show({highlight(1, 0, 4, red), highlight(2, 3, 8, green), highlight(3, 14, 16, green)});
+        QCOMPARE(painted(), "oooooooo..|...gg....."_s);
+        show({});
+        QCOMPARE(painted(), "..........|.........."_s);
+    }
 
-void tst_KernovaTextEdit::passagesArePainted() {
-    show({highlight(1, 0, 4, red), highlight(2, 6, 13, green)});
-    QCOMPARE(painted(), QStringLiteral("rrrr..gggg|gg........"));
-    show({highlight(1, 0, 4, red), highlight(2, 3, 8, green), highlight(3, 14, 16, green)});
-    QCOMPARE(painted(), QStringLiteral("oooooooo..|...gg....."));
-    show({});
-    QCOMPARE(painted(), QStringLiteral("..........|.........."));
-}
+    void aSavedPassageRepaintsItsRangeAlone() {
+        Highlight second = highlight(2, 12, 15, green);
+        show({second});
+        second.setColor(red);  // not announced: the second block keeps its colour until it is painted anew
+        const Highlight first = highlight(1, 2, 5, red);
+        emit highlights()->highlightAdded(first, {2, 5});
+        QCOMPARE(painted(), "..rrr.....|.ggg......"_s);
+        emit highlights()->highlightRemoved(first, {2, 5});
+        QCOMPARE(painted(), "..........|.ggg......"_s);
+        emit highlights()->colorsChanged();
+        QCOMPARE(painted(), "..........|.rrr......"_s);
+        emit highlights()->highlightRemoved(second, {12, 15});
+        QCOMPARE(painted(), "..........|.........."_s);
+    }
 
-void tst_KernovaTextEdit::aSavedPassageRepaintsItsRangeAlone() {
-    Highlight second = highlight(2, 12, 15, green);
-    show({second});
-    second.setColor(red);  // not announced: the second block keeps its colour until it is painted anew
-    const Highlight first = highlight(1, 2, 5, red);
-    emit highlights()->highlightAdded(first, {2, 5});
-    QCOMPARE(painted(), QStringLiteral("..rrr.....|.ggg......"));
-    emit highlights()->highlightRemoved(first, {2, 5});
-    QCOMPARE(painted(), QStringLiteral("..........|.ggg......"));
-    emit highlights()->colorsChanged();
-    QCOMPARE(painted(), QStringLiteral("..........|.rrr......"));
-    emit highlights()->highlightRemoved(second, {12, 15});
-    QCOMPARE(painted(), QStringLiteral("..........|.........."));
-}
+    void thePointedAtPassageIsOnTop() {
+        show({highlight(1, 0, 6, red), highlight(2, 4, 8, green), highlight(3, 12, 14, green)});
+        QSignalSpy changed(m_edit->highlighter(), &SourceHighlighter::currentHighlightChanged);
+        m_edit->setCurrentHighlight(1);
+        QCOMPARE(painted(), "rrrrrroo..|.gg......."_s);
+        m_edit->setCurrentHighlight(2);
+        QCOMPARE(painted(), "oooogggg..|.gg......."_s);
+        m_edit->setCurrentHighlight(3);
+        QCOMPARE(painted(), "oooooooo..|.gg......."_s);
+        QCOMPARE(m_edit->currentHighlight(), 3);
+        m_edit->setCurrentHighlight(99);
+        QCOMPARE(m_edit->currentHighlight(), -1);
+        QCOMPARE(changed.count(), 4);
+        m_edit->setCurrentHighlight(-1);
+        QCOMPARE(changed.count(), 4);
+    }
 
-void tst_KernovaTextEdit::thePointedAtPassageIsOnTop() {
-    show({highlight(1, 0, 6, red), highlight(2, 4, 8, green), highlight(3, 12, 14, green)});
-    QSignalSpy changed(m_edit->highlighter(), &SourceHighlighter::currentHighlightChanged);
-    m_edit->setCurrentHighlight(1);
-    QCOMPARE(painted(), QStringLiteral("rrrrrroo..|.gg......."));
-    m_edit->setCurrentHighlight(2);
-    QCOMPARE(painted(), QStringLiteral("oooogggg..|.gg......."));
-    m_edit->setCurrentHighlight(3);
-    QCOMPARE(painted(), QStringLiteral("oooooooo..|.gg......."));
-    QCOMPARE(m_edit->currentHighlight(), 3);
-    m_edit->setCurrentHighlight(99);
-    QCOMPARE(m_edit->currentHighlight(), -1);
-    QCOMPARE(changed.count(), 4);
-    m_edit->setCurrentHighlight(-1);
-    QCOMPARE(changed.count(), 4);
-}
+    void paintingLeavesTextSelectionAndUndoAlone() {
+        show({highlight(1, 0, 6, red)});
+        m_edit->select(3, 8);
+        m_edit->highlighter()->rehighlight();
+        QCOMPARE(m_edit->selectionStart(), 3);
+        QCOMPARE(m_edit->selectionEnd(), 8);
+        QCOMPARE(document()->toPlainText(), text);
+        QVERIFY(!document()->isUndoAvailable());
+        QCOMPARE(m_edit->convertDocToRichtText(),
+                 "<body style=\"white-space: pre-wrap;\">\n%1\n</body>"_s.arg(text));
+    }
 
-void tst_KernovaTextEdit::paintingLeavesTextSelectionAndUndoAlone() {
-    show({highlight(1, 0, 6, red)});
-    m_edit->select(3, 8);
-    m_edit->highlighter()->rehighlight();
-    QCOMPARE(m_edit->selectionStart(), 3);
-    QCOMPARE(m_edit->selectionEnd(), 8);
-    QCOMPARE(document()->toPlainText(), text);
-    QVERIFY(!document()->isUndoAvailable());
-    QCOMPARE(m_edit->convertDocToRichtText(),
-             QStringLiteral("<body style=\"white-space: pre-wrap;\">\n%1\n</body>").arg(text));
-}
+    void aRunningRequestForRepaintingServesAll() {
+        show({});
+        QLoggingCategory::setFilterRules(QString());
+        m_edit->highlighter()->setModel({highlight(1, 0, 2, red)});
+        QTest::ignoreMessage(QtDebugMsg, "Rehighlight already pending. Ignoring.");
+        m_edit->highlighter()->setModel({highlight(1, 0, 3, red)});
+        QVERIFY(waitFor([&] { return painted().startsWith(QLatin1String("rrr.")); }));
+    }
 
-void tst_KernovaTextEdit::aRunningRequestForRepaintingServesAll() {
-    show({});
-    QLoggingCategory::setFilterRules(QString());
-    m_edit->highlighter()->setModel({highlight(1, 0, 2, red)});
-    QTest::ignoreMessage(QtDebugMsg, "Rehighlight already pending. Ignoring.");
-    m_edit->highlighter()->setModel({highlight(1, 0, 3, red)});
-    QVERIFY(waitFor([&] { return painted().startsWith(QLatin1String("rrr.")); }));
-}
+    void aDisabledPainterTakesItsColoursAway() {
+        show({highlight(1, 0, 6, red)});
+        m_edit->highlighter()->setEnabled(false);
+        QCOMPARE(painted(), "..........|.........."_s);
+        m_edit->highlighter()->setEnabled(true);
+        QCOMPARE(painted(), "rrrrrr....|.........."_s);
+        m_edit->highlighter()->setTarget(nullptr);
+        QCOMPARE(painted(), "..........|.........."_s);
+    }
 
-void tst_KernovaTextEdit::aDisabledPainterTakesItsColoursAway() {
-    show({highlight(1, 0, 6, red)});
-    m_edit->highlighter()->setEnabled(false);
-    QCOMPARE(painted(), QStringLiteral("..........|.........."));
-    m_edit->highlighter()->setEnabled(true);
-    QCOMPARE(painted(), QStringLiteral("rrrrrr....|.........."));
-    m_edit->highlighter()->setTarget(nullptr);
-    QCOMPARE(painted(), QStringLiteral("..........|.........."));
-}
+    void anAnswerWithoutIdsIsForgotten() {
+        show({highlight(1, 0, 6, red)});
+        m_edit->rehighlight();
+        QCOMPARE(painted(), "rrrrrr....|.........."_s);
+        m_edit->highlighter()->setSourceId(-1);
+        m_edit->rehighlight();
+        m_edit->highlighter()->rehighlight();
+        QCOMPARE(painted(), "..........|.........."_s);
+    }
 
-void tst_KernovaTextEdit::anAnswerWithoutIdsIsForgotten() {
-    show({highlight(1, 0, 6, red)});
-    m_edit->rehighlight();
-    QCOMPARE(painted(), QStringLiteral("rrrrrr....|.........."));
-    m_edit->highlighter()->setSourceId(-1);
-    m_edit->rehighlight();
-    m_edit->highlighter()->rehighlight();
-    QCOMPARE(painted(), QStringLiteral("..........|.........."));
-}
+private:
+    QTextDocument* document() const { return m_edit->textDocument()->textDocument(); }
+    HighlightsModel* highlights() const { return qobject_cast<HighlightsModel*>(m_edit->highlightsModel()); }
+    MemosModel* memos() const { return qobject_cast<MemosModel*>(m_edit->memosModel()); }
+
+    /// Shows the text as the answer of source 3 to question 2, with its highlights.
+    void show(const QList<Highlight>& list) {
+        m_edit->setReadOnly(true);
+        m_edit->setAnswer(2, 3, "<body style=\"white-space: pre-wrap;\">%1</body>"_s.arg(text), 0);
+        highlights()->doReloadData(list, 3, 2);
+        memos()->doReloadData({}, 3, 2);
+        QCoreApplication::processEvents();
+    }
+
+    /// A letter for each character: r and g for the two colours, o for the overlap, . for none; | between
+    /// blocks.
+    QString painted() const {
+        QStringList blocks;
+        for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+            QString letters(block.length() - 1, QLatin1Char('.'));
+            for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+                const QColor background = range.format.background().color();
+                const char letter = background == red                        ? 'r'
+                                    : background == green                    ? 'g'
+                                    : background == painting::overlapColor() ? 'o'
+                                                                             : '?';
+                if (range.format.foreground().color() != contrastFontColor(background))
+                    return "wrong text colour"_s;
+                letters.replace(range.start, range.length, QString(range.length, QLatin1Char(letter)));
+            }
+            blocks << letters;
+        }
+        return blocks.join(QLatin1Char('|'));
+    }
+
+    /// The names of the item's signals during the action; repetitions of one count once.
+    QStringList recorded(const std::function<void()>& action) {
+        QStringList names;
+        QObject receiver;
+        const auto record = [&](auto signal, const QString& name) {
+            connect(m_edit.get(), signal, &receiver, [&names, name] {
+                if (names.isEmpty() || names.last() != name)
+                    names << name;
+            });
+        };
+        record(&KernovaTextEdit::textChanged, "text"_s);
+        record(&KernovaTextEdit::questionIdChanged, "question"_s);
+        record(&KernovaTextEdit::sourceIdChanged, "source"_s);
+        record(&KernovaTextEdit::offsetChanged, "offset"_s);
+        record(&KernovaTextEdit::answerLoaded, "loaded"_s);
+        record(&KernovaTextEdit::answerPreloaded, "preloaded"_s);
+        action();
+        return names;
+    }
+
+    std::unique_ptr<KRNFile> m_file;
+    std::unique_ptr<KernovaTextEdit> m_edit;
+};
 
 KERNOVA_GUI_TEST_MAIN(tst_KernovaTextEdit)
 #include "tst_kernovatextedit.moc"

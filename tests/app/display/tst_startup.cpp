@@ -2,21 +2,9 @@
 #include "app/Session.h"
 #include "app/Startup.h"
 #include "tests_support/TestMain.h"
-#include "tests_support/WaitFor.h"
 
-#include <QDir>
 #include <QFontDatabase>
 #include <QQuickWindow>
-#include <QTest>
-
-/// The program from its first step to its window, on a display. A QML warning on the way fails the test.
-class tst_Startup : public QObject {
-    Q_OBJECT
-
-private slots:
-    void theScreensAppear();
-    void theFontsAreTheProgramsOwn();
-};
 
 namespace {
 
@@ -37,25 +25,31 @@ bool isMainWindow(const QQuickWindow* window) {
 
 }  // namespace
 
-void tst_Startup::theScreensAppear() {
-    Session session(*static_cast<KernovaApplication*>(qApp), startup::setUp());
-    QVERIFY(session.load());
-    QVERIFY(waitFor([] {
-        const QList<QQuickWindow*> windows = shownWindows();
-        return windows.size() == 1 && isMainWindow(windows.first());
-    }));
-    const QImage picture = shownWindows().first()->grabWindow();
-    QVERIFY(picture.width() > 200 && picture.height() > 200);
-    QVERIFY(QDir().mkpath(QStringLiteral(KERNOVA_SCREENSHOTS)));
-    QVERIFY(picture.save(QStringLiteral(KERNOVA_SCREENSHOTS "/startup.png")));
-}
+/// The program from its first step to its window, on a display. A QML warning on the way fails the test.
+class tst_Startup : public QObject {
+    Q_OBJECT
 
-void tst_Startup::theFontsAreTheProgramsOwn() {
-    const QStringList families = QFontDatabase().families();
-    for (const char* family : {"Lato", "Open Sans", "Source Code Pro"})
-        QVERIFY2(families.contains(QString::fromLatin1(family)), family);
-    QCOMPARE(QApplication::font().family(), QStringLiteral("Lato"));
-}
+private slots:
+    void theScreensAppear() {
+        Session session(*static_cast<KernovaApplication*>(qApp), startup::setUp());
+        QVERIFY(session.load());
+        QVERIFY(waitFor([] {
+            const QList<QQuickWindow*> windows = shownWindows();
+            return windows.size() == 1 && isMainWindow(windows.first());
+        }));
+        const QImage picture = shownWindows().first()->grabWindow();
+        QVERIFY(picture.width() > 200 && picture.height() > 200);
+        QVERIFY(QDir().mkpath(QStringLiteral(KERNOVA_SCREENSHOTS)));
+        QVERIFY(picture.save(QStringLiteral(KERNOVA_SCREENSHOTS "/startup.png")));
+    }
+
+    void theFontsAreTheProgramsOwn() {
+        const QStringList families = QFontDatabase().families();
+        for (const char* family : {"Lato", "Open Sans", "Source Code Pro"})
+            QVERIFY2(families.contains(QString::fromLatin1(family)), family);
+        QCOMPARE(QApplication::font().family(), "Lato"_s);
+    }
+};
 
 int main(int argc, char** argv) {
     TestEnvironment environment;
