@@ -12,6 +12,7 @@
 #include "LooksJob.h"
 #include "ProjectJob.h"
 #include "PropertyJob.h"
+#include "ReportJob.h"
 #include "RescueJob.h"
 #include "SearchJob.h"
 #include "ViewsJob.h"
@@ -59,6 +60,7 @@ const std::vector<JobEntry>& jobs() {
         {"looks", LooksJob::runs(), {}, make<LooksJob>},
         {"project", ProjectJob::runs(), {}, make<ProjectJob>},
         {"properties", {QStringLiteral("properties")}, {}, make<PropertyJob>},
+        {"report", {QStringLiteral("report")}, {}, make<ReportJob>},
         {"search", {QStringLiteral("ask")}, {}, make<SearchJob>},
         {"views", {QStringLiteral("views")}, {}, make<ViewsJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
@@ -194,6 +196,8 @@ int main(int argc, char** argv) {
     }
     if (mode == QLatin1String("--run")) {
         qInstallMessageHandler(collectMessage);
+        // For tests that run as root, where the web engine's sandbox can't.
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
         return playRun(argc, argv, *job, arguments.value(2), arguments.value(3));
     }
     const QTemporaryDir temporary;

@@ -151,6 +151,14 @@ CentralManagerState {
 
     onNotifyCurrentSourceChanged: currentSourceId = sourceId
 
+    onReportRequested: {
+        reportOutputFolder = appHelper.createReportFolder()
+        if (reportOutputFolder === "") {
+            reportCriteria = null
+            showAlert(qsTr("Report Error"), qsTr("A folder for the report could not be made."))
+        }
+    }
+
     onNotifyMemoAdded: {
         // A memo that someone else has made opens nothing, and one's own only once: what is written into it later
         // must not take the focus from where its author has gone.

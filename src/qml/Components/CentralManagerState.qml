@@ -58,8 +58,6 @@ Item {
     property int overlayCount: 0
     property string reportOutputFolder: ""
     property var reportCriteria: null
-    // Whoever makes a report when `reportRequested` comes says so here; the menus offer none before.
-    property bool reportsOffered: false
     property string wordCloudOutputFolder: ""
 
     // Views and panels

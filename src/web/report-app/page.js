@@ -31,7 +31,7 @@
     app.filter("levelAbbr", function () { return function (level) { return levelLetters[level] || ""; }; });
     app.filter("disabledClass", function () { return function (enabled) { return enabled ? "enabled" : "disabled"; }; });
     app.filter("hierarchy", function () {
-        return function (kerno) { return kerno ? kerno.hierarchy_title.split(titleSeparator).join(" / ") : ""; };
+        return function (kerno) { return kerno && kerno.level > 0 ? kerno.hierarchy_title.split(titleSeparator).join(" / ") : ""; };
     });
     app.filter("defaultString", function () {
         return function (value, missing) {

@@ -25,6 +25,22 @@ DialogChain {
     DialogEntry { flag: "showEditQuestionsDialog"; Component { EditQuestionsDialogImplementation {} } }
     DialogEntry { flag: "passageToCode"; rest: null; Component { CodeWithDialog {} } }
     DialogEntry { flag: "showKeyboardSheet"; Component { KeyboardSheet {} } }
+    DialogEntry {
+        wanted: CentralManager.reportOutputFolder !== ""
+        onClosed: {
+            appHelper.deleteFolder(CentralManager.reportOutputFolder)
+            CentralManager.reportOutputFolder = ""
+        }
+        Component { ReportProgressDialogImplementation {} }
+    }
+    DialogEntry {
+        wanted: CentralManager.wordCloudOutputFolder !== ""
+        onClosed: {
+            appHelper.deleteFolder(CentralManager.wordCloudOutputFolder)
+            CentralManager.wordCloudOutputFolder = ""
+        }
+        Component { WordCloudProgressDialogImplementation {} }
+    }
     DialogEntry { flag: "showAboutDialog"; Component { AboutDialogImplementation {} } }
     DialogEntry { flag: "showKernoShortcutKeyEditorDialog"; Component { KernoShortcutKeyEditorDialog {} } }
     DialogEntry { flag: "showMergeDialogForKernoId"; rest: -1; Component { MergeKernosDialog {} } }

@@ -19,6 +19,16 @@ StyledMenu {
     }
 
     MenuItem {
+        text: qsTr("Create Report")
+        enabled: root.__hasSource
+        onTriggered: CentralManager.reportRequested()
+    }
+    MenuItem {
+        text: qsTr("Create WordCloud")
+        enabled: root.__hasSource
+        onTriggered: CentralManager.wordCloudOutputFolder = appHelper.createWordCloudFolder()
+    }
+    MenuItem {
         text: qsTr("Export Spreadsheet (CSV)")
         enabled: root.__hasSource
         onTriggered: csvDialog.open()

@@ -10,12 +10,11 @@ StyledMenu {
 
     MenuItem {
         text: qsTr("Left Query Report")
-        enabled: CentralManager.reportsOffered
         onTriggered: root.reportRequested(true)
     }
     MenuItem {
         text: qsTr("Right Query Report")
-        enabled: CentralManager.reportsOffered && CentralManager.twoPaneQuery
+        enabled: CentralManager.twoPaneQuery
         onTriggered: root.reportRequested(false)
     }
 }

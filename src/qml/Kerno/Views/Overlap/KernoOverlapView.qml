@@ -13,6 +13,8 @@ FocusScope {
     property int mainKernoId: CentralManager.showOverlapViewForKernoId
     property bool noBindings: false
     property bool ignoreZeroHighlights: false
+    // What the rings lie on.
+    property color paperColor: ApplicationStyle.canvas_background_color
     property bool showNumberOfCodings: CentralManager.showNumberOfCodingsInKernos
     property Item partialAnswersPanel: null
     property int _secondKernoId: -1
@@ -83,7 +85,7 @@ FocusScope {
 
         Repeater {
             model: root.__layout.rings
-            OverlapRing { ring: modelData }
+            OverlapRing { ring: modelData; paperColor: root.paperColor }
         }
 
         Repeater {

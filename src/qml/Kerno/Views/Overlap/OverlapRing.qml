@@ -6,6 +6,7 @@ Item {
     id: root
 
     property var ring: null
+    property color paperColor: ApplicationStyle.canvas_background_color
 
     anchors.fill: parent
 
@@ -23,7 +24,7 @@ Item {
         anchors.centerIn: _number
         width: _number.width + Units.dp(6)
         height: _number.height
-        color: ApplicationStyle.canvas_background_color
+        color: root.paperColor
     }
 
     PlainText {

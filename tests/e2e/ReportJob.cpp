@@ -1,0 +1,197 @@
+#include "ReportJob.h"
+
+#include "app/ReportViewer.h"
+#include "link/IdManager.h"
+#include "project/KRNFile.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QThread>
+#include <QTimer>
+#include <QWebEngineView>
+
+namespace {
+
+const QString text =
+    QString::fromUtf8("The garden was the first thing that we made when we came here.\n"
+                      "My mother had brought seeds in a letter; nobody asked her at the border.\n"
+                      "In the evening the neighbours came and told us what would never grow.\n"
+                      "Most of it grew. The garden taught us the language, plant by plant.\n");
+const QStringList kernos{QStringLiteral("Arriving"), QStringLiteral("Memory"), QStringLiteral("Neighbours"),
+                         QStringLiteral("Language"), QStringLiteral("Mother")};
+
+}  // namespace
+
+bool ReportJob::play(const QString&) {
+    return signIn() && createProject(path(QStringLiteral("report.krn"))) && makeMaterial() && makeReport() &&
+           cancelReport() && makeWordCloud() && makeQueryReport();
+}
+
+bool ReportJob::makeMaterial() {
+    const QString file = path(QStringLiteral("The garden.txt"));
+    if (!writeFile(file, text) || !importFiles({file}))
+        return false;
+    KRNFile* const project = KRNFile::instance();
+    IdManager* const ids = IdManager::instance();
+    const int source = project->sourceIds().value(0).toInt();
+    const int question = project->questionIds().value(0).toInt();
+    QList<int> kernoIds;
+    QList<Highlight> codings;
+    for (int i = 0; i < kernos.size(); ++i) {
+        const int id = ids->nextKernoId();
+        // The last is a child of the second, so that there is a hierarchy.
+        project->saveKerno(Kerno(id, i == 4 ? kernoIds.at(1) : -1, QColor::fromHsv(i * 72, 200, 220),
+                                 kernos.at(i), QString(), {}, QStringLiteral("Ann"), 120 + 150 * i,
+                                 120 + 80 * (i % 3)));
+        kernoIds << id;
+        for (int n = 0; n <= i; ++n) {
+            const int start = 40 * n + 10 * i;
+            codings << Highlight(ids->nextHighlightId(), id, source, question, {}, start, 45, start + 45,
+                                 QStringLiteral("Ann"), {}, 0, 0, 0, false);
+        }
+    }
+    project->batchSaveHighlights(codings);
+    return until([&] { return project->totalHighlightsCount() == codings.size(); },
+                 QStringLiteral("the codings are not stored")) &&
+           closeProperties() && click(QStringLiteral("Settings")) &&
+           click(QStringLiteral("General Project Preferences")) && shown(QStringLiteral("Colour theme:")) &&
+           switchOn(0) && switchOn(1) && click(QStringLiteral("Save")) &&
+           gone(QStringLiteral("Colour theme:"));
+}
+
+bool ReportJob::switchOn(int index) {
+    QQuickItem* const found = m_driver.itemsOfType(QStringLiteral("Switch")).value(index);
+    return expect(found && m_driver.click(found) && found->property("checked").toBool(),
+                  QStringLiteral("a switch does not go on"));
+}
+
+bool ReportJob::chooseInMenu(const QString& entry) {
+    return click(QStringLiteral("Export")) && click(entry);
+}
+
+QVariant ReportJob::ask(const QString& script) {
+    QVariant answer;
+    QEventLoop loop;
+    m_viewer->view()->page()->runJavaScript(script, [&](const QVariant& value) {
+        answer = value;
+        loop.quit();
+    });
+    QTimer::singleShot(10000, &loop, &QEventLoop::quit);
+    loop.exec();
+    return answer;
+}
+
+// The viewer comes up inside of a call of the screens, so what is done with it is done from its event loop.
+bool ReportJob::inViewer(const std::function<bool()>& work) {
+    bool done = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        m_viewer = qobject_cast<ReportViewer*>(QApplication::activeModalWidget());
+        if (!m_viewer || !m_viewer->view())
+            return;
+        timer.stop();
+        const QString ready = QStringLiteral(
+            "!!document.querySelector('body.ng-scope') && !document.querySelector('[ng-cloak]')");
+        for (int tries = 0; tries < 100 && !ask(ready).toBool(); ++tries)
+            QThread::msleep(50);
+        done = work();
+        m_viewer->close();
+    });
+    timer.start(100);
+    return until([&] { return !timer.isActive(); }, QStringLiteral("the viewer does not come"), 90000) &&
+           done;
+}
+
+bool ReportJob::shootPage(const QString& name) {
+    // Once the page has drawn what changed.
+    ask(QStringLiteral(
+        "window.drawn = 0; requestAnimationFrame(() => requestAnimationFrame(() => drawn = 1))"));
+    for (int tries = 0; tries < 100 && ask(QStringLiteral("drawn")).toInt() == 0; ++tries)
+        QThread::msleep(20);
+    return shoot(name);
+}
+
+bool ReportJob::makeReport() {
+    return chooseInMenu(QStringLiteral("Create Report")) && inViewer([&] {
+               const QStringList stems{QStringLiteral("default"), QStringLiteral("alpha_asc"),
+                                       QStringLiteral("alpha_desc"), QStringLiteral("time_asc"),
+                                       QStringLiteral("time_desc")};
+               const QDir data(
+                   QFileInfo(m_viewer->view()->url().toLocalFile()).dir().filePath(QStringLiteral("data")));
+               QStringList pictures;
+               for (const QString& stem : stems)
+                   pictures << QStringLiteral("main_canvas_%1.png").arg(stem)
+                            << QStringLiteral("main_canvas_%1_num.png").arg(stem);
+               for (const QVariant& id : KRNFile::instance()->kernoIdsForKernosWithChildren())
+                   pictures << QStringLiteral("hierarchy_%1_num.png").arg(id.toInt());
+               for (const QVariant& id : KRNFile::instance()->kernoIdsForKernosWithOverlaps())
+                   pictures << QStringLiteral("overlap_%1.png").arg(id.toInt())
+                            << QStringLiteral("overlap_%1_num.png").arg(id.toInt());
+               for (const QString& picture : qAsConst(pictures)) {
+                   const QImage image(data.filePath(picture));
+                   image.save(path(picture));
+                   if (!expect(image.width() > 60 && image.height() > 60,
+                               picture + QStringLiteral(" is missing")))
+                       return false;
+               }
+               shootPage(QStringLiteral("report"));
+               for (const char* part :
+                    {"Main Canvas Views", "Hierarchy Views", "Overlap Views", "Text Sorted by Theme"}) {
+                   ask(QStringLiteral(
+                           "var s = angular.element(document.body).scope(); s.show_hierarchy_views = true;"
+                           "s.show_overlap_views = true; s.$digest(); "
+                           "Array.from(document.querySelectorAll('h2'))"
+                           ".find(e => e.textContent === '%1').scrollIntoView()")
+                           .arg(QString::fromLatin1(part)));
+                   shootPage(QString::fromLatin1(part).toLower().replace(QLatin1Char(' '), QLatin1Char('-')));
+               }
+               const int quotes =
+                   ask(QStringLiteral("document.querySelectorAll('#text_by_code blockquote').length"))
+                       .toInt();
+               return expect(quotes == KRNFile::instance()->totalHighlightsCount(),
+                             QStringLiteral("the report shows %1 quotes").arg(quotes));
+           }) &&
+           noFolderLeft() && gone(QStringLiteral("Generating Report..."));
+}
+
+bool ReportJob::cancelReport() {
+    return chooseInMenu(QStringLiteral("Create Report")) &&
+           shown(QStringLiteral("Generating main canvas views...")) && shoot(QStringLiteral("progress")) &&
+           click(QStringLiteral("Cancel")) && gone(QStringLiteral("Generating Report...")) &&
+           noFolderLeft() &&
+           expect(!QApplication::activeModalWidget(), QStringLiteral("a report that was given up is shown"));
+}
+
+bool ReportJob::makeWordCloud() {
+    return chooseInMenu(QStringLiteral("Create WordCloud")) && inViewer([&] {
+               QThread::msleep(500);
+               shootPage(QStringLiteral("word-cloud"));
+               const QString most =
+                   ask(QStringLiteral("angular.element(document.body).scope().wordlist[0][0]")).toString();
+               return expect(most == QLatin1String("came"),
+                             QStringLiteral("the most frequent word is ") + most);
+           }) &&
+           noFolderLeft();
+}
+
+// Only what the query finds.
+bool ReportJob::makeQueryReport() {
+    return click(QStringLiteral("Query")) && click(QStringLiteral("Update")) &&
+           chooseInMenu(QStringLiteral("Left Query Report")) && inViewer([&] {
+               return expect(ask(QStringLiteral("textSortedByCode.length")).toInt() == kernos.size(),
+                             QStringLiteral("the report of a query lacks kernos"));
+           }) &&
+           noFolderLeft() && click(QStringLiteral("Home"));
+}
+
+bool ReportJob::noFolderLeft() {
+    return until(
+        [] {
+            return QDir(QDir::tempPath())
+                .entryList({QStringLiteral("KernovaReport_*"), QStringLiteral("KernovaWordCloud_*")},
+                           QDir::Dirs)
+                .isEmpty();
+        },
+        QStringLiteral("the folder stays"));
+}
