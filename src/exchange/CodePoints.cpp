@@ -113,6 +113,5 @@ QString asAnswer(const QString& plain) {
     QString escaped = plain;
     escaped.replace(QLatin1Char('&'), QLatin1String("&amp;"));
     escaped.replace(QLatin1Char('<'), QLatin1String("&lt;"));
-    escaped.replace(QLatin1Char('>'), QLatin1String("&gt;"));
     return escaped;
 }

@@ -16,14 +16,6 @@ QByteArray textOf(const QUuid& guid) {
     return guid.toString().mid(1, 36).toLatin1();
 }
 
-QByteArray newGuid() {
-    return textOf(QUuid::createUuid());
-}
-
-QByteArray utc(const QDateTime& time) {
-    return time.toUTC().toString(Qt::ISODate).toLatin1();
-}
-
 template <typename T> QByteArray storedGuid(T& record) {
     if (record.uuid().isNull())
         record.setUuid(QUuid::createUuid());
@@ -59,9 +51,9 @@ void QDPXDocument::gatherGuids() {
         user(source.author());
     }
     for (const SourceMetadataKey& key : qAsConst(m_records.metadataKeys))
-        m_keyGuids.insert(key.id(), newGuid());
+        m_keyGuids.insert(key.id(), m_newGuids.next());
     for (const Memo& memo : qAsConst(m_records.memos)) {
-        m_noteGuids.insert(memo.id(), newGuid());
+        m_noteGuids.insert(memo.id(), m_newGuids.next());
         user(memo.author());
     }
     for (const Highlight& highlight : qAsConst(m_records.highlights))
@@ -69,11 +61,11 @@ void QDPXDocument::gatherGuids() {
     user(m_options.author);
 }
 
-QByteArray QDPXDocument::user(const QString& author) {
-    QUuid& guid = m_users[author];
-    if (guid.isNull())
-        guid = QUuid::createUuid();
-    return textOf(guid);
+const QByteArray& QDPXDocument::user(const QString& author) {
+    QByteArray& guid = m_users[author];
+    if (guid.isEmpty())
+        guid = m_newGuids.next();
+    return guid;
 }
 
 QByteArray QDPXDocument::text(const QString& text) const {
@@ -81,7 +73,9 @@ QByteArray QDPXDocument::text(const QString& text) const {
 }
 
 QByteArray QDPXDocument::attribute(const char* name, const QByteArray& value) const {
-    return QByteArray(name) + "=\"" + value + "\" ";
+    QByteArray text;
+    text.reserve(static_cast<int>(qstrlen(name)) + value.size() + 4);
+    return text.append(name).append("=\"").append(value).append("\" ");
 }
 
 // The standard knows no empty date.
@@ -89,7 +83,7 @@ QByteArray QDPXDocument::modified(const char* userAttribute, const QString& auth
     const QByteArray by = attribute(userAttribute, user(author));
     if (m_options.form == ExchangeForm::Standard && !time.isValid())
         return by;
-    return by + attribute("modifiedDateTime", utc(time));
+    return by + attribute("modifiedDateTime", m_times.utc(time));
 }
 
 template <typename Passage> QByteArray QDPXDocument::rangeOf(const Passage& passage) const {
@@ -166,14 +160,14 @@ void QDPXDocument::writeHead() {
                 "http://schema.qdasoftware.org/versions/Project/v1.0/Project.xsd\" ";
     m_buffer += attribute("name", text(name));
     m_buffer += attribute("origin", text(originOf(m_options.form)));
-    m_buffer += attribute("creationDateTime", utc(QDateTime::currentDateTimeUtc()));
+    m_buffer += attribute("creationDateTime", m_times.utc(QDateTime::currentDateTimeUtc()));
     m_buffer += "modifyingUserGUID=\"" + user(m_options.author) + "\">\n";
 }
 
 void QDPXDocument::writeUsers() {
     line(1, "<Users>");
     for (auto it = m_users.cbegin(); it != m_users.cend(); ++it)
-        line(2, "<User " + attribute("guid", textOf(*it)) + attribute("name", text(it.key())) + "/>");
+        line(2, "<User " + attribute("guid", *it) + attribute("name", text(it.key())) + "/>");
     line(1, "</Users>");
 }
 
@@ -234,7 +228,7 @@ void QDPXDocument::writeCases() {
     }
     line(1, "<Cases>");
     for (const Properties& own : qAsConst(order)) {
-        line(2, "<Case guid=\"" + newGuid() + "\">");
+        line(2, "<Case guid=\"" + m_newGuids.next() + "\">");
         for (const auto& property : own) {
             line(3, "<VariableValue>");
             line(4, "<VariableRef targetGUID=\"" + m_keyGuids.value(property.first) + "\"/>");
@@ -300,18 +294,19 @@ bool QDPXDocument::writeText(const Source& source, const QByteArray& guid) {
     return file.flush() && written;
 }
 
+// Most of a document is this, so it goes straight into the buffer.
 void QDPXDocument::writePassages(const Source& source) {
     for (int row : m_highlights.value(source.id())) {
         const Highlight& highlight = m_records.highlights.at(row);
-        if (!m_kernoGuids.contains(highlight.kernoId()) || !hasPlace(highlight))
+        const auto kerno = m_kernoGuids.constFind(highlight.kernoId());
+        if (kerno == m_kernoGuids.cend() || !hasPlace(highlight))
             continue;
-        line(3, "<PlainTextSelection " + attribute("guid", newGuid()) +
-                    modified("modifyingUser", highlight.author(), highlight.timestamp()) + range(highlight) +
-                    '>');
-        line(4, "<Coding guid=\"" + newGuid() + "\">");
-        line(5, "<CodeRef targetGUID=\"" + m_kernoGuids.value(highlight.kernoId()) + "\"/>");
-        line(4, "</Coding>");
-        line(3, "</PlainTextSelection>");
+        m_buffer.append("      <PlainTextSelection guid=\"").append(m_newGuids.next()).append("\" ");
+        m_buffer.append(modified("modifyingUser", highlight.author(), highlight.timestamp()));
+        m_buffer.append(range(highlight)).append("> \n        <Coding guid=\"").append(m_newGuids.next());
+        m_buffer.append("\"> \n          <CodeRef targetGUID=\"").append(*kerno);
+        m_buffer.append("\"/> \n        </Coding> \n      </PlainTextSelection> \n");
+        flush(false);
     }
 }
 
@@ -327,7 +322,7 @@ void QDPXDocument::writeNoteReferences(const Source& source) {
             line(3, reference);
             continue;
         }
-        line(3, "<PlainTextSelection " + attribute("guid", newGuid()) + range(memo) + '>');
+        line(3, "<PlainTextSelection " + attribute("guid", m_newGuids.next()) + range(memo) + '>');
         line(4, reference);
         line(3, "</PlainTextSelection>");
     }
@@ -340,7 +335,7 @@ void QDPXDocument::writeNotes() {
                     modified("modifyingUser", memo.author(), memo.timestamp()) + '>');
         line(3, "<PlainTextContent>" + text(memo.content()) + "</PlainTextContent>");
         if (m_options.form == ExchangeForm::Own)
-            line(3, "<PlainTextSelection " + attribute("guid", newGuid()) + range(memo) + "/>");
+            line(3, "<PlainTextSelection " + attribute("guid", m_newGuids.next()) + range(memo) + "/>");
         line(2, "</Note>");
     }
     line(1, "</Notes>");
@@ -354,8 +349,8 @@ void QDPXDocument::writeSets() {
     }
     line(1, "<Sets>");
     for (const Group& group : qAsConst(m_records.groups)) {
-        line(2,
-             "<Set " + attribute("guid", newGuid()) + attribute("name", text(group.title())).trimmed() + '>');
+        line(2, "<Set " + attribute("guid", m_newGuids.next()) +
+                    attribute("name", text(group.title())).trimmed() + '>');
         line(3, "<Description></Description>");
         for (int kernoId : members.value(group.id()))
             line(3, "<MemberCode targetGUID=\"" + m_kernoGuids.value(kernoId) + "\" />");

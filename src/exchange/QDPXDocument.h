@@ -2,13 +2,13 @@
 
 #include "exchange/CodePoints.h"
 #include "exchange/ExchangeForm.h"
+#include "exchange/QuickText.h"
 #include "merge/ProjectRecords.h"
 #include "project/Progress.h"
 
 #include <QDir>
 #include <QHash>
 #include <QMap>
-#include <QUuid>
 
 class QIODevice;
 
@@ -42,7 +42,7 @@ private:
     };
 
     void gatherGuids();
-    QByteArray user(const QString& author);
+    const QByteArray& user(const QString& author);
     QByteArray text(const QString& text) const;
     QByteArray attribute(const char* name, const QByteArray& value) const;
     QByteArray modified(const char* userAttribute, const QString& author, const QDateTime& time);
@@ -73,8 +73,10 @@ private:
     QDir m_textFolder;
     QByteArray m_buffer;
     bool m_failed = false;
+    NewGuids m_newGuids;
+    IsoTimes m_times;
     QStringList m_textFiles;
-    QMap<QString, QUuid> m_users;
+    QMap<QString, QByteArray> m_users;
     QHash<int, QByteArray> m_kernoGuids;
     QHash<int, QByteArray> m_sourceGuids;
     QHash<int, QByteArray> m_keyGuids;

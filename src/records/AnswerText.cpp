@@ -4,6 +4,8 @@
 
 #include <QDebug>
 #include <QRegularExpression>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -22,6 +24,31 @@ QString wrapped(const QString& text) {
         return text;
     const QString frame = isFramed(text) ? QStringLiteral("\n") : QString();
     return wrapperStart + frame + text + frame + wrapperEnd;
+}
+
+// Most texts with entities have none but these, and to parse one takes twenty times as long.
+const QPair<QLatin1String, char> simpleEntities[] = {{QLatin1String("&amp;"), '&'},
+                                                     {QLatin1String("&lt;"), '<'},
+                                                     {QLatin1String("&gt;"), '>'},
+                                                     {QLatin1String("&quot;"), '"'}};
+
+/// The characters that a text without tags stands for; false when only a parser can tell.
+bool decodeEntities(const QString& text, QString& decoded) {
+    if (text.contains(QLatin1Char('<')))
+        return false;
+    decoded.reserve(text.size());
+    int done = 0;
+    for (int at = text.indexOf(QLatin1Char('&')); at >= 0; at = text.indexOf(QLatin1Char('&'), done)) {
+        const auto* const entity =
+            std::find_if(std::begin(simpleEntities), std::end(simpleEntities),
+                         [&](const auto& row) { return text.midRef(at, row.first.size()) == row.first; });
+        if (entity == std::end(simpleEntities))
+            return false;
+        decoded.append(text.midRef(done, at - done)).append(QLatin1Char(entity->second));
+        done = at + entity->first.size();
+    }
+    decoded.append(text.midRef(done));
+    return !decoded.contains(QLatin1Char('\r')) && !decoded.contains(QChar()) && decoded.isValidUtf16();
 }
 
 QString withMarks(const QString& plain, const AnswerText::Marks& marks) {
@@ -66,7 +93,10 @@ AnswerText AnswerText::prepare(const QString& text) {
             answer.m_plain = CompactText(inner);
             return answer;
         }
-        answer.m_document = HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
+        QString decoded;
+        answer.m_document = decodeEntities(inner, decoded)
+                                ? HtmlDocument::fromPlainText(decoded)
+                                : HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
     } else {
         answer.m_document = HtmlDocument::parse(answer.m_stored);
     }

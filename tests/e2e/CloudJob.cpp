@@ -1,6 +1,7 @@
 #include "CloudJob.h"
 
 #include "LayoutCheck.h"
+#include "SampleFiles.h"
 #include "link/Connection.h"
 #include "link/DataHelper.h"
 #include "project/KRNFile.h"
@@ -17,6 +18,7 @@ const QString projectsRun = QStringLiteral("projects");
 const QString looksRun = QStringLiteral("looks-light");
 const QString unwanted = QStringLiteral("Left over");
 const QString study = QStringLiteral("Study");
+const QString elsewhere = QStringLiteral("Elsewhere");
 const QString secret = QStringLiteral("Secret");
 const QString word = QStringLiteral("Öffne dich");
 const QString welcome = QStringLiteral("Welcome to Kernova Cloud");
@@ -54,7 +56,8 @@ bool CloudJob::play(const QString& run) {
     }
     m_cloud.addProject(unwanted);
     const bool done = nameServer() && signInToCloud() && upload() && remove() && openUploaded() &&
-                      createInCloud(secret, word) && openProtected() && signOut();
+                      convert() && mergeInCloud() && createInCloud(secret, word) && openProtected() &&
+                      signOut();
     QSettings().setValue(QStringLiteral("darkTheme"), false);
     return done;
 }
@@ -201,6 +204,46 @@ bool CloudJob::openUploaded() {
                  QStringLiteral("what was uploaded does not open")) &&
            gone(welcome) &&
            expect(KRNFile::instance()->sources().size() == 1, QStringLiteral("the upload is not whole")) &&
+           openDialog();
+}
+
+// An archive of another program becomes a project of the cloud.
+bool CloudJob::convert() {
+    const QString archive = path(QStringLiteral("Elsewhere.qdpx"));
+    QFile document(QStringLiteral(KERNOVA_EXCHANGE_CORPUS "/other-program.qde"));
+    QFile file(archive);
+    if (!document.open(QIODevice::ReadOnly) || !file.open(QIODevice::WriteOnly))
+        return fail(QStringLiteral("no archive"));
+    file.write(samples::zip({{"project.qde", document.readAll()}, {"sources/a.txt", "The text of it all"}}));
+    file.close();
+    return chooseProject(QStringLiteral("Upload Project"), archive) &&
+           shown(QStringLiteral("Convert REFI-QDA to Cloud Project")) && shoot(QStringLiteral("convert")) &&
+           click(QStringLiteral("Convert and Save")) && shown(QStringLiteral("Picture sources")) &&
+           shoot(QStringLiteral("converted")) && click(QStringLiteral("Open Project")) &&
+           until([&] { return currentName() == elsewhere; },
+                 QStringLiteral("what was converted stays closed")) &&
+           gone(QStringLiteral("Open Project"));
+}
+
+bool CloudJob::mergeInCloud() {
+    const QString merged = QStringLiteral("All of it");
+    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Merge Projects")) ||
+        !click(QStringLiteral("Add Project")) || !shown(QStringLiteral("Fetched")) ||
+        !click(QStringLiteral("Fetched")) || !shoot(QStringLiteral("merge-choice")) ||
+        !click(QStringLiteral("OK")) || !click(QStringLiteral("Next")) || !click(QStringLiteral("Merge")) ||
+        !shown(QStringLiteral("Merged project title is required!")))
+        return false;
+    m_driver.fill(m_driver.itemNamed(QStringLiteral("mergeResult")), elsewhere);
+    if (!click(QStringLiteral("Merge")) ||
+        !shown(QStringLiteral("Project with this title already exists! Please rename the merge result.")) ||
+        !shoot(QStringLiteral("merge-refused")))
+        return false;
+    m_driver.fill(m_driver.itemNamed(QStringLiteral("mergeResult")), merged);
+    return click(QStringLiteral("Merge")) &&
+           until([&] { return currentName() == merged; },
+                 QStringLiteral("the merged project does not open")) &&
+           gone(QStringLiteral("Merge Projects")) &&
+           expect(KRNFile::instance()->sources().size() == 3, QStringLiteral("the merge has lost sources")) &&
            openDialog();
 }
 

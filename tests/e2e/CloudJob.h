@@ -24,6 +24,8 @@ private:
     bool upload();
     bool remove();
     bool openUploaded();
+    bool convert();
+    bool mergeInCloud();
     bool openProtected();
     bool signOut();
     bool lookAtDialogs();

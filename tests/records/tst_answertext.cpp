@@ -95,6 +95,12 @@ private slots:
             QCOMPARE(quick.serialized(), parsed.serialized());
             QCOMPARE(quick.richText(), parsed.richText());
             QCOMPARE(quick.window(2, 5).serialized(), parsed.window(2, 5).serialized());
+            // Nor do those that have entities for characters alone.
+            const QString escaped = (text + "& <"_s).toHtmlEscaped();
+            const AnswerText answer = AnswerText::prepare(escaped);
+            const HtmlDocument whole = HtmlDocument::parse(wrapperStart + escaped + "</body>"_s);
+            QCOMPARE(answer.plain(), whole.plainText());
+            QCOMPARE(answer.document().serialized(), whole.serialized());
         }
         for (const QString& special : {"a<b"_s, "a&b"_s, "a\rb"_s, QString(QChar(0)), QString(QChar(0xd800))})
             QVERIFY(!HtmlDocument::isPlain(special));

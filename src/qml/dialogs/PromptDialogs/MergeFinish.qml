@@ -27,7 +27,7 @@ ColumnLayout {
         spacing: ApplicationStyle.default_dialog_margin
 
         DialogLabel {
-            Layout.preferredWidth: Units.dp(170)
+            Layout.preferredWidth: Math.max(Units.dp(150), implicitWidth)
             text: CentralManager.cloud ? qsTr("Merged Project title:") : qsTr("Author:")
         }
         DialogTextField {
