@@ -51,7 +51,7 @@ DialogPanel {
             text: qsTr("I am a preview text!")
             elide: Text.ElideRight
             color: ApplicationStyle.dialog_text_color_alternative
-            font { family: ApplicationStyle.source_text_font_family; pointSize: _fontSize.value }
+            font { family: ApplicationStyle.source_text_font_family; pointSize: Math.max(_fontSize.minimumValue, _fontSize.value, 1) }
         }
 
         DialogLabel { text: qsTr("Width of the Highlights Column:") }
