@@ -148,28 +148,17 @@ private slots:
         compareLists<KernoShortcutKey>({"author"_s});
     }
 
-    void argumentsFollowTheTable_data() {
-        columns<QStringList, QStringList>({"arguments", "expected"});
-        addRow("kerno",
-               Kerno(1, -1, QColor("#e1e120"_s), "a\\ \"b\"\nc"_s, "d"_s, QDateTime::currentDateTime(),
-                     "Ada"_s, 3, 4)
-                   .mutationArguments(),
-               QStringList{"id:1"_s, "parentKernoId:-1"_s, "color:\"#e1e120\""_s,
-                           "title:\"a\\\\ \\\"b\\\"\\nc\""_s, "description:\"d\""_s, "author:\"Ada\""_s,
-                           "x:3"_s, "y:4"_s});
-        addRow("answer", QuestionAnswer(1, 2, 3, "A"_s, "x"_s, QDateTime()).mutationArguments(),
-               QStringList{"id:1"_s, "questionId:2"_s, "sourceId:3"_s, "author:\"A\""_s,
-                           "answer:\"<body style=\\\"white-space: pre-wrap;\\\">x</body>\""_s});
-        addRow("number", Preference("k"_s, 5).mutationArguments(), QStringList{"key:\"k\""_s, "value:5"_s});
-        addRow("switch", Preference("k"_s, true).mutationArguments(),
-               QStringList{"key:\"k\""_s, "value:1"_s});
-        addRow("text", Preference("k"_s, "30"_s).mutationArguments(),
-               QStringList{"key:\"k\""_s, "value:\"30\""_s});
-    }
-
     void argumentsFollowTheTable() {
-        FETCH(QStringList, arguments, QStringList, expected);
-        QCOMPARE(arguments, expected);
+        const Kerno kerno(1, -1, QColor("#e1e120"_s), "a\\ \"b\"\nc"_s, "d"_s, {}, "Ada"_s, 3, 4);
+        QCOMPARE(
+            kerno.mutationArguments().join(' '),
+            "id:1 parentKernoId:-1 color:\"#e1e120\" title:\"a\\\\ \\\"b\\\"\\nc\" description:\"d\" author:\"Ada\" x:3 y:4"_s);
+        QCOMPARE(QuestionAnswer(1, 2, 3, "A"_s, "x"_s, QDateTime()).mutationArguments().last(),
+                 "answer:\"<body style=\\\"white-space: pre-wrap;\\\">x</body>\""_s);
+        // The kind of a value is kept.
+        QCOMPARE(Preference("k"_s, 5).mutationArguments().last(), "value:5"_s);
+        QCOMPARE(Preference("k"_s, true).mutationArguments().last(), "value:1"_s);
+        QCOMPARE(Preference("k"_s, "30"_s).mutationArguments().last(), "value:\"30\""_s);
     }
 
     void readsWhatItCanAndSaysWhetherItWasAll() {
