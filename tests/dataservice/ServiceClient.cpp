@@ -105,6 +105,21 @@ QString ServiceClient::listing(wire::Record record, const QString& arguments) {
     return wire::read(operation, {arguments}, {allFields(record)});
 }
 
+QByteArray ServiceClient::handshake(quint16 port) {
+    return "GET / HTTP/1.1\r\nHost: 127.0.0.1:" + QByteArray::number(port) +
+           "\r\nConnection: Upgrade\r\nUpgrade: websocket\r\nSec-WebSocket-Version: 13\r\n"
+           "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n\r\n";
+}
+
+QByteArray ServiceClient::frame(const QByteArray& payload, int opcode, bool masked) {
+    const int size = payload.size();
+    QByteArray bytes(1, static_cast<char>(0x80 | opcode));
+    bytes += static_cast<char>((masked ? 0x80 : 0) | qMin(size, 126));
+    if (size >= 126)
+        bytes.append(static_cast<char>(size / 256)).append(static_cast<char>(size % 256));
+    return bytes + QByteArray(masked ? 4 : 0, '\0') + payload;
+}
+
 void ServiceClient::receive(const QString& text) {
     const wire::ResponseFrame frame = wire::responseFromJson(wire::readFrame(text).object);
     frames.push_back({frame.messageId, frame.status, frame.payload});

@@ -50,6 +50,10 @@ public:
     static QString listing(wire::Record record, const QString& arguments = {});
     static QString allFields(wire::Record record);
 
+    /// For clients by hand: the handshake, and a frame as a client has to send it or, unmasked, must not.
+    static QByteArray handshake(quint16 port);
+    static QByteArray frame(const QByteArray& payload, int opcode = 1, bool masked = true);
+
     QWebSocket& socket() { return m_socket; }
 
     std::vector<Frame> frames;
