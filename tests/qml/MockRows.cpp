@@ -82,11 +82,10 @@ void MockProxy::setFilterValue(int value) {
 MockKernos::MockKernos(QObject* parent) : MockProxy(source(), QStringLiteral("parentKernoId"), parent) {}
 
 MockRows* MockKernos::source() {
-    static MockRows rows({QStringLiteral("kernoId"), QStringLiteral("parentKernoId"), QStringLiteral("title"),
-                          QStringLiteral("color"), QStringLiteral("description"), QStringLiteral("x"),
-                          QStringLiteral("y"), QStringLiteral("visible"), QStringLiteral("highlightsCount"),
-                          QStringLiteral("scale"), QStringLiteral("hasChildren"),
-                          QStringLiteral("highlightsCountWithChildren")});
+    static MockRows rows(
+        QStringLiteral("kernoId parentKernoId title color description x y visible highlightsCount scale "
+                       "hasChildren highlightsCountWithChildren")
+            .split(QLatin1Char(' ')));
     return &rows;
 }
 
@@ -105,9 +104,8 @@ QList<int> MockKernos::currentSortOrder() const {
 MockSources::MockSources(QObject* parent) : MockProxy(source(), {}, parent) {}
 
 MockRows* MockSources::source() {
-    static MockRows rows({QStringLiteral("sourceId"), QStringLiteral("title"), QStringLiteral("icon"),
-                          QStringLiteral("author"), QStringLiteral("timestamp"),
-                          QStringLiteral("sourcePercentageCoded")});
+    static MockRows rows(
+        QStringLiteral("sourceId title icon author timestamp sourcePercentageCoded").split(QLatin1Char(' ')));
     return &rows;
 }
 
@@ -119,9 +117,8 @@ QVariantList MockSources::getSortModes() const {
 MockAnswers::MockAnswers(QObject* parent) : MockProxy(source(), QStringLiteral("sourceId"), parent) {}
 
 MockRows* MockAnswers::source() {
-    static MockRows rows({QStringLiteral("answerId"), QStringLiteral("questionId"),
-                          QStringLiteral("sourceId"), QStringLiteral("question"), QStringLiteral("answer"),
-                          QStringLiteral("isHtml")});
+    static MockRows rows(
+        QStringLiteral("answerId questionId sourceId question answer isHtml").split(QLatin1Char(' ')));
     return &rows;
 }
 

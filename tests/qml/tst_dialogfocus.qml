@@ -65,20 +65,15 @@ Item {
             return !!item && item.activeFocus
         }
 
-        function test_tabGoesRound() {
-            var names = ["second", "third", "first", "second"]
-            for (var i = 0; i < names.length; ++i) {
-                keyClick(Qt.Key_Tab)
-                tryVerify(function() { return hasFocus(names[i]) }, 1000, "step " + i)
-            }
+        function test_theTabGoesRound_data() {
+            return [{ key: Qt.Key_Tab, modifiers: Qt.NoModifier, names: ["second", "third", "first", "second"] },
+                    { key: Qt.Key_Backtab, modifiers: Qt.ShiftModifier, names: ["third", "second", "first", "third"] }]
         }
-
-        function test_backtabGoesRound() {
-            var names = ["third", "second", "first", "third"]
-            for (var i = 0; i < names.length; ++i) {
-                keyClick(Qt.Key_Backtab, Qt.ShiftModifier)
-                tryVerify(function() { return hasFocus(names[i]) }, 1000, "step " + i)
-            }
+        function test_theTabGoesRound(data) {
+            data.names.forEach(function(name) {
+                keyClick(data.key, data.modifiers)
+                tryVerify(function() { return hasFocus(name) }, 1000, name)
+            })
         }
 
         function test_aDialogAboveKeepsItsFocus() {

@@ -46,6 +46,7 @@ public:
         qmlRegisterType<MockRows>("KernovaMock", 1, 0, "MockRows");
         qmlRegisterType(mock("KernovaTextEditBase"), "Kernova", 1, 2, "KernovaTextEditBase");
         qmlRegisterType(mock("KernovaWindow"), "Kernova", 1, 2, "KernovaWindow");
+        qmlRegisterType(mock("DocumentChangeTracker"), "Kernova", 1, 0, "DocumentChangeTracker");
         qmlRegisterType(mock("SourceTabs"), "Kernova", 1, 4, "SourceTabs");
         qmlRegisterType<MockKernovaQml>("Kernova", 1, 0, "KernovaQML");
         qmlRegisterType<MockKernos>("Kernova", 1, 4, "KernoProxyModel");

@@ -6,6 +6,7 @@ QtObject {
     property string userInvokedFile
     property bool isTouchEnabledDevice: false
     property string region: "local"
+    property int exchangeProgress: 0
     property string cloudHost
     property bool cloudHostFixed: false
     property var calls: []

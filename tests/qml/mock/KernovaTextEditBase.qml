@@ -13,6 +13,7 @@ TextEdit {
     property real lineHeight: 0
 
     signal answerLoaded()
+    signal answerPreloaded()
 
     textFormat: TextEdit.RichText
 

@@ -1,0 +1,6 @@
+import QtQuick 2.15
+
+QtObject {
+    property Item target
+    property QtObject undoManager
+}
