@@ -19,42 +19,35 @@ private:
     ServiceClient m_client;
 
     void store(const Project& project) {
-        QStringList queries;
-        const auto add = [&](Record record, const QString& arguments) {
-            queries << ServiceClient::saving(record, arguments);
+        const auto add = [&](Record record, const QList<QPair<QString, QVariant>>& fields) {
+            QStringList arguments;
+            for (const auto& [name, value] : fields)
+                arguments << (value.type() == QVariant::Int ? wire::argument(name, value.toInt())
+                                                            : wire::argument(name, value.toString()));
+            m_client.send(ServiceClient::saving(record, arguments.join(' ')));
         };
         for (int id = 1; id <= project.kernos; ++id)
-            add(Record::Kerno, "id:%1 author:\"%2\""_s.arg(id).arg(project.authors[id % 3]));
+            add(Record::Kerno, {{"id", id}, {"author", project.authors[id % 3]}});
         for (int id = 1; id <= project.sources; ++id)
-            add(Record::Source, "id:%1 title:\"Source %1\""_s.arg(id));
+            add(Record::Source, {{"id", id}, {"title", "Source %1"_s.arg(id)}});
         for (int id = 1; id <= project.keys * project.valuesOfKey; ++id) {
-            add(Record::SourceMetadataValue, "id:%1 keyId:%2 value:\"%3\""_s.arg(id)
-                                                 .arg((id - 1) / project.valuesOfKey + 1)
-                                                 .arg(valueText(id)));
+            const int key = (id - 1) / project.valuesOfKey + 1;
+            add(Record::SourceMetadataValue, {{"id", id}, {"keyId", key}, {"value", valueText(id)}});
         }
-        for (const Link& link : project.links) {
-            add(Record::SourceMetadata, "id:%1 sourceId:%2 keyId:%3 valueId:%4"_s.arg(link.id)
-                                            .arg(link.sourceId)
-                                            .arg(link.keyId)
-                                            .arg(link.valueId));
-        }
-        int id = 0;
-        for (const auto& membership : project.memberships) {
-            add(Record::KernoGroup,
-                "id:%1 kernoId:%2 groupId:%3"_s.arg(++id).arg(membership.first).arg(membership.second));
-        }
-        for (const Passage& each : project.highlights) {
-            add(Record::Highlight,
-                "id:%1 kernoId:%2 sourceId:%3 questionId:%4 start:%5 length:%6 author:\"%7\""_s.arg(each.id)
-                    .arg(each.kernoId)
-                    .arg(each.sourceId)
-                    .arg(each.questionId)
-                    .arg(each.start)
-                    .arg(each.length)
-                    .arg(each.author));
-        }
-        for (const QString& query : queries)
-            m_client.send(query);
+        for (const auto& [id, source, key, value] : project.links)
+            add(Record::SourceMetadata,
+                {{"id", id}, {"sourceId", source}, {"keyId", key}, {"valueId", value}});
+        int membership = 0;
+        for (const auto& [kerno, group] : project.memberships)
+            add(Record::KernoGroup, {{"id", ++membership}, {"kernoId", kerno}, {"groupId", group}});
+        for (const auto& [id, kerno, source, question, start, length, author] : project.highlights)
+            add(Record::Highlight, {{"id", id},
+                                    {"kernoId", kerno},
+                                    {"sourceId", source},
+                                    {"questionId", question},
+                                    {"start", start},
+                                    {"length", length},
+                                    {"author", author}});
         // A read is answered after everything before it.
         QVERIFY(m_client.ask("{kernoMaxId(next: false)}"_s).isDouble());
     }
