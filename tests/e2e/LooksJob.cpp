@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kernoCount = 200;
 constexpr int sourceCount = 40;
+constexpr int valueCount = 200;
 const QSize smallest(980, 680);
 const QSize wholeScreen(1920, 1080);
 const QString longTitle =
@@ -35,6 +36,20 @@ Highlight codingOf(const Kerno& kerno, int sourceId, int questionId, int start, 
     highlight.setStart(start);
     highlight.setLength(length);
     return highlight;
+}
+
+// One value for both sources, and many for the second.
+void giveProperties(KRNFile& project, int firstSource, int sourceId) {
+    project.saveMetadataKey(SourceMetadataKey(1, false, false, QStringLiteral("Attitude")));
+    project.saveMetadataKey(SourceMetadataKey(2, true, false, QStringLiteral("Topics")));
+    project.saveMetadataValue(SourceMetadataValue(1, 1, longTitle));
+    project.saveMetadata(SourceMetadata(1, sourceId, 1, 1, QStringLiteral("Ada Berger"), {}));
+    project.saveMetadata(SourceMetadata(2 + valueCount, firstSource, 1, 1, QStringLiteral("Ada Berger"), {}));
+    for (int number = 1; number <= valueCount; ++number) {
+        project.saveMetadataValue(SourceMetadataValue(1 + number, 2, QStringLiteral("Value %1").arg(number)));
+        project.saveMetadata(
+            SourceMetadata(1 + number, sourceId, 2, 1 + number, QStringLiteral("Ada Berger"), {}));
+    }
 }
 
 }  // namespace
@@ -85,6 +100,7 @@ bool LooksJob::makeLargeProject(const QString& name) {
             project->saveHighlight(codingOf(kerno, firstSource, question, number * 3, 20 + number));
         }
     }
+    giveProperties(*project, firstSource, project->sourceIds().last().toInt());
     QQuickItem* title = m_driver.itemNamed(QStringLiteral("kernoTitle"));
     AppDriver::waitFor([&] { return title && title->hasActiveFocus(); });
     m_driver.press(Qt::Key_Escape);
@@ -109,7 +125,8 @@ bool LooksJob::closeDialog(const QString& name, const QString& text) {
 bool LooksJob::lookAtAll() {
     m_canvas.leave();
     return look(QStringLiteral("main")) && lookAtMenus() && lookAtNotes() && lookAtSources() &&
-           lookAtViews() && lookAtDialogs() && lookAtSearch() && lookAtOpening();
+           lookAtViews() && lookAtDialogs() && lookAtSearch() && lookAtProperties() && lookAtQuery() &&
+           lookAtOpening();
 }
 
 bool LooksJob::lookAtMenus() {
@@ -259,6 +276,39 @@ bool LooksJob::lookAtSearch() {
     const bool fine = look(QStringLiteral("search-docked"));
     m_driver.click(toggle);
     return fine;
+}
+
+// A property of 200 values beside one of two, in the panel, in the editor and in the overview.
+bool LooksJob::lookAtProperties() {
+    QQuickItem* tab = m_driver.itemNamed(QStringLiteral("propertiesTab"));
+    return m_driver.click(tab) && shown(QStringLiteral("Source Properties")) &&
+           shown(QStringLiteral("Value 1")) && look(QStringLiteral("properties")) &&
+           click(QStringLiteral("+")) &&
+           closeDialog(QStringLiteral("quick-property"), QStringLiteral("Quick Property Editor")) &&
+           click(QStringLiteral("Properties and Values Editor")) && shown(QStringLiteral("New Property")) &&
+           click(QStringLiteral("Attitude")) && shown(QStringLiteral("Add Value")) && shown(longTitle) &&
+           closeDialog(QStringLiteral("edit-properties"), QStringLiteral("Edit Properties and Values")) &&
+           m_driver.click(m_driver.itemNamed(QStringLiteral("propertiesOverview"))) &&
+           shown(QStringLiteral("Properties Overview")) && shown(longTitle + QStringLiteral(": 2")) &&
+           look(QStringLiteral("properties-overview")) &&
+           m_driver.click(m_driver.itemNamed(QStringLiteral("closeOverviewAndProperties"))) &&
+           gone(QStringLiteral("Properties Overview"));
+}
+
+bool LooksJob::lookAtQuery() {
+    const QString theme = QStringLiteral("Theme 10");
+    if (!click(QStringLiteral("Query")) || !shown(QStringLiteral("Main Query:")) ||
+        !click(QStringLiteral("Update")) || !click(theme) ||
+        !until([&] { return m_driver.itemsOfType(QStringLiteral("SearchResultsItem")).size() == 1; },
+               QStringLiteral("a query's quotes do not come")) ||
+        !look(QStringLiteral("query")) || !click(QStringLiteral("Compare")) ||
+        !shown(QStringLiteral("Right Query:")))
+        return false;
+    for (int rows = 1; rows < 10; ++rows)
+        m_driver.click(m_driver.itemNamed(QStringLiteral("addCriterion")));
+    return click(QStringLiteral("Update")) && look(QStringLiteral("query-compared")) &&
+           click(QStringLiteral("Single")) && click(QStringLiteral("Home")) &&
+           gone(QStringLiteral("Main Query:"));
 }
 
 bool LooksJob::lookAtOpening() {

@@ -21,6 +21,8 @@ private:
     bool lookAtViews();
     bool lookAtDialogs();
     bool lookAtSearch();
+    bool lookAtQuery();
+    bool lookAtProperties();
     bool lookAtOpening();
     bool lookAtSources();
     bool filterSources();

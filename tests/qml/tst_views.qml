@@ -226,6 +226,26 @@ Item {
             verify(findWith(panel, "text", "No Quotes to Display").visible)
         }
 
+        // Far more than fit: they keep their places, and what is selected in them is known all the same.
+        function test_onlyWhatIsInSightIsDrawn() {
+            var places = []
+            for (var i = 0; i < 60; ++i)
+                places.push(i)
+            show(places.map(function(place) { return quote(10 * place, 10) }))
+            var quotes = panel.quotes
+            var drawn = function() { return places.filter(function(place) { return !!quotes.itemAt(place).item }) }
+            verify(drawn().length > 0 && drawn().length < 40)
+            quotes.selectAll()
+            tryVerify(function() { return quotes.allSelected })
+            compare(quotes.getSelectedText(""), whole)
+            var view = findChild(panel, "quotesView")
+            view.contentY = view.contentHeight - view.height
+            tryVerify(function() { return drawn().indexOf(59) >= 0 && drawn().indexOf(0) < 0 })
+            compare(quotes.getSelectedText(""), whole)
+            quotes.deselectAll()
+            compare(quotes.getSelectedText(""), "")
+        }
+
         function test_takingFromSeveral() {
             var items = show([quote(0, 5), quote(10, 5), quote(20, 5)])
             tryVerify(function() { return items.every(function(item) { return textOf(item).length === 5 }) })
