@@ -299,8 +299,12 @@ bool LooksJob::lookAtQuery() {
     const QString theme = QStringLiteral("Theme 10");
     if (!click(QStringLiteral("Query")) || !shown(QStringLiteral("Main Query:")) ||
         !click(QStringLiteral("Update")) || !click(theme) ||
-        !until([&] { return m_driver.itemsOfType(QStringLiteral("SearchResultsItem")).size() == 1; },
-               QStringLiteral("a query's quotes do not come")) ||
+        !until(
+            [&] {
+                const auto quotes = m_driver.itemsOfType(QStringLiteral("SearchResultsItem"));
+                return quotes.size() == 1 && quotes.first()->opacity() == 1;
+            },
+            QStringLiteral("a query's quote does not come")) ||
         !look(QStringLiteral("query")) || !click(QStringLiteral("Compare")) ||
         !shown(QStringLiteral("Right Query:")))
         return false;

@@ -19,7 +19,11 @@ TextInput {
     color: text !== stored ? ApplicationStyle.orange_text_color : ApplicationStyle.dialog_text_color_alternative
     font.pixelSize: ApplicationStyle.dialog_text_font_size
 
-    onStoredChanged: text = stored
+    Component.onCompleted: cursorPosition = 0
+    onStoredChanged: {
+        text = stored
+        cursorPosition = activeFocus ? text.length : 0
+    }
     onEditingFinished: {
         if (text !== stored && !save(text))
             text = stored
