@@ -87,7 +87,8 @@ Repeater {
         }
         __drawn.forEach(function(old) {
             if (old && drawn.indexOf(old) < 0) {
-                if (old.kept)
+                // What is half made can't be let go of.
+                if (old.kept || old.status === Loader.Loading)
                     drawn.push(old)
                 else
                     old.active = false
