@@ -9,7 +9,7 @@ import "../Kerno/Views/Overlap"
 Item {
     id: root
 
-    // The report's folder; the pictures go beside its data.
+    // The folder of the report's data.
     property string outputFolder
     property int step: 0
     readonly property int mainCanvasSteps: 10
@@ -43,7 +43,7 @@ Item {
     opacity: 0
 
     function start() {
-        appHelper.createPath(outputFolder + "/data")
+        appHelper.createPath(outputFolder)
         hierarchyKernos = CentralManager.generateHierarchyViews ? krnFile.kernoIdsForKernosWithChildren() : []
         kernosWithOverlaps = CentralManager.generateOverlapViews ? krnFile.kernoIdsForKernosWithOverlaps() : []
         cancelled = false
@@ -66,7 +66,7 @@ Item {
 
     // Saves what the item shows, and then goes on; also when nothing could be grabbed.
     function __save(item, file, then) {
-        var path = outputFolder + "/data/" + file + ".png"
+        var path = outputFolder + "/" + file + ".png"
         var goOn = function() {
             if (!root.cancelled)
                 then()

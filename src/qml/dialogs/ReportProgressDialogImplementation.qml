@@ -9,7 +9,7 @@ PagesProgressDialog {
     generator: ReportPixmapGenerator {
         parent: root
         z: -1
-        outputFolder: CentralManager.reportOutputFolder
+        outputFolder: CentralManager.reportOutputFolder + "/data"
     }
     write: function() {
         var folder = CentralManager.reportOutputFolder
