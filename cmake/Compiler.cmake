@@ -8,6 +8,10 @@ target_compile_definitions(kernova_compiler INTERFACE
     QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
     QT_DEPRECATED_WARNINGS)
 
+# The fuzzer follows what its inputs reach in all rooms, not in the target alone.
+if(KERNOVA_FUZZ)
+    target_compile_options(kernova_compiler INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(KERNOVA_SANITIZE)
     target_compile_options(kernova_compiler INTERFACE
         -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -57,7 +57,7 @@ void ImportSourceCommand::importPairs(const QVariantList& pairs) {
     QStringList questions;
     QStringList answers;
     for (const QVariant& pair : pairs) {
-        const QString question = textOf(pair, "question");
+        const QString question = importedQuestion(textOf(pair, "question"));
         if (question.isEmpty())
             continue;
         questions.append(question);

@@ -23,3 +23,8 @@ QString importedText(const QString& text) {
     imported = imported.mid(head.size(), imported.size() - head.size() - tail.size());
     return head + imported.replace(notAMark, QStringLiteral("&lt;")) + tail;
 }
+
+QString importedQuestion(const QString& text) {
+    static const QRegularExpression mark(QStringLiteral("</?[biu]>"));
+    return QString(text).remove(mark).trimmed();
+}

@@ -11,3 +11,7 @@ QString withLineFeeds(QString text);
 /// `<i>`, `<u>` or their ends is escaped; the wrapper of a rich text fragment, or what cutting one into
 /// answers has left of its end, stays. Line ends become line feeds, and entities stay as they are.
 QString importedText(const QString& text);
+
+/// What becomes the text of a question: questions have no marks, so `<b>`, `<i>`, `<u>` and their ends, which
+/// a marked marker leaves behind, go.
+QString importedQuestion(const QString& text);

@@ -35,7 +35,7 @@ void KRNFile::whenTextsAreHere(QObject* context, const std::function<void(bool)>
         return;
     }
     auto* wait = new QObject(context);
-    connect(this, &KRNFile::textWaitEnded, wait, [this, wait, then](bool here) {
+    connect(this, &KRNFile::textWaitEnded, wait, [wait, then](bool here) {
         delete wait;
         then(here);
     });

@@ -104,10 +104,10 @@ QHash<QString, RecordOperation> makeNames() {
 
 const std::vector<Record>& allRecords() {
     static const std::vector<Record> all = [] {
-        std::vector<Record> list;
+        std::vector<Record> found;
         for (const RecordRow& record : records)
-            list.push_back(record.record);
-        return list;
+            found.push_back(record.record);
+        return found;
     }();
     return all;
 }

@@ -158,6 +158,8 @@ bool ImportJob::previewQuestions() {
            shoot(QStringLiteral("preview")) && click(QStringLiteral("Import")) &&
            gone(QStringLiteral("Source Title:")) &&
            holds(QStringLiteral("Source 1"), QString::fromUtf8("By the river, über <there>.")) &&
+           expect(KRNFile::instance()->hasQuestion(QStringLiteral("Where do you live?")),
+                  QStringLiteral("a question has the marks of its marker")) &&
            shoot(QStringLiteral("answers"));
 }
 

@@ -157,7 +157,7 @@ DialogPanel {
                 spacing: ApplicationStyle.default_margin
                 delegate: ImportPreviewRow {
                     width: ListView.view.width
-                    question: root.structured ? root.__cut(modelData.question) : ""
+                    question: root.structured ? root.__cut(modelData.question.replace(/<\/?[biu]>/g, "").trim()) : ""
                     answer: appHelper.importPreview(modelData.answer, root.__longestPreview)
                 }
             }

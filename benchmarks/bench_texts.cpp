@@ -1,0 +1,217 @@
+#include "Screens.h"
+#include "undo/UndoManager.h"
+
+#include <QAbstractItemModel>
+
+// What reading, coding and editing a long text cost in the window: 300,000 characters with 2,000 highlights,
+// and a tenth of both beside it. Needs a display.
+
+namespace {
+
+struct Text {
+    int sourceId;
+    int length;
+    int highlights;
+};
+
+constexpr Text small{1, 30000, 200};
+constexpr Text denseSmall{2, 30000, 2000};
+constexpr Text large{3, 300000, 2000};
+constexpr int kernos = 50;
+
+const QString sentence =
+    QStringLiteral("And then we moved to the house by the river, which my aunt had left us.\n");
+
+void makeProject(Screens& screens) {
+    screens.open(text("texts"));
+    DataHelper& helper = *KRNFile::instance()->dataHelper();
+    for (int id = 1; id <= kernos + 1; ++id)
+        helper.save(Kerno(id, -1, QColor::fromHsv((id * 47) % 360, 200, 220), text("Topic %1").arg(id), {},
+                          {}, author, 20 + (id * 37) % 660, 20 + (id * 53) % 480),
+                    true);
+    int highlightId = 0;
+    for (const Text& shown : {small, denseSmall, large}) {
+        helper.save(Source(shown.sourceId, text("Interview %1").arg(shown.sourceId), QString(), author, {}));
+        helper.save(QuestionAnswer(shown.sourceId, 1, shown.sourceId, author,
+                                   sentence.repeated(shown.length / sentence.size() + 1).left(shown.length),
+                                   {}));
+        QList<Highlight> batch;
+        for (int i = 0; i < shown.highlights; ++i) {
+            const int start =
+                static_cast<int>(static_cast<qint64>(i) * (shown.length - 200) / shown.highlights);
+            ++highlightId;
+            batch << Highlight(highlightId, 1 + i % kernos, shown.sourceId, 1, {}, start, 120, start + 120,
+                               author, {}, 0, 0, 0, false);
+        }
+        KRNFile::instance()->batchSaveHighlights(batch);
+    }
+    KRNFile::instance()->kernoIds();
+    settle();
+}
+
+/// The time of a key with all that it sets off at once, in milliseconds.
+double pressKey(Screens& screens, int key, const QString& text) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+    const double before = threadMilliseconds();
+    QCoreApplication::sendEvent(screens.window(), &event);
+    QQuickWindowPrivate::get(screens.window())->polishItems();
+    const double took = threadMilliseconds() - before;
+    QCoreApplication::processEvents();
+    return took;
+}
+
+QQuickItem* shownText(const Screens& screens, const char* name) {
+    for (QQuickItem* item : screens.shown("KernovaTextEdit")) {
+        if (item->objectName() == QLatin1String(name))
+            return item;
+    }
+    return nullptr;
+}
+
+int stripes(QQuickItem* text) {
+    return text ? text->property("highlightsModel").value<QAbstractItemModel*>()->rowCount() : 0;
+}
+
+void choose(Screens& screens, const Text& chosen, bool tells) {
+    const auto at = [&] { return shownText(screens, "answerText"); };
+    const auto holds = [&](const char* property, int value) {
+        return at() && at()->property("sourceId").toInt() == chosen.sourceId &&
+               at()->property(property).toInt() >= value;
+    };
+    Took first{};
+    const Took all = timeUntil(
+        [&] {
+            first = timeUntil(
+                [&] { screens.set(text("CentralManager.currentSourceId = %1").arg(chosen.sourceId)); },
+                [&] { return holds("length", chosen.length - 1); }, "the text");
+            QQuickWindowPrivate::get(screens.window())->polishItems();
+        },
+        [&] { return holds("length", 1) && stripes(at()) == chosen.highlights; }, "the stripes");
+    if (tells) {
+        tell(qPrintable(text("choose a text of %1 characters, to its first screenful").arg(chosen.length)),
+             first);
+        tell(qPrintable(text("... to its %1 stripes").arg(chosen.highlights)), all);
+    }
+    settle();
+}
+
+double codeOne(Screens& screens, Session& session, const Text& shown) {
+    QList<double> own;
+    for (int i = 0; i < 9; ++i) {
+        const int before = stripes(shownText(screens, "answerText"));
+        const int start = shown.length / 2 + 400 * i;
+        Highlight highlight(-1, kernos + 1, shown.sourceId, 1, {}, start, 7, start + 7, {}, {}, 0, 0, 0,
+                            false);
+        own << timeUntil([&] { session.undoManager().addHighlight(highlight); },
+                         [&] { return stripes(shownText(screens, "answerText")) > before; }, "the stripe")
+                   .own;
+        settle();
+    }
+    tell(qPrintable(text("code a passage among %1 in %2 characters").arg(shown.highlights).arg(shown.length)),
+         own);
+    return own[own.size() / 2];
+}
+
+void measureReading(Screens& screens) {
+    QQuickItem* item = shownText(screens, "answerText");
+    QList<double> hovers;
+    for (int id = 2300; id < 2400; ++id) {
+        const double before = threadMilliseconds();
+        item->setProperty("currentHighlight", id);
+        QQuickWindowPrivate::get(screens.window())->polishItems();
+        hovers << threadMilliseconds() - before;
+    }
+    item->setProperty("currentHighlight", -1);
+    tell("point at another highlight", hovers);
+
+    QQuickItem* view = item;
+    while (view && view->objectName() != QLatin1String("answersView"))
+        view = view->parentItem();
+    int made = 0;
+    const int before = screens.window()->findChildren<QQuickItem*>().size();
+    QList<double> steps;
+    for (int step = 0; step < 100; ++step) {
+        const double start = threadMilliseconds();
+        view->setProperty("contentY", step * 120.0);
+        QQuickWindowPrivate::get(screens.window())->polishItems();
+        steps << threadMilliseconds() - start;
+    }
+    made = screens.window()->findChildren<QQuickItem*>().size() - before;
+    tell("scroll by a few lines", steps);
+    std::printf("items made by scrolling: %d\n", made);
+}
+
+void measureEditing(Screens& screens, const Text& edited) {
+    const Took opened = timeUntil(
+        [&] {
+            screens.set(
+                text("CentralManager.showAnswerEditor = { answerId: %1, cursor: 150 }").arg(edited.sourceId));
+        },
+        [&] {
+            QQuickItem* item = shownText(screens, "editedText");
+            return item && item->hasActiveFocus() && stripes(item) >= edited.highlights;
+        },
+        "the editor");
+    tell("open the editor", opened);
+    settle();
+    QList<double> keys;
+    for (int i = 0; i < 60; ++i)
+        keys << pressKey(screens, Qt::Key_A, text("a"));
+    tell("a key near the start, which moves all highlights", keys);
+    const Took drawn = timeUntil([] {},
+                                 [&, timer = QElapsedTimer()]() mutable {
+                                     if (!timer.isValid())
+                                         timer.start();
+                                     return timer.elapsed() > 900;
+                                 },
+                                 "time");
+    std::printf("%-64s %6.0f ms of the main thread\n", "... and the drawing that follows the last of them",
+                drawn.own);
+    const int before =
+        KRNFile::instance()->highlights(edited.sourceId, 1).value(edited.highlights / 2).start();
+    const auto moved = [&] {
+        QQuickItem* item = shownText(screens, "answerText");
+        return KRNFile::instance()->highlights(edited.sourceId, 1).value(edited.highlights / 2).start() !=
+                   before &&
+               item && item->property("length").toInt() >= edited.length + 60 &&
+               stripes(item) >= edited.highlights;
+    };
+    QQuickItem* editor = screens.shown("EditAnswerDialogImplementation").value(0);
+    tell("save, until all highlights are back",
+         timeUntil(
+             [&] {
+                 for (QQuickItem* button : screens.shown("StyledButton")) {
+                     if (editor && button->property("text").toString() == text("Save"))
+                         QMetaObject::invokeMethod(button, "clicked");
+                 }
+             },
+             moved, "what was saved"));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    startup::prepare();
+    KernovaApplication application(argc, argv);
+    Session session(application, startup::setUp());
+    Screens screens(session);
+    if (!screens.start()) {
+        std::fputs("The window or the service does not come.\n", stderr);
+        return 1;
+    }
+    makeProject(screens);
+    choose(screens, small, false);
+    const double inSmall = codeOne(screens, session, small);
+    choose(screens, denseSmall, false);
+    const double inDense = codeOne(screens, session, denseSmall);
+    choose(screens, large, true);
+    const double inLarge = codeOne(screens, session, large);
+    std::printf("a coding in the large text costs %.2f of one in a small text with as many, %.2f of one with "
+                "a tenth\n",
+                inLarge / inDense, inLarge / inSmall);
+    measureReading(screens);
+    measureEditing(screens, large);
+    KRNFile::instance()->closeAndReset();
+    return 0;
+}
