@@ -10,7 +10,6 @@
 #include "records/ContrastColor.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <QFile>
 #include <QGuiApplication>
 #include <QPoint>
@@ -19,7 +18,7 @@
 #include <algorithm>
 
 AppHelper::AppHelper(UndoManager* undoManager, KRNFile* krnFile)
-    : m_undoManager(undoManager), m_krnFile(krnFile), m_eventLoop(new QEventLoop(this)) {
+    : m_undoManager(undoManager), m_krnFile(krnFile) {
     openSynonyms();
     initSearch();
     initExports();

@@ -14,7 +14,6 @@
 #include <atomic>
 
 class KRNFile;
-class QEventLoop;
 class UndoManager;
 
 namespace Search {
@@ -229,7 +228,6 @@ private:
     KRNFile* m_krnFile;
     Search::SourceSearch* m_search = nullptr;     ///< a child
     VariantListModel* m_searchResults = nullptr;  ///< a child
-    QEventLoop* m_eventLoop;                      ///< stands ready for imports that have to wait
     QClipboard* m_clipboard = nullptr;
     bool m_clipboardHasText = false;
     QString m_userInvokedFile;

@@ -26,7 +26,6 @@ PDFTextExtractor::PDFTextExtractor(const QString& pdfPath, QObject* parent)
     m_outputPath =
         QStringLiteral("%1%2%3.txt")
             .arg(m_folder.path(), QDir::separator(), QString::number(QDateTime::currentMSecsSinceEpoch()));
-    connect(this, &PDFTextExtractor::extracted, this, &PDFTextExtractor::onExtracted);
 }
 
 void PDFTextExtractor::setConverter(const QString& program, const Timings& timings) {
@@ -37,13 +36,9 @@ void PDFTextExtractor::setConverter(const QString& program, const Timings& timin
 QString PDFTextExtractor::extract(const std::function<bool()>& cancelled) {
     const int exitCode = m_folder.isValid() ? convert(cancelled) : notStarted;
     qCDebug(logFileImport) << "exit code" << exitCode;
-    emit extracted(exitCode, exitCode == 0 ? readOutput() : QString());
-    return m_text;
-}
-
-void PDFTextExtractor::onExtracted(int exitCode, const QString& extractedText) {
-    m_exitCode = exitCode;
-    m_text = extractedText;
+    const QString text = exitCode == 0 ? readOutput() : QString();
+    emit extracted(exitCode, text);
+    return text;
 }
 
 int PDFTextExtractor::convert(const std::function<bool()>& cancelled) {

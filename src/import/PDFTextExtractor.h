@@ -32,18 +32,13 @@ signals:
     /// started.
     void extracted(int exitCode, const QString& extractedText);
 
-private slots:
-    void onExtracted(int exitCode, const QString& extractedText);
-
 private:
     int convert(const std::function<bool()>& cancelled);
     QString readOutput() const;
 
-    int m_exitCode = 0;
     QString m_converter;
     QString m_inputPath;
     QString m_outputPath;
-    QString m_text;
     QTemporaryDir m_folder;
     QEventLoop m_loop;
     Timings m_timings;

@@ -16,8 +16,8 @@ Rectangle {
     property bool greyed: false
     property bool showContextMenu: false
     readonly property bool haloOn: !!_halo.item && _halo.item.haloOn
-    // A longer title is written smaller and then cut, so that it leaves its neighbours legible; it is whole while the
-    // mouse rests on it.
+    // A longer title is cut, so that it leaves its neighbours legible, and where bubbles crowd all are written smaller; it
+    // is whole while the mouse rests on it.
     property real titleRoom: Units.dp(level === 0 ? 150 : 90)
     property bool forceAutoPosition: false
     property real canvasXAuto: 0
@@ -142,9 +142,7 @@ Rectangle {
             wrapMode: Text.NoWrap
             elide: Text.ElideRight
             width: root.hovered ? implicitWidth : Math.min(implicitWidth, root.titleRoom)
-            // Half an em for each character, about.
-            font.pixelSize: root.hovered ? Units.dp(15)
-                                         : Math.max(Units.dp(11), Math.min(Units.dp(15), 2 * root.titleRoom / text.length))
+            font.pixelSize: Units.dp(root.hovered || root.titleRoom > 1.5 * root.width ? 15 : 11)
         }
     }
 
