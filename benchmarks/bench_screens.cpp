@@ -70,6 +70,18 @@ void measureDragging(Screens& screens) {
 void measureOverlaps(Screens& screens) {
     screens.makeProject(text("overlaps"), 300, 301);
     screens.addHighlights(100000, 300);
+    KRNFile* const file = KRNFile::instance();
+    const auto done = [] { return true; };
+    QList<int> others;
+    for (int id = 1; id <= 300; ++id)
+        others << id;
+    tell("300 overlap counts, one after the other", timeUntil(
+                                                        [&] {
+                                                            for (int id : others)
+                                                                file->getOverlap(7, id);
+                                                        },
+                                                        done, ""));
+    tell("the same counts asked for together", timeUntil([&] { file->overlapsOf(7, others); }, done, ""));
     const auto bubblesStand = [&] {
         const QList<QQuickItem*> bubbles = screens.shown("KernoViewBubble");
         return bubbles.size() >= 300 && !screens.shown("SearchResultsItem").isEmpty();

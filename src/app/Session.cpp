@@ -25,6 +25,8 @@ Session::Session(KernovaApplication& application, KRNFile* krnFile)
 Session::~Session() {
     m_krnFile->closeAndReset();
     m_application.setAppHelper(nullptr);
+    // An item that goes while it is loaded tells the engine, which must still be there.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 bool Session::load() {

@@ -8,6 +8,7 @@
 
 #include <QMessageBox>
 #include <QNetworkReply>
+#include <QQmlComponent>
 #include <QQmlContext>
 #include <QTcpServer>
 #include <csignal>
@@ -90,7 +91,13 @@ private slots:
             for (const char* name : {"undoManager", "appHelper", "instantiator", "projectMerger"})
                 record(contextObject(session, name), name);
             record(&session.engine(), "engine");
+            // One item is still being loaded when it is let go.
+            QQmlComponent loading(&session.engine());
+            loading.setData("import QtQuick 2.15\nLoader { asynchronous: true; sourceComponent: Item {} }",
+                            QUrl());
+            loading.create()->deleteLater();
         }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(ended, QStringList({"engine", "projectMerger", "instantiator", "appHelper", "undoManager"}));
     }
 
