@@ -171,7 +171,7 @@ void WebSocketHandler::onDisconnected() {
     m_abortTimer->stop();
     m_pingTimer->stop();
     m_connected = false;
-    if (m_socket->closeCode() == wire::closeCodeOtherSession)
+    if (static_cast<int>(m_socket->closeCode()) == wire::closeCodeOtherSession)
         emit closedDueToAnotherSession();
     else
         emit disconnected();
