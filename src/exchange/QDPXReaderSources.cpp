@@ -26,6 +26,12 @@ SkippedElements::Kind kindOf(const QString& element) {
     return SkippedElements::Kind::Other;
 }
 
+// Characters that need no entity; without them most texts need no parser.
+QString withFewEntities(QString text) {
+    return text.replace(QLatin1String("&gt;"), QLatin1String(">"))
+        .replace(QLatin1String("&quot;"), QLatin1String("\""));
+}
+
 }  // namespace
 
 void QDPXReader::readSources() {
@@ -61,7 +67,7 @@ QDPXReader::Text QDPXReader::fileText(const QString& path) {
     if (bytes.isNull())
         return {};
     if (m_form == ExchangeForm::Own)
-        return {true, importedText(QString::fromUtf8(bytes)), {}};
+        return {true, importedText(withFewEntities(QString::fromUtf8(bytes))), {}};
     const LiteralText literal = literalFile(bytes);
     return {true, asAnswer(literal.plain), literal.map};
 }

@@ -51,6 +51,12 @@ bool decodeEntities(const QString& text, QString& decoded) {
     return !decoded.contains(QLatin1Char('\r')) && !decoded.contains(QChar()) && decoded.isValidUtf16();
 }
 
+/// The form in which most texts are stored: with entities where a plain character would begin a mark.
+QString escaped(QString plain) {
+    return plain.replace(QLatin1Char('&'), QLatin1String("&amp;"))
+        .replace(QLatin1Char('<'), QLatin1String("&lt;"));
+}
+
 QString withMarks(const QString& plain, const AnswerText::Marks& marks) {
     QString html;
     int done = 0;
@@ -94,9 +100,13 @@ AnswerText AnswerText::prepare(const QString& text) {
             return answer;
         }
         QString decoded;
-        answer.m_document = decodeEntities(inner, decoded)
-                                ? HtmlDocument::fromPlainText(decoded)
-                                : HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
+        if (decodeEntities(inner, decoded) && escaped(decoded) == inner) {
+            answer.m_held = framed ? Held::FramedPlainText : Held::PlainText;
+            answer.m_stored.clear();
+            answer.m_plain = CompactText(decoded);
+            return answer;
+        }
+        answer.m_document = HtmlDocument::parse(wrapperStart + inner + wrapperEnd);
     } else {
         answer.m_document = HtmlDocument::parse(answer.m_stored);
     }
@@ -129,7 +139,7 @@ QString AnswerText::stored() const {
     if (m_held == Held::Document)
         return m_stored;
     const QString frame = m_held == Held::FramedPlainText ? QStringLiteral("\n") : QString();
-    return wrapperStart + frame + plain() + frame + wrapperEnd;
+    return wrapperStart + frame + escaped(plain()) + frame + wrapperEnd;
 }
 
 HtmlDocument AnswerText::document() const {

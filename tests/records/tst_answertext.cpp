@@ -96,11 +96,14 @@ private slots:
             QCOMPARE(quick.richText(), parsed.richText());
             QCOMPARE(quick.window(2, 5).serialized(), parsed.window(2, 5).serialized());
             // Nor do those that have entities for characters alone.
-            const QString escaped = (text + "& <"_s).toHtmlEscaped();
+            QString escaped = (text + "& <"_s).toHtmlEscaped();
+            if (round % 2 == 0)
+                escaped.replace("&gt;"_s, ">"_s).replace("&quot;"_s, "\""_s);
             const AnswerText answer = AnswerText::prepare(escaped);
             const HtmlDocument whole = HtmlDocument::parse(wrapperStart + escaped + "</body>"_s);
             QCOMPARE(answer.plain(), whole.plainText());
             QCOMPARE(answer.document().serialized(), whole.serialized());
+            QCOMPARE(answer.stored(), wrapperStart + escaped + "</body>"_s);
         }
         for (const QString& special : {"a<b"_s, "a&b"_s, "a\rb"_s, QString(QChar(0)), QString(QChar(0xd800))})
             QVERIFY(!HtmlDocument::isPlain(special));
