@@ -122,6 +122,7 @@ inline bool Screens::start() {
     });
     if (!appeared)
         return false;
+    m_window->setProperty("showFirstTimeIntro", false);
     set(text("CentralManager.cloud = false; CentralManager.showLogin = false"));
     return true;
 }

@@ -78,6 +78,8 @@ int measure(Session& session, KRNFile& file, const QString& path) {
     component.setData(hands, QUrl(QStringLiteral("qrc:/qml/benchmark.qml")));
     const std::unique_ptr<QObject> person(component.create());
     QQuickWindow* window = mainWindow();
+    if (window)
+        window->setProperty("showFirstTimeIntro", false);
     if (!person || !window || !file.dataHelper()->connection()->connect(false)) {
         std::fprintf(stderr, "The window can't be driven. %s\n", qPrintable(component.errorString()));
         return 1;

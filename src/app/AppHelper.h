@@ -96,6 +96,8 @@ public:
     // Pages in the system's browser; false when none could be started.
 
     Q_INVOKABLE bool openUrl(const QUrl& url) const;
+    /// The vendor's manual, in whatever opens web pages.
+    Q_INVOKABLE bool openManual() const;
     Q_INVOKABLE bool passwordReset() const;
     Q_INVOKABLE bool manageAccount() const;
     Q_INVOKABLE bool manageProjects() const;

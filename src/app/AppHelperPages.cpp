@@ -19,6 +19,10 @@ bool AppHelper::openUrl(const QUrl& url) const {
     return QDesktopServices::openUrl(url);
 }
 
+bool AppHelper::openManual() const {
+    return openUrl(product::manualPage());
+}
+
 bool AppHelper::passwordReset() const {
     return openPage(product::passwordResetPage(), "Failed to open password reset page...");
 }

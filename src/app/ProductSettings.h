@@ -36,6 +36,9 @@ inline QUrl projectsPage() {
 inline QUrl registrationPage() {
     return page(QStringLiteral("/account/register"));
 }
+inline QUrl manualPage() {
+    return page(QStringLiteral("/manual.pdf"));
+}
 inline QUrl supportPage() {
     return page(QStringLiteral("/support"));
 }

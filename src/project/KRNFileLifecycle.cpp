@@ -121,7 +121,8 @@ bool KRNFile::createContents(bool singleQuestion) {
 
 bool KRNFile::readContents() {
     const int type = getPreference(preference::singleQuestion, unknownFileType).toInt();
-    if (getPreference(preference::cloudVersion, 0).toInt() != cloudVersion)
+    // A reader leaves no trace.
+    if (canMutate() && getPreference(preference::cloudVersion, 0).toInt() != cloudVersion)
         savePreference(preference::cloudVersion, cloudVersion);
     if (type == unknownFileType) {
         m_lastError = tr("Failed to read file type (free flow/multiple question).");
@@ -156,7 +157,7 @@ bool KRNFile::failOpen(const QString& error) {
 bool KRNFile::acquireLock() {
     if (getPreference(preference::openLock, false).toBool())
         return askWhetherToOpen();
-    m_holdsLock = savePreference(preference::openLock, true);
+    m_holdsLock = canMutate() && savePreference(preference::openLock, true);
     return true;
 }
 

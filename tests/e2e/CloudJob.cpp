@@ -6,7 +6,6 @@
 #include "link/DataHelper.h"
 #include "project/KRNFile.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QQuickWindow>
 #include <QSettings>
@@ -23,13 +22,6 @@ const QString secret = QStringLiteral("Secret");
 const QString word = QStringLiteral("Öffne dich");
 const QString welcome = QStringLiteral("Welcome to Kernova Cloud");
 const QString lost = QStringLiteral("Connection lost, reconnecting...");
-
-// The service that stands behind the cloud is the one beside the program.
-void nameService() {
-    if (qEnvironmentVariableIsEmpty("KERNOVA_SERVICE_PROGRAM"))
-        qputenv("KERNOVA_SERVICE_PROGRAM", QFile::encodeName(QCoreApplication::applicationDirPath() +
-                                                             QStringLiteral("/kernova-service")));
-}
 
 HttpAnswer refuse(const HttpAsked&) {
     return {503, {}};
@@ -48,7 +40,7 @@ bool CloudJob::play(const QString& run) {
     m_cloud.addProject(QStringLiteral("What others do"), true);
     if (run == workRun)
         return nameServer() && signInToCloud() && createInCloud(study, {}) && work() && loseLink() &&
-               copyInCloud() && download();
+               copyInCloud() && download() && readOnly();
     if (run == looksRun) {
         for (int number = 1; number <= 12; ++number)
             m_cloud.addProject(QStringLiteral("Interviews of the winter, round %1").arg(number));
@@ -176,6 +168,48 @@ bool CloudJob::download() {
     const QString fetched = path(QStringLiteral("Fetched.krn"));
     return click(QStringLiteral("Project")) && chooseProject(QStringLiteral("Download Project"), fetched) &&
            until([&] { return QFile::exists(fetched); }, QStringLiteral("no project is downloaded"));
+}
+
+// A reader looks at everything and changes nothing, by whatever way.
+bool CloudJob::readOnly() {
+    m_cloud.http().rewriteTunnels({{"\"owner\"", "\"read\" "}, {"\\\"owner\\\"", "\\\"read\\\" "}});
+    if (!openDialog() || !click(study))
+        return false;
+    m_driver.press(Qt::Key_Return);
+    const QString text = QStringLiteral("What was said in the yard.\n");
+    const QString title = QStringLiteral("Belonging");
+    const auto isOff = [&](const QString& entry) {
+        return !m_driver.itemWithText(entry, 0) && m_driver.isShown(entry);
+    };
+    if (!until([&] { return currentName() == study && !KRNFile::instance()->canMutate(); },
+               QStringLiteral("the project does not open for reading")) ||
+        !gone(welcome) || !expect(m_source.read(text), QStringLiteral("the text is not shown")) ||
+        !until([&] { return m_canvas.bubble(title) && !m_canvas.addButton()->isEnabled(); },
+               QStringLiteral("a reader may add a kerno")))
+        return false;
+    // The text of the copy may still stand there for a moment.
+    if (!until([&] { return m_source.select(QStringLiteral("in the yard")).isEmpty(); },
+               QStringLiteral("a reader can't select")))
+        return false;
+    m_source.dragSelectionTo(m_canvas.bubble(title));
+    m_driver.press(Qt::Key_K, Qt::ControlModifier);
+    if (!shown(QStringLiteral("This project can be read only.")))
+        return false;
+    m_driver.click(m_canvas.bubble(title), Qt::RightButton);
+    if (!shown(QStringLiteral("Overview")) || !shoot(QStringLiteral("reader")) ||
+        !expect(isOff(QStringLiteral("Edit")) && isOff(QStringLiteral("Merge")) &&
+                    isOff(QStringLiteral("Duplicate")) && isOff(QStringLiteral("Delete")),
+                QStringLiteral("a reader may change a kerno")))
+        return false;
+    m_driver.press(Qt::Key_Escape);
+    m_driver.click(m_driver.itemNamed(QStringLiteral("chatToggle")));
+    return shown(QStringLiteral("No messages yet.")) &&
+           expect(!m_driver.itemNamed(QStringLiteral("chatMessage"), 0),
+                  QStringLiteral("a reader may write to others")) &&
+           click(QStringLiteral("Groups")) &&
+           expect(isOff(QStringLiteral("New/Change Group")), QStringLiteral("a reader may change groups")) &&
+           expect(undoIndex() == 0 && KRNFile::instance()->totalHighlightsCount() == 0,
+                  QStringLiteral("a reader has changed something"));
 }
 
 bool CloudJob::upload() {

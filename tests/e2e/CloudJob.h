@@ -21,6 +21,7 @@ private:
     bool loseLink();
     bool copyInCloud();
     bool download();
+    bool readOnly();
     bool upload();
     bool remove();
     bool openUploaded();

@@ -61,9 +61,23 @@ bool FirstLightJob::play(const QString& run) {
 }
 
 bool FirstLightJob::code() {
-    return signIn() && createProject(path(projectName)) && shoot(QStringLiteral("empty-project")) &&
-           importSource() && addKerno(firstTheme) && m_canvas.drag(firstTheme, QPointF(220, 170)) &&
-           shoot(QStringLiteral("bubble")) && codePassage() && undoAndRedo() && codeIntoNewKerno();
+    return signIn() && createProject(path(projectName)) && readIntroduction() &&
+           shoot(QStringLiteral("empty-project")) && importSource() && addKerno(firstTheme) &&
+           m_canvas.drag(firstTheme, QPointF(220, 170)) && shoot(QStringLiteral("bubble")) && codePassage() &&
+           undoAndRedo() && codeIntoNewKerno();
+}
+
+// It comes once, by itself.
+bool FirstLightJob::readIntroduction() {
+    const QQuickItem* slides = m_driver.itemNamed(QStringLiteral("introOverlay"));
+    for (int step = 1; step <= 9; ++step) {
+        if (!until([&] { return slides->property("status").toInt() == 1; },
+                   QStringLiteral("step %1 of the introduction has no picture").arg(step)) ||
+            !shoot(QStringLiteral("introduction")) || (step < 9 && !click(QStringLiteral(">>"))))
+            return false;
+    }
+    return shown(QStringLiteral("Return to Main View")) && click(QStringLiteral("Close")) &&
+           gone(QStringLiteral("Introduction"));
 }
 
 bool FirstLightJob::reopen() {

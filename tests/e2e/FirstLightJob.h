@@ -13,6 +13,7 @@ public:
 private:
     bool code();
     bool reopen();
+    bool readIntroduction();
     bool importSource();
     bool codePassage();
     bool undoAndRedo();

@@ -3,6 +3,7 @@
 #include "app/Session.h"
 #include "project/KRNFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 Job::Job(AppDriver& driver, Session& session, const QString& folder)
@@ -49,6 +50,12 @@ QQuickItem* Job::partOf(QQuickItem* item, const QString& objectName) {
 // The entries of a box are a window of their own.
 bool Job::choose(QQuickItem* box, const QString& entry) {
     return expect(box && m_driver.click(box), QStringLiteral("there is no box for ") + entry) && click(entry);
+}
+
+void Job::nameService() {
+    if (qEnvironmentVariableIsEmpty("KERNOVA_SERVICE_PROGRAM"))
+        qputenv("KERNOVA_SERVICE_PROGRAM", QFile::encodeName(QCoreApplication::applicationDirPath() +
+                                                             QStringLiteral("/kernova-service")));
 }
 
 bool Job::signIn() {

@@ -43,6 +43,8 @@ protected:
 
     // The program
 
+    /// Names the service beside this program for helpers that start one of their own.
+    static void nameService();
     /// Signs in to local work.
     bool signIn();
     /// Has the open dialog, in either mode, take a file by its file dialog, which `button` opens.

@@ -2,6 +2,7 @@
 
 #include "AppDriver.h"
 
+#include <QAccessible>
 #include <QHash>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -123,7 +124,10 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
     for (int i = 0; i < texts.size(); ++i) {
         const ShownText& text = texts[i];
         const QRectF clip = clipOf(text.item);
-        const QRect place = (text.drawn & clip).toAlignedRect() & picture.rect();
+        const QRectF seenPart = text.drawn & clip;
+        const qreal ratio = picture.devicePixelRatio();
+        const QRect place =
+            QRectF(seenPart.topLeft() * ratio, seenPart.size() * ratio).toAlignedRect() & picture.rect();
         if (mayBeReadAsMarkUp(text))
             tell(text, QStringLiteral("may be read as mark-up"));
         if (text.item->property("truncated").toBool() && !isUsersOwn(text.text))
@@ -131,7 +135,7 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
         if (text.drawn.left() < clip.left() - 1 || text.drawn.right() > clip.right() + 1)
             tell(text, QStringLiteral("reaches out of its frame"));
         // A row that is scrolled out of its list in part shows too little to judge.
-        if (place.height() < text.drawn.height() - 1)
+        if (seenPart.height() < text.drawn.height() - 1)
             continue;
         const qreal seen = contrastIn(picture, place);
         const bool disabled = !text.item->isEnabled();
@@ -148,17 +152,44 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
     return found;
 }
 
+QStringList unnamed(QQuickItem* root) {
+    QStringList found;
+    if (!root->isVisible() || !root->isEnabled())
+        return found;
+    if (root->activeFocusOnTab()) {
+        const QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(root);
+        // Of a field for a password the toolkit hides even the name.
+        const QAccessible::Text told =
+            interface && interface->state().passwordEdit ? QAccessible::Description : QAccessible::Name;
+        const QString name = interface ? interface->text(told).trimmed() : QString();
+        // What the controls call themselves when nobody names them: their value, or their kind.
+        const bool isValue = (root->property("text") == name && root->property("echoMode").isValid()) ||
+                             (root->property("currentText") == name && root->property("editText").isValid());
+        if (name.isEmpty() || name == QLatin1String("switch") || isValue ||
+            interface->role() == QAccessible::NoRole || interface->role() == QAccessible::Client)
+            found << QStringLiteral("a %1 (%2) is called \"%3\"")
+                         .arg(QString::fromLatin1(root->metaObject()->className())
+                                  .section(QLatin1Char('_'), 0, 0),
+                              root->objectName(), name);
+    }
+    const QList<QQuickItem*> children = root->childItems();
+    for (QQuickItem* child : children)
+        found << unnamed(child);
+    return found;
+}
+
 QStringList screenFaults(AppDriver& driver) {
     QQuickWindow* window = driver.mainWindow();
-    const QList<QQuickItem*> dialogs = driver.itemsOfType(QStringLiteral("DialogPanel"));
+    const QList<QQuickItem*> dialogs =
+        driver.itemsOfType(QStringLiteral("DialogPanel")) + driver.itemsOfType(QStringLiteral("IntroSlider"));
     QStringList found;
     for (QQuickItem* dialog : dialogs)
-        found << faults(dialog, window->grabWindow());
+        found << faults(dialog, window->grabWindow()) << unnamed(dialog);
     const QList<QQuickWindow*> popups = driver.popups();
     for (QQuickWindow* popup : popups)
         found << faults(popup->contentItem(), popup->grabWindow());
     if (dialogs.isEmpty() && popups.isEmpty())
-        found << faults(window->contentItem(), window->grabWindow());
+        found << faults(window->contentItem(), window->grabWindow()) << unnamed(window->contentItem());
     return found;
 }
 

@@ -14,6 +14,10 @@ namespace layout {
 /// is behind it. `picture` is what the window shows.
 QStringList faults(QQuickItem* root, const QImage& picture);
 
+/// What the keyboard reaches in `root` and a screen reader can't tell: a line for each item that has no role
+/// or no name.
+QStringList unnamed(QQuickItem* root);
+
 /// The faults of what is uppermost on the screen: menus, else dialogs, else the window.
 QStringList screenFaults(AppDriver& driver);
 

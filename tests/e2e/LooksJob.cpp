@@ -3,6 +3,7 @@
 #include "LayoutCheck.h"
 #include "app/Session.h"
 #include "link/IdManager.h"
+#include "models/ChatModel.h"
 #include "project/KRNFile.h"
 
 #include <QClipboard>
@@ -55,12 +56,18 @@ void giveProperties(KRNFile& project, int firstSource, int sourceId) {
 }  // namespace
 
 QStringList LooksJob::runs() {
-    return {QStringLiteral("dark"), QStringLiteral("light")};
+    return {QStringLiteral("dark"), QStringLiteral("light"), QStringLiteral("dark-twice")};
 }
 
 bool LooksJob::play(const QString& run) {
-    if (!signIn() || !makeLargeProject(run) || !chooseTheme(run == runs().first()))
+    if (!signIn() || !makeLargeProject(run) || !chooseTheme(run != QLatin1String("light")))
         return false;
+    // Twice as large, the smallest window fills the screen.
+    if (run == runs().last()) {
+        m_size = QStringLiteral("2x");
+        m_driver.mainWindow()->setGeometry(QRect(QPoint(0, 0), smallest));
+        return lookAtAll();
+    }
     for (const QSize& size : {smallest, wholeScreen}) {
         m_driver.mainWindow()->setGeometry(QRect(QPoint(0, 0), size));
         m_size = QString::number(size.width());
@@ -101,6 +108,20 @@ bool LooksJob::makeLargeProject(const QString& name) {
         }
     }
     giveProperties(*project, firstSource, project->sourceIds().last().toInt());
+    for (const QString& group : {QStringLiteral("Family"), QStringLiteral("Work"), longTitle})
+        m_session.undoManager().addGroup(-1, group);
+    for (const QString& author :
+         {QStringLiteral("Ada Berger"), QStringLiteral("Ben Otto"), QStringLiteral("Ada Berger")}) {
+        ChatMessage message;
+        message.setChatMessageId(ids->nextChatMessageId());
+        message.setAuthor(author);
+        message.setMessage(
+            QStringLiteral("I wonder whether the garden and the kitchen are two themes or one."));
+        project->saveChatMessage(message);
+    }
+    // The dialog follows the last of them.
+    if (!until([=] { return project->getChatModel()->count() == 3; }, QStringLiteral("messages stay away")))
+        return false;
     QQuickItem* title = m_driver.itemNamed(QStringLiteral("kernoTitle"));
     AppDriver::waitFor([&] { return title && title->hasActiveFocus(); });
     m_driver.press(Qt::Key_Escape);
@@ -135,8 +156,9 @@ bool LooksJob::lookAtMenus() {
         m_driver.press(Qt::Key_Escape);
         return fine;
     };
-    for (const QString& button : {QStringLiteral("Project"), QStringLiteral("View"), QStringLiteral("Help"),
-                                  QStringLiteral("Settings")}) {
+    for (const QString& button :
+         {QStringLiteral("Project"), QStringLiteral("Export"), QStringLiteral("View"),
+          QStringLiteral("Groups"), QStringLiteral("Help"), QStringLiteral("Settings")}) {
         if (!click(button) || !lookAtOpen(button.toLower() + QStringLiteral("-menu")))
             return false;
     }
@@ -256,7 +278,33 @@ bool LooksJob::lookAtDialogs() {
            m_canvas.chooseInMenu(themeFive, QStringLiteral("Edit")) &&
            closeDialog(QStringLiteral("kerno"), QStringLiteral("Kerno Properties")) &&
            m_canvas.chooseInMenu(themeFive, QStringLiteral("Merge")) &&
-           closeDialog(QStringLiteral("merge"), QStringLiteral("Merge into:"));
+           closeDialog(QStringLiteral("merge"), QStringLiteral("Merge into:")) &&
+           click(QStringLiteral("Groups")) && click(QStringLiteral("New/Change Group")) &&
+           closeDialog(QStringLiteral("groups"), QStringLiteral("Edit Groups")) &&
+           click(QStringLiteral("Help")) && click(QStringLiteral("Keyboard Shortcuts")) &&
+           closeDialog(QStringLiteral("sheet"), QStringLiteral("On the canvas")) &&
+           click(QStringLiteral("Help")) && click(QStringLiteral("Show Introduction")) &&
+           closeDialog(QStringLiteral("introduction"), QStringLiteral("Add Sources")) && lookAtCodeWith() &&
+           lookAtChat();
+}
+
+bool LooksJob::lookAtCodeWith() {
+    QQuickItem* text = m_source.textItem();
+    QMetaObject::invokeMethod(text, "select", Q_ARG(int, 3), Q_ARG(int, 40));
+    text->forceActiveFocus();
+    m_driver.press(Qt::Key_K, Qt::ControlModifier);
+    return closeDialog(QStringLiteral("code-with"), QStringLiteral("Code with..."));
+}
+
+bool LooksJob::lookAtChat() {
+    QQuickItem* toggle = m_driver.itemNamed(QStringLiteral("chatToggle"));
+    m_driver.click(toggle);
+    const auto bubbles = [&] { return m_driver.itemsOfType(QStringLiteral("ChatItem")).size(); };
+    if (!until([&] { return bubbles() >= 3; }, QStringLiteral("the messages do not show")) ||
+        !look(QStringLiteral("chat")))
+        return false;
+    m_driver.click(toggle);
+    return true;
 }
 
 bool LooksJob::lookAtSearch() {

@@ -8,7 +8,7 @@ class LooksJob : public Job {
 public:
     using Job::Job;
 
-    /// One for each theme.
+    /// One for each theme, and one at twice the pixels.
     static QStringList runs();
 
     bool play(const QString& run) override;
@@ -20,6 +20,8 @@ private:
     bool lookAtNotes();
     bool lookAtViews();
     bool lookAtDialogs();
+    bool lookAtCodeWith();
+    bool lookAtChat();
     bool lookAtSearch();
     bool lookAtQuery();
     bool lookAtProperties();

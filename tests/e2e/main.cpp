@@ -15,6 +15,7 @@
 #include "ReportJob.h"
 #include "RescueJob.h"
 #include "SearchJob.h"
+#include "TogetherJob.h"
 #include "ViewsJob.h"
 #include "app/KernovaApplication.h"
 #include "app/Session.h"
@@ -22,6 +23,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <cstdio>
 #include <memory>
@@ -62,6 +64,7 @@ const std::vector<JobEntry>& jobs() {
         {"properties", {QStringLiteral("properties")}, {}, make<PropertyJob>},
         {"report", {QStringLiteral("report")}, {}, make<ReportJob>},
         {"search", {QStringLiteral("ask")}, {}, make<SearchJob>},
+        {"together", TogetherJob::runs(), {}, make<TogetherJob>},
         {"views", {QStringLiteral("views")}, {}, make<ViewsJob>},
         {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
     };
@@ -100,6 +103,9 @@ int playRun(int& argc, char** argv, const JobEntry& entry, const QString& run, c
     startup::prepare();
     KernovaApplication application(argc, argv);
     KRNFile* const krnFile = startup::setUp();
+    // A job that isn't about it has seen the introduction.
+    if (QString::fromLatin1(entry.name) != QLatin1String("first-light"))
+        QSettings().setValue(QStringLiteral("showFirstTimeIntro"), false);
     QString failure;
     {
         Session session(application, krnFile);
@@ -151,8 +157,10 @@ void removeTraces(const QString& folder) {
 int playJob(const QString& program, const JobEntry& job, const QString& folder) {
     QDir().mkpath(folder);
     removeTraces(folder);
-    const QProcessEnvironment environment = freshHome(folder + QStringLiteral("/home"));
+    QProcessEnvironment environment = freshHome(folder + QStringLiteral("/home"));
     for (const QString& name : job.runs) {
+        if (name.endsWith(QLatin1String("-twice")))
+            environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
         QProcess run;
         run.setProcessEnvironment(environment);
         run.setProcessChannelMode(QProcess::ForwardedChannels);

@@ -16,6 +16,7 @@ TestCase {
         compare(component.status, Component.Ready, component.errorString())
         root = component.createObject(null)
         window = root.mainWindow
+        window.showFirstTimeIntro = false
         root.splash.timeoutInterval = 1
         tryCompare(window, "visible", true)
     }

@@ -52,6 +52,10 @@ void ScriptedHttp::tunnelTo(quint16 port, std::function<bool(const HttpAsked&)> 
     });
 }
 
+void ScriptedHttp::rewriteTunnels(const QList<QPair<QByteArray, QByteArray>>& pairs) {
+    inThread([&] { m_rewrites = pairs; });
+}
+
 void ScriptedHttp::cutTunnels() {
     inThread([this] {
         const QList<QTcpSocket*> tunnels = m_tunnels;
@@ -111,7 +115,12 @@ void ScriptedHttp::tunnel(QTcpSocket& socket, const HttpAsked& handshake) {
     m_tunnels << &socket;
     QTcpSocket* near = &socket;
     QObject::connect(near, &QTcpSocket::readyRead, far, [near, far] { far->write(near->readAll()); });
-    QObject::connect(far, &QTcpSocket::readyRead, near, [near, far] { near->write(far->readAll()); });
+    QObject::connect(far, &QTcpSocket::readyRead, near, [this, near, far] {
+        QByteArray said = far->readAll();
+        for (const auto& [from, to] : qAsConst(m_rewrites))
+            said.replace(from, to);
+        near->write(said);
+    });
     QObject::connect(far, &QTcpSocket::disconnected, near, &QTcpSocket::disconnectFromHost);
     QObject::connect(near, &QTcpSocket::disconnected, m_context, [this, near] { m_tunnels.removeAll(near); });
     far->connectToHost(QHostAddress::LocalHost, m_tunnelPort);

@@ -47,6 +47,9 @@ public:
 
     /// From now on web sockets whose handshake `admits` lead to that port of the loopback.
     void tunnelTo(quint16 port, std::function<bool(const HttpAsked&)> admits);
+    /// What the other server says by web sockets from now on has these bytes in place of those; each pair is
+    /// of one length, so that the frames stay whole.
+    void rewriteTunnels(const QList<QPair<QByteArray, QByteArray>>& pairs);
     /// Ends the web sockets that are open.
     void cutTunnels();
 
@@ -64,6 +67,7 @@ private:
     quint16 m_tunnelPort = 0;
     std::function<bool(const HttpAsked&)> m_admits;
     QList<QTcpSocket*> m_tunnels;
+    QList<QPair<QByteArray, QByteArray>> m_rewrites;
     mutable QMutex m_mutex;
     QList<HttpAsked> m_asked;
 };

@@ -19,6 +19,8 @@ FocusScope {
         if (__empty)
             return
         sent(_text.text.trim())
+        // A cursor that stands behind the end would be in the way.
+        _text.cursorPosition = 0
         _text.text = ""
     }
 

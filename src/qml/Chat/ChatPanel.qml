@@ -60,7 +60,8 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
-        color: ApplicationStyle.dialog_background_color
+        // The colours of the authors' lines need the strongest ground of the theme.
+        color: ApplicationStyle.source_background_color
         border { width: 1; color: ApplicationStyle.border_color }
     }
 

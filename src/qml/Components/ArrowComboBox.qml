@@ -12,6 +12,8 @@ ComboBox {
     property var entryColors: []
 
     implicitHeight: Units.dp(30)
+    Accessible.name: tooltip
+    Accessible.description: currentText
 
     style: ComboBoxStyle {
         textColor: ApplicationStyle.dialog_text_color_alternative

@@ -12,6 +12,8 @@ KernovaTextEditBase {
     wrapMode: TextEdit.Wrap
     selectByMouse: true
     persistentSelection: true
+    Accessible.role: Accessible.EditableText
+    Accessible.readOnly: readOnly
     color: ApplicationStyle.source_text_color
     selectionColor: ApplicationStyle.selection_color
     selectedTextColor: ApplicationStyle.selected_text_color

@@ -18,6 +18,7 @@ Item {
 
     Switch {
         id: _switch
+        Accessible.name: root.text
         anchors.verticalCenter: parent.verticalCenter
         style: ApplicationStyle.switch_style
         activeFocusOnTab: true

@@ -6,6 +6,8 @@ TextEdit {
     textFormat: TextEdit.PlainText
     wrapMode: TextEdit.Wrap
     selectByMouse: true
+    Accessible.role: Accessible.EditableText
+    Accessible.readOnly: readOnly
     selectionColor: ApplicationStyle.selection_color
     selectedTextColor: ApplicationStyle.selected_text_color
 }

@@ -69,6 +69,7 @@ FocusScope {
                 Layout.fillWidth: true
                 model: root.list ? root.list.model.getSortModes() : []
                 tooltip: qsTr("Change sort order of the sources.")
+                Accessible.name: qsTr("Order")
                 onCurrentIndexChanged: {
                     if (root.list)
                         root.list.model.sortMode = currentIndex
@@ -77,6 +78,7 @@ FocusScope {
             DialogLabel { text: qsTr("Filter:"); font.pixelSize: ApplicationStyle.dialog_text_font_size_small }
             StyledTextField {
                 id: _filter
+                Accessible.name: qsTr("Filter sources by title")
                 objectName: "sourceFilter"
                 Layout.fillWidth: true
                 implicitHeight: Units.dp(30)

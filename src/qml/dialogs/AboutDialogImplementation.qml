@@ -15,6 +15,7 @@ DialogPanel {
         Layout.fillWidth: true
         Layout.preferredHeight: Units.dp(360)
         readOnly: true
+        Accessible.name: root.heading
         text: appHelper.aboutDialogContent()
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
     }

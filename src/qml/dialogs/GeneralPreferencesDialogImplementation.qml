@@ -18,10 +18,13 @@ DialogPanel {
 
     function save() {
         var keys = CentralManager.preferenceKeys
-        krnFile.savePreference(keys.sourceFontSize, _fontSize.value)
-        krnFile.savePreference(keys.highlightsColumnWidth, _columnWidth.value)
-        krnFile.savePreference(keys.generateOverlapViews, _overlapViews.checked)
-        krnFile.savePreference(keys.generateHierarchyViews, _hierarchyViews.checked)
+        // To a reader they apply until the project closes.
+        if (CentralManager.canMutate) {
+            krnFile.savePreference(keys.sourceFontSize, _fontSize.value)
+            krnFile.savePreference(keys.highlightsColumnWidth, _columnWidth.value)
+            krnFile.savePreference(keys.generateOverlapViews, _overlapViews.checked)
+            krnFile.savePreference(keys.generateHierarchyViews, _hierarchyViews.checked)
+        }
         CentralManager.sourceFontSize = _fontSize.value
         CentralManager.highlightsColumnWidth = _columnWidth.value
         CentralManager.memoColumnSize = _memoWidth.value
@@ -39,6 +42,7 @@ DialogPanel {
         DialogLabel { text: qsTr("Source Font Size:") }
         StyledSlider {
             id: _fontSize
+            Accessible.name: qsTr("Source Font Size")
             Layout.preferredWidth: Units.dp(150)
             focus: true
             minimumValue: CentralManager.leastFontSize
@@ -57,6 +61,7 @@ DialogPanel {
         DialogLabel { text: qsTr("Width of the Highlights Column:") }
         StyledSlider {
             id: _columnWidth
+            Accessible.name: qsTr("Width of the Highlights Column")
             Layout.preferredWidth: Units.dp(150)
             minimumValue: 30
             maximumValue: 150
@@ -78,6 +83,7 @@ DialogPanel {
         DialogLabel { text: qsTr("Width of the Memos Column:") }
         StyledSlider {
             id: _memoWidth
+            Accessible.name: qsTr("Width of the Memos Column")
             Layout.preferredWidth: Units.dp(150)
             minimumValue: 100
             maximumValue: 300
@@ -95,6 +101,7 @@ DialogPanel {
         DialogLabel { text: qsTr("Generate overlap views") }
         Switch {
             id: _overlapViews
+            Accessible.name: qsTr("Generate overlap views")
             Layout.columnSpan: 2
             style: ApplicationStyle.switch_style
             checked: CentralManager.generateOverlapViews
@@ -102,6 +109,7 @@ DialogPanel {
         DialogLabel { text: qsTr("Generate hierarchy views") }
         Switch {
             id: _hierarchyViews
+            Accessible.name: qsTr("Generate hierarchy views")
             Layout.columnSpan: 2
             style: ApplicationStyle.switch_style
             checked: CentralManager.generateHierarchyViews
@@ -118,6 +126,7 @@ DialogPanel {
 
             Switch {
                 id: _dark
+                Accessible.name: qsTr("Dark colour theme")
                 style: ApplicationStyle.switch_style
                 checked: CentralManager.darkTheme
             }

@@ -52,27 +52,27 @@ DialogPanel {
     RowLayout {
         spacing: ApplicationStyle.default_dialog_margin
 
-        Rectangle {
+        Clickable {
             objectName: "colorBox"
             Layout.preferredWidth: Units.dp(34)
             Layout.preferredHeight: Units.dp(34)
-            radius: width / 2
-            color: root.kernoColor
-            border { width: Units.dp(2); color: Qt.darker(root.kernoColor, 2) }
-            opacity: _colorMouse.containsMouse ? 0.85 : 1.0
+            name: qsTr("Colour")
+            ring.radius: width / 2
+            enabled: CentralManager.canMutate
+            onClicked: _colorDialog.open()
 
-            MouseArea {
-                id: _colorMouse
+            Rectangle {
                 anchors.fill: parent
-                hoverEnabled: true
-                enabled: CentralManager.canMutate
-                cursorShape: Qt.PointingHandCursor
-                onClicked: _colorDialog.open()
+                radius: width / 2
+                color: root.kernoColor
+                border { width: Units.dp(2); color: Qt.darker(root.kernoColor, 2) }
+                opacity: parent.hovered ? 0.85 : 1.0
             }
         }
 
         DialogTextField {
             id: _title
+            Accessible.name: qsTr("Title")
             objectName: "kernoTitle"
             Layout.fillWidth: true
             focus: true
@@ -86,6 +86,7 @@ DialogPanel {
 
     StyledTextArea {
         id: _description
+        Accessible.name: qsTr("Description")
         objectName: "kernoDescription"
         Layout.fillWidth: true
         Layout.preferredHeight: Units.dp(96)

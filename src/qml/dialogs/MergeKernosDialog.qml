@@ -55,6 +55,7 @@ DialogPanel {
             }
             ArrowComboBox {
                 id: _choice
+                Accessible.name: qsTr("Merge into")
                 Layout.fillWidth: true
                 model: root.candidates.map(function(other) {
                     return Utils.stringIfEmpty(other.title, qsTr("Untitled"))
@@ -66,6 +67,7 @@ DialogPanel {
         DialogLabel { text: qsTr("Merged Kerno Name:") }
         DialogTextField {
             id: _name
+            Accessible.name: qsTr("Merged Kerno Name")
             Layout.fillWidth: true
             focus: true
             onAccepted: root.merge()

@@ -33,6 +33,7 @@ Item {
 
     ArrowComboBox {
         id: _choice
+        Accessible.name: qsTr("Kerno of key %1").arg(root.shortcutKey.toUpperCase())
         anchors { right: parent.right; verticalCenter: parent.verticalCenter }
         width: parent.width - Units.dp(110)
         model: root.kernos

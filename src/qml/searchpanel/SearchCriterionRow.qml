@@ -82,6 +82,7 @@ Row {
 
     ArrowComboBox {
         id: _property
+        Accessible.name: qsTr("Property")
         objectName: "criterionProperty"
         width: (root.width - 2 * root.spacing - _operator.width) / 2
         model: root.properties.map(function(entry) { return entry.text })
@@ -94,6 +95,7 @@ Row {
     }
     ArrowComboBox {
         id: _operator
+        Accessible.name: qsTr("Comparison")
         objectName: "criterionOperator"
         width: Units.dp(52)
         model: root.isKey ? ["=", "!=", ">", ">=", "<", "<="] : ["=", "!="]
@@ -101,6 +103,7 @@ Row {
     }
     ArrowComboBox {
         id: _value
+        Accessible.name: qsTr("Value")
         objectName: "criterionValue"
         width: _property.width
         model: root.__values.map(function(entry) { return entry.text })

@@ -138,6 +138,7 @@ FocusScope {
                     Layout.fillWidth: true
                     focus: true
                     placeholderText: qsTr("Enter search term...")
+                    Accessible.name: qsTr("Search term")
                     onTextChanged: {
                         if (text === "")
                             root.updateSynonyms()

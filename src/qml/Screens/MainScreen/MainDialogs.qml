@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import "../../Components"
 import "../../dialogs"
+import "../../introslider"
 import "../../dialogs/MetadataDialogs"
 import "../../dialogs/PromptDialogs"
 
@@ -8,6 +9,13 @@ import "../../dialogs/PromptDialogs"
 // shows. In their order by flag: showLogin, showCloudOpenFileDialog, showOpenFileDialog, showIntroSlider,
 // showPreferencesDialogForKerno, showMetadataEditor, showGroupsDialogForKernoId.
 DialogChain {
+    id: root
+
+    // Nobody has seen the introduction on this computer yet.
+    property bool firstTime: false
+
+    signal introductionSeen()
+
     asynchronous: true
 
     DialogEntry {
@@ -22,6 +30,12 @@ DialogChain {
     DialogEntry {
         flag: "showOpenFileDialog"; held: CentralManager.switchingProject
         Component { OpenFileDialogImplementation {} }
+    }
+    DialogEntry {
+        flag: "showIntroSlider"
+        wanted: CentralManager.showIntroSlider || root.firstTime && CentralManager.hasFileOpen
+        onClosed: root.introductionSeen()
+        Component { IntroSlider {} }
     }
     DialogEntry {
         flag: "showPreferencesDialogForKerno"; rest: -1

@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import QtQuick.Window 2.15
 import QtQuick.Controls 1.4
+import Qt.labs.settings 1.0
 import Kernova 1.4
 import "../../Chat"
 import "../../Components"
@@ -12,6 +13,7 @@ KernovaWindow {
 
     readonly property alias mainWindowStack: _stack
     readonly property bool blocked: _stack.currentItem === _blocker
+    property bool showFirstTimeIntro: true
     // The first frames still find places for everything; nobody needs to see that.
     property bool __laidOut: false
 
@@ -123,6 +125,8 @@ KernovaWindow {
             anchors.fill: root.isResizing ? undefined : parent
             enabled: !root.blocked
             opacity: root.blocked ? 0 : 1
+            firstTime: root.showFirstTimeIntro
+            onIntroductionSeen: root.showFirstTimeIntro = false
         }
 
         OverlayDialogs {
@@ -134,6 +138,10 @@ KernovaWindow {
         interval: 100
         running: root.visible
         onTriggered: root.__laidOut = true
+    }
+
+    Settings {
+        property alias showFirstTimeIntro: root.showFirstTimeIntro
     }
 
     MessageDialogs {}

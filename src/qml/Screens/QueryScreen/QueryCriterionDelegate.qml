@@ -89,6 +89,7 @@ Row {
     }
     CompactComboBox {
         id: _operator
+        Accessible.name: qsTr("Comparison")
         objectName: "queryOperator"
         width: Units.dp(32)
         model: root.__code === "HA" || root.__code === "QA" ? ["=", "!="] : ["=", "!=", "<", "<=", ">", ">="]
@@ -108,6 +109,7 @@ Row {
     }
     CompactComboBox {
         id: _junction
+        Accessible.name: qsTr("And, or")
         objectName: "queryJunction"
         width: Units.dp(36)
         // The last row keeps its place free.

@@ -192,6 +192,17 @@ Rectangle {
             onTriggered: appHelper.manageAccount()
         }
         MenuItem {
+            text: qsTr("Show Introduction")
+            onTriggered: CentralManager.showIntroSlider = true
+        }
+        MenuItem {
+            text: qsTr("Download Manual")
+            onTriggered: {
+                if (!appHelper.openManual())
+                    CentralManager.tell(qsTr("No program on this computer opens the manual's page."))
+            }
+        }
+        MenuItem {
             text: qsTr("Keyboard Shortcuts")
             shortcut: "F1"
             onTriggered: CentralManager.showKeyboardSheet = true

@@ -49,8 +49,8 @@ Rectangle {
 
         IconButton {
             objectName: "chatToggle"
-            icon: _blink.running && _blink.on ? "chat_notification"
-                : CentralManager.connectedUserCount > 1 ? "chat_dark" : "chat_light"
+            icon: CentralManager.connectedUserCount <= 1 ? "chat_light"
+                : _blink.running && _blink.on ? "chat_notification" : "chat_dark"
             themed: false
             enabled: CentralManager.hasFileOpen
             checked: CentralManager.showChatPanel
@@ -72,6 +72,7 @@ Rectangle {
         }
         StyledTextField {
             id: _filter
+            Accessible.name: qsTr("Filter kernos")
             objectName: "kernoNameFilter"
             visible: !CentralManager.showQueryScreen && !CentralManager.showingOverlapOrHierarchy
             Layout.preferredWidth: Units.dp(160)
@@ -123,6 +124,7 @@ Rectangle {
         }
         StyledSlider {
             id: _zoom
+            Accessible.name: qsTr("Zoom")
             objectName: "zoom"
             // The hierarchy view is enlarged as the canvas is; it can be opened from the tree, too.
             visible: root.sliderShown && CentralManager.showOverlapViewForKernoId < 1

@@ -110,11 +110,17 @@ DialogPanel {
         }
 
         DialogLabel { text: qsTr("Source Title:") }
-        DialogTextField { id: _title; Layout.fillWidth: true; focus: true }
+        DialogTextField {
+            id: _title
+            Accessible.name: qsTr("Source Title")
+            Layout.fillWidth: true
+            focus: true
+        }
 
         DialogLabel { visible: root.structured; text: qsTr("Question Marker:") }
         DialogTextField {
             id: _questionMarker
+            Accessible.name: qsTr("Question Marker")
             Layout.fillWidth: true
             visible: root.structured
             text: "Question:"
@@ -123,6 +129,7 @@ DialogPanel {
         DialogLabel { visible: root.structured; text: qsTr("Answer Marker:") }
         DialogTextField {
             id: _answerMarker
+            Accessible.name: qsTr("Answer Marker")
             Layout.fillWidth: true
             visible: root.structured
             text: "Answer:"

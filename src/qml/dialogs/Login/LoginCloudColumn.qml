@@ -109,6 +109,7 @@ ColumnLayout {
         clearIfWhitespaceOnlyOnEditingFinished: false
         echoMode: TextInput.Password
         Accessible.name: qsTr("Password")
+        Accessible.description: qsTr("Password")
         onAccepted: root.signIn()
     }
 

@@ -29,6 +29,7 @@ GridLayout {
     DialogTextField {
         id: _password
         Accessible.name: qsTr("Password")
+        Accessible.description: qsTr("Password")
         Layout.fillWidth: true
         visible: _protected.checked
         clearIfWhitespaceOnlyOnEditingFinished: false
@@ -39,6 +40,7 @@ GridLayout {
     DialogTextField {
         id: _repeat
         Accessible.name: qsTr("Password Repeat")
+        Accessible.description: qsTr("Password Repeat")
         Layout.fillWidth: true
         visible: _protected.checked
         clearIfWhitespaceOnlyOnEditingFinished: false

@@ -49,6 +49,7 @@ ColumnLayout {
             clearIfWhitespaceOnlyOnEditingFinished: false
             echoMode: TextInput.Password
             Accessible.name: qsTr("Password")
+            Accessible.description: qsTr("Password")
             onAccepted: root.accepted(text)
         }
     }
