@@ -76,6 +76,7 @@ Row {
         model: root.__types.map(function(type) { return type.text })
         shortTexts: root.__types.map(function(type) { return type.shortText })
         tooltip: currentText
+        Accessible.name: qsTr("Kind of criterion")
     }
     ArrowComboBox {
         id: _property

@@ -25,6 +25,8 @@ Item {
             // A number: as a model the lists of highlights would be copied.
             model: root.result.length
             activeFocusOnTab: true
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Kernos")
             Keys.onReturnPressed: if (currentIndex >= 0) root.chosen(currentIndex)
 
             delegate: Item {
