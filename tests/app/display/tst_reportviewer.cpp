@@ -327,6 +327,8 @@ int main(int argc, char** argv) {
     qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     // The backend is asked for everywhere; where there is none, Qt falls back.
     expectWarning("Could not create scene graph context for backend 'd3d12'");
+    // A window that asks for the focus while it is being taken down.
+    expectWarning("QXcbConnection: XCB error: 8 \\(BadMatch\\)");
     startup::prepare();
     KernovaApplication application(argc, argv);
     tst_ReportViewer test;
