@@ -2,6 +2,7 @@
 
 #include "import/CSVImportModel.h"
 #include "import/ImportedText.h"
+#include "link/DataHelper.h"
 #include "link/IdManager.h"
 #include "models/QuestionModel.h"
 #include "models/SourceMetadataKeyModel.h"
@@ -161,10 +162,27 @@ bool ImportSourcesFromCSVCommand::addRows(const CSVImportModel& table) {
 
 void ImportSourcesFromCSVCommand::redo() {
     redoChildren();
-    file()->metadataModel()->refreshAsync();
+    refreshMetadata();
 }
 
 void ImportSourcesFromCSVCommand::undo() {
     undoChildren();
-    file()->metadataModel()->refreshAsync();
+    refreshMetadata();
+}
+
+// Without waiting: the service answers when all changes before are stored, which takes it a while.
+void ImportSourcesFromCSVCommand::refreshMetadata() {
+    SourceMetadataModel* const model = file()->metadataModel();
+    ReplyBase* const reply =
+        file()->dataHelper()->queryListAsync(DataHelper::listText<SourceMetadata>(), model);
+    if (!reply)
+        return;
+    const QJsonObject project = file()->currentProject();
+    QObject::connect(reply, &ReplyBase::finished, model, [model, reply, project, file = file()] {
+        const QString list = wire::operationName(wire::Record::SourceMetadata, wire::Operation::QueryList);
+        // Another project may be open by now.
+        if (reply->errors().isEmpty() && file->isOpened() && file->currentProject() == project)
+            model->setData(DataHelper::records<SourceMetadata>(reply->data(), {list}));
+        reply->deleteLater();
+    });
 }

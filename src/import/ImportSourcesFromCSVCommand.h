@@ -30,6 +30,7 @@ private:
     bool mapQuestions(const CSVImportModel& table);
     bool mapKeys(const CSVImportModel& table);
     bool addRows(const CSVImportModel& table);
+    void refreshMetadata();
     QList<QList<Given>> givenProperties(const CSVImportModel& table) const;
 
     QList<Question> m_questions;      ///< of the project, the new ones included

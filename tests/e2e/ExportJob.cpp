@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr int tellingMs = 4000;
 constexpr int bulkSources = 150;
 constexpr int bulkLength = 100000;
 
@@ -52,6 +53,16 @@ QString ExportJob::folder(const QString& name) {
     return path(name);
 }
 
+// The system's dialog now and then gives no file: ask it again.
+bool ExportJob::chooseTable(const QString& path, const QString& told) {
+    bool read = false;
+    for (int attempt = 0; attempt < 4 && !read; ++attempt) {
+        read = chooseProject(QStringLiteral("Select File"), path) &&
+               AppDriver::waitFor([&] { return m_driver.isShown(told); }, tellingMs);
+    }
+    return expect(read, QStringLiteral("nothing reads ") + told);
+}
+
 bool ExportJob::importTable() {
     const QString table = path(QStringLiteral("survey.csv"));
     const QString noRows = path(QStringLiteral("empty.csv"));
@@ -63,10 +74,9 @@ bool ExportJob::importTable() {
         !expect(m_driver.click(m_driver.itemNamed(QStringLiteral("addSource"))),
                 QStringLiteral("there is no button to add a source")) ||
         !click(QStringLiteral("Import Sources From CSV")) || !shown(QStringLiteral("No file selected.")) ||
-        !shoot(QStringLiteral("table-empty")) || !chooseProject(QStringLiteral("Select File"), noRows) ||
-        !shown(QStringLiteral("The selected file did not contain any relevant data.")) ||
-        !chooseProject(QStringLiteral("Select File"), table) ||
-        !shown(QStringLiteral("Sources to import: 2")))
+        !shoot(QStringLiteral("table-empty")) ||
+        !chooseTable(noRows, QStringLiteral("The selected file did not contain any relevant data.")) ||
+        !chooseTable(table, QStringLiteral("Sources to import: 2")))
         return false;
     QString told;
     const bool answered = m_driver.during([&] { click(QStringLiteral("Import")); },

@@ -18,6 +18,8 @@ private:
     bool exportDocuments();
     bool cancelExport();
     bool importTable();
+    /// Chooses a file in the dialog, which then has to tell this.
+    bool chooseTable(const QString& path, const QString& told);
 
     /// Triggers an entry of the export menu, and gives its dialog a file or folder.
     bool exportTo(const QString& entry, const QString& path);

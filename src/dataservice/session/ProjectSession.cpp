@@ -41,8 +41,10 @@ ProjectSession::GroupEnd ProjectSession::runGroup() {
     int answerBytes = 0;
     QElapsedTimer timer;
     timer.start();
-    while (!failed && static_cast<int>(tasks.size()) < m_limits.frames &&
-           timer.elapsed() < m_limits.milliseconds && answerBytes < m_limits.answerBytes) {
+    const qint64 bound =
+        qMax<qint64>(m_limits.milliseconds, qMin<qint64>(2 * m_commitTime, m_limits.slowDiskMilliseconds));
+    while (!failed && static_cast<int>(tasks.size()) < m_limits.frames && timer.elapsed() < bound &&
+           answerBytes < m_limits.answerBytes) {
         Client* client = nextClient();
         if (!client)
             break;
@@ -60,7 +62,10 @@ ProjectSession::GroupEnd ProjectSession::runGroup() {
         answerBytes += tasks.back().answer.payload.size();
         failed = tasks.back().answer.kind == Outcome::Kind::Failed;
     }
-    if (failed || !m_store->commit().ok()) {
+    timer.restart();
+    const bool committed = !failed && m_store->commit().ok();
+    m_commitTime = timer.elapsed();
+    if (!committed) {
         // One bad request must not take its neighbours down with it.
         m_store->rollback();
         timer.restart();

@@ -46,5 +46,6 @@ private:
 
     std::unique_ptr<ProjectStore> m_store;
     GroupLimits m_limits;
+    qint64 m_commitTime = 0;  ///< ms, of the last group
     std::vector<std::shared_ptr<Client>> m_clients;
 };

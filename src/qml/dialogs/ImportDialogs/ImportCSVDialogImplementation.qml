@@ -96,6 +96,9 @@ DialogPanel {
         folder: shortcuts.documents
         nameFilters: [qsTr("CSV files (*.csv)")]
         onAccepted: {
+            // A dialog that is left by keys in the wrong moment gives none.
+            if (fileUrl.toString() === "")
+                return
             root.file = Utils.getFileName(Utils.filePathFromUrl(fileUrl))
             root.message = _model.openFile(fileUrl)
                     ? "" : qsTr("The selected file did not contain any relevant data.")
