@@ -41,7 +41,8 @@ bool EditJob::play(const QString& run) {
     if (!signIn())
         return false;
     if (run == QLatin1String("questions"))
-        return createProject(path(run + QStringLiteral(".krn")), true) && askQuestions() && orderQuestions();
+        return createProject(path(run + QStringLiteral(".krn")), true) && askQuestions() &&
+               orderQuestions() && answerQuestion();
     return createProject(path(run + QStringLiteral(".krn"))) && makeSource() && code(garden, belonging) &&
            code(soup, food) && stored(text, garden, soup) && editAndSave() && goBackAndForth() && find() &&
            zoom() && fillBlank() && refuseHtml();
@@ -251,4 +252,29 @@ bool EditJob::orderQuestions() {
            click(QStringLiteral("Redo")) &&
            until([&] { return questions().size() == 2; }, QStringLiteral("Redo does nothing")) &&
            click(QStringLiteral("Close")) && gone(QStringLiteral("Edit Questions"));
+}
+
+bool EditJob::answerQuestion() {
+    m_driver.click(m_driver.itemNamed(QStringLiteral("addSource")));
+    if (!click(QStringLiteral("New Blank Source")) ||
+        !until([&] { return m_driver.itemsOfType(QStringLiteral("AnswerPlaceholder")).size() == 2; },
+               QStringLiteral("nothing says that there are no answers")) ||
+        !shoot(QStringLiteral("unanswered")) ||
+        !click(QStringLiteral("-- This question does not have an answer yet. You can edit the answer by "
+                              "clicking on this text. --")) ||
+        !click(QStringLiteral("Edit Answer")) ||
+        !until([&] { return m_editor.textItem() && m_editor.textItem()->hasActiveFocus(); },
+               QStringLiteral("an answer can't be edited")))
+        return false;
+    m_driver.type(QStringLiteral("Soup"));
+    return shoot(QStringLiteral("answer")) && click(QStringLiteral("Save")) && shown(QStringLiteral("Q:")) &&
+           until(
+               [] {
+                   const auto answers = KRNFile::instance()->dataHelper()->findAll<QuestionAnswer>();
+                   return std::any_of(answers.cbegin(), answers.cend(), [](const QuestionAnswer& answer) {
+                       return answer.plainAnswer() == QStringLiteral("Soup");
+                   });
+               },
+               QStringLiteral("the answer is lost")) &&
+           shoot(QStringLiteral("answered"));
 }

@@ -24,6 +24,7 @@ private:
     bool refuseHtml();
     bool askQuestions();
     bool orderQuestions();
+    bool answerQuestion();
 
     /// What the project has stored: the source's text, and in it what is coded into the two kernos.
     bool stored(const QString& text, const QString& first, const QString& second);
