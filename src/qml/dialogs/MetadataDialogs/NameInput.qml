@@ -13,6 +13,8 @@ TextInput {
     readOnly: !CentralManager.canMutate
     clip: true
     activeFocusOnTab: true
+    Accessible.role: Accessible.EditableText
+    Accessible.name: qsTr("Name")
     selectByMouse: true
     selectionColor: ApplicationStyle.selection_color
     selectedTextColor: ApplicationStyle.selected_text_color
