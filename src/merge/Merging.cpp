@@ -199,9 +199,20 @@ void Merging::addQuestions(ProjectRecords& added) {
     m_master.questions += added.questions;
 }
 
+bool Merging::hasAnswer(const QuestionAnswer& answer) const {
+    const QVector<int> rows = m_answerRows.value(answer.sourceId());
+    return std::any_of(rows.cbegin(), rows.cend(), [&](int row) {
+        const QuestionAnswer& present = m_master.answers.at(row);
+        return present.questionId() == answer.questionId() && present.plainAnswer() == answer.plainAnswer();
+    });
+}
+
+// A source has one answer to a question: that of a source which stands in both projects is there already.
 void Merging::addAnswers(ProjectRecords& added) {
     int next = nextId(m_master.answers);
     for (QuestionAnswer& answer : added.answers) {
+        if (hasAnswer(answer))
+            continue;
         answer.setAnswerId(next++);
         m_answerRows[answer.sourceId()].append(m_master.answers.size());
         m_master.answers.append(answer);

@@ -35,6 +35,7 @@ private:
     void addShortcuts(ProjectRecords& added);
     void addChatMessages(ProjectRecords& added);
 
+    bool hasAnswer(const QuestionAnswer& answer) const;
     QString masterText(int sourceId) const;
     QString uniqueTitle(const QString& title) const;
 

@@ -111,6 +111,7 @@ void tst_Merging::oneTitleIsKeptOrRenamedByItsText_data() {
     QTest::addColumn<QStringList>("titles");
     const QString text(200, 'x');
     QTest::newRow("equal") << QStringList{text, text} << QStringList{"Title"};
+    QTest::newRow("equal in three") << QStringList{text, text, text} << QStringList{"Title"};
     QTest::newRow("one letter") << QStringList{text, text.left(199) + 'y'}
                                 << QStringList{"Title", "Title (1)"};
     QTest::newRow("three") << QStringList{text, "a" + text, "b" + text}
@@ -123,6 +124,7 @@ void tst_Merging::oneTitleIsKeptOrRenamedByItsText_data() {
 
 void tst_Merging::oneTitleIsKeptOrRenamedByItsText() {
     QFETCH(QStringList, texts);
+    const int distinct = texts.toSet().size();
     Merging merging(oneSource("Title", texts.takeFirst()));
     for (const QString& text : qAsConst(texts))
         merging.add(oneSource("Title", text));
@@ -130,6 +132,7 @@ void tst_Merging::oneTitleIsKeptOrRenamedByItsText() {
     for (const Source& source : merging.result().sources)
         titles << source.title();
     QTEST(titles, "titles");
+    QCOMPARE(merging.result().answers.size(), distinct);
 }
 
 void tst_Merging::highlightsOfOneKernoJoin() {
