@@ -124,7 +124,7 @@ void tst_Merging::oneTitleIsKeptOrRenamedByItsText_data() {
 
 void tst_Merging::oneTitleIsKeptOrRenamedByItsText() {
     QFETCH(QStringList, texts);
-    const int distinct = texts.toSet().size();
+    const int distinct = QSet<QString>(texts.cbegin(), texts.cend()).size();
     Merging merging(oneSource("Title", texts.takeFirst()));
     for (const QString& text : qAsConst(texts))
         merging.add(oneSource("Title", text));
