@@ -11,6 +11,7 @@
 #include "models/SourceMetadataModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "project/Places.h"
 
 #include <QCoreApplication>
 #include <QDebug>
@@ -65,7 +66,8 @@ private:
     const QJsonObject m_project;
     QList<SourceMetadataKey> m_keys;
     QHash<int, QByteArray> m_properties;  ///< the fields of a source, by its id
-    QuestionAnswer m_answer;              ///< the last one that was asked for
+    Place m_place;                        ///< of the text that was asked for last...
+    QString m_text;                       ///< ... and the text: each asking unpacks all of it
     int m_filesDone = 0;
     QString m_fault;
 };
@@ -102,9 +104,11 @@ bool Export::header(File& out, const char* names) {
 
 // The texts of passages come in runs of one answer.
 QString Export::text(int sourceId, int questionId) {
-    if (m_answer.sourceId() != sourceId || m_answer.questionId() != questionId)
-        m_answer = m_file.answerModel()->answer(sourceId, questionId);
-    return m_answer.plainAnswer();
+    if (m_place != Place(sourceId, questionId)) {
+        m_place = {sourceId, questionId};
+        m_text = m_file.answerModel()->answer(sourceId, questionId).plainAnswer();
+    }
+    return m_text;
 }
 
 const QByteArray& Export::properties(int sourceId) {
