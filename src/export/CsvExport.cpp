@@ -17,8 +17,10 @@
 #include <QDebug>
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 #include <array>
 #include <memory>
+#include <numeric>
 #include <vector>
 
 namespace csv {
@@ -58,6 +60,7 @@ private:
     }
     bool header(File& out, const char* names);
     QString text(int sourceId, int questionId);
+    QVector<QByteArray> passages(const QList<Highlight>& highlights);
     const QByteArray& properties(int sourceId);
     QString groupsOf(int kernoId) const;
 
@@ -142,12 +145,32 @@ bool Export::memos(File& out) {
     });
 }
 
+// In the order of the highlights, which is not that of the texts: each text is unpacked once.
+QVector<QByteArray> Export::passages(const QList<Highlight>& highlights) {
+    QVector<int> order(highlights.size());
+    std::iota(order.begin(), order.end(), 0);
+    const auto placeOf = [&](int i) {
+        return Place(highlights.at(i).sourceId(), highlights.at(i).questionId());
+    };
+    std::sort(order.begin(), order.end(), [&](int a, int b) { return placeOf(a) < placeOf(b); });
+    QVector<QByteArray> passages(highlights.size());
+    for (const int i : qAsConst(order)) {
+        const Place place = placeOf(i);
+        passages[i] =
+            csv::quoted(text(place.first, place.second), highlights.at(i).start(), highlights.at(i).length())
+                .toUtf8();
+    }
+    return passages;
+}
+
 bool Export::quotes(File& out) {
     QList<Highlight> highlights;
     if (!header(out, "highlightID, color, start, length, end, author, kernoID, kernoTitle, sourceID, "
                      "sourceTitle, questionID, quote,") ||
         !read(highlights))
         return false;
+    const QVector<QByteArray> passages = this->passages(highlights);
+    int row = 0;
     return lines(highlights, [&](const Highlight& highlight) {
         out.field(highlight.highlightId());
         out.field(highlight.color().name());
@@ -160,7 +183,7 @@ bool Export::quotes(File& out) {
         out.field(highlight.sourceId());
         out.quoted(m_file.sourceTitle(highlight.sourceId()));
         out.field(highlight.questionId());
-        out.quoted(text(highlight.sourceId(), highlight.questionId()), highlight.start(), highlight.length());
+        out.raw(passages.at(row++) + ',');
         out.raw(properties(highlight.sourceId()));
         out.endLine();
     });
