@@ -159,6 +159,8 @@ QVector<QByteArray> Export::passages(const QList<Highlight>& highlights) {
         passages[i] =
             csv::quoted(text(place.first, place.second), highlights.at(i).start(), highlights.at(i).length())
                 .toUtf8();
+        // The conversion reserves three bytes for each character.
+        passages[i].squeeze();
     }
     return passages;
 }
