@@ -12,7 +12,7 @@ namespace {
 
 constexpr int tellingMs = 4000;
 constexpr int bulkSources = 150;
-constexpr int bulkLength = 100000;
+constexpr int bulkLength = 500000;
 
 const QString text = QString::fromUtf8("They said: \"Wait, and see\".\nAnd so we did – for years.\n");
 const QString csvEntry = QStringLiteral("Export Spreadsheet (CSV)");
