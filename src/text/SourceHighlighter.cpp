@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <algorithm>
+#include <private/qtextdocument_p.h>
 
 SourceHighlighter::SourceHighlighter(QObject* parent)
     : QSyntaxHighlighter(parent), m_file(qobject_cast<KRNFile*>(ProjectEvents::current())) {
@@ -26,6 +27,8 @@ void SourceHighlighter::setTarget(KernovaTextEdit* target) {
     m_target = target;
     m_document = target ? target->textDocument()->textDocument() : nullptr;
     setDocument(m_document ? m_document.data() : &m_noDocument);
+    // The base class would paint the whole text later, block by block, and till then nothing else.
+    QMetaObject::invokeMethod(this, "_q_delayedRehighlight");
     emit targetChanged();
 }
 
@@ -126,6 +129,15 @@ void SourceHighlighter::repaint(int start, int end) {
         emit m_document->contentsChange(start, end - start, end - start);
 }
 
+/// Told as one change, the document lays itself out once. The base class tells of each block by itself, and
+/// the document goes through all its blocks for each: the cost would grow with the square of the length.
+void SourceHighlighter::repaintWhole() {
+    QTextDocumentPrivate* document = m_document->docHandle();
+    document->beginEditBlock();
+    document->documentChange(0, document->length());
+    document->endEditBlock();
+}
+
 void SourceHighlighter::reloadModel() {
     if (!m_autoRefreshHighlights || !m_enabled || !canPaint())
         return;
@@ -178,7 +190,7 @@ void SourceHighlighter::rehighlight() {
     QElapsedTimer timer;
     timer.start();
     qCDebug(logHighlighter) << "REHIGHLIGHT: BEGIN";
-    QSyntaxHighlighter::rehighlight();
+    repaintWhole();
     qCDebug(logHighlighter) << "REHIGHLIGHT: END";
     qCDebug(logHighlighter) << "REHIGHLIGHT TIME:" << timer.elapsed() << "msec";
     if (hasSelection)

@@ -95,6 +95,7 @@ private:
     bool canPaint() const;
     void updateOverlaps();
     void repaint(int start, int end);
+    void repaintWhole();
     void requestRehighlight(int milliseconds);
 
     QTextDocument m_noDocument;  ///< what is painted without a target
