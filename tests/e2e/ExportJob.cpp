@@ -7,12 +7,15 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
+#include <QTimer>
 
 namespace {
 
 constexpr int tellingMs = 4000;
 constexpr int bulkSources = 150;
-constexpr int bulkLength = 500000;
+constexpr int bulkLength = 300000;
+constexpr int attemptMs = 30;
 
 const QString text = QString::fromUtf8("They said: \"Wait, and see\".\nAnd so we did – for years.\n");
 const QString csvEntry = QStringLiteral("Export Spreadsheet (CSV)");
@@ -172,11 +175,15 @@ bool ExportJob::exportDocuments() {
            until([&] { return written(single); }, QStringLiteral("there is no document of the source"));
 }
 
-// Many long texts, so that there is time to think better of it.
+// Many long texts that hardly pack, so that there is time to think better of it.
 bool ExportJob::cancelExport() {
     KRNFile* const project = KRNFile::instance();
     IdManager* const ids = IdManager::instance();
-    const QString longText = QStringLiteral("What was said there. ").repeated(bulkLength / 21);
+    QString longText(bulkLength, ' ');
+    for (int i = 0; i < bulkLength; ++i) {
+        if (i % 7 != 0)
+            longText[i] = QChar('a' + QRandomGenerator::global()->bounded(26));
+    }
     for (int i = 0; i < bulkSources; ++i) {
         const int sourceId = ids->nextSourceId();
         project->saveAnswer(QuestionAnswer(ids->nextAnswerId(), 1, sourceId, QString(), longText, {}));
@@ -186,19 +193,22 @@ bool ExportJob::cancelExport() {
                QStringLiteral("the long texts do not come")))
         return false;
     const QString tables = folder(QStringLiteral("cancelled"));
-    bool chosen = false;
-    const bool cancelled = m_driver.during(
+    // The export runs inside of the key that accepts the file, so the progress is watched for beside it.
+    bool cancelled = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&] {
+        if (cancelled || !m_driver.progressIsShown())
+            return;
+        shoot(QStringLiteral("progress"));
+        cancelled = m_driver.cancelProgress();
+    });
+    watch.start(attemptMs);
+    m_driver.during(
         [&] {
             click(QStringLiteral("Export"));
             click(wordEntry);
         },
-        [&] {
-            chosen = chosen || m_driver.chooseFiles({tables + QStringLiteral("/never.docx")});
-            if (!chosen || !m_driver.progressIsShown())
-                return false;
-            shoot(QStringLiteral("progress"));
-            return m_driver.cancelProgress();
-        });
+        [&] { return m_driver.chooseFiles({tables + QStringLiteral("/never.docx")}); });
     return expect(cancelled, QStringLiteral("an export can't be cancelled")) &&
            until([&] { return !m_driver.progressIsShown(); }, QStringLiteral("the progress stays")) &&
            expect(QDir(tables).isEmpty(QDir::Files), QStringLiteral("there is half a document")) &&
