@@ -29,8 +29,11 @@ ReplyBase::ReplyBase(int id, int status, const QJsonObject& payload)
 
 ReplyBase::ReplyBase(WebSocketHandler* handler, int id, QObject* parent)
     : QObject(parent), m_id(id), m_handler(handler) {
-    connect(handler, &WebSocketHandler::messageReceived, this, &ReplyBase::take, Qt::QueuedConnection);
-    connect(handler, &WebSocketHandler::connected, this, &ReplyBase::stopListening, Qt::QueuedConnection);
+    // By name: a connection to a member function, ended on this thread while the handler's thread emits,
+    // loses the memory that holds the function.
+    connect(handler, SIGNAL(messageReceived(int, int, QJsonObject)), this, SLOT(take(int, int, QJsonObject)),
+            Qt::QueuedConnection);
+    connect(handler, SIGNAL(connected()), this, SLOT(stopListening()), Qt::QueuedConnection);
 }
 
 void ReplyBase::take(int id, int status, const QJsonObject& payload) {

@@ -34,10 +34,11 @@ public:
 signals:
     void finished();
 
-private:
+private slots:
     void take(int id, int status, const QJsonObject& payload);
     void stopListening();
 
+private:
     int m_id = 0;
     int m_status = 0;
     bool m_arrived = false;
