@@ -13,8 +13,8 @@
 namespace {
 
 constexpr int tellingMs = 4000;
-constexpr int bulkSources = 150;
-constexpr int bulkLength = 300000;
+constexpr int bulkSources = 100;
+constexpr int bulkLength = 1000000;
 constexpr int attemptMs = 30;
 
 const QString text = QString::fromUtf8("They said: \"Wait, and see\".\nAnd so we did – for years.\n");
