@@ -52,16 +52,7 @@ bool CopiesJob::makeProject(const QString& file) {
     if (!m_driver.fill(author, QStringLiteral("Ada Berger")) ||
         !chooseProject(QStringLiteral("New Project"), file) || !untilOpen())
         return false;
-    const QString source = path(QStringLiteral("Yard.txt"));
-    if (!writeFile(source, text) || !importFiles({source}) || !addKerno(QStringLiteral("Belonging")))
-        return false;
-    const QString problem = m_source.read(text) ? m_source.select(QStringLiteral("in the yard"))
-                                                : QStringLiteral("the text is not shown");
-    if (!expect(problem.isEmpty(), problem))
-        return false;
-    m_source.dragSelectionTo(m_canvas.bubble(QStringLiteral("Belonging")));
-    return until([] { return KRNFile::instance()->totalHighlightsCount() == 1; },
-                 QStringLiteral("the passage is not coded"));
+    return codePassage(text, QStringLiteral("in the yard"));
 }
 
 bool CopiesJob::saveAs(const QString& file) {

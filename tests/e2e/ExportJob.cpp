@@ -47,7 +47,8 @@ bool ExportJob::play(const QString& run) {
     if (!signIn() || !createProject(path(run + QStringLiteral(".krn"))) || !chooseTheme(dark) ||
         !importTable())
         return false;
-    return !dark || (makeCodedText() && exportTables() && exportDocuments() && cancelExport());
+    return !dark || (codePassage(text, QStringLiteral("Wait, and see")) && exportTables() &&
+                     exportDocuments() && cancelExport());
 }
 
 QString ExportJob::folder(const QString& name) {
@@ -109,19 +110,6 @@ bool ExportJob::importTable() {
            expect(undoIndex() == before + 1, QStringLiteral("a table is not one step")) && undo() &&
            until(holds(0), QStringLiteral("a table can't be undone")) && redo() &&
            until(holds(2), QStringLiteral("a table can't be redone"));
-}
-
-bool ExportJob::makeCodedText() {
-    const QString source = path(QStringLiteral("Yard.txt"));
-    if (!writeFile(source, text) || !importFiles({source}) || !addKerno(QStringLiteral("Belonging")))
-        return false;
-    const QString problem = m_source.read(text) ? m_source.select(QStringLiteral("Wait, and see"))
-                                                : QStringLiteral("the text is not shown");
-    if (!expect(problem.isEmpty(), problem))
-        return false;
-    m_source.dragSelectionTo(m_canvas.bubble(QStringLiteral("Belonging")));
-    return until([] { return KRNFile::instance()->totalHighlightsCount() == 1; },
-                 QStringLiteral("the passage is not coded"));
 }
 
 bool ExportJob::exportTo(const QString& entry, const QString& path) {

@@ -13,7 +13,6 @@ public:
     bool play(const QString& run) override;
 
 private:
-    bool makeCodedText();
     bool exportTables();
     bool exportDocuments();
     bool cancelExport();

@@ -139,6 +139,20 @@ bool Job::nameNewKerno(const QString& title) {
            until([&] { return m_canvas.bubble(title); }, QStringLiteral("no bubble reads ") + title);
 }
 
+bool Job::codePassage(const QString& text, const QString& words) {
+    const QString source = path(QStringLiteral("Yard.txt"));
+    const QString kerno = QStringLiteral("Belonging");
+    if (!writeFile(source, text) || !importFiles({source}) || !addKerno(kerno))
+        return false;
+    const QString problem =
+        m_source.read(text) ? m_source.select(words) : QStringLiteral("the text is not shown");
+    if (!expect(problem.isEmpty(), problem))
+        return false;
+    m_source.dragSelectionTo(m_canvas.bubble(kerno));
+    return until([] { return KRNFile::instance()->totalHighlightsCount() == 1; },
+                 QStringLiteral("the passage is not coded"));
+}
+
 bool Job::closeProperties() {
     QQuickItem* title = m_driver.itemNamed(QStringLiteral("kernoTitle"));
     if (!expect(title && AppDriver::waitFor([&] { return title->hasActiveFocus(); }),

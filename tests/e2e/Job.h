@@ -60,6 +60,8 @@ protected:
     bool addKerno(const QString& title);
     /// Gives the kerno whose dialog has come up a title.
     bool nameNewKerno(const QString& title);
+    /// Imports a text, makes a kerno, and codes those words with it by a drag.
+    bool codePassage(const QString& text, const QString& words);
     /// Closes the dialog that comes up for a kerno that has come or come back.
     bool closeProperties();
     /// Goes a step back or forth, by keys.
