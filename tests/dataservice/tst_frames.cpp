@@ -1,8 +1,8 @@
+#include "FrameExercise.h"
 #include "ServiceClient.h"
 #include "protocol/FrameText.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
-#include "wire/JsonScan.h"
 #include "wire/QueryText.h"
 
 #include <QTcpSocket>
@@ -57,27 +57,6 @@ private slots:
         QCOMPARE(client.frames.back().status, 400);
     }
 
-    void survivesWhatIsNoRequest_data() {
-        QTest::addColumn<QString>("text");
-        addRow("no json", "{\"auth\":"_s);
-        addRow("array", "[]"_s);
-        addRow("empty", QString());
-        addRow("no query", "{}"_s);
-        addRow("deep", QString(100000, QLatin1Char('[')));
-        addRow("deep query",
-               "{\"msg_id\":\"i_3\",\"json_data\":\""_s + QString(100000, QLatin1Char('{')) + "\"}"_s);
-    }
-
-    void survivesWhatIsNoRequest() {
-        QFETCH(QString, text);
-        ServiceClient client;
-        QVERIFY(client.connectTo(m_service.port()));
-        client.sendRaw(text);
-        QVERIFY(client.waitForFrames(1));
-        QVERIFY(client.frames[0].payload.contains("errors"_s));
-        QVERIFY(client.open(m_folder.filePath("b.krn"_s)));
-    }
-
     void endsOnlyTheConnectionThatBreaksTheRules_data() {
         columns<QByteArray, int>({"bytes", "code"});
         addRow("unmasked", ServiceClient::frame("{}", 1, false), 1002);
@@ -110,35 +89,47 @@ private slots:
         QVERIFY(witness.ask("{kernoMaxId(next: false)}"_s).isDouble());
     }
 
-    void scansOutlines_data() {
-        columns<QByteArray, bool, QByteArrayList>({"text", "valid", "parts"});
-        addRow("plain", QByteArray(" {\"a\" : 1 , \"b\":[2,\"}\"]} "), true,
-               QByteArrayList{"a", "1", "b", "[2,\"}\"]"});
-        addRow("escapes", QByteArray("{\"a\\\"\":\"\\\\\"}"), true, QByteArrayList{"a\\\"", "\"\\\\\""});
-        addRow("empty", QByteArray("{}"), true, QByteArrayList{});
-        addRow("open string", QByteArray("{\"a\":\"}"), false, QByteArrayList{});
-        addRow("open object", QByteArray("{\"a\":{}"), false, QByteArrayList{"a", "{}"});
-        addRow("no value", QByteArray("{\"a\":}"), false, QByteArrayList{});
-        addRow("no object", QByteArray("[1]"), false, QByteArrayList{});
-        addRow("nothing", QByteArray(), false, QByteArrayList{});
+    // The fuzzer's texts, and texts that are close to them.
+    void anyBytesAreAnswered_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        const QDir folder(QStringLiteral(KERNOVA_FRAME_CORPUS));
+        const QStringList names = folder.entryList(QDir::Files);
+        QVERIFY(names.size() > 10);
+        for (const QString& name : names) {
+            QFile file(folder.filePath(name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            addRow(qPrintable(name), file.readAll());
+        }
+        addRow("empty", QByteArray());
+        addRow("deep", QByteArray(5000, '['));
+        addRow("deep query", "{\"msg_id\":\"i_3\",\"json_data\":\"" + QByteArray(5000, '{') + "\"}");
     }
 
-    void scansOutlines() {
-        FETCH(QByteArray, text, bool, valid, QByteArrayList, parts);
-        QByteArrayList found;
-        const bool read =
-            jsonscan::eachMember(text, {0, text.size()}, [&](const QByteArray& key, jsonscan::Span value) {
-                found << key << jsonscan::part(text, value);
-                return true;
-            });
-        QCOMPARE(read, valid);
-        QCOMPARE(found, parts);
-    }
-
-    void measuresNesting() {
-        QVERIFY(!jsonscan::nestsDeeperThan("[[{\"a\":\"[[[[\"}]]", 3));
-        QVERIFY(jsonscan::nestsDeeperThan("[[{\"a\":[]}]]", 3));
-        QVERIFY(!jsonscan::nestsDeeperThan("[\"\\\"[[[[\"]", 1));
+    void anyBytesAreAnswered() {
+        QFETCH(QByteArray, bytes);
+        QCOMPARE(exerciseFrame(bytes), QString());
+        QRandomGenerator random(static_cast<quint32>(bytes.size()));
+        const QByteArray alphabet("{}[](),:\"\\ \n-0123456789.ei\xF0\x9F\x98\x80");
+        for (int round = 0; round < 150 && !bytes.isEmpty(); ++round) {
+            QByteArray changed = bytes;
+            for (int change = random.bounded(1, 4); change > 0; --change) {
+                const int at = random.bounded(changed.size());
+                const char letter = alphabet[random.bounded(alphabet.size())];
+                switch (random.bounded(3)) {
+                case 0:
+                    changed[at] = letter;
+                    break;
+                case 1:
+                    changed.insert(at, letter);
+                    break;
+                default:
+                    changed.remove(at, changed.size() > 1 ? 1 : 0);
+                    break;
+                }
+            }
+            const QString fault = exerciseFrame(changed);
+            QVERIFY2(fault.isEmpty(), qPrintable(fault + QLatin1Char('\n') + QString::fromUtf8(changed)));
+        }
     }
 };
 

@@ -196,8 +196,6 @@ private slots:
         QCOMPARE(ids("{kernoQueryList(parentKernoId:9){id}}"_s), (QList<int>{2}));
         QCOMPARE(ids("{highlightQueryList{id}}"_s), (QList<int>{2, 3, 4, 1, 5}));
         QCOMPARE(ids("{highlightQueryList(sourceId:1 questionId:1){id}}"_s), (QList<int>{3, 1, 5}));
-        QCOMPARE(ids("{highlightQueryList(kernoId:9){id}}"_s), (QList<int>{3, 4}));
-        QCOMPARE(ids("{highlightQueryList(sourceId:1 questionId:1 kernoId:2){id}}"_s), (QList<int>{1}));
         QCOMPARE(ids("{highlightQueryListBySourceQuestionAndKernos(sourceId:1 questionId:1 "
                      "kernoIds:\"2,7\"){id}}"_s),
                  (QList<int>{1, 5}));
@@ -208,8 +206,6 @@ private slots:
         QCOMPARE(ids(window.arg(10).arg(10)), (QList<int>{3}));
         QCOMPARE(ids(window.arg(13).arg(-1)), (QList<int>{3, 5}));
         QCOMPARE(ids(window.arg(21).arg(-1)), (QList<int>{}));
-        QCOMPARE(m_client->ask("{kernoHasChildren(parentKernoId: 9)}"_s).toInt(), 1);
-        QCOMPARE(m_client->ask("{kernoHasChildren(parentKernoId: 2)}"_s).toInt(), 0);
 
         // The colour is that of the kerno as it is now; a highlight without its kerno is still whole.
         save(Record::Kerno, "id:2 color:\"#0000ff\""_s);
@@ -221,7 +217,7 @@ private slots:
                             {1, "#0000ff"_s}, {2, "#0000ff"_s}, {3, "#ff0000"_s}, {5, "#000000"_s}}));
     }
 
-    void joinsQuestionsAndMetadata() {
+    void joinsQuestions() {
         save(Record::Question, "id:4 question:\"Why?\" questionOrder:1"_s);
         // An answer may come before its source, and before its question.
         save(Record::QuestionAnswer, "id:2 questionId:4 sourceId:8 author:\"A\" answer:\"so\""_s);
@@ -232,18 +228,6 @@ private slots:
         QCOMPARE(both[1]["question"_s].toString(), "Why?"_s);
         QCOMPARE(both[1]["answer"_s].toString(), "so"_s);
         QCOMPARE(m_client->ask(wire::answersWithQuestion(8, 4)).toArray().size(), 1);
-
-        save(Record::SourceMetadataKey, "id:1 multipleChoice:0 sortValuesAlphabetically:1 key:\"age\""_s);
-        save(Record::SourceMetadataValue, "id:3 keyId:1 value:30"_s);
-        save(Record::SourceMetadata, "id:6 sourceId:8 keyId:1 valueId:3 author:\"A\""_s);
-        QCOMPARE(ids("{sourceMetadataKeyQueryList(name:\"age\"){id}}"_s), (QList<int>{1}));
-        QCOMPARE(ids("{sourceMetadataKeyQueryList(name:\"Age\"){id}}"_s), (QList<int>{}));
-        const QJsonObject row =
-            m_client->ask(wire::sourceMetadataListForReport(8)).toArray().at(0).toObject();
-        QCOMPARE(row.value("key"_s).toString(), "age"_s);
-        QCOMPARE(row.value("value"_s), QJsonValue(30));
-        QCOMPARE(row.value("valueId"_s).toInt(), 3);
-        QVERIFY(row.contains("timestamp"_s));
     }
 
     void namesTouchedPlacesOnce() {
@@ -262,6 +246,32 @@ private slots:
         QCOMPARE(places.value("sourceIds"_s).toArray(), (QJsonArray{3, 5}));
         QCOMPARE(places.value("questionIds"_s).toArray(), (QJsonArray{2}));
         QCOMPARE(list(Record::Memo).size(), 1);
+    }
+
+    void answersWithTheRecordsOfATable() {
+        const QString word = "source"_s;
+        QCOMPARE(m_client->ask(wire::reserveIds(word, 5)), QJsonValue(5));
+        QCOMPARE(m_client->ask(wire::maxId(word, true)), QJsonValue(6));
+        QVERIFY(m_client->errorOf(wire::reserveIds(word, 0)).contains("from 1 to"_s));
+        const QJsonObject saved =
+            m_client
+                ->ask(
+                    "mutation{sourceBatchCreateOrUpdate(sources:[{id:2 title:\"a\"},{id:9 title:\"b\"},{id:2 "
+                    "title:\"c\"}]){id title}}"_s)
+                .toObject();
+        const auto source = [](int id, const QString& title) {
+            return QJsonObject{{"id"_s, id}, {"title"_s, title}};
+        };
+        QCOMPARE(saved, (QJsonObject{{"sources"_s,
+                                      QJsonArray{source(2, "a"_s), source(9, "b"_s), source(2, "c"_s)}}}));
+        const QJsonArray before = list(Record::Source);
+        const QJsonObject removed =
+            m_client->ask("mutation{sourceBatchRemove(sources:[{id:9},{id:77}]){id}}"_s).toObject();
+        QCOMPARE(removed["sources"_s].toArray().size(), 2);
+        QCOMPARE(ids("{sourceQueryList{id}}"_s), QList<int>{2});
+        save(Record::Source, "id:9 title:\"b\""_s);
+        QCOMPARE(list(Record::Source).at(1)["timestamp"_s], before.at(1)["timestamp"_s]);
+        QCOMPARE(m_client->ask(wire::reserveIds(word, 5)), QJsonValue(14));
     }
 
     void refusesABatchAsAWhole() {

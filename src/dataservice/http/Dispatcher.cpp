@@ -22,6 +22,15 @@ void Dispatcher::schedule() {
     boost::asio::post(m_io, [this] { gather(m_firstOfGroup, 0); });
 }
 
+void Dispatcher::runAside(Work work) {
+    boost::asio::post(m_aside, [this, work = std::move(work)]() mutable {
+        std::function<void()> next = work();
+        // Whatever it holds belongs to the other thread.
+        work = nullptr;
+        boost::asio::post(m_io, std::move(next));
+    });
+}
+
 void Dispatcher::gather(quint64 received, int idlePasses) {
     // Each turn of the loop takes one more frame off a socket. Frames that are there already belong to one
     // group.

@@ -7,6 +7,8 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/strand.hpp>
+#include <boost/asio/thread_pool.hpp>
+#include <functional>
 #include <set>
 
 /// A socket of the one thread that serves: needs no locks of its own.
@@ -29,6 +31,12 @@ public:
     /// sockets.
     void schedule();
 
+    /// Does long work on another thread, and then, on this one, what it gives.
+    using Work = std::function<std::function<void()>()>;
+    void runAside(Work work);
+    /// Waits for such work when the loop has ended. What it gives is dropped.
+    void awaitAside() { m_aside.join(); }
+
     void add(WebSocketClient* client) { m_clients.insert(client); }
     void remove(WebSocketClient* client) { m_clients.erase(client); }
     const std::set<WebSocketClient*>& clients() const { return m_clients; }
@@ -43,4 +51,5 @@ private:
     std::set<WebSocketClient*> m_clients;
     bool m_scheduled = false;
     quint64 m_firstOfGroup = 0;
+    boost::asio::thread_pool m_aside{1};
 };

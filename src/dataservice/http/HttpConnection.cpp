@@ -129,14 +129,27 @@ void HttpConnection::bodyRead() {
             argumentOf(target, QStringLiteral("name")), argumentOf(target, QStringLiteral("only")), &answer);
         reply(number(statusOf(error)), answer);
     } else if (request.method() == http::verb::post) {
-        const std::string& body = request.body();
-        const SessionHub::FileError error = m_dispatcher.hub().importProject(
-            QByteArray::fromRawData(body.data(), static_cast<int>(body.size())), &answer);
-        reply(number(statusOf(error)), answer);
+        importBody();
     } else {
         reply(number(http::status::method_not_allowed),
               projectjson::failureReply(QStringLiteral("This path knows GET and POST.")));
     }
+}
+
+// A large project is stored aside, because the links of all clients have to be answered meanwhile.
+void HttpConnection::importBody() {
+    const std::string& text = m_body->get().body();
+    const QByteArray body = QByteArray::fromRawData(text.data(), static_cast<int>(text.size()));
+    m_timer.cancel();
+    m_dispatcher.runAside([me = shared_from_this(), body]() -> std::function<void()> {
+        auto file = std::make_shared<projectjson::UploadedFile>();
+        return [me, file, stored = file->store(body)]() mutable {
+            QByteArray answer;
+            const SessionHub::FileError error = me->m_dispatcher.hub().endImport(stored, *file, &answer);
+            file.reset();
+            me->reply(number(statusOf(error)), answer);
+        };
+    });
 }
 
 void HttpConnection::reply(unsigned status, const QByteArray& body) {

@@ -24,6 +24,7 @@ private:
     void headRead();
     void readBody();
     void bodyRead();
+    void importBody();
     void reply(unsigned status, const QByteArray& body);
     void linger();
     void expireAfter(int milliseconds);

@@ -58,6 +58,7 @@ public:
         });
         watchInput();
         m_io.run();
+        m_dispatcher->awaitAside();
     }
 
     quint16 port() const { return m_port; }

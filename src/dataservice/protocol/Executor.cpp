@@ -28,6 +28,10 @@ const std::array<OperationRow, 8> operations{{
 }};
 
 bool isAnnounced(const wire::RecordOperation& request) {
+    const bool isBatch =
+        request.operation == Operation::BatchCreateOrUpdate || request.operation == Operation::BatchRemove;
+    if (isBatch && !wire::isAnsweredWithPlaces(request.record))
+        return true;
     for (const wire::NotificationRow& row : wire::notificationTable()) {
         if (row.record == request.record && row.operation == request.operation)
             return true;

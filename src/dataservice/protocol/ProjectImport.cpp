@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <utility>
 
 namespace projectjson {
 namespace {
@@ -93,20 +94,24 @@ Outcome saveAll(ProjectStore& store, const QByteArray& body, const Upload& uploa
 
 }  // namespace
 
-Outcome importProject(const QByteArray& body, const Upload& upload) {
-    const QString path = QFileInfo(upload.name).absoluteFilePath();
-    const QString temporary = projectfile::temporaryNameBeside(path);
+UploadedFile::~UploadedFile() {
+    if (!m_temporary.isEmpty())
+        QFile::remove(m_temporary);
+}
+
+Outcome UploadedFile::store(const QByteArray& body) {
+    const Outcome outlined = readUpload(body, &m_upload);
+    if (!outlined.ok())
+        return outlined;
+    m_upload.name = QFileInfo(m_upload.name).absoluteFilePath();
+    m_temporary = projectfile::temporaryNameBeside(m_upload.name);
     QString message;
-    std::unique_ptr<ProjectStore> store = ProjectStore::createAt(temporary, &message);
-    if (!store)
-        return Outcome::failed(message);
-    const Outcome outcome = saveAll(*store, body, upload);
-    store.reset();
-    if (!outcome.ok()) {
-        QFile::remove(temporary);
-        return outcome;
-    }
-    return projectfile::moveIntoPlace(temporary, path);
+    const std::unique_ptr<ProjectStore> store = ProjectStore::createAt(m_temporary, &message);
+    return store ? saveAll(*store, body, m_upload) : Outcome::failed(message);
+}
+
+Outcome UploadedFile::moveIntoPlace() {
+    return projectfile::moveIntoPlace(std::exchange(m_temporary, QString()), m_upload.name);
 }
 
 }  // namespace projectjson

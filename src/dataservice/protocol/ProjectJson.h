@@ -33,9 +33,26 @@ struct Upload {
 /// Reads the outline of the body; `Refused` with a sentence when it isn't a project.
 Outcome readUpload(const QByteArray& body, Upload* upload);
 
-/// Writes the records of the upload into a new file beside its name, forces it to the disk and renames it
-/// into place. On failure nothing is left behind.
-Outcome importProject(const QByteArray& body, const Upload& upload);
+/// The project file that an upload becomes. It has another name beside its own until it is moved into place;
+/// one that isn't goes with this object.
+class UploadedFile {
+public:
+    UploadedFile() = default;
+    ~UploadedFile();
+    UploadedFile(const UploadedFile&) = delete;
+    UploadedFile& operator=(const UploadedFile&) = delete;
+
+    /// Reads the body and writes its records, to the disk. Takes seconds for a large project; any thread.
+    Outcome store(const QByteArray& body);
+    /// What `store` has read.
+    const Upload& upload() const { return m_upload; }
+    /// Renames the file into place.
+    Outcome moveIntoPlace();
+
+private:
+    Upload m_upload;
+    QString m_temporary;
+};
 
 /// `{"status":true,"message":"","project":{...}}`
 QByteArray importReply(const Upload& upload);

@@ -88,11 +88,15 @@ Answer byId(ProjectStore& store, const Table& table, const wire::ParsedQuery& qu
 
 Answer maxId(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
     Arguments arguments(query);
-    const bool reserve = arguments.boolean(QStringLiteral("next"), false);
+    const bool reserves = arguments.boolean(QStringLiteral("next"), false);
+    const qint64 count = arguments.integer(wire::name::count, 1);
+    if (count < 1 || count > wire::maxReservedIds)
+        arguments.faults.push_back(
+            {QStringLiteral("\"count\" has to be from 1 to %1.").arg(wire::maxReservedIds), query.position});
     if (!arguments.finish())
         return Answer::refused(arguments.faults);
     qint64 id = 0;
-    const Outcome outcome = store.lastId(table.record, reserve, &id);
+    const Outcome outcome = store.lastId(table.record, reserves ? static_cast<int>(count) : 0, &id);
     DataPayload payload(query.operation);
     payload.json.value(id);
     return payload.finish(outcome);

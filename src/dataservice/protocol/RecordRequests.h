@@ -14,7 +14,7 @@ Answer byId(ProjectStore& store, const Table& table, const wire::ParsedQuery& qu
 Answer maxId(ProjectStore& store, const Table& table, const wire::ParsedQuery& query);
 Answer save(ProjectStore& store, const Table& table, const wire::ParsedQuery& query);
 Answer remove(ProjectStore& store, const Table& table, const wire::ParsedQuery& query);
-/// All records of the batch or none. The answer names the places that were touched.
+/// All records of the batch or none. The answer names the places that were touched, or holds the records.
 Answer saveBatch(ProjectStore& store, const Table& table, const wire::ParsedQuery& query);
 Answer removeBatch(ProjectStore& store, const Table& table, const wire::ParsedQuery& query);
 

@@ -74,81 +74,124 @@ std::vector<RecordValues> batchValues(const Table& table, const wire::ParsedQuer
             checkNewId(table, batch.back(), position, &arguments.faults);
     }
     arguments.finish();
-    *faults = arguments.faults;
+    faults->insert(faults->end(), arguments.faults.begin(), arguments.faults.end());
     return batch;
 }
 
-/// Does `work` with each record of the batch and the places it gathers, up to the first that fails.
+/// Does `work` with each record of the batch, up to the first that fails.
+template <typename Work> Outcome eachOf(const std::vector<RecordValues>& batch, const Work& work) {
+    Outcome outcome;
+    for (const RecordValues& values : batch) {
+        outcome = work(values);
+        if (!outcome.ok())
+            break;
+    }
+    return outcome;
+}
+
+/// A batch of passages: `work` gathers the places that each touches.
 template <typename Work>
-Answer eachOfBatch(const Table& table, const wire::ParsedQuery& query, bool saving, const Work& work) {
+Answer eachPassage(const Table& table, const wire::ParsedQuery& query, bool saving, const Work& work) {
     std::vector<Fault> faults;
     const std::vector<RecordValues> batch = batchValues(table, query, saving, &faults);
     if (!faults.empty())
         return Answer::refused(faults);
-    Outcome outcome;
     Places places;
-    for (const RecordValues& values : batch) {
-        outcome = work(values, &places);
-        if (!outcome.ok())
-            break;
-    }
+    const Outcome outcome = eachOf(batch, [&](const RecordValues& values) { return work(values, &places); });
     return finishBatch(query, outcome, places);
+}
+
+const QVariant& idOf(const Table& table, const RecordValues& values) {
+    return values[static_cast<size_t>(table.idColumn)];
+}
+
+/// The stored record of an id, with the requested fields.
+Selection selectionOf(const Table& table, const wire::ParsedQuery& query, std::vector<Fault>* faults) {
+    Selection selection;
+    selection.table = &table;
+    selection.columns = requestedColumns(table, query.fields, faults);
+    selection.filters = {{table.idColumn, {}}};
+    return selection;
+}
+
+/// Writes the record as it is then stored.
+Outcome saveOne(ProjectStore& store, Selection& selection, const RecordValues& values, JsonWriter& json) {
+    const Table& table = *selection.table;
+    const Outcome outcome = store.save(table, values);
+    if (!outcome.ok())
+        return outcome;
+    selection.filters.front().value = idOf(table, values);
+    return store.select(selection,
+                        [&](const RowView& row) { writeRow(json, table, selection.columns, row); });
+}
+
+/// Writes the record as it was stored; what was sent when there was none.
+Outcome removeOne(ProjectStore& store, Selection& selection, const RecordValues& values, JsonWriter& json) {
+    const Table& table = *selection.table;
+    selection.filters.front().value = idOf(table, values);
+    bool found = false;
+    const Outcome outcome = store.select(selection, [&](const RowView& row) {
+        writeRow(json, table, selection.columns, row);
+        found = true;
+    });
+    if (outcome.ok() && found)
+        return store.remove(table, idOf(table, values));
+    json.beginObject();
+    for (int place : selection.columns) {
+        const Column& column = table.columns[static_cast<size_t>(place)];
+        json.key(column.name);
+        writeValue(json, column.type, values[static_cast<size_t>(place)]);
+    }
+    json.endObject();
+    return outcome;
+}
+
+using One = Outcome (*)(ProjectStore&, Selection&, const RecordValues&, JsonWriter&);
+
+Answer single(ProjectStore& store, const Table& table, const wire::ParsedQuery& query, bool saving,
+              One work) {
+    std::vector<Fault> faults;
+    Selection selection = selectionOf(table, query, &faults);
+    const RecordValues values = recordValues(table, query.arguments, query.position, &faults);
+    if (saving)
+        checkNewId(table, values, query.position, &faults);
+    if (!faults.empty())
+        return Answer::refused(faults);
+    DataPayload payload(query.operation);
+    const Outcome outcome = work(store, selection, values, payload.json);
+    return payload.finish(outcome);
+}
+
+/// A batch that is answered with its records.
+Answer many(ProjectStore& store, const Table& table, const wire::ParsedQuery& query, bool saving, One work) {
+    std::vector<Fault> faults;
+    Selection selection = selectionOf(table, query, &faults);
+    const std::vector<RecordValues> batch = batchValues(table, query, saving, &faults);
+    if (!faults.empty())
+        return Answer::refused(faults);
+    DataPayload payload(query.operation);
+    payload.json.beginObject().key(wire::batchArgument(table.record)).beginArray();
+    const Outcome outcome = eachOf(
+        batch, [&](const RecordValues& values) { return work(store, selection, values, payload.json); });
+    payload.json.endArray().endObject();
+    return payload.finish(outcome);
 }
 
 }  // namespace
 
 Answer save(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
-    std::vector<Fault> faults;
-    Selection selection;
-    selection.table = &table;
-    selection.columns = requestedColumns(table, query.fields, &faults);
-    const RecordValues values = recordValues(table, query.arguments, query.position, &faults);
-    checkNewId(table, values, query.position, &faults);
-    if (!faults.empty())
-        return Answer::refused(faults);
-    selection.filters = {{table.idColumn, values[static_cast<size_t>(table.idColumn)]}};
-    Outcome outcome = store.save(table, values);
-    DataPayload payload(query.operation);
-    if (outcome.ok()) {
-        outcome = store.select(
-            selection, [&](const RowView& row) { writeRow(payload.json, table, selection.columns, row); });
-    }
-    return payload.finish(outcome);
+    return single(store, table, query, true, saveOne);
 }
 
 Answer remove(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
-    std::vector<Fault> faults;
-    Selection selection;
-    selection.table = &table;
-    selection.columns = requestedColumns(table, query.fields, &faults);
-    const RecordValues values = recordValues(table, query.arguments, query.position, &faults);
-    if (!faults.empty())
-        return Answer::refused(faults);
-    const QVariant& id = values[static_cast<size_t>(table.idColumn)];
-    selection.filters = {{table.idColumn, id}};
-    DataPayload payload(query.operation);
-    bool found = false;
-    Outcome outcome = store.select(selection, [&](const RowView& row) {
-        writeRow(payload.json, table, selection.columns, row);
-        found = true;
-    });
-    if (outcome.ok() && found) {
-        outcome = store.remove(table, id);
-    } else {
-        payload.json.beginObject();
-        for (int place : selection.columns) {
-            const Column& column = table.columns[static_cast<size_t>(place)];
-            payload.json.key(column.name);
-            writeValue(payload.json, column.type, values[static_cast<size_t>(place)]);
-        }
-        payload.json.endObject();
-    }
-    return payload.finish(outcome);
+    return single(store, table, query, false, removeOne);
 }
 
 Answer saveBatch(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
-    return eachOfBatch(table, query, true, [&](const RecordValues& values, Places* places) {
-        const QVariant& id = values[static_cast<size_t>(table.idColumn)];
+    if (!wire::isAnsweredWithPlaces(table.record))
+        return many(store, table, query, true, saveOne);
+    return eachPassage(table, query, true, [&](const RecordValues& values, Places* places) {
+        const QVariant& id = idOf(table, values);
         Outcome outcome;
         // A passage that moves leaves a place behind, and that one has changed as well.
         if (store.mayExist(table, id))
@@ -162,8 +205,10 @@ Answer saveBatch(ProjectStore& store, const Table& table, const wire::ParsedQuer
 }
 
 Answer removeBatch(ProjectStore& store, const Table& table, const wire::ParsedQuery& query) {
-    return eachOfBatch(table, query, false, [&](const RecordValues& values, Places* places) {
-        const QVariant& id = values[static_cast<size_t>(table.idColumn)];
+    if (!wire::isAnsweredWithPlaces(table.record))
+        return many(store, table, query, false, removeOne);
+    return eachPassage(table, query, false, [&](const RecordValues& values, Places* places) {
+        const QVariant& id = idOf(table, values);
         addSentPlace(table, values, places);
         Outcome outcome = addStoredPlace(store, table, id, places);
         if (outcome.ok())

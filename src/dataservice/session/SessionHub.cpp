@@ -91,25 +91,20 @@ SessionHub::FileError SessionHub::exportProject(const QString& name, const QStri
     return outcome.ok() ? FileError::None : fail(FileError::Unusable, outcome.message);
 }
 
-SessionHub::FileError SessionHub::importProject(const QByteArray& body, QByteArray* answer) {
-    const auto fail = [&](FileError error, const QString& message) {
-        *answer = projectjson::failureReply(message);
-        return error;
-    };
-    projectjson::Upload upload;
-    Outcome outcome = projectjson::readUpload(body, &upload);
-    if (!outcome.ok())
-        return fail(FileError::Unusable, outcome.message);
+SessionHub::FileError SessionHub::endImport(const Outcome& stored, projectjson::UploadedFile& file,
+                                            QByteArray* answer) const {
+    const QString name = file.upload().name;
     // Taking a file away under its open database would lose what is written to it afterwards.
-    if (find(QFileInfo(upload.name).absoluteFilePath()))
-        return fail(FileError::InUse, QStringLiteral("The project file \"%1\" is open.").arg(upload.name));
-    outcome = projectjson::importProject(body, upload);
-    if (!outcome.ok()) {
-        return fail(outcome.kind == Outcome::Kind::Refused ? FileError::Unusable : FileError::Failed,
-                    outcome.message);
+    if (stored.ok() && find(name)) {
+        *answer = projectjson::failureReply(QStringLiteral("The project file \"%1\" is open.").arg(name));
+        return FileError::InUse;
     }
-    *answer = projectjson::importReply(upload);
-    return FileError::None;
+    const Outcome outcome = stored.ok() ? file.moveIntoPlace() : stored;
+    *answer =
+        outcome.ok() ? projectjson::importReply(file.upload()) : projectjson::failureReply(outcome.message);
+    if (outcome.ok())
+        return FileError::None;
+    return outcome.kind == Outcome::Kind::Refused ? FileError::Unusable : FileError::Failed;
 }
 
 std::shared_ptr<ProjectSession> SessionHub::find(const QString& path) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "protocol/ProjectJson.h"
 #include "session/Client.h"
 #include "session/ProjectSession.h"
 
@@ -42,9 +43,9 @@ public:
     /// A whole project as JSON, open or not. With `only` "preferences" just these, at the same cost for a
     /// project of any size; no other part can be asked for alone.
     FileError exportProject(const QString& name, const QString& only, QByteArray* reply);
-    /// Makes a project file of a whole project as JSON. Without an error `reply` tells of it, otherwise of
-    /// the reason.
-    FileError importProject(const QByteArray& body, QByteArray* reply);
+    /// Moves a project that was sent whole into place, after it was stored, or failed to be. Without an error
+    /// `reply` tells of it, otherwise of the reason.
+    FileError endImport(const Outcome& stored, projectjson::UploadedFile& file, QByteArray* reply) const;
 
 private:
     std::shared_ptr<ProjectSession> find(const QString& path) const;

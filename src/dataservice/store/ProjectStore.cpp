@@ -155,13 +155,13 @@ Outcome ProjectStore::remove(const Table& table, const QVariant& id) {
     return statement.outcome();
 }
 
-Outcome ProjectStore::lastId(wire::Record record, bool reserve, qint64* id) {
+Outcome ProjectStore::lastId(wire::Record record, int reserve, qint64* id) {
     Counter& counter = m_counters[static_cast<size_t>(record)];
     Outcome outcome;
-    if (reserve) {
+    if (reserve > 0) {
         outcome = ensureTransaction();
         if (outcome.ok())
-            counter = {counter.lastId + 1, true};
+            counter = {counter.lastId + reserve, true};
     } else if (!m_inTransaction) {
         const qint64 changes = dialect::foreignChanges(*m_database);
         if (changes != m_foreignChanges) {

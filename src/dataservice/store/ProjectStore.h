@@ -81,8 +81,8 @@ public:
     /// Removes the record and keeps its timestamp in memory of its id. No failure when there is none.
     Outcome remove(const Table& table, const QVariant& id);
 
-    /// The greatest id that a record of the kind ever had; with `reserve` the next one, never given before.
-    Outcome lastId(wire::Record record, bool reserve, qint64* id);
+    /// The greatest id that a record of the kind ever had, after the next `reserve` were given away.
+    Outcome lastId(wire::Record record, int reserve, qint64* id);
 
     /// Whether an id could be in use. Tells new records from changed ones without a read.
     bool mayExist(const Table& table, const QVariant& id) const;
