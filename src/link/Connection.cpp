@@ -154,6 +154,8 @@ void Connection::waitForLink(const QString& ticket) {
     ++m_waitingConnects;
     loop.exec();
     --m_waitingConnects;
+    // Its thread may be emitting: what a connection holds is lost when its receiver goes meanwhile.
+    QObject::disconnect(m_webSocketHandler, nullptr, &loop, nullptr);
 }
 
 // An attempt may begin while the one before still waits, since that may wait for a service that hangs; more

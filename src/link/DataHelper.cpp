@@ -12,6 +12,10 @@ namespace {
 /// Requests that are on their way at one time, each burst with the bound of one request.
 constexpr int requestsAtOnce = 1000;
 
+/// Bounds of one batch, so that others get their turn in between: records, and characters of their arguments.
+constexpr int recordsOfBatch = 500;
+constexpr int lengthOfBatch = 500000;
+
 bool isAnswer(const ReplyBase& reply) {
     return !reply.isNull() && reply.errors().isEmpty();
 }
@@ -21,8 +25,8 @@ bool isAnswer(const ReplyBase& reply) {
 DataHelper::DataHelper(QObject* parent) : DataHelper(LinkTimings(), parent) {}
 
 DataHelper::DataHelper(const LinkTimings& timings, QObject* parent)
-    : QObject(parent), m_connection(std::make_unique<Connection>(timings)),
-      m_networkAccessManager(new QNetworkAccessManager(this)), m_transferBound(timings.transfer) {
+    : QObject(parent), m_networkAccessManager(new QNetworkAccessManager(this)),
+      m_connection(std::make_unique<Connection>(timings)), m_transferBound(timings.transfer) {
     connectLinkSignals();
 }
 
@@ -103,6 +107,22 @@ bool DataHelper::write(const QString& text, bool blocking) {
     if (reply.isNull())
         emit writeUnanswered();
     return isAnswer(reply);
+}
+
+bool DataHelper::writeBatches(wire::Record record, wire::Operation operation,
+                              const QList<QStringList>& records, const QStringList& fields) {
+    for (int first = 0; first < records.size();) {
+        QList<QStringList> some;
+        for (int length = 0; first < records.size() && some.size() < recordsOfBatch && length < lengthOfBatch;
+             ++first) {
+            some.append(records.at(first));
+            for (const QString& argument : records.at(first))
+                length += argument.size();
+        }
+        if (!write(wire::batchMutation(record, operation, some, fields), false))
+            return false;
+    }
+    return true;
 }
 
 ReplyBase* DataHelper::queryListAsync(const QString& text, QObject* parent) {
@@ -189,10 +209,19 @@ QList<int> DataHelper::queryInts(const QStringList& texts, const QString& key) {
 }
 
 QList<int> DataHelper::nextIds(const QString& word, int count) {
+    if (count < 1)
+        return {};
+    const QString key = word + wire::suffix(wire::Operation::MaxId);
+    const int bound = isRemote() ? 1 : wire::maxReservedIds;
     QStringList texts;
-    for (int i = 0; i < count; ++i)
-        texts.append(wire::maxId(word, true));
-    const QList<int> ids = queryInts(texts, word + wire::suffix(wire::Operation::MaxId));
+    for (int left = count; left > 0; left -= bound)
+        texts.append(bound == 1 ? wire::maxId(word, true) : wire::reserveIds(word, qMin(left, bound)));
+    QList<int> ids;
+    for (const int last : queryInts(texts, key)) {
+        const int reserved = qMin(count - ids.size(), bound);
+        for (int id = last - reserved + 1; id <= last; ++id)
+            ids.append(id);
+    }
     if (std::all_of(ids.cbegin(), ids.cend(), [](int id) { return id > 0; }))
         return ids;
     emit readFailed();

@@ -14,6 +14,7 @@
 #include <QObject>
 #include <QStringList>
 #include <QVariantList>
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -118,7 +119,8 @@ public:
     int maxId(const QString& word, bool next);
     int nextId(const QString& word, bool reserve) { return maxId(word, reserve); }
     /// Reserves `count` ids of that word, ascending; between them may lie ids that other clients have taken.
-    /// Costs about one round trip for many. Empty when refused, or when not all could be reserved.
+    /// Costs one round trip, or in the cloud about one for many. Empty when refused, or when not all could be
+    /// reserved.
     QList<int> nextIds(const QString& word, int count);
 
     // Writes: false when refused. A write that is only sent learns its outcome from the notification.
@@ -138,6 +140,24 @@ public:
     }
     template <typename T> bool batchRemove(const QList<T>& records) {
         return write(batchText(records, wire::Operation::BatchRemove), false);
+    }
+    /// Saves or removes many records of a kind whose batches are answered with records. In the cloud, where
+    /// the service may not know these, each goes alone.
+    template <typename T> bool saveAll(const QList<T>& records) {
+        if (isRemote())
+            return std::all_of(records.cbegin(), records.cend(),
+                               [this](const T& record) { return save(record); });
+        return writeBatches(T::record(), wire::Operation::BatchCreateOrUpdate, listOfArguments(records),
+                            T::queryFields());
+    }
+    template <typename T> bool removeAll(const QList<T>& records) {
+        if (isRemote())
+            return std::all_of(records.cbegin(), records.cend(),
+                               [this](const T& record) { return remove(record); });
+        QList<QStringList> ids;
+        for (const T& record : records)
+            ids.append({idArgument(record.id())});
+        return writeBatches(T::record(), wire::Operation::BatchRemove, ids, {wire::name::id});
     }
 
     // Access and project
@@ -236,13 +256,16 @@ private:
                               T::queryFields());
     }
     template <typename T> static QString batchText(const QList<T>& records, wire::Operation operation) {
+        return wire::batchMutation(T::record(), operation, listOfArguments(records));
+    }
+    template <typename T> static QList<QStringList> listOfArguments(const QList<T>& records) {
         QList<QStringList> arguments;
         arguments.reserve(records.size());
         for (const T& record : records)
             arguments.append(record.mutationArguments());
-        return wire::batchMutation(T::record(), operation, arguments);
+        return arguments;
     }
-    static QString idArgument(int id) { return wire::argument(QStringLiteral("id"), id); }
+    static QString idArgument(int id) { return wire::argument(wire::name::id, id); }
     static QString idArgument(const QString& key) { return wire::argument(QStringLiteral("key"), key); }
     static QJsonArray firstFilled(const QJsonObject& data, const QStringList& keys);
 
@@ -252,6 +275,8 @@ private:
     QJsonObject read(const QString& text, Log log);
     bool tryRead(const QString& text, Log log, QJsonObject& data);
     bool write(const QString& text, bool blocking);
+    bool writeBatches(wire::Record record, wire::Operation operation, const QList<QStringList>& records,
+                      const QStringList& fields);
     void reopen(const QJsonObject& project);
     void switchRegion(const QString& region);
     void forgetProject();
@@ -267,7 +292,8 @@ private:
     QJsonObject m_currentProject;
     QString m_access;
     mutable QRecursiveMutex m_mutex;
-    std::unique_ptr<Connection> m_connection;
+    // Before the link: its thread makes one, too, and what the first one loads is not made for two threads.
     QNetworkAccessManager* m_networkAccessManager = nullptr;
+    std::unique_ptr<Connection> m_connection;
     int m_transferBound;  ///< ms
 };

@@ -249,12 +249,19 @@ Message DataHelper::importProjectJson(const QJsonObject& project, const QJsonVal
 Message DataHelper::readProject(const QJsonObject& project, QByteArray& body) {
     const auto call = [this, &body](const QNetworkRequest& request) {
         const ReplyPointer reply(m_networkAccessManager->get(request));
+        body.clear();
+        const auto code = [&] { return reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(); };
+        // Taken as it comes, a large project is held once.
+        const auto take = [&] {
+            if (code() == httpOk)
+                body += reply->readAll();
+        };
+        connect(reply.get(), &QIODevice::readyRead, this, take);
         waitFor(*reply);
-        const int code = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         if (reply->error() != QNetworkReply::NoError)
             return answerOf(*reply);
-        body = reply->readAll();
-        return Message{code, code == httpOk, {}, {}};
+        take();
+        return Message{code(), code() == httpOk, {}, {}};
     };
     if (!isRemote())
         return callLocal(localRead(project), call);

@@ -33,6 +33,7 @@ IdManager* IdManager::instance() {
 void IdManager::init(bool fetch, DataHelper* helper) {
     m_helper = helper;
     dropStock();
+    m_stockedSources.clear();
     for (wire::Record record : counted) {
         const int highest = fetch && helper ? helper->nextId(wire::word(record), false) : 0;
         m_counters.insert(static_cast<int>(record), highest);
@@ -42,17 +43,21 @@ void IdManager::init(bool fetch, DataHelper* helper) {
 int IdManager::next(wire::Record record) {
     QList<int>& stocked = m_stock[static_cast<int>(record)];
     int id = 0;
-    if (!stocked.isEmpty())
+    const bool fromStock = !stocked.isEmpty();
+    if (fromStock)
         id = stocked.takeFirst();
     else if (m_helper)
         id = m_helper->nextId(wire::word(record), true);
     m_counters.insert(static_cast<int>(record), id);
+    if (fromStock && record == wire::Record::Source)
+        m_stockedSources.insert(id);
     return id;
 }
 
-void IdManager::stock(wire::Record record, int count) {
-    m_stock.insert(static_cast<int>(record),
-                   m_helper ? m_helper->nextIds(wire::word(record), count) : QList<int>());
+bool IdManager::stock(wire::Record record, int count) {
+    const QList<int> ids = m_helper ? m_helper->nextIds(wire::word(record), count) : QList<int>();
+    m_stock.insert(static_cast<int>(record), ids);
+    return ids.size() == count;
 }
 
 QList<int> IdManager::nextIds(wire::Record record, int count) {

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 
 class DataHelper;
 
@@ -43,8 +44,12 @@ public:
 
     /// Reserves ids of a kind in advance: as many calls for one id then ask nobody, and so don't wait for
     /// what was sent before them. What is left of them is dropped with the stock or the project.
-    void stock(wire::Record record, int count);
+    /// False when not all can be had.
+    bool stock(wire::Record record, int count);
     void dropStock() { m_stock.clear(); }
+
+    /// Whether the id of a source came out of the stock; true once for each.
+    bool claimStockedSource(int id) { return m_stockedSources.remove(id); }
 
     /// The last id that is known; asks nobody.
     Q_INVOKABLE int maxKernoId() const { return max(wire::Record::Kerno); }
@@ -69,4 +74,5 @@ private:
     QPointer<DataHelper> m_helper;
     QHash<int, int> m_counters;      ///< last known id by `wire::Record`
     QHash<int, QList<int>> m_stock;  ///< ids reserved in advance, likewise
+    QSet<int> m_stockedSources;      ///< taken, and not claimed yet
 };

@@ -257,6 +257,13 @@ void WebSocketHandler::dispatch(const QJsonObject& payload) {
         if (const wire::NotificationRow* row = wire::findNotification(object)) {
             const auto index = static_cast<size_t>(row->notification);
             emit(this->*notificationSignals[index])(object.value(row->key).toObject());
+        } else if (const auto batch = wire::findRecordBatch(object)) {
+            const QString key = wire::operationName(batch->record, batch->operation);
+            const QJsonArray records =
+                object.value(key).toObject().value(wire::batchArgument(batch->record)).toArray();
+            const auto signal = batch->operation == wire::Operation::BatchRemove ? &Handler::recordsDeleted
+                                                                                 : &Handler::recordsSaved;
+            emit(this->*signal)(static_cast<int>(batch->record), records);
         }
     }
 }

@@ -70,6 +70,9 @@ signals:
     void metadataValueDeleted(QJsonObject json);
     void chatMessageSaved(QJsonObject json);
     void chatMessageDeleted(QJsonObject json);
+    /// Many records of one kind, which is a `wire::Record`.
+    void recordsSaved(int kind, QJsonArray records);
+    void recordsDeleted(int kind, QJsonArray records);
 
     /// An attempt to open the socket begins; what follows belongs to it.
     void opening();

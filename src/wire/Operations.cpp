@@ -19,6 +19,7 @@ constexpr unsigned batch = bit(Operation::BatchCreateOrUpdate) | bit(Operation::
 constexpr unsigned window = bit(Operation::QueryListWithOffset);
 constexpr unsigned plain = list | maxId | save | removal;
 constexpr unsigned passage = plain | byId | batch | window;
+constexpr unsigned inTables = plain | batch;
 
 struct RecordRow {
     Record record;
@@ -28,14 +29,14 @@ struct RecordRow {
 
 const std::array<RecordRow, 14> records{{
     {Record::Kerno, QLatin1String("kerno"), plain},
-    {Record::Source, QLatin1String("source"), plain},
+    {Record::Source, QLatin1String("source"), inTables},
     {Record::Highlight, QLatin1String("highlight"), passage},
     {Record::Memo, QLatin1String("memo"), passage},
     {Record::Question, QLatin1String("question"), plain},
-    {Record::QuestionAnswer, QLatin1String("questionAnswer"), plain},
-    {Record::SourceMetadata, QLatin1String("sourceMetadata"), plain},
+    {Record::QuestionAnswer, QLatin1String("questionAnswer"), inTables},
+    {Record::SourceMetadata, QLatin1String("sourceMetadata"), inTables},
     {Record::SourceMetadataKey, QLatin1String("sourceMetadataKey"), plain},
-    {Record::SourceMetadataValue, QLatin1String("sourceMetadataValue"), plain},
+    {Record::SourceMetadataValue, QLatin1String("sourceMetadataValue"), inTables},
     {Record::Group, QLatin1String("group"), plain},
     {Record::KernoGroup, QLatin1String("groupKerno"), plain},
     {Record::KernoShortcutKey, QLatin1String("kernoShortcutKey"), list | save | removal},
@@ -121,6 +122,7 @@ QString suffix(Operation operation) {
 }
 
 QString operationName(Record record, Operation operation) {
+    Q_ASSERT(isSupported(record, operation));
     return word(record) + suffix(operation);
 }
 
@@ -130,6 +132,10 @@ QString batchArgument(Record record) {
 
 bool isSupported(Record record, Operation operation) {
     return row(record).operations & bit(operation);
+}
+
+bool isAnsweredWithPlaces(Record record) {
+    return isSupported(record, Operation::QueryListWithOffset);
 }
 
 std::optional<RecordOperation> recordOperation(const QString& name) {
@@ -151,6 +157,16 @@ const NotificationRow* findNotification(const QJsonObject& data) {
             return &candidate;
     }
     return nullptr;
+}
+
+std::optional<RecordOperation> findRecordBatch(const QJsonObject& data) {
+    for (const QString& name : data.keys()) {
+        const std::optional<RecordOperation> found = recordOperation(name);
+        const bool isBatch = found && (bit(found->operation) & batch) != 0;
+        if (isBatch && !isAnsweredWithPlaces(found->record))
+            return found;
+    }
+    return std::nullopt;
 }
 
 }  // namespace wire

@@ -46,7 +46,7 @@ QString word(Record record);
 /// The part of an operation's name that follows the word, such as "QueryList".
 QString suffix(Operation operation);
 
-/// Word and suffix: "kernoQueryList".
+/// Word and suffix: "kernoQueryList". The protocol has the operation: see `isSupported`.
 QString operationName(Record record, Operation operation);
 
 /// The argument that holds the records of a batch: the word and "s".
@@ -54,6 +54,10 @@ QString batchArgument(Record record);
 
 /// Whether the protocol has this operation for this record.
 bool isSupported(Record record, Operation operation);
+
+/// How batches of a record are answered: with the places that they touched, or, of the kinds whose batches
+/// are our own, with the records, which stand under `batchArgument`.
+bool isAnsweredWithPlaces(Record record);
 
 struct RecordOperation {
     Record record;
@@ -108,10 +112,14 @@ const std::vector<NotificationRow>& notificationTable();
 /// The first row whose key stands in `data`, or null when the frame announces no change.
 const NotificationRow* findNotification(const QJsonObject& data);
 
+/// The batch of our own that a frame tells of; nothing when it tells of none.
+std::optional<RecordOperation> findRecordBatch(const QJsonObject& data);
+
 /// Names of the reads and project mutations that aren't made of a record's word and a suffix.
 namespace name {
 inline const QString dbOpen = QStringLiteral("dbOpen");
 inline const QString dbClose = QStringLiteral("dbClose");
+inline const QString id = QStringLiteral("id");
 inline const QString author = QStringLiteral("author");
 inline const QString kernoHasChildren = QStringLiteral("kernoHasChildren");
 inline const QString kernoIdsForKernosWithOverlap = QStringLiteral("kernoIdsForKernosWithOverlap");
@@ -141,10 +149,13 @@ inline const QString kernoQueryListWithHighlightsAndCriteria =
 inline const QString kernoQueryListWithHighlightsAndManyCriteria =
     QStringLiteral("kernoQueryListWithHighlightsAndManyCriteria");
 inline const QString passes = QStringLiteral("passes");
+/// Our own: how many ids a `MaxId` reserves. The answer is the last; they have no gaps.
+inline const QString count = QStringLiteral("count");
 }  // namespace name
 
-/// The most criteria of one read.
+/// The most criteria of one read, and the most ids of one reservation.
 constexpr int maxCriteria = 31;
+constexpr int maxReservedIds = 1000000;
 
 /// The uuid of a project that has none: what the service answers for local projects and after a close.
 inline const QString nullUuid = QStringLiteral("00000000-0000-0000-0000-000000000000");

@@ -54,13 +54,23 @@ QString maxId(const QString& word, bool next) {
              next ? QStringLiteral("next: true") : QStringLiteral("next: false"));
 }
 
+QString reserveIds(const QString& word, int count) {
+    return QStringLiteral("{%1(next: true %2: %3)}")
+        .arg(word + suffix(Operation::MaxId), name::count, QString::number(count));
+}
+
 QString mutation(const QString& operation, const QStringList& arguments, const QStringList& fields) {
     const QLatin1Char blank(' ');
     return QLatin1String("mutation{") + block(operation, arguments.join(blank), fields.join(blank)) +
            QLatin1Char('}');
 }
 
-QString batchMutation(Record record, Operation operation, const QList<QStringList>& records) {
+QStringList placeFields() {
+    return {QStringLiteral("sourceIds"), QStringLiteral("questionIds")};
+}
+
+QString batchMutation(Record record, Operation operation, const QList<QStringList>& records,
+                      const QStringList& fields) {
     QString list = batchArgument(record) + QLatin1String(":[");
     for (int i = 0; i < records.size(); ++i) {
         if (i > 0)
@@ -69,8 +79,7 @@ QString batchMutation(Record record, Operation operation, const QList<QStringLis
     }
     list += QLatin1Char(']');
     return QLatin1String("mutation{") +
-           block(operationName(record, operation), list, QStringLiteral("sourceIds questionIds")) +
-           QLatin1Char('}');
+           block(operationName(record, operation), list, fields.join(QLatin1Char(' '))) + QLatin1Char('}');
 }
 
 QString openProject(const QString& name, const QString& uuid) {

@@ -29,12 +29,19 @@ QString read(const QString& operation, const QString& arguments, const QString& 
 /// `{wordMaxId(next: true)}`; with `next` the service reserves the id that it answers.
 QString maxId(const QString& word, bool next);
 
+/// `{wordMaxId(next: true count: 5)}`: reserves as many and answers the last.
+QString reserveIds(const QString& word, int count);
+
 /// `mutation{operation(arguments){fields}}`
 QString mutation(const QString& operation, const QStringList& arguments, const QStringList& fields);
 
+/// What the answer to a batch of passages consists of.
+QStringList placeFields();
+
 /// `mutation{operation(words:[{arguments},{arguments}]){sourceIds questionIds}}`; each entry of `records`
 /// is one record's argument list.
-QString batchMutation(Record record, Operation operation, const QList<QStringList>& records);
+QString batchMutation(Record record, Operation operation, const QList<QStringList>& records,
+                      const QStringList& fields = placeFields());
 
 /// Opens the project of that name at the service.
 QString openProject(const QString& name, const QString& uuid);

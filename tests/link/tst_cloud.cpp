@@ -96,6 +96,7 @@ private slots:
         QCOMPARE(scheme("http://localhost", "127.0.0.1:5"), "http ws"_s);
         QCOMPARE(scheme("http://localhost", "eu.example.org"), "https wss"_s);
         QCOMPARE(scheme("example.org", "127.0.0.1:5"), "https wss"_s);
+        QCOMPARE(config.socketUrl("a b"_s).query(QUrl::FullyEncoded), "ticket=a%20b"_s);
         config.setMachineHost({});
         if (!config.hasCloud())
             QVERIFY(!login() && m_helper->connection()->accessToken().isEmpty());

@@ -35,30 +35,6 @@ private slots:
         m_log.reset();
     }
 
-    void requestsAreNumberedFromOneAfterEachConnect() {
-        for (int round = 0; round < 2; ++round) {
-            m_service->forgetRequests();
-            QVERIFY(m_link->connect(false));
-            QVERIFY(m_link->send(text));
-            QCOMPARE(value(m_link->request(text)), 5);
-            const QList<wire::RequestFrame> requests = m_service->requests();
-            QCOMPARE(requests.size(), 2);
-            QCOMPARE(requests[0].messageId, 1);
-            QCOMPARE(requests[1].messageId, 2);
-            QCOMPARE(requests[1].text, text);
-            QVERIFY(requests[1].auth.isEmpty());
-        }
-    }
-
-    void aConnectedLinkIsClosedFirst() {
-        QVERIFY(m_link->connect(false));
-        QVERIFY(m_link->connect(false));
-        QVERIFY(waitFor([&] { return m_service->clientCount() == 1; }));
-        QCOMPARE(value(m_link->request(text)), 5);
-        QVERIFY(!m_log->names.contains("reconnected"_s));
-        QCOMPARE(m_log->names.count("connected"_s), 2);
-    }
-
     void aLostLinkComesBack() {
         QVERIFY(m_link->connect(false));
         m_service->abortAll();

@@ -32,76 +32,6 @@ private slots:
         m_log.reset();
     }
 
-    void eachKeyFiresItsOwnSignal_data() {
-        // Written out, so that the list in the code has another one to be compared with.
-        const QList<QPair<const char*, const char*>> rows{
-            {"kernoCreateOrUpdate", "kernoSaved"},
-            {"kernoRemove", "kernoDeleted"},
-            {"groupCreateOrUpdate", "groupSaved"},
-            {"groupRemove", "groupDeleted"},
-            {"groupKernoCreateOrUpdate", "kernoGroupSaved"},
-            {"groupKernoRemove", "kernoGroupDeleted"},
-            {"sourceCreateOrUpdate", "sourceSaved"},
-            {"sourceRemove", "sourceDeleted"},
-            {"highlightCreateOrUpdate", "highlightSaved"},
-            {"highlightRemove", "highlightDeleted"},
-            {"highlightBatchCreateOrUpdate", "batchHighlightsSaved"},
-            {"highlightBatchRemove", "batchHighlightsDeleted"},
-            {"memoCreateOrUpdate", "memoSaved"},
-            {"memoRemove", "memoDeleted"},
-            {"memoBatchCreateOrUpdate", "batchMemosSaved"},
-            {"memoBatchRemove", "batchMemosDeleted"},
-            {"questionCreateOrUpdate", "questionSaved"},
-            {"questionRemove", "questionDeleted"},
-            {"questionAnswerCreateOrUpdate", "answerSaved"},
-            {"questionAnswerRemove", "answerDeleted"},
-            {"sourceMetadataCreateOrUpdate", "metadataSaved"},
-            {"sourceMetadataRemove", "metadataDeleted"},
-            {"sourceMetadataKeyCreateOrUpdate", "metadataKeySaved"},
-            {"sourceMetadataKeyRemove", "metadataKeyDeleted"},
-            {"sourceMetadataValueCreateOrUpdate", "metadataValueSaved"},
-            {"sourceMetadataValueRemove", "metadataValueDeleted"},
-            {"chatMessageCreateOrUpdate", "chatMessageSaved"},
-            {"chatMessageRemove", "chatMessageDeleted"},
-            {"preferenceCreateOrUpdate", ""},
-            {"kernoShortcutKeyCreateOrUpdate", ""},
-            {"kernoQueryList", ""}};
-        columns<QString, QString>({"key", "signal"});
-        for (const auto& row : rows)
-            addRow(row.first, row.first, row.second);
-        // Of several keys in a frame the first of the list counts.
-        for (size_t i = 0; i < wire::notificationTable().size(); ++i)
-            QCOMPARE(wire::notificationTable()[i].key, QLatin1String(rows[static_cast<int>(i)].first));
-    }
-
-    void eachKeyFiresItsOwnSignal() {
-        FETCH(QString, key, QString, signal);
-        // Every signal with one JSON object is watched.
-        std::vector<std::unique_ptr<QSignalSpy>> spies;
-        const QMetaObject& meta = WebSocketHandler::staticMetaObject;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
-            const QMetaMethod method = meta.method(i);
-            if (method.methodType() == QMetaMethod::Signal && method.parameterCount() == 1 &&
-                method.parameterType(0) == QMetaType::QJsonObject)
-                spies.push_back(std::make_unique<QSignalSpy>(m_link->webSocketHandler(), method));
-        }
-        QCOMPARE(spies.size(), wire::notificationTable().size());
-        const QJsonObject record{{"id"_s, 7}};
-        m_service->push({{"data"_s, QJsonObject{{key, record}}}});
-        QVERIFY(m_log->waitFor("messageReceived"_s));
-        m_service->push({{"connection_count"_s, 1}});
-        QVERIFY(m_log->waitFor("connectionCountChanged"_s));
-        QStringList fired;
-        for (const auto& spy : spies) {
-            for (const QList<QVariant>& arguments : *spy) {
-                fired << QString::fromLatin1(spy->signal().split('(').first());
-                QCOMPARE(arguments.first().toJsonObject(), record);
-            }
-        }
-        QCOMPARE(fired, signal.isEmpty() ? QStringList() : QStringList{signal});
-        QCOMPARE(m_ids, (QList<int>{0, 0}));
-    }
-
     void onlyTheFirstMemberCounts_data() {
         columns<QJsonObject, int, QStringList>({"payload", "status", "expected"});
         const QJsonArray errors{QJsonObject{{"message"_s, "no"_s}}};
@@ -167,7 +97,6 @@ private:
     std::unique_ptr<Connection> m_link;
     std::unique_ptr<SignalLog> m_log;
     QList<int> m_ids;
-    QJsonObject m_notified;
 };
 
 KERNOVA_TEST_MAIN(tst_Frames)

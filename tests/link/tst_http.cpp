@@ -30,25 +30,6 @@ class tst_Http : public QObject {
     Q_OBJECT
 
 private slots:
-    void bodiesAreSorted_data() {
-        columns<QByteArray, bool, QString, QJsonObject>({"body", "status", "message", "json"});
-        QTest::newRow("all") << QByteArray(R"({"status":true,"message":"m","a":1})") << true << "m"
-                             << QJsonObject{{"a"_s, 1}};
-        QTest::newRow("wrong types") << QByteArray(R"({"status":"true","message":3})") << false << ""
-                                     << QJsonObject();
-        addRow("no JSON", QByteArray("<html>"), false, "", QJsonObject());
-        addRow("nothing", QByteArray(), false, "", QJsonObject());
-    }
-
-    void bodiesAreSorted() {
-        QFETCH(QByteArray, body);
-        const Message message = Message::fromBody(200, body);
-        QCOMPARE(message.statusCode, 200);
-        QTEST(message.status, "status");
-        QTEST(message.message, "message");
-        QTEST(message.json, "json");
-    }
-
     void callsReachTheServer() {
         OneAnswer server;
         Connection link(calmTimings());
@@ -109,21 +90,16 @@ private slots:
         QVERIFY(!missing.status);
         QVERIFY(missing.json.isEmpty());
         QVERIFY(!missing.message.contains("ignored"_s) && !missing.message.isEmpty());
+        for (const char* body : {R"({"status":"true","message":3})", "<html>", ""}) {
+            server.answer = {200, body};
+            const Message odd = link.getBlocking(link.httpRequestFor(server.url(), false));
+            QVERIFY(odd.statusCode == 200 && !odd.status && odd.message.isEmpty() && odd.json.isEmpty());
+        }
         const QUrl nobody("http://127.0.0.1:1/"_s);
         const Message refused = link.getBlocking(link.httpRequestFor(nobody, false));
         QCOMPARE(refused.statusCode, 0);
         QVERIFY(!refused.status);
         QVERIFY(!refused.message.isEmpty());
-    }
-
-    void regionalAddresses() {
-        ServiceConfig& config = ServiceConfig::instance();
-        config.setRegionalServiceMap({{"euv2"_s, "eu.example.org"_s}});
-        config.setRegion("EU"_s);
-        QCOMPARE(config.url(CloudCall::Ticket), QUrl("https://eu.example.org/v1/kernova/ticket"_s));
-        QCOMPARE(config.socketUrl("a b"_s), QUrl("wss://eu.example.org/v1/kernova?ticket=a%20b"_s));
-        config.setRegion({});
-        config.setRegionalServiceMap({});
     }
 };
 

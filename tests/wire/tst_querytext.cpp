@@ -14,13 +14,10 @@ private slots:
     void writesTheTextOfEachForm_data() {
         columns<QString, QString>({"written", "expected"});
         const QStringList fields{"id"_s, "title"_s};
-        addRow("all", read("kernoQueryList"_s, QStringList(), fields), "{kernoQueryList{id title}}");
         addRow(
             "arguments",
             read("highlightQueryList"_s, {argument("sourceId"_s, 3), argument("questionId"_s, 1)}, {"id"_s}),
             "{highlightQueryList(sourceId:3 questionId:1){id}}");
-        addRow("next id", maxId("kerno"_s, true), "{kernoMaxId(next: true)}");
-        addRow("highest id", maxId("groupKerno"_s, false), "{groupKernoMaxId(next: false)}");
         addRow("mutation",
                mutation("groupCreateOrUpdate"_s,
                         {argument("id"_s, 1), argument("description"_s, "a\\\"b\nc %2"_s)}, fields),
@@ -34,10 +31,6 @@ private slots:
         addRow("overview of kernos", sourceMetadataOverviewForKeyAndKernosId(4, {3, 7}),
                "{sourceMetadataOverviewForKeyAndKernosId(keyId: 4, kernoIds: [3 7 ])"
                "{value valueOccurrences sourcesOccurrences}}");
-        addRow("no kernos", sourceMetadataOverviewForKeyAndKernosId(4, {}),
-               "{sourceMetadataOverviewForKeyAndKernosId(keyId: 4, kernoIds: [])"
-               "{value valueOccurrences sourcesOccurrences}}");
-        addRow("quote counts", quoteCountsInKernos(), "{quoteCountsInKernosQueryList{key value subvalue}}");
     }
 
     void writesTheTextOfEachForm() {
@@ -69,8 +62,6 @@ private slots:
         QCOMPARE(nested.query.fields.back().name, "highlights"_s);
         QCOMPARE(nested.query.fields.back().fields.size(), size_t(2));
 
-        QVERIFY(parseQuery(kernoIdsForKernosWithOverlap()).ok);
-        QVERIFY(parseQuery(closeProject()).ok);
         const QueryReading values = parseQuery("{a(x: -2.5e1 y: true z: null w: [1 2,3])}"_s);
         QVERIFY(values.ok);
         QCOMPARE(values.query.argument("x"_s)->real, -25.0);
