@@ -17,9 +17,11 @@ namespace archive {
 namespace {
 
 constexpr int refused = 400;
-/// The share of reading in the whole work, in percent.
-constexpr int readingShare = 50;
-constexpr int storedShare = 99;
+/// The share of reading in the whole work, in percent, and where the service begins to store.
+constexpr int readingShare = 45;
+constexpr int storedShare = 60;
+/// The share of reading the open project in its export.
+constexpr int loadingShare = 20;
 
 const QString keyName = QStringLiteral("name");
 
@@ -63,10 +65,13 @@ Message import(DataHelper& helper, const QString& file, const QJsonObject& targe
 
 bool exportOpen(KRNFile& project, const QString& file, ExchangeForm form, const Progress& progress) {
     Project whole({});
-    if (!project.waitForTexts() || !whole.loadFrom(project))
+    if (!project.waitForTexts() || !whole.loadFrom(project, progressPart(progress, 0, loadingShare)))
         return false;
     const QString author = project.getCurrentAuthor();
-    return runAside([&] { return QDPXExporter(form, author).exportProject(whole, file, progress); });
+    return runAside([&] {
+        return QDPXExporter(form, author)
+            .exportProject(whole, file, progressPart(progress, loadingShare, 100));
+    });
 }
 
 }  // namespace archive

@@ -111,7 +111,7 @@ LiteralText literalFile(const QByteArray& bytes) {
 
 QString asAnswer(const QString& plain) {
     QString escaped = plain;
-    escaped.replace(QLatin1Char('&'), QLatin1String("&amp;"));
-    escaped.replace(QLatin1Char('<'), QLatin1String("&lt;"));
+    escaped.replace(QLatin1Char('&'), QStringLiteral("&amp;"));
+    escaped.replace(QLatin1Char('<'), QStringLiteral("&lt;"));
     return escaped;
 }

@@ -16,9 +16,20 @@ QByteArray textOf(const QUuid& guid) {
     return guid.toString().mid(1, 36).toLatin1();
 }
 
-template <typename T> QByteArray storedGuid(T& record) {
+// Ids are never given twice in a project. In a copy of it on another computer they may be, though not at the
+// same time; what has no time has a name instead.
+QUuid guidOf(const QUuid& project, const char* kind, int id, const QString& mark) {
+    return QUuid::createUuidV5(
+        project, QStringLiteral("%1 %2 %3").arg(QLatin1String(kind), QString::number(id), mark));
+}
+
+template <typename T> QUuid guidOf(const QUuid& project, const char* kind, const T& record) {
+    return guidOf(project, kind, record.id(), record.timestamp().toUTC().toString(Qt::ISODate));
+}
+
+template <typename T> QByteArray storedGuid(const QUuid& project, const char* kind, T& record) {
     if (record.uuid().isNull())
-        record.setUuid(QUuid::createUuid());
+        record.setUuid(guidOf(project, kind, record));
     return textOf(record.uuid());
 }
 
@@ -40,20 +51,23 @@ QDPXDocument::QDPXDocument(ProjectRecords& records, const Options& options)
 
 // References stand before what they refer to, and the users before all that they have written.
 void QDPXDocument::gatherGuids() {
+    const QUuid project = QUuid::createUuidV5(QUuid(), m_options.project);
     for (Kerno& kerno : m_records.kernos)
-        m_kernoGuids.insert(kerno.id(), storedGuid(kerno));
+        m_kernoGuids.insert(kerno.id(), storedGuid(project, "kerno", kerno));
     for (int row = 0; row < m_records.kernos.size(); ++row) {
         const int parent = m_records.kernos.at(row).parentKernoId();
         m_children[m_kernoGuids.contains(parent) ? parent : noParent].append(row);
     }
     for (Source& source : m_records.sources) {
-        m_sourceGuids.insert(source.id(), storedGuid(source));
+        m_sourceGuids.insert(source.id(), storedGuid(project, "source", source));
         user(source.author());
     }
     for (const SourceMetadataKey& key : qAsConst(m_records.metadataKeys))
-        m_keyGuids.insert(key.id(), m_newGuids.next());
+        m_keyGuids.insert(key.id(), textOf(guidOf(project, "property", key.id(), key.key())));
+    for (const Group& group : qAsConst(m_records.groups))
+        m_groupGuids.insert(group.id(), textOf(guidOf(project, "group", group.id(), group.title())));
     for (const Memo& memo : qAsConst(m_records.memos)) {
-        m_noteGuids.insert(memo.id(), m_newGuids.next());
+        m_noteGuids.insert(memo.id(), textOf(guidOf(project, "memo", memo)));
         user(memo.author());
     }
     for (const Highlight& highlight : qAsConst(m_records.highlights))
@@ -277,15 +291,19 @@ bool QDPXDocument::writeText(const Source& source, const QByteArray& guid) {
     m_textFiles << name;
     m_places.clear();
     int codePoints = 0;
+    // On a full disk a write stops short without an error.
     bool written = true;
+    const auto write = [&](const QByteArray& bytes) {
+        written = file.write(bytes) == bytes.size() && written;
+    };
     for (int row : m_answers.value(source.id())) {
         const QuestionAnswer& answer = m_records.answers.at(row);
         const QString plain = answer.plainAnswer();
         if (m_options.form == ExchangeForm::Own) {
-            written = file.write(xmltext::ownForFile(plain)) >= 0 && written;
+            write(xmltext::ownForFile(plain));
             continue;
         }
-        written = file.write(plain.toUtf8()) >= 0 && written;
+        write(plain.toUtf8());
         const CodePointMap map = codePointsOf(plain);
         if (!m_places.contains(answer.questionId()))
             m_places.insert(answer.questionId(), {codePoints, map});
@@ -349,7 +367,7 @@ void QDPXDocument::writeSets() {
     }
     line(1, "<Sets>");
     for (const Group& group : qAsConst(m_records.groups)) {
-        line(2, "<Set " + attribute("guid", m_newGuids.next()) +
+        line(2, "<Set " + attribute("guid", m_groupGuids.value(group.id())) +
                     attribute("name", text(group.title())).trimmed() + '>');
         line(3, "<Description></Description>");
         for (int kernoId : members.value(group.id()))

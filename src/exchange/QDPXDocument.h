@@ -15,11 +15,12 @@ class QIODevice;
 /// Writes a project's exchange document and the text files of its sources, section by section, in the order
 /// in which they stand in the document. Any thread.
 ///
-/// A GUID is the record's own, or a new one for this document. Whatever has no record has a new one.
+/// The GUID of a record is the same in each export of a project. Whatever has no record has a new one.
 class QDPXDocument {
 public:
     struct Options {
         ExchangeForm form = ExchangeForm::Own;
+        QString project;  ///< what tells it from others
         QString projectName;
         QString author;  ///< the project's current one
     };
@@ -80,6 +81,7 @@ private:
     QHash<int, QByteArray> m_kernoGuids;
     QHash<int, QByteArray> m_sourceGuids;
     QHash<int, QByteArray> m_keyGuids;
+    QHash<int, QByteArray> m_groupGuids;
     QHash<int, QByteArray> m_noteGuids;  ///< by memo
     QHash<int, QVector<int>> m_children;
     QHash<int, QVector<int>> m_answers;     ///< rows by source

@@ -39,7 +39,7 @@ bool QDPXExporter::exportProject(Project& project, const QString& outputFile,
     QFile file(folder.filePath(documentName));
     if (!folder.isValid() || !texts.mkpath(QStringLiteral(".")) || !file.open(QIODevice::WriteOnly))
         return false;
-    QDPXDocument document(project.records(), {m_form, project.name(), m_author});
+    QDPXDocument document(project.records(), {m_form, project.key(), project.name(), m_author});
     if (!document.write(file, texts, progressPart(progress, 0, documentShare)) || !file.flush())
         return false;
     file.close();

@@ -237,6 +237,8 @@ void QDPXReader::readCase() {
     Case found;
     QList<Remark> remarks;
     const int row = m_cases.size();
+    if (!attribute("name").isEmpty())
+        skipped.add(Kind::CaseName);
     eachChild([&](const QString& child) {
         if (child == QLatin1String("variablevalue"))
             readVariableValue(found.values);

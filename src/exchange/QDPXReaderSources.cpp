@@ -28,6 +28,8 @@ SkippedElements::Kind kindOf(const QString& element) {
 
 // Characters that need no entity; without them most texts need no parser.
 QString withFewEntities(QString text) {
+    if (!text.contains(QLatin1Char('&')))
+        return text;
     return text.replace(QLatin1String("&gt;"), QLatin1String(">"))
         .replace(QLatin1String("&quot;"), QLatin1String("\""));
 }

@@ -20,6 +20,7 @@ const char* const names[] = {
     QT_TRANSLATE_NOOP("SkippedElements", "Codings without a code"),
     QT_TRANSLATE_NOOP("SkippedElements", "Notes without a place"),
     QT_TRANSLATE_NOOP("SkippedElements", "References of cases to other than sources"),
+    QT_TRANSLATE_NOOP("SkippedElements", "Names of cases"),
     QT_TRANSLATE_NOOP("SkippedElements", "Values of unknown variables"),
     QT_TRANSLATE_NOOP("SkippedElements", "Members of sets that are not codes"),
     QT_TRANSLATE_NOOP("SkippedElements", "Descriptions of sets"),

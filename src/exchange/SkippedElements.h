@@ -20,6 +20,7 @@ public:
         CodingWithoutCode,
         Note,
         Case,
+        CaseName,
         Variable,
         SetMember,
         SetDescription,

@@ -1,6 +1,6 @@
 #include "exchange/XmlText.h"
 
-#include <QRegularExpression>
+#include <algorithm>
 
 namespace xmltext {
 
@@ -18,27 +18,62 @@ QString allowed(QString text) {
     return text;
 }
 
+/// What a byte of a text in UTF-8 becomes; null for most.
+const char* entityOf(char c) {
+    switch (c) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    case 0x0C:
+        return "\n";
+    default:
+        return nullptr;
+    }
+}
+
+/// Of `<b>`, `<i>`, `<u>` or their end, which begins at `at` in a text that ends with a zero; else 0.
+int lengthOfMark(const char* at) {
+    const char* letter = at + 1 + (at[1] == '/');
+    const bool isMark = *letter == 'b' || *letter == 'i' || *letter == 'u';
+    return isMark && letter[1] == '>' ? static_cast<int>(letter + 2 - at) : 0;
+}
+
+// All of them have the second character in common, which no person writes.
+QString withoutMisreadQuotes(QString text) {
+    if (!text.contains(QChar(0x80)))
+        return text;
+    return text.replace(QStringLiteral("\u00e2\u0080\u0099"), QLatin1String("'"))
+        .replace(QStringLiteral("\u00e2\u0080\u009c"), QLatin1String("\""))
+        .replace(QStringLiteral("\u00e2\u0080\u009d"), QLatin1String("\""));
+}
+
 }  // namespace
 
 QByteArray ownForFile(const QString& text) {
-    static const QRegularExpression marks(QStringLiteral("</?[ibu]>"));
-    static const QString apostrophe = QStringLiteral("\u00e2\u0080\u0099");
-    static const QString openingQuote = QStringLiteral("\u00e2\u0080\u009c");
-    static const QString closingQuote = QStringLiteral("\u00e2\u0080\u009d");
-    QString escaped = text.isValidUtf16() ? text : QString::fromUtf8(text.toUtf8());
-    if (escaped.contains(QLatin1Char('<')))
-        escaped.remove(marks);
-    if (escaped.contains(QChar(0xE2))) {
-        escaped.replace(apostrophe, QLatin1String("'"));
-        escaped.replace(openingQuote, QLatin1String("\""));
-        escaped.replace(closingQuote, QLatin1String("\""));
+    const QByteArray bytes = withoutMisreadQuotes(text).toUtf8();
+    QByteArray escaped;
+    escaped.reserve(bytes.size() + bytes.size() / 16);
+    const char* const end = bytes.constEnd();
+    const char* from = bytes.constBegin();
+    for (const char* at = from; at < end;) {
+        const char* const entity = entityOf(*at);
+        if (!entity) {
+            ++at;
+            continue;
+        }
+        escaped.append(from, static_cast<int>(at - from));
+        const int mark = *at == '<' ? lengthOfMark(at) : 0;
+        if (mark == 0)
+            escaped.append(entity);
+        at += std::max(mark, 1);
+        from = at;
     }
-    escaped.replace(QLatin1Char('&'), QLatin1String("&amp;"));
-    escaped.replace(QLatin1Char('<'), QLatin1String("&lt;"));
-    escaped.replace(QLatin1Char('>'), QLatin1String("&gt;"));
-    escaped.replace(QLatin1Char('"'), QLatin1String("&quot;"));
-    escaped.replace(QChar(0x0C), QLatin1Char('\n'));
-    return escaped.toUtf8();
+    return escaped.append(from, static_cast<int>(end - from));
 }
 
 QByteArray own(const QString& text) {

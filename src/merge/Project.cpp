@@ -1,17 +1,22 @@
 #include "merge/Project.h"
 
 #include "link/DataHelper.h"
+#include "link/ListReads.h"
+#include "link/ReplyBase.h"
 #include "merge/FullProjectJson.h"
 #include "merge/RunAside.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "project/KRNFile.h"
 #include "project/ProjectPassword.h"
 #include "project/ProjectPreferences.h"
+#include "records/FreeMemory.h"
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QEventLoop>
 #include <QJsonArray>
 #include <QTemporaryFile>
+#include <functional>
 
 namespace {
 
@@ -24,9 +29,45 @@ SimpleCipher cipherOf(const QString& password) {
                               : SimpleCipher(cipherKeyFromHash(projectpassword::hash(password)));
 }
 
-template <typename T> void detach(QList<T>& list) {
-    for (T& record : list)
-        record.detach();
+/// So many sources are asked for at a time.
+constexpr int atOnce = 12;
+
+// Source by source, because the list of all would be larger than the project's texts while it is made into
+// records.
+bool readHighlights(DataHelper& helper, const QList<Source>& sources, QList<Highlight>& highlights,
+                    const Progress& progress) {
+    const QString key = wire::operationName(Highlight::record(), wire::Operation::QueryList);
+    QEventLoop loop;
+    QObject replies;
+    int sent = 0;
+    int taken = 0;
+    bool good = true;
+    const auto end = [&](bool well) {
+        good = well;
+        loop.quit();
+    };
+    const std::function<void()> sendMore = [&] {
+        while (good && sent < sources.size() && sent - taken < atOnce) {
+            ReplyBase* const reply =
+                helper.queryListAsync(reads::highlightsOfSource(sources.at(sent++).id()), &replies);
+            if (!reply)
+                return end(false);
+            QObject::connect(reply, &ReplyBase::finished, &loop, [&, reply] {
+                highlights += DataHelper::records<Highlight>(reply->data(), {key});
+                reply->deleteLater();
+                if (!reply->errors().isEmpty() || !goesOn(progress, ++taken, sources.size()))
+                    end(false);
+                sendMore();
+            });
+        }
+        if (taken == sources.size())
+            end(good);
+    };
+    QObject::connect(&helper, &DataHelper::wsDisconnected, &loop, [&] { end(false); });
+    sendMore();
+    if (good && taken < sources.size())
+        loop.exec();
+    return good;
 }
 
 QString flag(bool on) {
@@ -47,6 +88,11 @@ Project::Project(const QJsonObject& identity) : m_identity(identity) {
 
 QString Project::name() const {
     return m_identity.value(keyName).toString();
+}
+
+QString Project::key() const {
+    const QString uuid = m_identity.value(QLatin1String("project_uuid")).toString();
+    return uuid.isEmpty() ? name() : uuid;
 }
 
 QVariant Project::preference(const QString& key) const {
@@ -79,23 +125,22 @@ bool Project::loadFromJson(const QByteArray& reply, const QString& password, con
     return false;
 }
 
-bool Project::loadFrom(KRNFile& file) {
+bool Project::loadFrom(KRNFile& file, const Progress& progress) {
     m_identity = file.currentProject();
     DataHelper& helper = *file.dataHelper();
     bool read = file.allTextsHere();
     eachList(m_records, [&](const char*, auto& list) {
         using List = std::decay_t<decltype(list)>;
         // Preferences are read one by one, and the texts are here already.
-        constexpr bool isListed =
-            !std::is_same_v<List, QList<QuestionAnswer>> && !std::is_same_v<List, QList<Preference>>;
+        constexpr bool isListed = !std::is_same_v<List, QList<QuestionAnswer>> &&
+                                  !std::is_same_v<List, QList<Preference>> &&
+                                  !std::is_same_v<List, QList<Highlight>>;
         if constexpr (isListed)
             read = read && helper.findAll(list);
     });
     for (const Source& source : qAsConst(m_records.sources))
         m_records.answers += file.answerModel()->answers(source.id());
-    detach(m_records.highlights);
-    detach(m_records.memos);
-    return read;
+    return read && readHighlights(helper, m_records.sources, m_records.highlights, progress);
 }
 
 QJsonObject Project::toJson() const {
@@ -123,7 +168,7 @@ QList<Preference> Project::storedPreferences(const QString& password) const {
 }
 
 Message Project::save(DataHelper& helper, const QJsonObject& target, const QString& password,
-                      const Progress& progress) const {
+                      const Progress& progress) {
     if (target.value(keyName).toString().isEmpty())
         return {refused, false, QCoreApplication::translate("Project", "The project needs a name."), {}};
     ProjectRecords stored = m_records;
@@ -137,6 +182,10 @@ Message Project::save(DataHelper& helper, const QJsonObject& target, const QStri
         SimpleCipher cipher = cipherOf(password);
         return fullprojectjson::write(body, identity, stored, cipher, progress) && body.flush();
     });
+    // The service needs room for the same once more.
+    m_records = {};
+    stored = {};
+    giveBackFreeMemory();
     if (!written)
         return {0, false, body.error() == QFileDevice::NoError ? QString() : body.errorString(), {}};
     return helper.writeProject(body.fileName());

@@ -25,6 +25,9 @@ public:
     /// For a local project the path of its file.
     QString name() const;
 
+    /// What no other project has: the UUID of one of the cloud, the path of a local one.
+    QString key() const;
+
     QList<Preference> preferences() const { return m_records.preferences; }
     const ProjectRecords& records() const { return m_records; }
     ProjectRecords& records() { return m_records; }
@@ -39,18 +42,20 @@ public:
     /// left out; the lists are then empty. Any thread.
     bool loadFromJson(const QByteArray& reply, const QString& password, const Progress& progress = {});
 
-    /// Fills all lists but the preferences from the open project, whose texts have to be here. False when one
-    /// can't be read. The records don't share their state with the models. Main thread.
-    bool loadFrom(KRNFile& file);
+    /// Fills all lists but the preferences from the open project, whose texts have to be here; handles events
+    /// meanwhile. Highlights of no source are left out. False when a list can't be read or the progress ends
+    /// it. Main thread.
+    bool loadFrom(KRNFile& file, const Progress& progress = {});
 
     /// The value of "project_json", with texts as they are.
     QJsonObject toJson() const;
 
     /// Stores all records as the new project that `target` names, with that password, and waits in a local
     /// event loop. The message's `json` holds `project`. A `target` without a name is an error. A progress
-    /// that ends the work before it is sent gives a message without a text. Main thread.
+    /// that ends the work before it is sent gives a message without a text. The project has no records
+    /// afterwards. Main thread.
     Message save(DataHelper& helper, const QJsonObject& target, const QString& password,
-                 const Progress& progress = {}) const;
+                 const Progress& progress = {});
 
 private:
     /// Invalid when there is no such preference.

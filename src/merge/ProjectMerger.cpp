@@ -18,8 +18,9 @@ namespace {
 
 constexpr int unusable = 400;
 constexpr int notFound = 404;
-/// The share of reading and merging in the whole work, in percent.
-constexpr int mergingShare = 70;
+/// The share of reading and merging in the whole work, in percent, and where the service begins to store.
+constexpr int mergingShare = 55;
+constexpr int storedShare = 70;
 
 const QString keyName = QStringLiteral("name");
 
@@ -133,7 +134,7 @@ std::unique_ptr<Project> ProjectMerger::read(const Input& input, const Progress&
                 whole.insert(QStringLiteral("project_json"),
                              QJsonObject{{QStringLiteral("preferences"),
                                           QJsonDocument::fromJson(jsonscan::part(reply, span)).array()}});
-            return true;
+            return key != "preferences";
         });
         project = std::make_unique<Project>(whole);
         return project->acceptsPassword(input.password) &&
@@ -219,7 +220,8 @@ bool ProjectMerger::mergeInputs(const QJsonObject& proj, const QString& password
     result->records() = merging->result();
     merging.reset();
     const qint64 mergeTime = timer.restart();
-    const Message message = result->save(*m_helper, proj, password, progressPart(progress, mergingShare, 99));
+    const Message message =
+        result->save(*m_helper, proj, password, progressPart(progress, mergingShare, storedShare));
     const qint64 writeTime = timer.elapsed();
     QTextStream(stdout) << "merging " << mergeTime << "\nwriting " << writeTime << "\nratio "
                         << static_cast<double>(mergeTime) /

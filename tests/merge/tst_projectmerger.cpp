@@ -19,7 +19,6 @@ private slots:
     void cleanupTestCase();
     void aPasswordIsTriedOnAClosedProject();
     void aReplacedFileIsReadAgain();
-    void theMasterCanBeOfEitherKind();
     void aMissingOrBrokenFileIsToldApart();
     void filesAreMergedIntoANewOne();
 
@@ -81,15 +80,6 @@ void tst_ProjectMerger::aReplacedFileIsReadAgain() {
     QVERIFY(m_merger->tryProjectPassword(project, QString()));
     make(QStringLiteral("twice.krn"), QStringLiteral("now"), true);
     QVERIFY(!m_merger->tryProjectPassword(project, QString()));
-}
-
-void tst_ProjectMerger::theMasterCanBeOfEitherKind() {
-    const QJsonObject plain = make(QStringLiteral("plain.krn"), QString(), true);
-    const QJsonObject structured = make(QStringLiteral("structured.krn"), QString(), false);
-    for (const QJsonObject& project : {plain, structured}) {
-        QVERIFY(m_merger->tryProjectSingleQuestion(project, true));
-        QVERIFY(m_merger->tryProjectSingleQuestion(project, false));
-    }
 }
 
 void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
