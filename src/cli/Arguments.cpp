@@ -8,8 +8,8 @@ namespace cli {
 
 namespace {
 
-Request wrong(const QString& sentence) {
-    return {Request::Wants::Nothing, nullptr, {}, sentence};
+Request wrong(const QString& sentence, const Command* command = nullptr) {
+    return {Request::Wants::Nothing, command, {}, sentence};
 }
 
 Request text(const QString& text) {
@@ -43,13 +43,13 @@ Request readInvocation(const Command& command, const QStringList& arguments) {
     if (parser.isSet(QStringLiteral("help")))
         return text(helpText(command));
     if (!read)
-        return wrong(sentence(parser.errorText()));
+        return wrong(sentence(parser.errorText()), &command);
     Request request{Request::Wants::Command, &command, {parser.positionalArguments(), {}}, {}};
     const QStringList given = parser.optionNames();
     for (const QString& name : given)
         request.invocation.options.insert(name, parser.value(name));
     if (!fits(command, request.invocation.arguments.size()))
-        return wrong(QStringLiteral("Usage: kernova-cli %1").arg(usage(command)));
+        return wrong(QStringLiteral("Usage: kernova-cli %1").arg(usage(command)), &command);
     return request;
 }
 

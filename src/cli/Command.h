@@ -28,6 +28,7 @@ struct Option {
     const char* name;
     const char* value;  ///< empty for a switch
     const char* help;
+    bool isRequired = false;
 };
 
 /// What stands on the command line after the command's name.

@@ -26,7 +26,8 @@ const std::vector<Command>& commands() {
          "make a source of each row of a table",
          "Reads CSV in UTF-8 with a header, and makes a project that is not there: of plain texts when one "
          "column holds a question, of answers to questions otherwise.",
-         {{"columns", "T,Q,P,-", "what each column holds: title, question, property, or nothing of use"}},
+         {{"columns", "T,Q,P,-",
+           "a letter for each column: T title, Q question, P property, - nothing of use", true}},
          importCsv},
         {"export-csv",
          "PROJECT FOLDER",
@@ -81,8 +82,7 @@ const std::vector<Command>& commands() {
          "PROJECT FOLDER",
          "write a report as a web page",
          "Writes report.html, with all that it needs, into the folder, which is made when it is not there. "
-         "The "
-         "report has no pictures of the canvas: those come from the window.",
+         "The report has no pictures of the canvas: those come from the window.",
          {},
          report},
     };

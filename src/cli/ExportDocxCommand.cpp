@@ -4,12 +4,16 @@
 #include "export/DocxSourceExporter.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace cli {
 
 Outcome exportDocx(const Invocation& invocation, const Console& console) {
     const QString target = invocation.path(1);
     const bool separate = invocation.has("separate");
+    if (!separate && QFileInfo(target).isDir())
+        return Outcome::failed(
+            QStringLiteral("%1 is a folder: --separate writes documents into it.").arg(target));
     const bool isEmptyFolder = separate && QDir(target).exists() && QDir(target).isEmpty();
     Outcome outcome = isEmptyFolder ? Outcome::done() : mayWrite(target, invocation);
     if (!outcome.ok())

@@ -20,7 +20,7 @@ Outcome exportJson(const Invocation& invocation, const Console&) {
     QSaveFile file(target);
     QString error;
     if (file.open(QIODevice::WriteOnly)) {
-        file.write(QJsonDocument(project).toJson(QJsonDocument::Compact));
+        writeWhole(file, QJsonDocument(project).toJson(QJsonDocument::Compact));
         error = putInPlace(file);
     } else {
         error = file.errorString();

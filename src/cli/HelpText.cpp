@@ -51,7 +51,7 @@ QString version() {
 QString usage(const Command& command) {
     QString text = latin(command.name) + QLatin1Char(' ') + latin(command.arguments);
     for (const Option& option : command.options)
-        text += QStringLiteral(" [%1]").arg(nameOf(option));
+        text += QString::fromLatin1(option.isRequired ? " %1" : " [%1]").arg(nameOf(option));
     return text;
 }
 

@@ -1,4 +1,5 @@
 #include "cli/Commands.h"
+#include "cli/Console.h"
 #include "cli/OpenedProject.h"
 #include "import/TransposedCSVImportModel.h"
 #include "project/KRNFile.h"
@@ -38,9 +39,10 @@ Outcome setColumns(TransposedCSVImportModel& model, const QString& letters) {
 
 }  // namespace
 
-Outcome importCsv(const Invocation& invocation, const Console&) {
+Outcome importCsv(const Invocation& invocation, const Console& console) {
     if (!invocation.has("columns"))
-        return Outcome::wrongUsage(QStringLiteral("--columns is missing: a letter for each column."));
+        return Outcome::wrongUsage(
+            QStringLiteral("--columns is missing: a letter for each column, such as T,Q,P,-."));
     const QString table = invocation.path(1);
     if (!QFileInfo(table).isFile() || !QFileInfo(table).isReadable())
         return Outcome::failed(QStringLiteral("The file %1 can't be read.").arg(table));
@@ -63,6 +65,7 @@ Outcome importCsv(const Invocation& invocation, const Console&) {
     const QString refused = model.table().refusal(project.file().singleQuestionMode());
     if (!refused.isEmpty())
         return Outcome::failed(refused);
+    model.setProgress(console.progress(QStringLiteral("Importing")));
     if (!project.undo().importSourcesFromCSV(&model))
         return Outcome::failed(QStringLiteral("%1 could not be imported.").arg(table));
     return project.finish();

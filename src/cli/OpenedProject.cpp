@@ -46,9 +46,13 @@ QString reasonOf(const Message& message, const QString& path) {
                : message.message;
 }
 
+// A service or a timer of the system runs without the variables of a session.
 QString userName() {
-    const QString name = qEnvironmentVariable("USER");
-    return name.isEmpty() ? qEnvironmentVariable("USERNAME") : name;
+    for (const char* variable : {"USER", "USERNAME"}) {
+        if (!qEnvironmentVariableIsEmpty(variable))
+            return qEnvironmentVariable(variable);
+    }
+    return QFileInfo(QStringLiteral("/proc/self")).owner();
 }
 
 }  // namespace
@@ -76,7 +80,7 @@ Outcome OpenedProject::connectLink() {
 
 Outcome OpenedProject::look(const QString& path) {
     if (!QFileInfo::exists(path))
-        return Outcome::failed(DataHelper::missingFile(shown(path)));
+        return Outcome::failed(QStringLiteral("There is no project at %1.").arg(shown(path)));
     const Outcome connected = connectLink();
     if (!connected.ok())
         return connected;
@@ -141,6 +145,12 @@ Outcome OpenedProject::openAs(const QString& path, bool createNew, bool singleQu
                      [this] { m_file->confirmOpenAlreadyOpenedFile(false); });
     if (!m_file->openProject(identity(path), createNew, password, singleQuestion,
                              m_invocation.has("ignore-lock"))) {
+        if (createNew && !QFileInfo::exists(path)) {
+            return Outcome::failed(
+                QStringLiteral("The project %1 can't be made: its folder is not there, has no "
+                               "room, or may not be written to.")
+                    .arg(shown(path)));
+        }
         const QString reason = m_file->getLastOpenError();
         return Outcome::failed(QStringLiteral("%1: %2").arg(
             shown(path), reason.isEmpty() ? QStringLiteral("It is open elsewhere.") : reason));

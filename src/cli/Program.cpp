@@ -13,10 +13,13 @@ namespace {
 // Diagnostics are for developers; what a user has to know is an outcome.
 void discardMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 
-int end(const Outcome& outcome) {
-    if (outcome.status == Status::WrongUsage)
-        Console::complain(outcome.sentence + QStringLiteral("\nTry \"kernova-cli --help\"."));
-    else if (outcome.status == Status::Failed)
+/// `command` is the one whose help tells more; null without one.
+int end(const Outcome& outcome, const Command* command = nullptr) {
+    if (outcome.status == Status::WrongUsage) {
+        const QString name = command ? QString::fromLatin1(command->name) + QLatin1Char(' ') : QString();
+        Console::complain(outcome.sentence + QStringLiteral("\nTry \"kernova-cli %1--help\".").arg(name));
+    }
+    if (outcome.status == Status::Failed)
         Console::complain(outcome.sentence);
     if (!Console::flush() && outcome.status == Status::Done) {
         Console::complain(QStringLiteral("The result could not be written to standard output."));
@@ -42,7 +45,7 @@ int run(int& argc, char** argv) {
         return end(Outcome::done());
     }
     if (request.wants == Request::Wants::Nothing)
-        return end(Outcome::wrongUsage(request.text));
+        return end(Outcome::wrongUsage(request.text), request.command);
     // The rooms need fonts and colours, but no display.
     qputenv("QT_QPA_PLATFORM", "minimal");
     QGuiApplication application(argc, argv);
@@ -53,7 +56,7 @@ int run(int& argc, char** argv) {
     console.endProgress();
     if (Console::isInterrupted() && outcome.status != Status::Done)
         return end(Outcome::failed(QStringLiteral("Interrupted; nothing more was done.")));
-    return end(outcome);
+    return end(outcome, request.command);
 }
 
 }  // namespace cli

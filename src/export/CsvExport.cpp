@@ -21,6 +21,7 @@
 #include <array>
 #include <memory>
 #include <numeric>
+#include <optional>
 #include <vector>
 
 namespace csv {
@@ -71,6 +72,7 @@ private:
     QHash<int, QByteArray> m_properties;  ///< the fields of a source, by its id
     Place m_place;                        ///< of the text that was asked for last...
     QString m_text;                       ///< ... and the text: each asking unpacks all of it
+    std::optional<QuotesBySource> m_counts;
     int m_filesDone = 0;
     QString m_fault;
 };
@@ -123,7 +125,8 @@ const QByteArray& Export::properties(int sourceId) {
         QStringList values;
         for (const SourceMetadataValue& value : m_file.metadataModel()->valuesOf(sourceId, key.id()))
             values << value.value().toString();
-        fields += csv::quoted(values.join(QLatin1Char(','))).toUtf8() + ',';
+        appendQuoted(fields, values.join(QLatin1Char(',')));
+        fields += ',';
     }
     return *m_properties.insert(sourceId, fields);
 }
@@ -145,7 +148,7 @@ bool Export::memos(File& out) {
     });
 }
 
-// In the order of the highlights, which is not that of the texts: each text is unpacked once.
+// The order of the highlights isn't that of the texts: each text is unpacked once.
 QVector<QByteArray> Export::passages(const QList<Highlight>& highlights) {
     QVector<int> order(highlights.size());
     std::iota(order.begin(), order.end(), 0);
@@ -154,13 +157,14 @@ QVector<QByteArray> Export::passages(const QList<Highlight>& highlights) {
     };
     std::sort(order.begin(), order.end(), [&](int a, int b) { return placeOf(a) < placeOf(b); });
     QVector<QByteArray> passages(highlights.size());
+    QByteArray field;
     for (const int i : qAsConst(order)) {
         const Place place = placeOf(i);
-        passages[i] =
-            csv::quoted(text(place.first, place.second), highlights.at(i).start(), highlights.at(i).length())
-                .toUtf8();
-        // The conversion reserves three bytes for each character.
-        passages[i].squeeze();
+        field.resize(0);
+        appendQuoted(field, text(place.first, place.second), highlights.at(i).start(),
+                     highlights.at(i).length());
+        // A copy has no more than its bytes.
+        passages[i] = QByteArray(field.constData(), field.size());
     }
     return passages;
 }
@@ -172,6 +176,7 @@ bool Export::quotes(File& out) {
         !read(highlights))
         return false;
     const QVector<QByteArray> passages = this->passages(highlights);
+    m_counts.emplace(highlights);
     int row = 0;
     return lines(highlights, [&](const Highlight& highlight) {
         out.field(highlight.highlightId());
@@ -185,7 +190,8 @@ bool Export::quotes(File& out) {
         out.field(highlight.sourceId());
         out.quoted(m_file.sourceTitle(highlight.sourceId()));
         out.field(highlight.questionId());
-        out.raw(passages.at(row++) + ',');
+        out.raw(passages.at(row++));
+        out.raw(",");
         out.raw(properties(highlight.sourceId()));
         out.endLine();
     });
@@ -200,12 +206,14 @@ QString Export::groupsOf(int kernoId) const {
 
 bool Export::kernos(File& out) {
     QList<Source> sources;
-    QList<Highlight> highlights;
     QList<Kerno> kernos;
-    if (!read(sources) || !read(highlights) || !read(kernos))
+    // Known since the quotes were written, unless that was in vain.
+    QList<Highlight> highlights;
+    if (!read(sources) || !read(kernos) || (!m_counts && !read(highlights)))
         return false;
-    const QuotesBySource counts(sources, highlights);
-    highlights.clear();
+    if (!m_counts)
+        m_counts.emplace(highlights);
+    m_counts->setSources(sources);
     out.raw("kernoID, parentKernoID, color, title, description, timestamp, author, groups, x, y, quotes,");
     for (const Source& source : qAsConst(sources))
         out.quoted(source.title());
@@ -221,8 +229,8 @@ bool Export::kernos(File& out) {
         out.quoted(groupsOf(kerno.kernoId()));
         out.field(kerno.x());
         out.field(kerno.y());
-        out.field(counts.ofKerno(kerno.kernoId()));
-        for (const QuotesBySource::Share& share : counts.sharesOfKerno(kerno.kernoId()))
+        out.field(m_counts->ofKerno(kerno.kernoId()));
+        for (const QuotesBySource::Share& share : m_counts->sharesOfKerno(kerno.kernoId()))
             out.field(QStringLiteral("%1 of %2").arg(share.ofKerno).arg(share.all));
         out.endLine();
     });
@@ -235,7 +243,7 @@ bool Export::sources(File& out) {
     return lines(sources, [&](const Source& source) {
         QString text;
         for (const QuestionAnswer& answer : m_file.answerModel()->answers(source.sourceId()))
-            text += answer.plainAnswer();
+            text = text.isEmpty() ? answer.plainAnswer() : text + answer.plainAnswer();
         out.field(source.sourceId());
         out.quoted(source.title());
         out.quoted(source.author());

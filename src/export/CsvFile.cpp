@@ -21,19 +21,22 @@ bool File::open() {
 }
 
 void File::field(int number) {
-    raw(QByteArray::number(number) + ',');
+    m_waiting += QByteArray::number(number);
+    m_waiting += ',';
 }
 
 void File::field(const QString& bare) {
-    raw(bare.toUtf8() + ',');
+    m_waiting += bare.toUtf8();
+    m_waiting += ',';
 }
 
 void File::quoted(const QString& text) {
-    field(csv::quoted(text));
+    quoted(text, 0, text.size());
 }
 
 void File::quoted(const QString& text, int start, int length) {
-    field(csv::quoted(text, start, length));
+    appendQuoted(m_waiting, text, start, length);
+    m_waiting += ',';
 }
 
 void File::raw(const QByteArray& utf8) {
@@ -44,13 +47,13 @@ void File::endLine() {
     m_waiting += '\n';
     if (m_waiting.size() < blockSize)
         return;
-    // A write that fails makes the commit fail.
-    m_file.write(m_waiting);
+    writeWhole(m_file, m_waiting);
+    // Keeps its room.
     m_waiting.resize(0);
 }
 
 QString File::commit() {
-    m_file.write(m_waiting);
+    writeWhole(m_file, m_waiting);
     m_waiting.clear();
     return putInPlace(m_file);
 }

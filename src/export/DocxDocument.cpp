@@ -1,7 +1,6 @@
 #include "export/DocxDocument.h"
 
 #include "export/DocxText.h"
-#include "export/MarkedRuns.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -65,7 +64,7 @@ DocxDocument::DocxDocument() : m_document(headOf("document") + "<w:body>"), m_co
 
 void DocxDocument::addHeading(const char* style, const QString& text) {
     m_document += QByteArray("<w:p><w:pPr><w:pStyle w:val=\"") + style + "\"/></w:pPr>";
-    docx::appendRun(m_document, text, {});
+    docx::appendRun(m_document, text, 0);
     m_document += "</w:p>";
 }
 
@@ -77,31 +76,25 @@ void DocxDocument::addQuestionHeading(const QString& question) {
     addHeading("Heading2", question);
 }
 
-void DocxDocument::addText(const DocxText& text, const QVector<DocxComment>& comments) {
+void DocxDocument::addText(const MarkedText& text, const QVector<DocxComment>& comments) {
     m_document += "<w:p>";
-    if (text.plain.isEmpty())
-        docx::appendRun(m_document, QStringLiteral("-- NO ANSWER --"), {});
+    if (text.plain().isEmpty())
+        docx::appendRun(m_document, QStringLiteral("-- NO ANSWER --"), 0);
     else
         addRuns(text, comments);
     m_document += "</w:p>";
 }
 
-void DocxDocument::addRuns(const DocxText& text, const QVector<DocxComment>& comments) {
-    const QVector<MarkedRun> runs = markedRuns(text.plain, text.rich);
+void DocxDocument::addRuns(const MarkedText& text, const QVector<DocxComment>& comments) {
     int written = 0;
-    auto run = runs.cbegin();
     const auto writeTo = [&](int end) {
-        while (written < end) {
-            const int runEnd = run->start + run->length;
-            const int until = std::min(end, runEnd);
-            docx::appendRuns(m_document, text.plain.mid(written, until - written), *run);
-            written = until;
-            if (until == runEnd)
-                ++run;
-        }
+        text.visit(written, end, [&](int from, int to, quint8 marks) {
+            docx::appendRuns(m_document, text.plain().mid(from, to - from), marks);
+        });
+        written = end;
     };
     const int firstId = m_nextId;
-    for (const Boundary& boundary : boundaries(text.plain, comments)) {
+    for (const Boundary& boundary : boundaries(text.plain(), comments)) {
         writeTo(boundary.position);
         const int id = firstId + boundary.comment;
         const QByteArray idAttribute = " w:id=\"" + QByteArray::number(id) + "\"/>";
@@ -114,7 +107,7 @@ void DocxDocument::addRuns(const DocxText& text, const QVector<DocxComment>& com
             addComment(id, comments.at(boundary.comment));
         }
     }
-    writeTo(text.plain.size());
+    writeTo(text.plain().size());
     m_nextId += comments.size();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "export/MarkedText.h"
 #include "export/ZipWriter.h"
 
 #include <QByteArray>
@@ -17,12 +18,6 @@ struct DocxComment {
     QDateTime time;
 };
 
-/// The text of an answer: plain, and with `<b>`, `<i>` and `<u>`.
-struct DocxText {
-    QString plain;
-    QString rich;
-};
-
 /// A Word document in the making (ECMA-376, WordprocessingML): headings, texts, and comments on stretches of
 /// them, which may overlap. A character that XML can't hold is left out. Positions count UTF-16 units of the
 /// plain text.
@@ -33,14 +28,14 @@ public:
     void addSourceHeading(const QString& title);
     void addQuestionHeading(const QString& question);
     /// One paragraph. Of a comment, what lies outside the text is cut off.
-    void addText(const DocxText& text, const QVector<DocxComment>& comments);
+    void addText(const MarkedText& text, const QVector<DocxComment>& comments);
 
     /// The parts of the file, in their order. The document must not be used any more.
     QVector<ZipEntry> finish();
 
 private:
     void addHeading(const char* style, const QString& text);
-    void addRuns(const DocxText& text, const QVector<DocxComment>& comments);
+    void addRuns(const MarkedText& text, const QVector<DocxComment>& comments);
     void addComment(int id, const DocxComment& comment);
 
     QByteArray m_document;

@@ -57,7 +57,7 @@ void DocxSourceExporter::addSource(DocxDocument& document, const Source& source,
         const QString question = m_file->questionText(answer.questionId());
         if (!question.isEmpty())
             document.addQuestionHeading(question);
-        document.addText({answer.plainAnswer(), answer.richAnswer()}, comments);
+        document.addText(MarkedText::of(answer.text()), comments);
     }
 }
 

@@ -54,26 +54,26 @@ void appendText(QByteArray& xml, const QString& text) {
     xml += "</w:t>";
 }
 
-void appendRun(QByteArray& xml, const QString& text, const MarkedRun& look) {
+void appendRun(QByteArray& xml, const QString& text, quint8 marks) {
     xml += "<w:r>";
-    if (look.bold || look.italic || look.underline) {
+    if (marks != 0) {
         xml += "<w:rPr>";
-        xml += look.bold ? "<w:b/>" : "";
-        xml += look.italic ? "<w:i/>" : "";
-        xml += look.underline ? "<w:u w:val=\"single\"/>" : "";
+        xml += marks & MarkedText::Bold ? "<w:b/>" : "";
+        xml += marks & MarkedText::Italic ? "<w:i/>" : "";
+        xml += marks & MarkedText::Underline ? "<w:u w:val=\"single\"/>" : "";
         xml += "</w:rPr>";
     }
     appendText(xml, text);
     xml += "</w:r>";
 }
 
-void appendRuns(QByteArray& xml, const QString& text, const MarkedRun& look) {
+void appendRuns(QByteArray& xml, const QString& text, quint8 marks) {
     int start = 0;
     while (start < text.size()) {
         const int lineEnd = text.indexOf(QLatin1Char('\n'), start);
         const int end = lineEnd < 0 ? text.size() : lineEnd;
         if (end > start)
-            appendRun(xml, text.mid(start, end - start), look);
+            appendRun(xml, text.mid(start, end - start), marks);
         if (lineEnd >= 0)
             xml += "<w:r><w:br/></w:r>";
         start = end + 1;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "export/MarkedRuns.h"
+#include "export/MarkedText.h"
 
 #include <QByteArray>
 #include <QString>
@@ -14,9 +14,9 @@ QByteArray escaped(const QString& text);
 
 /// A `w:t` element that keeps its blanks.
 void appendText(QByteArray& xml, const QString& text);
-/// One run in the look of `look`; its start and length don't matter.
-void appendRun(QByteArray& xml, const QString& text, const MarkedRun& look);
+/// One run with its `MarkedText::Mark`s.
+void appendRun(QByteArray& xml, const QString& text, quint8 marks);
 /// The runs of a text with line ends.
-void appendRuns(QByteArray& xml, const QString& text, const MarkedRun& look);
+void appendRuns(QByteArray& xml, const QString& text, quint8 marks);
 
 }  // namespace docx

@@ -23,7 +23,10 @@ constexpr QChar lessThan(0xFDD0);
 }  // namespace
 
 MarkedText MarkedText::fromStored(const QString& stored) {
-    const AnswerText text = AnswerText::prepare(normalizedFromService(stored));
+    return of(AnswerText::prepare(normalizedFromService(stored)));
+}
+
+MarkedText MarkedText::of(const AnswerText& text) {
     MarkedText marked;
     marked.m_plain = text.plain();
     marked.m_isHtml = text.isHtml();
@@ -33,7 +36,7 @@ MarkedText MarkedText::fromStored(const QString& stored) {
     html.replace(QLatin1String("&lt;"), lessThan);
     // A text that says something else so keeps its words and goes without marks.
     if (!marked.readRich(HtmlDocument::parse(html).richText()))
-        marked.m_stretches.clear();
+        marked.m_stretches = {{0, 0}};
     return marked;
 }
 
@@ -56,7 +59,7 @@ bool MarkedText::readRich(const QString& rich) {
                 continue;
             open[t] += opens ? 1 : -1;
             taken = opens ? tags[t].open.size() : tags[t].close.size();
-            if (!m_stretches.isEmpty() && m_stretches.last().start == plain.size())
+            if (m_stretches.last().start == plain.size())
                 m_stretches.last().marks = marks();
             else
                 m_stretches.append({plain.size(), marks()});
@@ -72,24 +75,23 @@ QString MarkedText::html(int start, int length) const {
     const int from = qBound(0, start, m_plain.size());
     const int to = from + qBound(0, length, m_plain.size() - from);
     QString out;
-    const auto write = [&](int first, int end, quint8 marks) {
-        if (first >= end)
-            return;
+    visit(from, to, [&](int first, int end, quint8 marks) {
         for (const Tag& tag : tags)
             out += marks & tag.mark ? tag.open : QLatin1String();
         out += m_plain.mid(first, end - first).toHtmlEscaped();
         for (auto tag = std::rbegin(tags); tag != std::rend(tags); ++tag)
             out += marks & tag->mark ? tag->close : QLatin1String();
-    };
+    });
+    return out;
+}
+
+void MarkedText::visit(int from, int to, const Visitor& visitor) const {
     auto next = std::upper_bound(m_stretches.begin(), m_stretches.end(), from,
                                  [](int position, const Stretch& s) { return position < s.start; });
-    quint8 marks = next == m_stretches.begin() ? quint8(0) : std::prev(next)->marks;
-    int at = from;
-    for (; next != m_stretches.end() && next->start < to; ++next) {
-        write(at, next->start, marks);
-        at = next->start;
-        marks = next->marks;
+    for (int at = from; at < to; ++next) {
+        const int end = next == m_stretches.end() ? to : std::min(to, next->start);
+        if (end > at)
+            visitor(at, end, std::prev(next)->marks);
+        at = end;
     }
-    write(at, to, marks);
-    return out;
 }

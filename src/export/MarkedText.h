@@ -2,6 +2,9 @@
 
 #include <QString>
 #include <QVector>
+#include <functional>
+
+class AnswerText;
 
 /// The text of an answer as stretches of plain text with their marks: what is left of its markup when it
 /// leaves the program. Positions count UTF-16 units of the plain text.
@@ -11,6 +14,7 @@ public:
 
     MarkedText() = default;
 
+    static MarkedText of(const AnswerText& text);
     /// Of an answer's stored text, deciphered.
     static MarkedText fromStored(const QString& stored);
 
@@ -22,8 +26,12 @@ public:
     /// around the marked ones. Positions outside the text are cut off.
     QString html(int start, int length) const;
 
+    /// Is given the stretches of one look that [from, to) consists of, from left to right.
+    using Visitor = std::function<void(int from, int to, quint8 marks)>;
+    void visit(int from, int to, const Visitor& visitor) const;
+
 private:
-    /// One ends where the next begins. An unmarked text has none.
+    /// One ends where the next begins. The first begins the text.
     struct Stretch {
         int start;
         quint8 marks;
@@ -33,5 +41,5 @@ private:
 
     QString m_plain;
     bool m_isHtml = false;
-    QVector<Stretch> m_stretches;
+    QVector<Stretch> m_stretches{{0, 0}};
 };

@@ -2,8 +2,17 @@
 
 #include <algorithm>
 
-QuotesBySource::QuotesBySource(const QList<Source>& sources, const QList<Highlight>& highlights) {
+QuotesBySource::QuotesBySource(const QList<Highlight>& highlights) {
+    for (const Highlight& highlight : highlights) {
+        ++m_ofSource[highlight.sourceId()];
+        ++m_ofKerno[highlight.kernoId()];
+        ++m_counts[{highlight.kernoId(), highlight.sourceId()}];
+    }
+}
+
+void QuotesBySource::setSources(const QList<Source>& sources) {
     QHash<QString, int> titles;
+    m_columns.clear();
     for (const Source& source : sources) {
         const QString title = source.title();
         if (!titles.contains(title))
@@ -14,11 +23,6 @@ QuotesBySource::QuotesBySource(const QList<Source>& sources, const QList<Highlig
     m_byId = m_columns;
     std::sort(m_byId.begin(), m_byId.end(),
               [](const Column& a, const Column& b) { return a.sourceId < b.sourceId; });
-    for (const Highlight& highlight : highlights) {
-        ++m_ofSource[highlight.sourceId()];
-        ++m_ofKerno[highlight.kernoId()];
-        ++m_counts[{highlight.kernoId(), highlight.sourceId()}];
-    }
 }
 
 QVector<QuotesBySource::Share> QuotesBySource::sharesOfKerno(int kernoId) const {

@@ -10,7 +10,10 @@
 /// How many of a source's highlights each kerno has, for all kernos and sources of a project.
 class QuotesBySource {
 public:
-    QuotesBySource(const QList<Source>& sources, const QList<Highlight>& highlights);
+    explicit QuotesBySource(const QList<Highlight>& highlights);
+
+    /// The columns of the shares.
+    void setSources(const QList<Source>& sources);
 
     struct Share {
         int ofKerno = 0;

@@ -90,7 +90,11 @@ void ScriptFile::beginArray(const char* name) {
 
 void ScriptFile::element(const QJsonObject& element) {
     const QByteArray json = QJsonDocument(element).toJson();
-    write((m_firstElement ? "\n" : ",\n") + scriptSafe(json.left(json.size() - 1)));
+    this->element(json.left(json.size() - 1));
+}
+
+void ScriptFile::element(const QByteArray& json) {
+    write((m_firstElement ? "\n" : ",\n") + scriptSafe(json));
     m_firstElement = false;
 }
 

@@ -25,6 +25,8 @@ public:
     // An array of many elements, one by one.
     void beginArray(const char* name);
     void element(const QJsonObject& element);
+    /// One that is JSON already, indented by four blanks a level.
+    void element(const QByteArray& json);
     void endArray();
 
 private:

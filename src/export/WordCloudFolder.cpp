@@ -14,7 +14,37 @@ using report::Written;
 
 namespace {
 
-QJsonObject wordsOf(const KRNFile& file, int sourceId) {
+// A word holds no quote: that separates words.
+void appendJson(QByteArray& json, QStringView word) {
+    json += '"';
+    int done = 0;
+    for (int at = 0; at <= word.size(); ++at) {
+        const ushort unit = at < word.size() ? word.at(at).unicode() : 0;
+        if (at < word.size() && unit >= ' ' && unit != '\\')
+            continue;
+        json += word.mid(done, at - done).toUtf8();
+        done = at + 1;
+        if (at < word.size())
+            json += "\\u" + QByteArray::number(unit, 16).rightJustified(4, '0');
+    }
+    json += '"';
+}
+
+// Written without values in between: a large project has millions of words.
+QByteArray json(int sourceId, const QVector<WordCounts::Count>& words) {
+    QByteArray json = "{\n    \"sourceId\": " + QByteArray::number(sourceId) + ",\n    \"wordCount\": [";
+    for (int i = 0; i < words.size(); ++i) {
+        json += i == 0 ? "\n" : ",\n";
+        json += "        {\n            \"count\": ";
+        json += QByteArray::number(words.at(i).count);
+        json += ",\n            \"word\": ";
+        appendJson(json, words.at(i).word);
+        json += "\n        }";
+    }
+    return json + "\n    ]\n}";
+}
+
+QByteArray wordsOf(const KRNFile& file, int sourceId) {
     qDebug("Trying %i", sourceId);
     QVector<QString> texts;
     for (const QVariant& map : file.answers(sourceId)) {
@@ -28,11 +58,7 @@ QJsonObject wordsOf(const KRNFile& file, int sourceId) {
         qDebug("Processing %i", sourceId);
         words.add(text);
     }
-    QJsonArray counts;
-    for (const WordCounts::Count& count : words.sorted())
-        counts.append(QJsonObject{{QStringLiteral("word"), count.word.toString()},
-                                  {QStringLiteral("count"), count.count}});
-    return {{QStringLiteral("sourceId"), sourceId}, {QStringLiteral("wordCount"), counts}};
+    return json(sourceId, words.sorted());
 }
 
 }  // namespace

@@ -10,16 +10,23 @@
 #include "models/SourceMetadataValueModel.h"
 #include "models/SourceModel.h"
 #include "project/KRNFile.h"
+#include "undo/BatchCommand.h"
 #include "undo/MetadataCommands.h"
 #include "undo/SourceCommands.h"
 
 #include <QSet>
 
+namespace {
+
+constexpr int rowsBetweenProgress = 50;
+
+}  // namespace
+
 ImportSourcesFromCSVCommand::ImportSourcesFromCSVCommand(const CSVImportModel& table, KRNFile* file,
-                                                         QUndoCommand* parent)
+                                                         const Progress& progress, QUndoCommand* parent)
     : FileManipulationCommand(file, parent) {
     const bool imported = table.refusal(file->singleQuestionMode()).isEmpty() && mapQuestions(table) &&
-                          mapKeys(table) && addRows(table);
+                          mapKeys(table) && mapValues(table) && addRows(table, progress);
     if (!imported)
         invalidate();
 }
@@ -87,76 +94,81 @@ bool ImportSourcesFromCSVCommand::mapKeys(const CSVImportModel& table) {
     return true;
 }
 
-QList<QList<ImportSourcesFromCSVCommand::Given>> ImportSourcesFromCSVCommand::givenProperties(
-    const CSVImportModel& table) const {
-    const QList<int> columns = table.columnsOf(CSVImportModel::Property);
-    QList<QList<Given>> rows;
-    for (int row = 0; row < table.rowCount(); ++row) {
-        QList<Given> given;
-        for (const int column : columns) {
-            const Given one{row, m_keyOfColumn.value(column), table.text(row, column)};
-            const auto isSame = [&](const Given& other) {
-                return other.keyId == one.keyId && other.text == one.text;
-            };
-            if (!one.text.isEmpty() && std::none_of(given.cbegin(), given.cend(), isSame))
-                given.append(one);
-        }
-        rows.append(given);
-    }
-    return rows;
-}
-
-bool ImportSourcesFromCSVCommand::addRows(const CSVImportModel& table) {
-    IdManager* const ids = IdManager::instance();
-    const QList<QList<Given>> given = givenProperties(table);
-
-    QHash<QPair<int, QString>, int> valueIds;
+// The values that the project lacks become the first records that are added.
+bool ImportSourcesFromCSVCommand::mapValues(const CSVImportModel& table) {
     for (const SourceMetadataValue& value : file()->metadataValueModel()->snapshot()) {
         const QPair<int, QString> text{value.keyId(), value.value().toString()};
-        if (!valueIds.contains(text))
-            valueIds.insert(text, value.valueId());
+        if (!m_valueIds.contains(text))
+            m_valueIds.insert(text, value.valueId());
     }
-    QSet<QPair<int, QString>> newValues;
-    int links = 0;
-    for (const QList<Given>& row : given) {
-        links += row.size();
-        for (const Given& one : row) {
-            if (!valueIds.contains({one.keyId, one.text}))
-                newValues.insert({one.keyId, one.text});
+    QList<QPair<int, QString>> missing;
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (auto column = m_keyOfColumn.cbegin(); column != m_keyOfColumn.cend(); ++column) {
+            const QPair<int, QString> text{column.value(), table.text(row, column.key())};
+            if (text.second.isEmpty() || m_valueIds.contains(text))
+                continue;
+            m_valueIds.insert(text, 0);
+            missing.append(text);
         }
     }
-
-    const int count = table.rowCount();
-    QList<int> sourceIds = ids->nextIds(wire::Record::Source, count);
-    QList<int> answerIds = ids->nextAnswerIds(count * m_questions.size());
-    QList<int> newValueIds = ids->nextIds(wire::Record::SourceMetadataValue, newValues.size());
-    QList<int> linkIds = ids->nextIds(wire::Record::SourceMetadata, links);
-    if (sourceIds.size() < count || answerIds.size() < count * m_questions.size() ||
-        newValueIds.size() < newValues.size() || linkIds.size() < links)
+    QList<int> ids = IdManager::instance()->nextIds(wire::Record::SourceMetadataValue, missing.size());
+    if (ids.size() < missing.size())
         return false;
+    QList<SourceMetadataValue> values;
+    for (const auto& text : qAsConst(missing)) {
+        values.append(SourceMetadataValue(ids.takeFirst(), text.first, text.second));
+        m_valueIds.insert(text, values.last().valueId());
+    }
+    new BatchAddCommand<SourceMetadataValue>(values, file(), this);
+    return true;
+}
 
+bool ImportSourcesFromCSVCommand::addRows(const CSVImportModel& table, const Progress& progress) {
+    const int count = table.rowCount();
+    const QList<int> sourceIds = IdManager::instance()->nextIds(wire::Record::Source, count);
+    if (sourceIds.size() < count)
+        return false;
     const int titleColumn = table.columnsOf(CSVImportModel::Title).value(0, -1);
+    const QString author = currentAuthor();
+    // Once: to ask for the time costs more than to make a record.
+    const QDateTime time = now();
+    QList<SourceMetadata> links;
+    QList<Source> sources;
+    QList<QuestionAnswer> answers;
     for (int row = 0; row < count; ++row) {
-        const int sourceId = sourceIds.takeFirst();
-        for (const Given& one : given.at(row)) {
-            int& valueId = valueIds[{one.keyId, one.text}];
-            if (valueId < 1) {
-                valueId = newValueIds.takeFirst();
-                new AddMetadataValueCommand(SourceMetadataValue(valueId, one.keyId, one.text), file(), this);
-            }
-            new AddRecordCommand<SourceMetadata>(
-                SourceMetadata(linkIds.takeFirst(), sourceId, one.keyId, valueId, QString(), now()), file(),
-                this);
+        if (row % rowsBetweenProgress == 0 && !goesOn(progress, row, count))
+            return false;
+        const int sourceId = sourceIds.at(row);
+        QSet<int> given;
+        for (auto column = m_keyOfColumn.cbegin(); column != m_keyOfColumn.cend(); ++column) {
+            const int valueId = m_valueIds.value({column.value(), table.text(row, column.key())});
+            if (valueId < 1 || given.contains(valueId))
+                continue;
+            given.insert(valueId);
+            links.append(SourceMetadata(-1, sourceId, column.value(), valueId, author, time));
         }
-        const Source source(sourceId, table.text(row, titleColumn), QString(), QString(), now());
-        new AddSourceCommand(source, file(), false, this);
+        const QString title = titleOfNewSource(table.text(row, titleColumn), sourceId);
+        sources.append(Source(sourceId, title, QString(), author, time));
         for (const Question& question : qAsConst(m_questions)) {
-            QuestionAnswer answer(answerIds.takeFirst(), question.questionId(), sourceId, QString(),
-                                  QString(), now());
-            answer.setAnswer(importedText(table.text(row, m_answerColumns.value(question.questionId(), -1))));
-            new AddAnswerCommand(answer, file(), this);
+            answers.append(QuestionAnswer(-1, question.questionId(), sourceId, author, QString(), time));
+            answers.last().setAnswer(
+                importedText(table.text(row, m_answerColumns.value(question.questionId(), -1))));
         }
     }
+    if (!addAll(links))
+        return false;
+    new BatchAddCommand<Source>(sources, file(), this);
+    return addAll(answers);
+}
+
+// Of records without ids.
+template <typename T> bool ImportSourcesFromCSVCommand::addAll(QList<T> records) {
+    if (!IdManager::instance()->stock(T::record(), records.size()))
+        return false;
+    for (T& record : records)
+        factsOf<T>().create(record, currentAuthor());
+    IdManager::instance()->dropStock();
+    new BatchAddCommand<T>(records, file(), this);
     return true;
 }
 

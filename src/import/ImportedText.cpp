@@ -6,9 +6,10 @@
 #include <QRegularExpression>
 
 QString withLineFeeds(QString text) {
+    if (!text.contains(QLatin1Char('\r')))
+        return text;
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return text;
+    return text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
 QString importedText(const QString& text) {

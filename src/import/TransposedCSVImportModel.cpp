@@ -3,6 +3,8 @@
 #include "import/ImportSourcesFromCSVCommand.h"
 #include "project/KRNFile.h"
 
+#include <QCoreApplication>
+#include <QJsonObject>
 #include <QMessageBox>
 
 namespace {
@@ -37,8 +39,24 @@ QHash<int, QByteArray> TransposedCSVImportModel::roleNames() const {
     return {{ColumnTypeRole, "columnType"}, {ColumnNameRole, "columnName"}};
 }
 
-std::unique_ptr<FileManipulationCommand> TransposedCSVImportModel::importCommand(KRNFile* file) const {
-    return std::make_unique<ImportSourcesFromCSVCommand>(m_table, file);
+std::unique_ptr<FileManipulationCommand> TransposedCSVImportModel::importCommand(KRNFile* file) {
+    m_cancelled = false;
+    m_importing = true;
+    emit importingChanged();
+    const QJsonObject project = file->currentProject();
+    auto command = std::make_unique<ImportSourcesFromCSVCommand>(m_table, file, [&](qint64 row, qint64 of) {
+        return (m_progress ? m_progress(row, of) : goOn(row, of)) && file->currentProject() == project;
+    });
+    m_importing = false;
+    emit importingChanged();
+    return command;
+}
+
+bool TransposedCSVImportModel::goOn(qint64 row, qint64 of) {
+    m_percent = static_cast<int>(100 * row / of);
+    emit percentChanged();
+    QCoreApplication::processEvents();
+    return !m_cancelled;
 }
 
 bool TransposedCSVImportModel::openFile(const QUrl& url) {

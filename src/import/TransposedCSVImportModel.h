@@ -1,6 +1,7 @@
 #pragma once
 
 #include "import/CSVImportModel.h"
+#include "project/Progress.h"
 #include "undo/SourceTable.h"
 
 #include <QAbstractListModel>
@@ -13,6 +14,8 @@ class TransposedCSVImportModel : public QAbstractListModel, public SourceTable {
     Q_OBJECT
     Q_INTERFACES(SourceTable)
     Q_PROPERTY(int sourcesCount READ sourcesCount NOTIFY sourcesCountChanged)
+    Q_PROPERTY(bool importing READ isImporting NOTIFY importingChanged)
+    Q_PROPERTY(int percent READ percent NOTIFY percentChanged)
 
 public:
     enum Role { ColumnTypeRole = Qt::UserRole + 1, ColumnNameRole };
@@ -24,7 +27,12 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
     int sourcesCount() const override { return m_table.rowCount(); }
-    std::unique_ptr<FileManipulationCommand> importCommand(KRNFile* file) const override;
+    /// Handles events meanwhile, so that its progress shows and a person can end it, or tells
+    /// `setProgress`'s.
+    std::unique_ptr<FileManipulationCommand> importCommand(KRNFile* file) override;
+    void setProgress(const Progress& progress) { m_progress = progress; }
+    bool isImporting() const { return m_importing; }
+    int percent() const { return m_percent; }
 
     /// Whether the file has at least one row below its header.
     Q_INVOKABLE bool openFile(const QUrl& url);
@@ -37,11 +45,22 @@ public:
     /// Whether the table can be imported into the open project; otherwise a box tells why, if it is wanted.
     Q_INVOKABLE bool canImport(bool showErrorDialog);
 
+    /// Ends an import that is prepared: nothing has changed then.
+    Q_INVOKABLE void cancelImport() { m_cancelled = true; }
+
     const CSVImportModel& table() const { return m_table; }
 
 signals:
     void sourcesCountChanged();
+    void importingChanged();
+    void percentChanged();
 
 private:
+    bool goOn(qint64 row, qint64 of);
+
     CSVImportModel m_table;
+    Progress m_progress;
+    bool m_importing = false;
+    bool m_cancelled = false;
+    int m_percent = 0;
 };

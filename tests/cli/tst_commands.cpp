@@ -120,7 +120,7 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("export-docx study.krn documents --separate", 0, "^$");
     row("export-docx study.krn documents --separate", 1, "documents is there already");
     row("export-docx study.krn documents --separate --force", 0, "^$");
-    row("export-docx study.krn documents --force", 1, "documents can't be written: a folder has this name");
+    row("export-docx study.krn documents --force", 1, "documents is a folder: --separate");
     row("export-qdpx study.krn out", 0, "^$");
     row("export-qdpx study.krn out.qdpx --strict", 1, "out\\.qdpx is there already");
     row("export-qdpx study.krn out.qdpx --strict --force", 0, "^$");

@@ -263,15 +263,28 @@ void tst_CsvExport::whatCannotBeWrittenStaysAsItWas() {
     QCOMPARE(state(), untouched);
 
     signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    QVERIFY(getrlimit(RLIMIT_FSIZE, &limit) == 0);
-    const rlimit full{10, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &full);
-    const csv::Result fullDisk = csv::exportProject(m_project.file, m_folder->path());
-    setrlimit(RLIMIT_FSIZE, &limit);
+    const auto exportWithRoom = [&](rlim_t bytes) {
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit full{bytes, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        const csv::Result result = csv::exportProject(m_project.file, m_folder->path());
+        setrlimit(RLIMIT_FSIZE, &limit);
+        return result;
+    };
+    const csv::Result fullDisk = exportWithRoom(10);
     QVERIFY2(fullDisk.written == 0 && fullDisk.sentence.contains("Memos.csv can't be written"),
              qPrintable(fullDisk.sentence));
     QCOMPARE(state(), untouched);
+
+    // A write that stops in its middle.
+    m_project.file.saveAnswer(QuestionAnswer(1, 1, 1, "Ann", QString(300000, 'x'), {}));
+    m_project.settle();
+    const csv::Result half = exportWithRoom(100000);
+    QVERIFY2(half.written == 4 && half.sentence.contains("Sources.csv can't be written"),
+             qPrintable(half.sentence));
+    QVERIFY(!QFile::exists(m_folder->filePath("Sources.csv")) &&
+            QFile::remove(m_folder->filePath("Memos.csv")));
 
     QVERIFY(QDir(m_folder->path()).mkdir("Memos.csv"));
     const csv::Result taken = csv::exportProject(m_project.file, m_folder->path());

@@ -1,10 +1,6 @@
 #include "import/SourceImport.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
-#include "project/KRNFile.h"
 #include "tests_support/AllModels.h"
-#include "tests_support/TestMain.h"
-#include "undo/UndoManager.h"
+#include "tests_support/TestProject.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -46,23 +42,7 @@ class tst_SourceImport : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase() {
-        expectWarning("This plugin does not support propagateSizeHints");
-        ProjectTimings timings;
-        timings.settle = 1;
-        timings.closeSettle = 1;
-        m_file = std::make_unique<KRNFile>(nullptr, timings);
-        m_file->initModels();
-        m_undo = std::make_unique<UndoManager>(m_file.get());
-        QVERIFY2(m_file->dataHelper()->connection()->connect(false),
-                 qPrintable(m_file->dataHelper()->connection()->lastError()));
-    }
-
-    void cleanupTestCase() {
-        m_file->closeAndReset();
-        m_undo.reset();
-        m_file.reset();
-    }
+    void initTestCase() { expectWarning("This plugin does not support propagateSizeHints"); }
 
     void aWholeTextBecomesOneSource() {
         openNew(true);
@@ -179,7 +159,7 @@ private slots:
 
     void brokenFilesArePassedOver() {
         openNew(true);
-        QSignalSpy told(m_file.get(), &KRNFile::notifyUser);
+        QSignalSpy told(m_file, &KRNFile::notifyUser);
         const QList<QUrl> files{write("a.docx"_s, "PK"), write("b.pdf"_s, "%PDF"),
                                 write("c.rtf"_s, "{\\rtf1 {\\b bold} <laughs> &amp; \\u228?}"),
                                 write("d.txt"_s, "")};
@@ -192,7 +172,7 @@ private slots:
     // The converter waits for ever for what comes out of a pipe.
     void aConversionIsCancelled() {
         openNew(true);
-        const QString pipe = m_folder.filePath("pipe.pdf"_s);
+        const QString pipe = m_project.path("pipe.pdf"_s);
         QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), S_IRUSR | S_IWUSR), 0);
         QTimer canceller;
         int turns = 0;
@@ -232,27 +212,19 @@ private slots:
 
 private:
     void openNew(bool singleQuestion) {
-        const QString path = m_folder.filePath("project %1.krn"_s.arg(++m_projects));
-        m_undo->clearStack();
-        QVERIFY2(m_file->openProject({{"name"_s, path}}, true, QString(), singleQuestion),
-                 qPrintable(m_file->getLastOpenError()));
+        QCOMPARE(m_project.open("project %1.krn"_s.arg(++m_projects), true, singleQuestion), QString());
     }
 
-    /// Everything that was sent has been stored, and its notifications have come.
-    void settle() {
-        m_file->getPreference("none"_s);
-        QCoreApplication::processEvents();
-    }
+    void settle() { m_project.settle(); }
 
     QUrl write(const QString& name, const QByteArray& bytes) {
-        QFile file(m_folder.filePath(name));
+        QFile file(m_project.path(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
             qFatal("cannot write the file of the test");
         return QUrl::fromLocalFile(file.fileName());
     }
 
     /// Each source as "title: answer to question 1 | answer to question 2 ...", in the order of ids.
-
     QStringList sources() const {
         QStringList lines;
         for (const Source& source : m_file->dataHelper()->findAll<Source>()) {
@@ -273,12 +245,12 @@ private:
         return texts;
     }
 
-    SourceImport import() { return {m_undo.get(), m_file.get()}; }
+    SourceImport import() { return {m_undo, m_file}; }
 
-    QTemporaryDir m_folder;
+    TestProject m_project;
     int m_projects = 0;
-    std::unique_ptr<KRNFile> m_file;
-    std::unique_ptr<UndoManager> m_undo;
+    KRNFile* const m_file = &m_project.file;
+    UndoManager* const m_undo = &m_project.undo;
 };
 
 int main(int argc, char** argv) {

@@ -1,4 +1,4 @@
-/* global angular, ReportDocument, kernos, sources, metadataKeys, highlightsCoverageByAuthor, highlightsCoverageByKerno,
+/* global angular, addOptionParts, ReportDocument, kernos, sources, metadataKeys, highlightsCoverageByAuthor, highlightsCoverageByKerno,
    highlightsCoverageByKernoAndAuthor, questions, kernosWithOverlaps, kernosWithHierarchy, textSortedByCode,
    textSortedBySource, textSortedByQuestion, textSortedByCodeSummary, memosSortedBySource, generateHierarchyViews,
    generateOverlapViews, reportTimestamp, reportAuthor, reportFile */
@@ -42,20 +42,42 @@
         return function (seconds) { return seconds ? date(seconds * 1000, "medium") : ""; };
     }]);
 
+    var part = addOptionParts(app);
+
+    part("kernoBoxes", function (element, given) {
+        return '<all-or-none list="kernos" field="' + given.field + '"></all-or-none>'
+            + '<option-box class="nested level_{{ ::kerno.level }} {{ ::(kerno.' + given.needs + ' | disabledClass) }}" ng-repeat="kerno in ::kernos"'
+            + ' model="kerno.' + given.field + '" disabled-if="::!kerno.' + given.needs + '" hint="{{ ::(kerno.level | levelFull) }}">'
+            + "{{ ::kerno.title }} <small>{{ ::(kerno.level | levelAbbr) }}</small></option-box>";
+    });
+
+    part("kernoName", function (element, given) {
+        return '<span class="kerno_dot" style="background-color: {{ ::' + given.of + '.color }}"></span><span ng-bind="::' + given.of + '.title"></span>';
+    });
+
+    // Made of its template once for all quotes of a list, of which there may be thousands.
+    app.directive("reportQuote", function () { return { restrict: "E", templateUrl: "quote.html" }; });
+
     // A picture that can be missing: another of the same name comes in its place, or a sentence does.
     app.directive("reportPicture", function () {
-        return function (scope, element, attributes) {
-            attributes.$observe("reportPicture", function (file) {
-                element.removeClass("missing");
-                element.attr("src", file);
-            });
-            element.on("error", function () {
-                var other = attributes.reportPicture.replace(/(_num)?\.png$/, "_num.png");
-                if (element.attr("src") === other)
-                    element.addClass("missing");
-                else
-                    element.attr("src", other);
-            });
+        return {
+            restrict: "E",
+            template: '<img class="picture" alt=""><p class="nothing picture_missing">This report was made without this picture.</p>',
+            link: function (scope, element, attributes) {
+                var image = element.find("img");
+                attributes.$observe("name", function (name) { image.attr("id", name); });
+                attributes.$observe("file", function (file) {
+                    image.removeClass("missing");
+                    image.attr("src", file);
+                });
+                image.on("error", function () {
+                    var other = attributes.file.replace(/(_num)?\.png$/, "_num.png");
+                    if (image.attr("src") === other)
+                        image.addClass("missing");
+                    else
+                        image.attr("src", other);
+                });
+            }
         };
     });
 

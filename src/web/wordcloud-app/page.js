@@ -1,8 +1,9 @@
-/* global angular, WordCloud, stopWords, sources, wordCountBySource, wordCloudTimestamp, wordCloudAuthor, wordCloudFile */
+/* global angular, addOptionParts, WordCloud, stopWords, sources, wordCountBySource, wordCloudTimestamp, wordCloudAuthor, wordCloudFile */
 (function () {
     "use strict";
 
     var app = angular.module("app", []);
+    addOptionParts(app);
 
     app.controller("AppController", ["$scope", "$timeout", function ($scope, $timeout) {
         $scope.wordCloudTimestamp = wordCloudTimestamp;
