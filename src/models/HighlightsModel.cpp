@@ -81,7 +81,7 @@ QString HighlightsModel::windowQuery() const {
     return reads::highlightsInWindow(sourceId(), questionId(), sourceOffset(), sourceLength());
 }
 
-void HighlightsModel::layOut(QList<Highlight>& highlights) {
+void HighlightsModel::layOut(QList<Highlight>& highlights, int changedRow) {
     const TextGeometry* text = textEdit();
     const int textLength = text->textLength();
     QVector<StripeExtent> extents;
@@ -90,6 +90,10 @@ void HighlightsModel::layOut(QList<Highlight>& highlights) {
         // What reaches beyond the text, and all after it, keeps its old place.
         if (highlight.end() > textLength)
             break;
+        if (changedRow != allRows && changedRow != extents.size()) {
+            extents.append({highlight.y1(), highlight.y2()});
+            continue;
+        }
         extents.append({static_cast<int>(text->rectangleAt(highlight.start()).y()),
                         static_cast<int>(text->rectangleAt(highlight.end()).y() + m_lineHeight)});
     }

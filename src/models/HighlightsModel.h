@@ -60,7 +60,7 @@ public slots:
 
 protected:
     QString windowQuery() const override;
-    void layOut(QList<Highlight>& highlights) override;
+    void layOut(QList<Highlight>& highlights, int changedRow) override;
     QVector<int> positionRoles() const override;
     void announceLayout() override;
     const char* shortName() const override { return "HM"; }

@@ -49,8 +49,13 @@ public:
     /// Updates the row with that key or inserts a new one; an invalid record is ignored.
     void addOrUpdate(const T& record);
 
+    /// The same for many, of which those that are new are inserted in one step after the last row.
+    void addOrUpdateAll(const QList<T>& records);
+
     /// Whether there was such a row.
     bool removeByKey(const K& key);
+    /// The same for many: rows that follow each other go in one step.
+    void removeByKeys(const QList<K>& keys);
 
     /// The record with that key, or an empty one. Of several rows with one key it is the last.
     T record(const K& key) const;
@@ -114,6 +119,7 @@ private:
     void insertRow(int row, const T& record);
     void assignRow(Row* row, const T& record);
     void takeRow(int row);
+    void removeRun(int first, int last);
     void attach(Row* row);
     void detach(Row* row);
     void renumber(int first, int last);

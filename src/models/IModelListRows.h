@@ -6,6 +6,8 @@
 
 #include <QDebug>
 #include <QMutexLocker>
+#include <QSet>
+#include <algorithm>
 
 // The bodies of IModelList. Only IModelList.cpp includes this file.
 
@@ -143,6 +145,73 @@ template <typename T, typename K, typename F> void IModelList<T, K, F>::insertRo
     endInsertRows();
     onModelAdded(row, record);
     afterRowsChanged();
+}
+
+template <typename T, typename K, typename F>
+void IModelList<T, K, F>::addOrUpdateAll(const QList<T>& records) {
+    const QMutexLocker lock(&m_mutex);
+    QList<T> added;
+    QSet<K> addedKeys;
+    const auto append = [&] {
+        const int first = m_items.size();
+        appendRows(added);
+        for (int i = 0; i < added.size(); ++i)
+            onModelAdded(first + i, added.at(i));
+        added.clear();
+        addedKeys.clear();
+    };
+    for (const T& record : records) {
+        if (!record.isValid())
+            continue;
+        if (addedKeys.contains(record.id()))
+            append();
+        if (contains(record.id())) {
+            addOrUpdate(record);
+        } else {
+            added.append(record);
+            addedKeys.insert(record.id());
+        }
+    }
+    append();
+}
+
+template <typename T, typename K, typename F> void IModelList<T, K, F>::removeByKeys(const QList<K>& keys) {
+    const QMutexLocker lock(&m_mutex);
+    // Several rows of one key are sorted out one by one.
+    if (m_hadDuplicates) {
+        for (const K& key : keys)
+            removeByKey(key);
+        return;
+    }
+    QVector<int> rows;
+    for (const K& key : keys) {
+        if (const Row* row = rowOf(key))
+            rows.append(row->row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    for (int last = rows.size() - 1; last >= 0;) {
+        int first = last;
+        while (first > 0 && rows.at(first - 1) == rows.at(first) - 1)
+            --first;
+        removeRun(rows.at(first), rows.at(last));
+        last = first - 1;
+    }
+}
+
+template <typename T, typename K, typename F> void IModelList<T, K, F>::removeRun(int first, int last) {
+    beginRemoveRows({}, first, last);
+    const QList<Row*> removed = m_items.mid(first, last - first + 1);
+    for (Row* row : removed)
+        detach(row);
+    m_items.erase(m_items.begin() + first, m_items.begin() + last + 1);
+    renumber(first, m_items.size() - 1);
+    endRemoveRows();
+    for (int i = removed.size() - 1; i >= 0; --i)
+        onModelRemoved(*removed.at(i), first + i);
+    qDeleteAll(removed);
+    afterRowsChanged();
+    emit modelDeleted();
 }
 
 template <typename T, typename K, typename F> bool IModelList<T, K, F>::removeByKey(const K& key) {

@@ -44,9 +44,12 @@ QString MemosModel::windowQuery() const {
     return reads::memosInWindow(sourceId(), questionId(), sourceOffset(), sourceLength());
 }
 
-void MemosModel::layOut(QList<Memo>& memos) {
+void MemosModel::layOut(QList<Memo>& memos, int changedRow) {
     const TextGeometry* text = textEdit();
-    for (Memo& memo : memos) {
+    for (int row = 0; row < memos.size(); ++row) {
+        if (changedRow != allRows && changedRow != row)
+            continue;
+        Memo& memo = memos[row];
         memo.setY1(static_cast<int>(text->rectangleAt(memo.start()).y()));
         memo.setY2(static_cast<int>(text->rectangleAt(memo.end()).y() + text->lineHeight()));
     }

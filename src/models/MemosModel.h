@@ -47,7 +47,7 @@ public slots:
 
 protected:
     QString windowQuery() const override;
-    void layOut(QList<Memo>& memos) override;
+    void layOut(QList<Memo>& memos, int changedRow) override;
     QVector<int> positionRoles() const override;
     const char* shortName() const override { return "MM"; }
     void emitSourceIdChanged() override { emit sourceIdChanged(); }

@@ -47,7 +47,7 @@ protected:
     void batchChanged(const QSet<int>& sources, const QSet<int>& questions);
     void bulkChangeFinished(int sourceId, int questionId);
     void setReadOnly(bool readOnly) { m_readOnly = readOnly; }
-    void layOutRows(bool notifyChanges);
+    void layOutRows(bool notifyChanges, int changedRow = allRows);
 
     /// One timer for all models of a kind; it stays connected to the first model that needed it.
     void restartPositionTimer(QPointer<QTimer>& shared);
@@ -61,8 +61,11 @@ protected:
 
     /// The read of the window's records.
     virtual QString windowQuery() const = 0;
-    /// Writes the positions into the records.
-    virtual void layOut(QList<P>& passages) = 0;
+    static constexpr int allRows = -1;
+    static constexpr int noRow = -2;
+    /// Writes the positions into the records. Where a single row has come or gone while the text stays, the
+    /// others keep the lines that they have: the text is asked for `changedRow` alone.
+    virtual void layOut(QList<P>& passages, int changedRow = allRows) = 0;
     /// The roles that `layOut` writes.
     virtual QVector<int> positionRoles() const = 0;
     /// Announces what the last `layOut` changed beside the rows.

@@ -189,7 +189,7 @@ template <typename P, typename F> void PassageModel<P, F>::passageSaved(const P&
         this->moveRow(count, row);
         this->endMoveRows();
     }
-    layOutRows(true);
+    layOutRows(true, row);
     emitAdded(clipped, range);
 }
 
@@ -205,7 +205,7 @@ template <typename P, typename F> void PassageModel<P, F>::onModelRemoved(const 
         return;
     qDebug() << "onModelRemoved";
     const QPair<int, int> range = passages::affectedRange(this->items(), row, passage);
-    layOutRows(true);
+    layOutRows(true, noRow);
     emitRemoved(passage, range);
 }
 
@@ -220,14 +220,14 @@ template <typename P, typename F> void PassageModel<P, F>::bulkChangeFinished(in
         fetchRows();
 }
 
-template <typename P, typename F> void PassageModel<P, F>::layOutRows(bool notifyChanges) {
+template <typename P, typename F> void PassageModel<P, F>::layOutRows(bool notifyChanges, int changedRow) {
     TextGeometry* text = textEdit();
     if (!text || !text->isComplete() || !isIdleFor(m_sourceId, m_questionId))
         return;
     qDebug() << "updating positions";
     const QMutexLocker lock(&this->m_mutex);
     QList<P> shown = this->snapshot();  // copies share their state with the rows
-    layOut(shown);
+    layOut(shown, changedRow);
     announceLayout();
     if (notifyChanges) {
         qDebug("emit dataChanged(index(0, 0), index(%i, 0), changedRoles);", shown.size() - 1);

@@ -105,6 +105,12 @@ bool QuestionAnswerMainModel::removeByKey(int answerId) {
     return QuestionAnswerModelBase::removeByKey(answerId);
 }
 
+void QuestionAnswerMainModel::removeByKeys(const QList<int>& answerIds) {
+    if (isLoading())
+        m_notified.unite(QSet<int>(answerIds.cbegin(), answerIds.cend()));
+    QuestionAnswerModelBase::removeByKeys(answerIds);
+}
+
 void QuestionAnswerMainModel::takeTexts(int, const QList<QuestionAnswer>& answers) {
     const QMutexLocker lock(&m_mutex);
     const QScopedValueRollback<bool> taking(m_takesTexts, true);

@@ -45,6 +45,7 @@ public:
 
     /// For one that may still be on its way, too.
     bool removeByKey(int answerId);
+    void removeByKeys(const QList<int>& answerIds);
 
 signals:
     void modelAdded(QuestionAnswer model);

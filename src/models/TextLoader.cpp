@@ -2,12 +2,10 @@
 
 #include "link/DataHelper.h"
 #include "link/ListReads.h"
+#include "records/FreeMemory.h"
 
 #include <QJsonArray>
 #include <algorithm>
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
 
 namespace {
 
@@ -30,13 +28,6 @@ QList<QuestionAnswer> recordsOf(const QJsonObject& data, SimpleCipher cipher) {
     for (const QJsonValue& element : array)
         list.append(QuestionAnswer(element.toObject(), "queryList", &cipher));
     return list;
-}
-
-// Replies in all their forms have come and gone among the texts; without this the allocator keeps their room.
-void giveBackFreeMemory() {
-#ifdef __GLIBC__
-    malloc_trim(0);
-#endif
 }
 
 }  // namespace

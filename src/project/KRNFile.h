@@ -321,6 +321,9 @@ public:
     bool batchDeleteHighlights(const QList<Highlight>& highlights);
     bool batchSaveMemos(const QList<Memo>& memos);
     bool batchDeleteMemos(const QList<Memo>& memos);
+    /// Many sources, answers, property values, or links of these, as a table brings them.
+    template <typename T> bool saveAll(const QList<T>& records);
+    template <typename T> bool deleteAll(const QList<T>& records);
 
     /// The name that new records carry.
     Q_INVOKABLE void setCurrentAuthor(const QString& currentAuthor) { m_currentAuthor = currentAuthor; }
@@ -356,6 +359,8 @@ public slots:
     void onMetadataValueDeleted(const QJsonObject& json);
     void onChatMessageSaved(const QJsonObject& json);
     void onChatMessageDeleted(const QJsonObject& json);
+    void onRecordsSaved(int kind, const QJsonArray& records);
+    void onRecordsDeleted(int kind, const QJsonArray& records);
     void onConnectionCountChanged(int count);
     void onErrorOccurred(const QJsonArray& errors);
     void onAccessChanged(const QString& name);

@@ -98,6 +98,16 @@ void KRNFile::connectNotifications() {
         };
         connect(handler, link.signal, this, dispatch, Qt::QueuedConnection);
     }
+    using Batch = void (KRNFile::*)(int, const QJsonArray&);
+    const auto connectBatch = [&](auto signal, Batch slot) {
+        const auto dispatch = [this, slot](int kind, const QJsonArray& records) {
+            if (m_hasProject)
+                (this->*slot)(kind, records);
+        };
+        connect(handler, signal, this, dispatch, Qt::QueuedConnection);
+    };
+    connectBatch(&WebSocketHandler::recordsSaved, &KRNFile::onRecordsSaved);
+    connectBatch(&WebSocketHandler::recordsDeleted, &KRNFile::onRecordsDeleted);
     connect(handler, &WebSocketHandler::connectionCountChanged, this, &KRNFile::onConnectionCountChanged,
             Qt::QueuedConnection);
     connect(handler, &WebSocketHandler::errorOccurred, this, &KRNFile::onErrorOccurred, Qt::QueuedConnection);

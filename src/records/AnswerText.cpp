@@ -51,10 +51,11 @@ bool decodeEntities(const QString& text, QString& decoded) {
     return !decoded.contains(QLatin1Char('\r')) && !decoded.contains(QChar()) && decoded.isValidUtf16();
 }
 
-/// The form in which most texts are stored: with entities where a plain character would begin a mark.
+/// The form in which most texts are stored: with entities where a plain character would begin a mark. Wide
+/// entities, because a narrow one has the character looked for as a word.
 QString escaped(QString plain) {
-    return plain.replace(QLatin1Char('&'), QLatin1String("&amp;"))
-        .replace(QLatin1Char('<'), QLatin1String("&lt;"));
+    return plain.replace(QLatin1Char('&'), QStringLiteral("&amp;"))
+        .replace(QLatin1Char('<'), QStringLiteral("&lt;"));
 }
 
 QString withMarks(const QString& plain, const AnswerText::Marks& marks) {
@@ -69,6 +70,14 @@ QString withMarks(const QString& plain, const AnswerText::Marks& marks) {
     }
     return html + plain.mid(done).toHtmlEscaped();
 }
+
+// A single character is found many times faster than a word, and most texts have none.
+void replaceWord(QString& text, const QString& word, QChar rarest, QChar by) {
+    if (text.contains(rarest))
+        text.replace(word, by);
+}
+
+const QString lineEnd = QStringLiteral("\r\n");
 
 void remove(QString& text, std::initializer_list<char16_t> characters) {
     for (char16_t c : characters)
@@ -156,7 +165,7 @@ HtmlDocument AnswerText::document() const {
 QString normalizedFromService(QString text) {
     text.replace(QChar(0x0C), QLatin1Char('\n'));
     remove(text, {19, 17, 8, 7});
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    replaceWord(text, lineEnd, QLatin1Char('\r'), QLatin1Char('\n'));
     text.replace(QChar(0x2028), QLatin1Char('\n'));
     return text;
 }
@@ -164,8 +173,8 @@ QString normalizedFromService(QString text) {
 QString normalizedForStorage(QString text) {
     static const QString misreadLineSeparator = QStringLiteral("\u00e2\u0080\u00a8");
     text.replace(QChar(0x07EC), QLatin1Char('\n'));
-    text.replace(misreadLineSeparator, QLatin1String("\n"));
-    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    replaceWord(text, misreadLineSeparator, QChar(0x80), QLatin1Char('\n'));
+    replaceWord(text, lineEnd, QLatin1Char('\r'), QLatin1Char('\n'));
     remove(text, {0x07, 0x08, 0x11, 0x13});
     text.replace(QChar(0x07ED), QLatin1Char('\n'));
     text.replace(QChar(0x0C), QLatin1Char('\n'));

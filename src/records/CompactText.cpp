@@ -30,7 +30,8 @@ QString CompactText::text() const {
     thread_local QByteArray lastNarrow;
     thread_local QString last;
     if (lastNarrow.constData() != m_narrow.constData()) {
-        last = QString::fromLatin1(m_narrow);
+        // Into the memory of the text before, as soon as nobody holds that; and without a search for its end.
+        last = QLatin1String(m_narrow.constData(), m_narrow.size());
         lastNarrow = m_narrow;
     }
     return last;

@@ -93,6 +93,8 @@ public:
 
     /// The text as it is stored in the project, before any cipher.
     QString storedAnswer() const { return state().text->stored(); }
+    /// The text in all its forms; lives as long as a copy of the answer.
+    const AnswerText& text() const { return *state().text; }
 
     /// The text on which positions count.
     QString plainAnswer() const { return state().text->plain(); }

@@ -56,6 +56,8 @@ DocumentChangeTracker::DocumentChangeTracker(QObject* parent) : QObject(parent) 
     connect(&m_refreshTimer, &QTimer::timeout, this, &DocumentChangeTracker::applyFreshHighlights);
     connect(this, &DocumentChangeTracker::freshHighlightsAvailable, this,
             &DocumentChangeTracker::onFreshHighlightsAvailable);
+    connect(&m_elsewhere, &ChangesElsewhere::textChangedChanged, this,
+            &DocumentChangeTracker::outdatedChanged);
 }
 
 QQuickItem* DocumentChangeTracker::target() const {
@@ -108,12 +110,14 @@ void DocumentChangeTracker::setTrackHighlights(bool on) {
 }
 
 void DocumentChangeTracker::loadInitialHighlights() {
-    const KRNFile* file = openProject();
+    KRNFile* file = openProject();
     if (!m_target || !file)
         return;
+    m_elsewhere.follow(file, m_target->sourceId(), m_target->questionId());
     m_initialHighlights = file->highlights(m_target->sourceId(), m_target->questionId());
     std::stable_sort(m_initialHighlights.begin(), m_initialHighlights.end(), highlightLessThan);
     m_currentHighlights = detached(m_initialHighlights);
+    m_initialPlainText = plainTextOf(m_document);
     m_initialText = m_target->convertDocToRichtText();
     m_steps.clear();
     qCDebug(logDocumentChangeTracker)
@@ -172,6 +176,7 @@ void DocumentChangeTracker::saveAnswer() {
         return;
     QuestionAnswer answer = file->answerModel()->answer(m_target->sourceId(), m_target->questionId());
     answer.setAnswer(richtext::escaped(plainTextOf(m_document)));
+    m_elsewhere.stop();
     m_undoManager->perform([&] { return std::make_unique<UpdateAnswerCommand>(answer, file); });
 }
 
@@ -184,9 +189,23 @@ void DocumentChangeTracker::saveChanges() {
     const QString text = m_target->convertDocToRichtText();
     if (text != m_initialText)
         answer.setAnswer(text);
-    m_undoManager->perform([&] {
-        return std::make_unique<SaveDocumentTrackerChangesUndoCommand>(
-            answer, replaced(m_initialHighlights, m_currentHighlights), modified(m_currentHighlights), file);
+    QList<Highlight> old = replaced(m_initialHighlights, m_currentHighlights);
+    QList<Highlight> fresh = modified(m_currentHighlights);
+    m_elsewhere.apply(old, fresh, m_initialHighlights,
+                      edits::between(m_initialPlainText, plainTextOf(m_document)));
+    m_elsewhere.stop();
+    m_undoManager->perform(
+        [&] { return std::make_unique<SaveDocumentTrackerChangesUndoCommand>(answer, old, fresh, file); });
+}
+
+bool DocumentChangeTracker::saveAsNewSource(const QString& title) {
+    KRNFile* file = openProject();
+    if (!m_target || !m_undoManager || !file)
+        return false;
+    m_elsewhere.stop();
+    return m_undoManager->perform([&] {
+        return std::make_unique<AddAnsweredSourceCommand>(title, m_target->questionId(),
+                                                          m_target->convertDocToRichtText(), file);
     });
 }
 

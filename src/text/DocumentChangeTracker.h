@@ -1,5 +1,6 @@
 #pragma once
 
+#include "text/ChangesElsewhere.h"
 #include "text/EditShift.h"
 
 #include <QList>
@@ -27,6 +28,9 @@ class DocumentChangeTracker : public QObject {
     Q_PROPERTY(bool trackChanges READ trackChanges WRITE setTrackChanges NOTIFY trackChangesChanged)
     Q_PROPERTY(
         bool trackHighlights READ trackHighlights WRITE setTrackHighlights NOTIFY trackHighlightsChanged)
+    /// The stored text has been changed by somebody else since it was loaded, or is gone: saving here would
+    /// overwrite what they have written.
+    Q_PROPERTY(bool outdated READ isOutdated NOTIFY outdatedChanged)
 
 public:
     struct Timings {
@@ -45,12 +49,17 @@ public:
     bool trackHighlights() const { return m_trackHighlights; }
     void setTrackHighlights(bool on);
 
+    bool isOutdated() const { return m_elsewhere.isTextChanged(); }
+
     /// Reads the highlights of the target's answer and shows them.
     Q_INVOKABLE void loadInitialHighlights();
     /// Saves the text with its marks, and the highlights that have changed; nothing when nothing has.
     Q_INVOKABLE void saveChanges();
     /// Saves the text alone, without marks.
     Q_INVOKABLE void saveAnswer();
+    /// Saves the text as the answer of a new source, which leaves the stored one as it is. The highlights
+    /// stay there, too. False when nothing was saved.
+    Q_INVOKABLE bool saveAsNewSource(const QString& title);
     /// Forgets all edits.
     Q_INVOKABLE void discardChanges();
     Q_INVOKABLE bool hasChanges() const { return !m_steps.isEmpty(); }
@@ -60,6 +69,7 @@ signals:
     void undoManagerChanged();
     void trackChangesChanged();
     void trackHighlightsChanged();
+    void outdatedChanged();
     void sourceIdChanged();
     void questionIdChanged();
     void highlightsChanged();
@@ -79,7 +89,9 @@ private:
     QTimer m_refreshTimer;
     QList<Highlight> m_initialHighlights;
     QList<Highlight> m_currentHighlights;
+    QString m_initialPlainText;
     QString m_initialText;  ///< as it would have been saved before the first edit
     QVector<edits::HighlightChange> m_steps;
     int m_lastRevision = -1;
+    ChangesElsewhere m_elsewhere;
 };

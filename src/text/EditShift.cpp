@@ -119,6 +119,17 @@ bool joinInto(QList<Highlight>& highlights, int i) {
 
 }  // namespace
 
+Edit between(const QString& before, const QString& after) {
+    const int shorter = std::min(before.size(), after.size());
+    int start = 0;
+    while (start < shorter && before.at(start) == after.at(start))
+        ++start;
+    int end = 0;
+    while (end < shorter - start && before.at(before.size() - 1 - end) == after.at(after.size() - 1 - end))
+        ++end;
+    return {start, before.size() - start - end, after.size() - start - end};
+}
+
 bool shift(QList<Highlight>& highlights, const Edit& edit) {
     return Shift(highlights, edit).run();
 }

@@ -3,6 +3,7 @@
 #include "records/Highlight.h"
 
 #include <QList>
+#include <QString>
 #include <QVector>
 
 /// What becomes of the highlights of a text while it is edited: values in, values out. Positions count UTF-16
@@ -15,6 +16,9 @@ struct Edit {
     int removed = 0;
     int added = 0;
 };
+
+/// The least edit that makes one text of the other: what they begin and end with alike is left out.
+Edit between(const QString& before, const QString& after);
 
 /// Moves, grows, shrinks or removes the highlights that the edit concerns; those that it changes are marked
 /// `modified`. What stands at or behind an insertion moves with it, and a highlight grows only from within.

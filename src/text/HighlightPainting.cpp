@@ -42,18 +42,33 @@ QList<QPair<int, int>> markOverlaps(QList<Highlight>& highlights) {
     return found.values();
 }
 
-QVector<Stroke> strokesForBlock(const QList<Highlight>& highlights, const QList<QPair<int, int>>& overlaps,
-                                const Highlight& current, int blockStart, int blockEnd) {
-    QVector<Stroke> strokes;
-    for (const Highlight& highlight : highlights) {
-        if (highlight.overlapping() || highlight.end() <= blockStart)
-            continue;
-        if (highlight.start() >= blockEnd)
-            break;
-        addClipped(strokes, highlight.start(), highlight.end(), blockStart, blockEnd, highlight.color());
+Layers layersOf(const QList<Highlight>& highlights, const QList<QPair<int, int>>& overlaps) {
+    Layers layers;
+    std::copy_if(highlights.cbegin(), highlights.cend(), std::back_inserter(layers.alone),
+                 [](const Highlight& highlight) { return !highlight.overlapping(); });
+    QVector<QPair<int, int>> sorted = overlaps.toVector();
+    std::sort(sorted.begin(), sorted.end());
+    for (const QPair<int, int>& range : qAsConst(sorted)) {
+        if (!layers.overlaps.isEmpty() && range.first < layers.overlaps.last().second)
+            layers.overlaps.last().second = std::max(layers.overlaps.last().second, range.second);
+        else
+            layers.overlaps.append(range);
     }
-    for (const QPair<int, int>& range : overlaps)
-        addClipped(strokes, range.first, range.second, blockStart, blockEnd, overlapColor());
+    return layers;
+}
+
+QVector<Stroke> strokesForBlock(const Layers& layers, const Highlight& current, int blockStart,
+                                int blockEnd) {
+    QVector<Stroke> strokes;
+    auto highlight = std::partition_point(layers.alone.cbegin(), layers.alone.cend(),
+                                          [blockStart](const Highlight& h) { return h.end() <= blockStart; });
+    for (; highlight != layers.alone.cend() && highlight->start() < blockEnd; ++highlight)
+        addClipped(strokes, highlight->start(), highlight->end(), blockStart, blockEnd, highlight->color());
+    auto range = std::partition_point(
+        layers.overlaps.cbegin(), layers.overlaps.cend(),
+        [blockStart](const QPair<int, int>& overlap) { return overlap.second <= blockStart; });
+    for (; range != layers.overlaps.cend() && range->first < blockEnd; ++range)
+        addClipped(strokes, range->first, range->second, blockStart, blockEnd, overlapColor());
     if (current.isValid())
         addClipped(strokes, current.start(), current.end(), blockStart, blockEnd, current.color());
     return strokes;

@@ -18,6 +18,15 @@ QColor overlapColor();
 /// all from the run's start, in no particular order.
 QList<QPair<int, int>> markOverlaps(QList<Highlight>& highlights);
 
+/// What there is to paint, in an order in which what concerns a block is found at once.
+struct Layers {
+    QList<Highlight> alone;             ///< which overlap no other
+    QVector<QPair<int, int>> overlaps;  ///< none of which meets another
+};
+
+/// Takes highlights whose `overlapping` is set, and the stretches of their overlaps.
+Layers layersOf(const QList<Highlight>& highlights, const QList<QPair<int, int>>& overlaps);
+
 /// Characters [start, start + count) of a block, counted from the block's start.
 struct Stroke {
     int start = 0;
@@ -27,7 +36,6 @@ struct Stroke {
 
 /// What to paint in the block [blockStart, blockEnd), in the order of painting: the highlights that stand
 /// alone, then the overlaps, then the pointed-at highlight on top when it is valid.
-QVector<Stroke> strokesForBlock(const QList<Highlight>& highlights, const QList<QPair<int, int>>& overlaps,
-                                const Highlight& current, int blockStart, int blockEnd);
+QVector<Stroke> strokesForBlock(const Layers& layers, const Highlight& current, int blockStart, int blockEnd);
 
 }  // namespace painting

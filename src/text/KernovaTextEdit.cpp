@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr int layoutNudge = 10;  ///< pixels
-
 DataHelper* linkOfProject() {
     const ProjectEvents* project = ProjectEvents::current();
     return project ? project->dataHelper() : nullptr;
@@ -95,15 +93,17 @@ void KernovaTextEdit::setAnswer(int questionId, int sourceId, const QString& ans
 void KernovaTextEdit::doSetAnswer() {
     qCDebug(logHighlighter) << "doSetAnswer";
     const PendingAnswer pending = m_pendingAnswer;
-    setHighlightEnabled(false);
-
     const bool textChanges =
         pending.answer != document()->toPlainText() && pending.answer != convertDocToRichtText();
-    if (textChanges)
-        setText(displayHtml(pending.answer));
     const bool questionChanges = pending.questionId != m_questionId;
     const bool sourceChanges = pending.sourceId != m_sourceId;
     const bool offsetChanges = pending.offset != m_sourceOffset;
+    if (textChanges) {
+        m_highlighter->pause();
+        setText(displayHtml(pending.answer));
+    } else if (questionChanges || sourceChanges || offsetChanges) {
+        setHighlightEnabled(false);
+    }
     m_questionId = pending.questionId;
     m_sourceId = pending.sourceId;
     m_sourceOffset = pending.offset;
@@ -141,10 +141,8 @@ void KernovaTextEdit::doSetAnswer() {
 
 void KernovaTextEdit::setHighlightEnabled(bool on) {
     qCDebug(logHighlighter) << "setHighlightEnabled";
+    // The document is laid out anew with it. To change the width and back for that takes as long twice more.
     m_highlighter->setEnabled(on);
-    // A change of the width makes the document lay itself out anew.
-    setWidth(width() + layoutNudge);
-    setWidth(width() - layoutNudge);
 }
 
 bool KernovaTextEdit::isStale(int sourceId, int questionId, int offset, int length) const {

@@ -2,6 +2,7 @@
 
 #include "project/KRNFile.h"
 #include "records/ContrastColor.h"
+#include "text/EditShift.h"
 #include "text/HighlightPainting.h"
 #include "text/KernovaTextEdit.h"
 #include "text/TextLog.h"
@@ -9,7 +10,14 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <algorithm>
+#include <cstdlib>
 #include <private/qtextdocument_p.h>
+
+namespace {
+
+constexpr int nearCharacters = 4000;
+
+}  // namespace
 
 SourceHighlighter::SourceHighlighter(QObject* parent)
     : QSyntaxHighlighter(parent), m_file(qobject_cast<KRNFile*>(ProjectEvents::current())) {
@@ -24,8 +32,13 @@ KernovaTextEdit* SourceHighlighter::target() const {
 void SourceHighlighter::setTarget(KernovaTextEdit* target) {
     if (m_target == target)
         return;
+    if (m_document)
+        disconnect(m_document, nullptr, this, nullptr);
     m_target = target;
     m_document = target ? target->textDocument()->textDocument() : nullptr;
+    // Before the base class, so that it paints what is edited with its highlights where they have gone.
+    if (m_document)
+        connect(m_document, &QTextDocument::contentsChange, this, &SourceHighlighter::followEdit);
     setDocument(m_document ? m_document.data() : &m_noDocument);
     // The base class would paint the whole text later, block by block, and till then nothing else.
     QMetaObject::invokeMethod(this, "_q_delayedRehighlight");
@@ -79,6 +92,13 @@ void SourceHighlighter::setAutoRefreshHighlights(bool on) {
         reloadModel();
 }
 
+void SourceHighlighter::pause() {
+    if (!m_enabled)
+        return;
+    m_enabled = false;
+    emit enabledChanged();
+}
+
 void SourceHighlighter::setEnabled(bool on) {
     if (m_enabled == on)
         return;
@@ -104,12 +124,14 @@ void SourceHighlighter::setCurrentHighlight(int id) {
     }
     const Highlight& now = m_currentHighlight;
     if (old.isValid() && now.isValid() && old.overlaps(now)) {
-        repaint(std::min(old.start(), now.start()), std::max(old.end(), now.end()));
+        repaint({{std::min(old.start(), now.start()), std::max(old.end(), now.end())}});
     } else {
-        if (old.isValid())
-            repaint(old.start(), old.end());
-        if (now.isValid())
-            repaint(now.start(), now.end());
+        QVector<QPair<int, int>> ranges;
+        for (const Highlight& highlight : {old, now}) {
+            if (highlight.isValid())
+                ranges.append({highlight.start(), highlight.end()});
+        }
+        repaint(ranges);
     }
     emit currentHighlightChanged();
 }
@@ -119,14 +141,32 @@ bool SourceHighlighter::canPaint() const {
 }
 
 void SourceHighlighter::updateOverlaps() {
-    m_overlaps = painting::markOverlaps(m_highlights);
+    const QList<QPair<int, int>> overlaps = painting::markOverlaps(m_highlights);
+    m_layers = painting::layersOf(m_highlights, overlaps);
 }
 
 /// Emitting the document's signal by hand makes the base class format just these blocks anew, and the item
-/// draw them: the cost of coding a passage doesn't depend on the length of the text.
-void SourceHighlighter::repaint(int start, int end) {
-    if (m_document)
-        emit m_document->contentsChange(start, end - start, end - start);
+/// draw them: the cost of coding a passage doesn't depend on the length of the text. Left to itself, the base
+/// class would have the document go through all blocks behind for each block, so what is near one another is
+/// laid out together.
+void SourceHighlighter::repaint(const QVector<QPair<int, int>>& ranges) {
+    if (!m_document)
+        return;
+    for (int i = 0; i < ranges.size();) {
+        QPair<int, int> all = ranges.at(i);
+        bool& gathers = m_document->docHandle()->inContentsChange;
+        const bool gathered = gathers;
+        gathers = true;
+        do {
+            const QPair<int, int>& range = ranges.at(i);
+            all = {std::min(all.first, range.first), std::max(all.second, range.second)};
+            const int length = range.second - range.first;
+            emit m_document->contentsChange(range.first, length, length);
+        } while (++i < ranges.size() && std::abs(ranges.at(i).first - all.first) < nearCharacters);
+        gathers = gathered;
+        if (all.first < all.second)
+            m_document->markContentsDirty(all.first, all.second - all.first);
+    }
 }
 
 /// Told as one change, the document lays itself out once. The base class tells of each block by itself, and
@@ -136,6 +176,11 @@ void SourceHighlighter::repaintWhole() {
     document->beginEditBlock();
     document->documentChange(0, document->length());
     document->endEditBlock();
+}
+
+void SourceHighlighter::followEdit(int position, int removed, int added) {
+    if (m_enabled && removed != added && edits::shift(m_highlights, {position, removed, added}))
+        updateOverlaps();
 }
 
 void SourceHighlighter::reloadModel() {
@@ -201,7 +246,7 @@ void SourceHighlighter::highlightAdded(const Highlight& highlight, const QPair<i
     m_highlights.append(highlight);
     std::sort(m_highlights.begin(), m_highlights.end(), highlightLessThan);
     updateOverlaps();
-    repaint(affectedRange.first, affectedRange.second);
+    repaint({affectedRange});
 }
 
 void SourceHighlighter::highlightRemoved(const Highlight& highlight, const QPair<int, int>& affectedRange) {
@@ -212,7 +257,7 @@ void SourceHighlighter::highlightRemoved(const Highlight& highlight, const QPair
         return;
     m_highlights.erase(found);
     updateOverlaps();
-    repaint(affectedRange.first, affectedRange.second);
+    repaint({affectedRange});
 }
 
 void SourceHighlighter::highlightBlock(const QString& text) {
@@ -224,12 +269,16 @@ void SourceHighlighter::highlightBlock(const QString& text) {
         return;
     qCDebug(logHighlighter) << "BLOCK " << blockStart << blockEnd;
     const QVector<painting::Stroke> strokes =
-        painting::strokesForBlock(m_highlights, m_overlaps, m_currentHighlight, blockStart, blockEnd);
+        painting::strokesForBlock(m_layers, m_currentHighlight, blockStart, blockEnd);
+    // Half of a character can't be painted: it goes with its first half.
+    const auto whole = [&text](int at) {
+        return at < text.size() && text.at(at).isLowSurrogate() ? at + 1 : at;
+    };
     for (const painting::Stroke& stroke : strokes) {
         QTextCharFormat format;
         format.setBackground(QBrush(stroke.background, Qt::SolidPattern));
         format.setForeground(QBrush(contrastFontColor(stroke.background), Qt::SolidPattern));
-        setFormat(stroke.start, stroke.count, format);
+        setFormat(whole(stroke.start), whole(stroke.start + stroke.count) - whole(stroke.start), format);
         qCDebug(logHighlighter).nospace() << "NO" << blockStart + stroke.start << '\t' << stroke.count
                                           << "\t(" << blockStart + stroke.start + stroke.count << ")";
     }

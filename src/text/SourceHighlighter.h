@@ -1,6 +1,6 @@
 #pragma once
 
-#include "records/Highlight.h"
+#include "text/HighlightPainting.h"
 
 #include <QList>
 #include <QPair>
@@ -57,6 +57,8 @@ public:
     bool autoRefreshHighlights() const { return m_autoRefreshHighlights; }
     void setAutoRefreshHighlights(bool on);
     bool isEnabled() const { return m_enabled; }
+    /// Disables it without taking the colours away: the text is about to be replaced.
+    void pause();
     void setEnabled(bool on);
     bool currentHighlightOnly() const { return m_currentHighlightOnly; }
     void setCurrentHighlightOnly(bool on);
@@ -93,8 +95,9 @@ protected:
 
 private:
     bool canPaint() const;
+    void followEdit(int position, int removed, int added);
     void updateOverlaps();
-    void repaint(int start, int end);
+    void repaint(const QVector<QPair<int, int>>& ranges);
     void repaintWhole();
     void requestRehighlight(int milliseconds);
 
@@ -110,6 +113,6 @@ private:
     bool m_autoRefreshHighlights = true;
     bool m_enabled = true;
     bool m_rehighlightPending = false;
-    QList<QPair<int, int>> m_overlaps;
+    painting::Layers m_layers;
     Highlight m_currentHighlight;
 };

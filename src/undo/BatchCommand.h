@@ -4,13 +4,10 @@
 
 #include <QList>
 
-class Memo;
-
-/// Sends a list of records with one mutation.
-void saveBatch(KRNFile& file, const QList<Highlight>& highlights);
-void saveBatch(KRNFile& file, const QList<Memo>& memos);
-void removeBatch(KRNFile& file, const QList<Highlight>& highlights);
-void removeBatch(KRNFile& file, const QList<Memo>& memos);
+/// Sends a list of records with one mutation, or a few. Defined for highlights, memos, and what a table
+/// brings.
+template <typename T> void saveBatch(KRNFile& file, const QList<T>& records);
+template <typename T> void removeBatch(KRNFile& file, const QList<T>& records);
 
 /// Saves or removes many records of one kind, so that a thousand of them cost one mutation. One record that
 /// isn't valid makes the command invalid; an empty list changes nothing.
@@ -41,4 +38,11 @@ private:
 
     bool m_saves;
     QList<T> m_records;
+};
+
+/// Adds new records, which have their ids and authors.
+template <typename T> class BatchAddCommand : public BatchCommand<T> {
+public:
+    BatchAddCommand(const QList<T>& records, KRNFile* file, QUndoCommand* parent = nullptr)
+        : BatchCommand<T>(BatchCommand<T>::Does::Save, records, file, parent) {}
 };

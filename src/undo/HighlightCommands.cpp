@@ -73,19 +73,3 @@ void BatchDeleteHighlightsCommand::undo() {
     qDebug() << "UNDOING DELETE HIGHLIGHTS";
     BatchCommand::undo();
 }
-
-void saveBatch(KRNFile& file, const QList<Highlight>& highlights) {
-    file.batchSaveHighlights(highlights);
-}
-
-void saveBatch(KRNFile& file, const QList<Memo>& memos) {
-    file.batchSaveMemos(memos);
-}
-
-void removeBatch(KRNFile& file, const QList<Highlight>& highlights) {
-    file.batchDeleteHighlights(highlights);
-}
-
-void removeBatch(KRNFile& file, const QList<Memo>& memos) {
-    file.batchDeleteMemos(memos);
-}

@@ -82,6 +82,12 @@ DeleteQuestionCommand::DeleteQuestionCommand(int questionId, KRNFile* file, QUnd
     }
 }
 
+QString titleOfNewSource(const QString& title, int sourceId) {
+    const QString trimmed = title.trimmed();
+    return trimmed.isEmpty() ? QCoreApplication::translate("AddSourceCommand", "Source %1").arg(sourceId)
+                             : trimmed;
+}
+
 AddSourceCommand::AddSourceCommand(const Source& source, KRNFile* file, bool addAnswers, QUndoCommand* parent)
     : RecordCommand(Does::Save, file, parent, Order::SelfFirst) {
     Source added(source);
@@ -90,9 +96,7 @@ AddSourceCommand::AddSourceCommand(const Source& source, KRNFile* file, bool add
     factsOf<Source>().create(added, author);
     if (isNew)
         added.setTimestamp(now());
-    added.setTitle(added.title().trimmed());
-    if (added.title().isEmpty())
-        added.setTitle(QCoreApplication::translate("AddSourceCommand", "Source %1").arg(added.id()));
+    added.setTitle(titleOfNewSource(added.title(), added.id()));
     if (!take(added) || !addAnswers)
         return;
     QList<Place> places;
@@ -100,6 +104,24 @@ AddSourceCommand::AddSourceCommand(const Source& source, KRNFile* file, bool add
         places.append({added.id(), question.id()});
     if (!addEmptyAnswers(places, file, this))
         invalidate();
+}
+
+AddAnsweredSourceCommand::AddAnsweredSourceCommand(const QString& title, int questionId, const QString& text,
+                                                   KRNFile* file, QUndoCommand* parent)
+    : FileManipulationCommand(file, parent) {
+    const int sourceId =
+        file->questionListModel()->contains(questionId) ? IdManager::instance()->nextSourceId() : 0;
+    if (sourceId < 1) {
+        invalidate();
+        return;
+    }
+    for (const Question& question : file->questionListModel()->snapshot()) {
+        QuestionAnswer answer(-1, question.id(), sourceId, QString(), QString(), now());
+        if (question.id() == questionId)
+            answer.setAnswer(text);
+        new AddAnswerCommand(answer, file, this);
+    }
+    new AddSourceCommand(Source(sourceId, title, QString(), QString(), now()), file, false, this);
 }
 
 DeleteSourceCommand::DeleteSourceCommand(int sourceId, KRNFile* file, QUndoCommand* parent)

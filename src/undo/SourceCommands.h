@@ -32,11 +32,24 @@ public:
     DeleteQuestionCommand(int questionId, KRNFile* file, QUndoCommand* parent = nullptr);
 };
 
-/// Adds a source; with `addAnswers` also an empty answer for each question. A blank title becomes "Source"
-/// and the id.
+/// The title under which a source is added: a blank one becomes "Source" and the id.
+QString titleOfNewSource(const QString& title, int sourceId);
+
+/// Adds a source; with `addAnswers` also an empty answer for each question.
 class AddSourceCommand : public RecordCommand<Source> {
 public:
     AddSourceCommand(const Source& source, KRNFile* file, bool addAnswers, QUndoCommand* parent = nullptr);
+};
+
+/// Adds a source in which one question has a text, and every other an empty answer. Invalid without such a
+/// question.
+class AddAnsweredSourceCommand : public FileManipulationCommand {
+public:
+    AddAnsweredSourceCommand(const QString& title, int questionId, const QString& text, KRNFile* file,
+                             QUndoCommand* parent = nullptr);
+
+    void redo() override { redoChildren(); }
+    void undo() override { undoChildren(); }
 };
 
 using UpdateSourceCommand = IModelUpdateFileManipulationCommand<Source>;

@@ -14,7 +14,7 @@ public:
     /// Number of rows; each becomes a source.
     virtual int sourcesCount() const = 0;
     /// The command that makes the sources; an invalid one when the table can't be imported as it stands.
-    virtual std::unique_ptr<FileManipulationCommand> importCommand(KRNFile* file) const = 0;
+    virtual std::unique_ptr<FileManipulationCommand> importCommand(KRNFile* file) = 0;
 };
 
 Q_DECLARE_INTERFACE(SourceTable, "kernova.SourceTable")

@@ -66,7 +66,7 @@ void UndoManager::updateAnswer(const QuestionAnswer& data, bool) {
 }
 
 bool UndoManager::importSourcesFromCSV(QObject* model) {
-    const SourceTable* const table = qobject_cast<SourceTable*>(model);
+    SourceTable* const table = qobject_cast<SourceTable*>(model);
     if (!table || table->sourcesCount() == 0)
         return false;
     const bool imported = perform([&] { return table->importCommand(m_file); });

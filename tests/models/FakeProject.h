@@ -32,10 +32,6 @@ public:
     KernoGroupModel* kernoGroupModel() const override { return kernoGroups.get(); }
     KernoShortcutKeyModel* shortcutKeyModel() const override { return shortcuts.get(); }
     ChatModel* chatModel() const override { return chat.get(); }
-    QList<QAbstractItemModel*> allModels() const {
-        return {kernos.get(), sources.get(), questions.get(),   answers.get(),   keys.get(), values.get(),
-                links.get(),  groups.get(),  kernoGroups.get(), shortcuts.get(), chat.get()};
-    }
     Kerno kernoById(int kernoId) const override { return kernos->record(kernoId); }
     QList<int> overlapsOf(int kernoId, const QList<int>& others) override {
         QList<int> counts;

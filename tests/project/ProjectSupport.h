@@ -39,6 +39,10 @@ public:
         m_file.reset();
         m_file = std::make_unique<KRNFile>(LinkTimings(), ProjectTimings{1, 1});
         m_file->initModels();
+        // A question that no test expects would wait for ever.
+        QObject::connect(m_file.get(), &KRNFile::awaitingOpenConfirmationChanged, m_file.get(), [this] {
+            QTimer::singleShot(5000, m_file.get(), [this] { m_file->confirmOpenAlreadyOpenedFile(false); });
+        });
     }
 
     /// A source with an answer to the first question, and a kerno; waits until the models have them.

@@ -23,8 +23,6 @@ private slots:
         QVERIFY(file->isOpened());
         QVERIFY(file->isOwner());
         QVERIFY(file->canMutate());
-        QVERIFY(file->singleQuestionMode());
-        QCOMPARE(file->currentProject().value("name").toString(), file.path());
         QCOMPARE(file->getPreference("___db_version").toInt(), 5);
         QCOMPARE(file->getPreference("___cloud_version").toInt(), 1);
         QCOMPARE(file->getPreference("___single_question").toInt(), 1);
@@ -41,7 +39,6 @@ private slots:
         QCOMPARE(openedChanged.count(), 1);
         QVERIFY(!file->isOpened());
         QVERIFY(!file->canMutate());
-        QCOMPARE(file->connectedUserCount(), 0);
         QCOMPARE(file->kernoModel()->rowCount(), 0);
         QCOMPARE(file->answerModel()->rowCount(), 0);
         QCOMPARE(IdManager::instance()->maxKernoId(), 0);
@@ -49,8 +46,6 @@ private slots:
         QVERIFY(file.open());
         QCOMPARE(file->kerno(1).title(), "Trust"_s);
         QVERIFY(waitFor([&] { return file->answerModel()->rowCount() == 1 && file->sourceExists(1); }));
-        QCOMPARE(file->questionListModel()->rowCount(), 1);
-        QCOMPARE(file->answer(1, 1).value("question").toString(), QString());
         QCOMPARE(IdManager::instance()->maxKernoId(), 1);
     }
 
@@ -198,27 +193,8 @@ private slots:
         QCOMPARE(file->getLastOpenError(), "Failed to read file type (free flow/multiple question)."_s);
         QVERIFY(!file->isOpened());
 
-        QSignalSpy errors(file.get(), &KRNFile::errorOccurred);
-        QFile foreign(file.path("foreign.krn"));
-        QVERIFY(foreign.open(QIODevice::WriteOnly));
-        foreign.write("not a database at all");
-        foreign.close();
-        QVERIFY(!file.open("foreign.krn"));
-        QCOMPARE(file->getLastOpenError(), "Unable to open project."_s);
-        QVERIFY(waitFor([&] { return errors.count() == 1; }));
-        QVERIFY(errors.first().first().toString().endsWith('\n'));
-
         QVERIFY(!file->openProject(localProject(QFileInfo(file.path()).path()), true, {}, true));
         QCOMPARE(file->getLastOpenError(), "Failed to overwrite existing file!"_s);
-    }
-
-    void replacesAFileByANewProject() {
-        ProjectUnderTest file;
-        QVERIFY(file.create());
-        QVERIFY(file.addContents("words"));
-        QVERIFY(file.create());
-        QCOMPARE(file->kernoIds(), QVariantList());
-        QCOMPARE(file->kernoModel()->rowCount(), 0);
     }
 
     void backupsHoldWhatWasSent() {
@@ -235,28 +211,13 @@ private slots:
         QVERIFY(!file->makeBackup(QUrl::fromLocalFile(file.path("missing.krn"))));
     }
 
-    void savesUnderAnotherName() {
-        ProjectUnderTest file;
-        QVERIFY(!file->saveAs(file.path("copy")));
-        QVERIFY(file.create());
-        QVERIFY(file.addContents("words"));
-        QVERIFY(!file->saveAs(file.path("study")));
-        QVERIFY(file->isOpened());
-        for (int id = 1; id <= 200; ++id)
-            file->saveHighlight(ProjectUnderTest::highlight(id, 0, 3));
-        QVERIFY(file->saveAs(file.path("copy")));
-        QCOMPARE(file->currentProject().value("name").toString(), file.path("copy.krn"));
-        QCOMPARE(file->totalHighlightsCount(), 200);
-        QVERIFY(!file->holdsLock());
-        file->close();
-        QVERIFY(file.open());
-        QCOMPARE(file->getPreference(lock).toBool(), true);
-    }
-
     void savesOverAnotherProject() {
         ProjectUnderTest file;
+        QCOMPARE(file->saveAsRemote("x"), QVariantList({false, "Original file is not open."}));
         QVERIFY(file.create());
-        QVERIFY(file->saveAs(file.path("other")));
+        QVERIFY(!file->saveAs(file.path("study")));
+        QVERIFY(!file->saveAsRemote("x").first().toBool());
+        QVERIFY(file->isOpened() && file->saveAs(file.path("other")));
         QVERIFY(file.open());
         QVERIFY(file.addContents("words"));
         QVERIFY(file->saveAs(file.path("other")));
@@ -281,34 +242,6 @@ private slots:
         QCOMPARE(file->getLastOpenError(), "Project is encrypted but no password provided!"_s);
         QVERIFY(!file->isOpened());
         QVERIFY(file.open("copy.krn", "sesame", true));
-    }
-
-    void cloudCopiesNeedAProjectAndACloud() {
-        ProjectUnderTest file;
-        QCOMPARE(file->saveAsRemote("x"), QVariantList({false, "Original file is not open."}));
-        QVERIFY(file.create());
-        const QVariantList result = file->saveAsRemote("x");
-        QCOMPARE(result.size(), 2);
-        QCOMPARE(result.first().toBool(), false);
-        QVERIFY(!result.last().toString().isEmpty());
-        QVERIFY(file->isOpened());
-    }
-
-    void closesTheLinkWithTheProject() {
-        ProjectUnderTest file;
-        QVERIFY(file.create({}, false));
-        QSignalSpy disconnected(file.get(), &KRNFile::disconnected);
-        QVERIFY(file.addContents("some words"));
-        file->closeAndReset();
-        QVERIFY(!file->isOpened());
-        QVERIFY(waitFor([&] { return disconnected.count() > 0; }));
-        file.restart();
-        QVERIFY(file.connectLink());
-        QVERIFY(file.open());
-        QCOMPARE(file->getPreference(lock).toBool(), true);
-        QVERIFY(!file->singleQuestionMode());
-        QCOMPARE(file->kerno(1).title(), "Trust"_s);
-        QCOMPARE(file->answers(1).size(), 1);
     }
 };
 

@@ -8,15 +8,7 @@ namespace {
 const QString stamp = "2024-01-02T03:04:05Z"_s;
 
 QJsonObject kernoJson(int id, const QString& title) {
-    return {{"id", id},
-            {"parentKernoId", -1},
-            {"color", "#ff0000"},
-            {"title", title},
-            {"description", ""},
-            {"timestamp", stamp},
-            {"author", "Ann"},
-            {"x", 1},
-            {"y", 2}};
+    return {{"id", id}, {"parentKernoId", -1}, {"title", title}};
 }
 
 QJsonObject highlightJson() {
@@ -91,32 +83,6 @@ private slots:
         m_file->onMemoDeleted(memoJson());
         const QStringList all{"highlight saved", "highlight deleted", "memo saved", "memo deleted"};
         QCOMPARE(log.names, announced ? all : QStringList(all.first()));
-    }
-
-    void batchesOfSourcesAndMetadataWait() {
-        const QJsonObject source{
-            {"id", 5}, {"title", "t"}, {"icon", "i"}, {"author", "a"}, {"timestamp", stamp}};
-        const QJsonObject key{
-            {"id", 5}, {"multipleChoice", false}, {"sortValuesAlphabetically", false}, {"key", "k"}};
-        const QJsonObject link{{"id", 5},      {"sourceId", 1}, {"keyId", 1},
-                               {"valueId", 1}, {"author", "a"}, {"timestamp", stamp}};
-        QSignalSpy added(m_file.get(), &KRNFile::newSourceAdded);
-        QSignalSpy gone(m_file.get(), &KRNFile::sourceDeleted);
-        QSignalSpy metadata(m_file.get(), SIGNAL(metadataUpdated(bool, QVariant)));
-        batches()->startSourcesBatch();
-        batches()->startMetadataBatch();
-        m_file->onSourceSaved(source);
-        m_file->onMetadataKeySaved(key);
-        m_file->onMetadataSaved(link);
-        QCOMPARE(added.count(), 0);
-        QCOMPARE(metadata.count(), 1);
-        QCOMPARE(m_file->sourceModel()->rowCount(), 0);
-        QCOMPARE(m_file->metadataKeyModel()->rowCount(), 0);
-        QCOMPARE(m_file->metadataModel()->rowCount(), 0);
-        m_file->onSourceDeleted(source);
-        QCOMPARE(gone.count(), 1);
-        m_file->onMetadataDeleted(link);
-        QCOMPARE(metadata.count(), 2);
     }
 
     void groupsShowTheirKernos() {

@@ -1,10 +1,11 @@
-#include "project/AnswerCache.h"
+#include "project/CriteriaEvaluation.h"
 #include "project/FileCopies.h"
 #include "project/KernoTree.h"
 #include "project/PassageRanges.h"
-#include "project/SortOrder.h"
+#include "project/QueryCriterion.h"
 #include "tests_support/TestMain.h"
 
+using criteria::Results;
 using passages::Range;
 using Ranges = QList<Range>;
 Q_DECLARE_METATYPE(Ranges)
@@ -33,6 +34,15 @@ QList<int> ids(const QList<Kerno>& kernos) {
     for (const Kerno& k : kernos)
         list.append(k.kernoId());
     return list;
+}
+
+QVariantMap row(const QVariant& property, const QString& op, const QVariant& value,
+                const QString& junction = " AND"_s, int level = 0) {
+    return {{"property", property},
+            {"operator", op},
+            {"value", value},
+            {"junctionOperator", junction},
+            {"level", level}};
 }
 
 void write(const QString& path, const QByteArray& text) {
@@ -84,37 +94,8 @@ private slots:
         QTEST(passages::overlapRanges(highlights(first), highlights(second)), "expected");
     }
 
-    void keepsManualOrder_data() {
-        columns<QVariantList, QVariantList>({"manual", "expected"});
-        addRow("none", QVariantList{}, QVariantList{3, 1, 2});
-        addRow("gone and twice", QVariantList{2, 9, 2, 1.0}, QVariantList{2, 1, 3});
-        addRow("whole", QVariantList{1, 2, 3}, QVariantList{1, 2, 3});
-    }
-
-    void keepsManualOrder() {
-        QFETCH(QVariantList, manual);
-        QTEST(order::byManualOrder({3, 1, 2}, manual), "expected");
-    }
-
-    void sortsByField() {
-        const QList<Kerno> list{kerno(1, -1, "b", 3), kerno(2, -1, "a", 2), kerno(3, -1, "b", 1)};
-        QCOMPARE(kernotree::sortedIds(list, 260, false), QVariantList({2, 1, 3}));
-        QCOMPARE(kernotree::sortedIds(list, 260, true), QVariantList({1, 3, 2}));
-        QCOMPARE(kernotree::sortedIds(list, 262, false), QVariantList({3, 2, 1}));
-        QCOMPARE(kernotree::sortedIds(list, 999, true), QVariantList({1, 2, 3}));
-        const QVariantMap a{{"key", "a"}}, b{{"key", "b"}};
-        QCOMPARE(order::byMember({b, a}, "key"), QVariantList({a, b}));
-        QVERIFY(order::lessThan(9, 10));
-    }
-
-    void walksTheTree() {
-        const QList<Kerno> list{kerno(1, -1), kerno(2, 1), kerno(3, 2), kerno(4, 0), kerno(5, 1)};
-        QCOMPARE(ids(kernotree::topLevel(list)), QList<int>({1, 4}));
-        QCOMPARE(ids(kernotree::descendants(list, 1)), QList<int>({2, 5, 3}));
-        QVERIFY(kernotree::descendants(list, 3).isEmpty());
-        QCOMPARE(ids(kernotree::without(list, {2, 4, 9})), QList<int>({1, 3, 5}));
-        const QList<Kerno> circle{kerno(1, 2), kerno(2, 1)};
-        QCOMPARE(ids(kernotree::descendants(circle, 1)), QList<int>({2}));
+    void aCircleOfParentsIsWalkedOnce() {
+        QCOMPARE(ids(kernotree::descendants({kerno(1, 2), kerno(2, 1)}, 1)), QList<int>({2}));
         QCOMPARE(kernotree::parents({-1, 3, 3, 0, 1}), QVariantList({3, 1}));
     }
 
@@ -149,15 +130,36 @@ private slots:
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"p.krn", "t.krn"}));
     }
 
-    void keepsAHundredAnswers() {
-        AnswerCache cache;
-        for (int i = 1; i <= 101; ++i)
-            cache.insert(i, 1, {{"sourceId", i}});
-        QVERIFY(cache.find(1, 1).isEmpty());
-        QCOMPARE(cache.find(101, 1).value("sourceId").toInt(), 101);
-        QVERIFY(cache.find(101, 2).isEmpty());
-        cache.clear();
-        QVERIFY(cache.find(101, 1).isEmpty());
+    void readsRows_data() {
+        columns<QVariantMap, bool, bool, bool>({"map", "valid", "isAnd", "ordered"});
+        addRow("plain", row("HA", "=", "Ann"), true, true, false);
+        addRow("ordered", row(7, ">=", 3, " or"), true, false, true);
+        addRow("less", row(7, "<", 3), true, true, true);
+        addRow("unequal", row(7, "!=", 3), true, true, false);
+        addRow("empty value counts", row("HA", "=", ""), true, true, false);
+        addRow("unknown operator", row("HA", "~", "Ann"), false, false, false);
+        addRow("junction without its blank", row("HA", "<", "Ann", "AND"), false, false, true);
+        addRow("no value", QVariantMap{{"property", "HA"}, {"operator", "="}, {"junctionOperator", " AND"}},
+               false, true, false);
+        addRow("no property", row("", "=", "Ann"), false, true, false);
+        addRow("level 2", row("HA", "=", "Ann", " AND", 2), false, true, false);
+    }
+
+    void readsRows() {
+        QFETCH(QVariantMap, map);
+        const QueryCriterion criterion(map);
+        QTEST(criterion.isValid(), "valid");
+        QTEST(criterion.isAnd(), "isAnd");
+        QTEST(criterion.isOrderedComparison(), "ordered");
+    }
+
+    void longerListComesFirst() {
+        QCOMPARE(criteria::combine({{1, {5}}}, {{1, {6, 5, 7}}}, false), Results({{1, {6, 5, 7}}}));
+        QCOMPARE(criteria::combine({{1, {1, 2}}}, {{1, {3, 4}}}, false), Results({{1, {1, 2, 3, 4}}}));
+        QVERIFY(criteria::combine({{1, {5}}}, {{1, {5}}, {2, {}}}, true).isEmpty());
+        QVERIFY(criteria::combine({{1, {5}}}, {{2, {5}}}, true).isEmpty());
+        QCOMPARE(criteria::combine({{1, {5}}, {2, {6}}}, {{2, {6}}, {1, {5}}}, true),
+                 Results({{1, {5}}, {2, {6}}}));
     }
 };
 

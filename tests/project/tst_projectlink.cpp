@@ -107,11 +107,7 @@ private slots:
                               Record::KernoGroup, Record::KernoShortcutKey, Record::ChatMessage}) {
             ScriptedService service;
             const QString list = wire::operationName(record, wire::Operation::QueryList);
-            service.on(list, [](ScriptedClient& client, const ScriptedRequest& request) {
-                client.send({request.frame.messageId,
-                             500,
-                             {{"errors", QJsonArray{QJsonObject{{"message", "disk"}}}}}});
-            });
+            service.fail(list);
             ProjectUnderTest file;
             QSignalSpy opened(file.get(), &KRNFile::fileOpened);
             QVERIFY2(!openScripted(file, service), qPrintable(list));
@@ -163,9 +159,7 @@ private slots:
         ScriptedService service;
         service.on("preferenceCreateOrUpdate", [key](ScriptedClient& client, const ScriptedRequest& request) {
             if (request.argument("key") == key)
-                client.send({request.frame.messageId,
-                             500,
-                             {{"errors", QJsonArray{QJsonObject{{"message", "disk full"}}}}}});
+                client.refuse(request);
             else
                 client.reply(request, {{"preferenceCreateOrUpdate", QJsonObject()}});
         });

@@ -1,4 +1,5 @@
 #include "ProjectSupport.h"
+#include "tests_support/FilledProject.h"
 #include "tests_support/TestMain.h"
 
 namespace {
@@ -42,26 +43,13 @@ private:
 
     // A project with a record in every list.
     bool fill(const QString& password, bool singleQuestion) {
-        IdManager* ids = IdManager::instance();
-        if (!m_file.create(password, singleQuestion) || !m_file.addContents("What was said"))
+        if (!m_file.create(password, singleQuestion))
             return false;
-        m_file->saveHighlight(ProjectUnderTest::highlight(ids->nextHighlightId(), 0, 4));
-        Memo memo;
-        memo.setMemoId(ids->nextMemoId());
-        memo.setSourceId(1);
-        memo.setQuestionId(1);
-        memo.setLength(3);
-        m_file->saveMemo(memo);
-        m_file->saveMetadataKey(SourceMetadataKey(1, false, false, "Age"));
-        m_file->saveMetadataValue(SourceMetadataValue(1, 1, "thirty"));
-        m_file->saveMetadata(SourceMetadata(1, 1, 1, 1, "Ann", {}));
-        m_file->saveGroup(Group(1, "People", true));
-        m_file->saveKernoGroup(KernoGroup(1, 1, 1));
-        m_file->saveKernoShortcutKey(KernoShortcutKey("1", 1, "Ann"));
+        fillProject(*m_file);
         m_file->saveChatMessage(ChatMessage(1, "Hello", "Ann", {}));
         m_file->savePreference("Source.FontSize", 17);
         m_file->savePreference("SourcesList.CurrentIds", "[1]");
-        return true;
+        return m_file->waitForTexts();
     }
 
     ProjectUnderTest m_file;
@@ -112,9 +100,9 @@ private slots:
         // It isn't marked as open elsewhere, so nobody is asked.
         QVERIFY2(m_file.open("part.krn", password), qPrintable(m_file->getLastOpenError()));
         QCOMPARE(m_file->singleQuestionMode(), singleQuestion);
-        QCOMPARE(IdManager::instance()->nextKernoId(), sources ? 1 : 2);
+        QCOMPARE(IdManager::instance()->nextKernoId(), sources ? 1 : 6);
         if (sources)
-            QCOMPARE(m_file->answer(1, 1).value("answer").toString().contains("What was said"), true);
+            QCOMPARE(m_file->answer(1, 1).value("answer").toString().contains("A long enough answer"), true);
         m_file->close();
         QCOMPARE(m_file.open("part.krn", "wrong"), false);
     }

@@ -45,92 +45,12 @@ template <typename T> void compareLists(const QStringList& withoutProperty = {})
     }
 }
 
-struct GoldenRecord {
-    const char* word;
-    const char* fields;  ///< number, name on the wire, role where it differs, default
-    const char* arguments;
-};
-
-/// Both programs derive all else from the field tables, so that a misspelt name would agree with itself.
-const GoldenRecord golden[] = {
-    {"kerno",
-     "257 id/kernoId -1; 258 parentKernoId -1; 259 color #ffffff; 260 title -; "
-     "261 description -; 262 timestamp -; 263 author -; 264 x 1; 265 y 1; "
-     "266 visible true local",
-     "id parentKernoId color title description author x y"},
-    {"source", "257 id/sourceId -1; 258 title -; 259 icon -; 260 author -; 261 timestamp -",
-     "id title icon author"},
-    {"highlight",
-     "257 id/highlightId -1; 258 kernoId 0; 259 sourceId 0; 260 questionId 0; "
-     "261 color - notCompared; 262 start 0; 263 length 0; 264 end 0 local; 265 author -; "
-     "266 timestamp -; 267 column 0 local; 268 y1 0 local; 269 y2 0 local; "
-     "270 overlapping false local; 271 isValid false local",
-     "id kernoId sourceId questionId start length author"},
-    {"memo",
-     "257 id/memoId -1; 258 sourceId 0; 259 questionId 0; 260 content -; 261 start 0; "
-     "262 length 0; 263 end 0 local; 264 author -; 265 timestamp -; 266 y1 0 local; "
-     "267 y2 0 local; 268 isValid false local",
-     "id sourceId questionId content start length author"},
-    {"question", "257 id/questionId -1; 258 question -; 259 questionOrder 0", "id question questionOrder"},
-    {"questionAnswer",
-     "257 id/answerId -1; 258 questionId -1; 259 sourceId -1; 260 author -; 261 answer -; "
-     "262 timestamp -; 263 isHtml false local",
-     "id questionId sourceId author answer"},
-    {"sourceMetadata",
-     "257 id/metadataId -1; 258 sourceId -1; 259 keyId -1; 260 valueId -1; 261 author -; "
-     "262 timestamp -",
-     "id sourceId keyId valueId author"},
-    {"sourceMetadataKey",
-     "257 id/keyId -1; 258 multipleChoice false; 259 sortValuesAlphabetically false; 260 key -",
-     "id multipleChoice sortValuesAlphabetically key"},
-    {"sourceMetadataValue", "257 id/valueId -1; 258 keyId -1; 259 value -", "id keyId value"},
-    {"group", "257 id/groupId -1; 258 description/title -; 259 visible true local", "id description"},
-    {"groupKerno", "257 id -1; 258 groupId -1; 259 kernoId -1", "id groupId kernoId"},
-    {"kernoShortcutKey", "257 shortcutKey -; 258 kernoId -1; 259 author - local", "shortcutKey kernoId"},
-    {"preference", "257 key -; 258 value -", "key value"},
-    {"chatMessage",
-     "257 id/chatMessageId -1; 258 message -; 259 author -; 260 timestamp -; "
-     "261 isValid false local",
-     "id message author"},
-};
-
-/// A field as the golden table writes it.
-QString spelled(const FieldInfo& field) {
-    QString text = QString::number(field.number) + QLatin1Char(' ') + field.wireName;
-    if (field.roleName != field.wireName)
-        text += QLatin1Char('/') + field.roleName;
-    const QString fallback = field.defaultValue.toString();
-    text += QLatin1Char(' ') + (fallback.isEmpty() ? "-"_s : fallback);
-    if (field.local)
-        return text + QLatin1String(" local");
-    return field.compared ? text : text + QLatin1String(" notCompared");
-}
-
 }  // namespace
 
 class RecordsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void fieldTablesAreAsWrittenDown() {
-        QCOMPARE(std::size(golden), wire::allRecords().size());
-        for (wire::Record record : wire::allRecords()) {
-            const GoldenRecord& written = golden[static_cast<size_t>(record)];
-            QCOMPARE(wire::word(record), QString::fromLatin1(written.word));
-            QStringList fields;
-            QStringList arguments;
-            for (const FieldInfo& field : recordFields(record)) {
-                fields << spelled(field);
-                if (field.sent)
-                    arguments << field.wireName;
-            }
-            QCOMPARE(fields.join("; "_s), QString::fromLatin1(written.fields));
-            QCOMPARE(arguments.join(QLatin1Char(' ')), QString::fromLatin1(written.arguments));
-        }
-        QCOMPARE(Highlight::queryFields().join(QLatin1Char(' ')),
-                 "id kernoId sourceId questionId color start length author timestamp"_s);
-    }
-
     void fieldTablesAndPropertiesAgree() {
         compareLists<Kerno>();
         compareLists<Source>();
@@ -240,16 +160,6 @@ private slots:
         QVERIFY(kerno.visible());
     }
 
-    void copiesAndFlags() {
-        const Question empty;
-        QVERIFY(!empty.isValid());
-        const Question copy(empty);
-        QVERIFY(copy.isValid());
-        Question assigned(1, "Q"_s, 1);
-        assigned = Question();
-        QVERIFY(!assigned.isValid());
-    }
-
     void clipsToTheWindow_data() {
         columns<int, int, int, int, int, int, bool>(
             {"start", "length", "offset", "window", "newStart", "newLength", "valid"});
@@ -273,20 +183,6 @@ private slots:
         const Memo memo(1, 1, 1, {}, start, length, start + length, {}, {}, 0, 0);
         QCOMPARE(Memo(memo, offset, window).start(), cut.start());
         QCOMPARE(Memo(memo, offset, window).length(), cut.length());
-    }
-
-    void validity() {
-        QVERIFY(!SourceMetadataKey(5, false, false, {}).isValid());
-        QVERIFY(SourceMetadata(-1, 1, 1, 1, {}, {}).isValid());
-        QVERIFY(!SourceMetadata(1, 1, 1, 0, {}, {}).isValid());
-        QVERIFY(!SourceMetadataValue(1, 1, QVariant()).isValid());
-        const QDateTime now = QDateTime::currentDateTimeUtc();
-        QVERIFY(ChatMessage(1, "m"_s, "a"_s, now).isValid());
-        QVERIFY(!ChatMessage(1, "m"_s, "a"_s, QDateTime()).isValid());
-        QVERIFY(!KernoShortcutKey("A"_s, 0, {}).isValid());
-        QVERIFY(!Source().isValid());
-        QVERIFY(Source(1, {}, {}, {}, {}).isValid());
-        QVERIFY(!Kerno().isValid());
     }
 };
 

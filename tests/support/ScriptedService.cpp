@@ -26,6 +26,11 @@ void ScriptedClient::reply(const ScriptedRequest& request, const QJsonObject& da
     send({request.frame.messageId, 200, {{QStringLiteral("data"), data}}});
 }
 
+void ScriptedClient::refuse(const ScriptedRequest& request) {
+    const QJsonObject error{{QStringLiteral("message"), QStringLiteral("the disk is full")}};
+    send({request.frame.messageId, 500, {{QStringLiteral("errors"), QJsonArray{error}}}});
+}
+
 void ScriptedClient::send(const wire::ResponseFrame& frame) {
     sendText(frame.toText());
 }
@@ -68,6 +73,10 @@ void ScriptedService::answer(const QString& operation, const QJsonValue& value) 
     on(operation, [operation, value](ScriptedClient& client, const ScriptedRequest& request) {
         client.reply(request, {{operation, value}});
     });
+}
+
+void ScriptedService::fail(const QString& operation) {
+    on(operation, [](ScriptedClient& client, const ScriptedRequest& request) { client.refuse(request); });
 }
 
 void ScriptedService::ignore(const QString& operation) {

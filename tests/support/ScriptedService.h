@@ -35,6 +35,8 @@ public:
 
     /// A reply: status 200 and the payload `{"data": data}`.
     void reply(const ScriptedRequest& request, const QJsonObject& data);
+    /// A reply that holds an error and nothing else.
+    void refuse(const ScriptedRequest& request);
     void send(const wire::ResponseFrame& frame);
     void sendText(const QString& text);
     void close(int code);
@@ -64,6 +66,8 @@ public:
     void on(const QString& operation, Script script);
     /// From now on requests of that operation get `data: {operation: value}`.
     void answer(const QString& operation, const QJsonValue& value);
+    /// From now on requests of that operation get an error.
+    void fail(const QString& operation);
     /// From now on requests of that operation get no reply.
     void ignore(const QString& operation);
     /// Access level of the projects that are opened from now on.

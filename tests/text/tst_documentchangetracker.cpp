@@ -23,6 +23,7 @@ private slots:
     void highlightsFollowAnEdit();
     void editingAndSavingLosesNothing_data();
     void editingAndSavingLosesNothing();
+    void whatOthersDoMeanwhileIsKept();
 };
 
 namespace {
@@ -292,6 +293,73 @@ void tst_DocumentChangeTracker::editingAndSavingLosesNothing() {
     QCOMPARE(undotest::difference(before, project.json()), QString());
     project.undo.redo();
     QCOMPARE(undotest::difference(after, project.json()), QString());
+}
+
+void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
+    UndoProject project;
+    QVERIFY2(project.open(), qPrintable(project.error));
+    KRNFile& file = project.file;
+    const auto stored = [&] { return file.dataHelper()->findAll<QuestionAnswer>().value(0).plainAnswer(); };
+    const auto codedWith = [&](int kernoId) {
+        QStringList words;
+        for (const Highlight& h : file.highlights(1, 1)) {
+            if (h.kernoId() == kernoId)
+                words << stored().mid(h.start(), h.length());
+        }
+        return words;
+    };
+    KernovaTextEdit text;
+    DocumentChangeTracker tracker;
+    tracker.setTarget(&text);
+    tracker.setUndoManager(&project.undo);
+    const auto open = [&] {
+        tracker.setTrackChanges(false);
+        text.setAnswer(1, 1, file.answerModel()->answer(1, 1).answer(), 0);
+        tracker.loadInitialHighlights();
+        tracker.setTrackChanges(true);
+    };
+    const auto insert = [&](int at, const QString& words) {
+        QTextCursor cursor(text.textDocument()->textDocument());
+        cursor.setPosition(at);
+        cursor.insertText(words);
+    };
+    open();
+    const QString before = stored();
+    insert(0, "Well: "_s);
+    // Somebody codes, takes a coding back, and codes another with something else.
+    file.saveHighlight(undotest::highlight(100, 4, 1, 1, 40, 50));
+    file.deleteHighlight(file.highlight(4));
+    Highlight recoded = file.highlight(2);
+    recoded.setKernoId(3);
+    file.saveHighlight(recoded);
+    project.settle();
+    QVERIFY(!tracker.isOutdated());
+    tracker.saveChanges();
+    project.settle();
+    QCOMPARE(stored(), "Well: "_s + before);
+    QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
+    QCOMPARE(codedWith(3), QStringList{before.mid(20, 10)});
+    QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+    project.undo.undo();
+    project.settle();
+    QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
+    QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+
+    // Somebody changes the text: theirs stays, and ours becomes a source.
+    open();
+    insert(0, "Mine: "_s);
+    QuestionAnswer theirs = file.answerModel()->answer(1, 1);
+    theirs.setAnswer("Theirs."_s);
+    file.saveAnswer(theirs);
+    project.settle();
+    QVERIFY(tracker.isOutdated());
+    QVERIFY(tracker.saveAsNewSource("Other"_s));
+    project.settle();
+    QCOMPARE(stored(), "Theirs."_s);
+    const Source other = file.dataHelper()->findAll<Source>().last();
+    QCOMPARE(other.title(), "Other"_s);
+    QCOMPARE(file.answerModel()->answer(other.id(), 1).plainAnswer(), "Mine: "_s + before);
+    QCOMPARE(file.answerModel()->answer(other.id(), 2).plainAnswer(), QString());
 }
 
 KERNOVA_GUI_TEST_MAIN(tst_DocumentChangeTracker)

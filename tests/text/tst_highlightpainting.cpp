@@ -22,11 +22,9 @@ QList<Highlight> highlightsAt(const Ranges& ranges) {
     return list;
 }
 
-QString overlapping(const QList<Highlight>& list) {
-    QString flags;
-    for (const Highlight& highlight : list)
-        flags += QLatin1Char(highlight.overlapping() ? 'x' : '-');
-    return flags;
+painting::Layers layersOf(QList<Highlight>& list) {
+    const auto overlaps = painting::markOverlaps(list);
+    return painting::layersOf(list, overlaps);
 }
 
 }  // namespace
@@ -35,29 +33,6 @@ class tst_HighlightPainting : public QObject {
     Q_OBJECT
 
 private slots:
-    void runsOfOverlapsAreOneStretch_data() {
-        columns<Ranges, QString, Ranges>({"highlights", "flags", "stretches"});
-        addRow("none", Ranges{}, "", Ranges{});
-        addRow("apart", Ranges{{0, 5}, {6, 9}}, "--", Ranges{});
-        addRow("touching", Ranges{{0, 5}, {5, 9}}, "--", Ranges{});
-        addRow("two", Ranges{{0, 10}, {5, 15}}, "xx", Ranges{{0, 15}});
-        addRow("one after the run", Ranges{{0, 10}, {5, 15}, {20, 25}}, "xx-", Ranges{{0, 15}});
-        addRow("nested", Ranges{{0, 20}, {5, 10}, {12, 15}}, "xxx", Ranges{{0, 20}});
-        addRow("growing", Ranges{{0, 10}, {5, 15}, {14, 20}}, "xxx", Ranges{{0, 15}, {0, 20}});
-        addRow("two runs", Ranges{{0, 3}, {1, 4}, {6, 8}, {7, 9}}, "xxxx", Ranges{{0, 4}, {6, 9}});
-    }
-
-    void runsOfOverlapsAreOneStretch() {
-        FETCH(Ranges, highlights, Ranges, stretches);
-        QList<Highlight> list = highlightsAt(highlights);
-        for (Highlight& highlight : list)
-            highlight.setOverlapping(true);
-        QList<QPair<int, int>> found = painting::markOverlaps(list);
-        std::sort(found.begin(), found.end());
-        QCOMPARE(found.toVector(), stretches);
-        QTEST(overlapping(list), "flags");
-    }
-
     void strokesAreClippedToTheBlock_data() {
         columns<Ranges, QString>({"highlights", "strokes"});
         addRow("inside", Ranges{{12, 15}}, "2+3 red");
@@ -73,10 +48,9 @@ private slots:
     void strokesAreClippedToTheBlock() {
         QFETCH(Ranges, highlights);
         QList<Highlight> list = highlightsAt(highlights);
-        const auto overlaps = painting::markOverlaps(list);
+        const painting::Layers layers = layersOf(list);
         QStringList strokes;
-        for (const painting::Stroke& stroke :
-             painting::strokesForBlock(list, overlaps, Highlight(), 10, 20)) {
+        for (const painting::Stroke& stroke : painting::strokesForBlock(layers, Highlight(), 10, 20)) {
             const bool isOverlap = stroke.background == painting::overlapColor();
             QVERIFY(isOverlap || stroke.background == red);
             strokes << "%1+%2 %3"_s.arg(stroke.start)
@@ -84,17 +58,6 @@ private slots:
                            .arg(QLatin1String(isOverlap ? "overlap" : "red"));
         }
         QTEST(strokes.join(", "_s), "strokes");
-    }
-
-    void thePointedAtHighlightLiesOnTop() {
-        QList<Highlight> list = highlightsAt({{0, 10}, {5, 15}});
-        const auto overlaps = painting::markOverlaps(list);
-        const auto strokes = painting::strokesForBlock(list, overlaps, list.last(), 0, 20);
-        QCOMPARE(strokes.size(), 2);
-        QCOMPARE(strokes.first().background, painting::overlapColor());
-        QCOMPARE(strokes.last().background, red);
-        QCOMPARE(strokes.last().start, 5);
-        QCOMPARE(strokes.last().count, 10);
     }
 
     void overlapsCoverWhatAPixelwisePaintingCovers() {

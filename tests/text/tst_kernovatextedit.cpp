@@ -5,10 +5,14 @@
 #include "tests_support/TestMain.h"
 #include "text/HighlightPainting.h"
 #include "text/KernovaTextEdit.h"
+#include "text/KernovaWindow.h"
 #include "text/SourceHighlighter.h"
 
+#include <QCloseEvent>
 #include <QQuickTextDocument>
+#include <QResizeEvent>
 #include <QTextBlock>
+#include <private/qquickevents_p_p.h>
 
 namespace {
 
@@ -22,7 +26,7 @@ Highlight highlight(int id, int start, int end, const QColor& color) {
 
 }  // namespace
 
-/// The text item with its painter and its models, without a window and without a link to a service.
+/// The text item with its painter and its models, without a link to a service; and the window it lies in.
 class tst_KernovaTextEdit : public QObject {
     Q_OBJECT
 
@@ -45,14 +49,6 @@ private slots:
         QCOMPARE(m_edit->sourceId(), 3);
         QCOMPARE(m_edit->sourceOffset(), 4);
         QCOMPARE(m_edit->length(), 3);
-    }
-
-    void onlyWhatChangedIsAnnounced() {
-        m_edit->setReadOnly(true);
-        m_edit->setAnswer(2, 3, "one"_s, 0);
-        QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, "one"_s, 0); }), QStringList({"loaded", "source"}));
-        QCOMPARE(recorded([&] { m_edit->setAnswer(2, 4, "two"_s, 0); }),
-                 QStringList({"text", "loaded", "text"}));
     }
 
     void theSameAnswerOnlyLoadsAgain() {
@@ -142,9 +138,7 @@ private slots:
 
     void aRunningRequestForRepaintingServesAll() {
         show({});
-        QLoggingCategory::setFilterRules(QString());
         m_edit->highlighter()->setModel({highlight(1, 0, 2, red)});
-        QTest::ignoreMessage(QtDebugMsg, "Rehighlight already pending. Ignoring.");
         m_edit->highlighter()->setModel({highlight(1, 0, 3, red)});
         QVERIFY(waitFor([&] { return painted().startsWith(QLatin1String("rrr.")); }));
     }
@@ -167,6 +161,34 @@ private slots:
         m_edit->rehighlight();
         m_edit->highlighter()->rehighlight();
         QCOMPARE(painted(), "..........|.........."_s);
+    }
+
+    void resizingLastsUntilItSettles() {
+        KernovaWindow window;
+        QSignalSpy changed(&window, &KernovaWindow::isResizingChanged);
+        for (int width : {100, 200, 300}) {
+            QResizeEvent event(QSize(width, 50), QSize(1, 1));
+            QCoreApplication::sendEvent(&window, &event);
+            QVERIFY(window.isResizing());
+        }
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(changed.wait());
+        QVERIFY(!window.isResizing());
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void aCloseCanBeRefused() {
+        KernovaWindow window;
+        bool accept = false;
+        connect(&window, &KernovaWindow::windowClosing,
+                [&](QQuickCloseEvent* close) { close->setAccepted(accept); });
+        QCloseEvent refused;
+        QCoreApplication::sendEvent(&window, &refused);
+        QVERIFY(!refused.isAccepted());
+        accept = true;
+        QCloseEvent accepted;
+        QCoreApplication::sendEvent(&window, &accepted);
+        QVERIFY(accepted.isAccepted());
     }
 
 private:

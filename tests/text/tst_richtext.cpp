@@ -1,4 +1,6 @@
+#include "records/QuestionAnswer.h"
 #include "tests_support/TestMain.h"
+#include "text/DisplayText.h"
 #include "text/RichText.h"
 
 #include <QTextCursor>
@@ -19,6 +21,28 @@ class tst_RichText : public QObject {
     Q_OBJECT
 
 private slots:
+    void whatIsShownHasThePositionsOfThePlainText_data() {
+        QTest::addColumn<QString>("text");
+        const QString start = "<body style=\"white-space: pre-wrap;\">"_s;
+        addRow("fragment", start + "\na <b>b</b>\nc\n</body>");
+        addRow("bold from the first line feed", start + "\n<b>\na</b> b <u>c\n</u>\n</body>");
+        addRow("entities", start + "a &lt;b&gt; &amp;&amp; c</body>");
+        addRow("pictures", start + "a <IMG alt='>' src=\"http://x.invalid/p.png\"/>b <img>c</body>");
+        addRow("blank lines around", "\n\n\na\n\n\n");
+    }
+
+    void whatIsShownHasThePositionsOfThePlainText() {
+        QFETCH(QString, text);
+        QuestionAnswer answer;
+        answer.setAnswer(text);
+        QTextDocument document;
+        document.setHtml(displayHtml(answer.answer()));
+        QString shown = document.toRawText();
+        for (const QChar end : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+            shown.replace(end, QLatin1Char('\n'));
+        QCOMPARE(shown, answer.plainAnswer());
+    }
+
     void onlyThreeStylesAreWritten_data() {
         columns<QString, QString>({"html", "text"});
         addRow("plain", "one two", "one two");

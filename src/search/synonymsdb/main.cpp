@@ -81,10 +81,10 @@ bool write(const QString& path, const QList<Synset>& synsets) {
            run(query, "BEGIN") &&
            run(query, "CREATE TABLE words(wordid INTEGER PRIMARY KEY, lemma TEXT NOT NULL)") &&
            run(query, "CREATE TABLE synsets(synsetid INTEGER PRIMARY KEY, pos TEXT NOT NULL)") &&
-           run(query, "CREATE TABLE senses(wordid INTEGER NOT NULL, synsetid INTEGER NOT NULL)") &&
+           run(query, "CREATE TABLE senses(wordid INTEGER NOT NULL, synsetid INTEGER NOT NULL, "
+                      "PRIMARY KEY(synsetid, wordid)) WITHOUT ROWID") &&
            fill(query, synsets) && run(query, "CREATE UNIQUE INDEX words_by_lemma ON words(lemma)") &&
-           run(query, "CREATE INDEX senses_by_word ON senses(wordid, synsetid)") &&
-           run(query, "CREATE INDEX senses_by_synset ON senses(synsetid, wordid)") && run(query, "COMMIT") &&
+           run(query, "CREATE INDEX senses_by_word ON senses(wordid, synsetid)") && run(query, "COMMIT") &&
            run(query, "ANALYZE");
 }
 

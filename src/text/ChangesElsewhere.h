@@ -1,0 +1,47 @@
+#pragma once
+
+#include "text/EditShift.h"
+
+#include <QHash>
+#include <QObject>
+#include <QSet>
+
+class KRNFile;
+
+/// What others do to an answer and its highlights while it is edited here. Main thread.
+class ChangesElsewhere : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ChangesElsewhere(QObject* parent = nullptr) : QObject(parent) {}
+
+    /// Follows the answer from now on; what was followed before is forgotten. The file isn't owned.
+    void follow(KRNFile* file, int sourceId, int questionId);
+    void stop();
+
+    /// Whether the stored text is another one than when this began, or is gone.
+    bool isTextChanged() const { return m_textChanged; }
+
+    /// Brings what is to be saved in line with what has happened to the highlights: what is gone stays away,
+    /// what got another kerno keeps it, and what is new moves by the edit as the others did. `old` are the
+    /// stored highlights that give way, `fresh` what comes in their place.
+    void apply(QList<Highlight>& old, QList<Highlight>& fresh, const QList<Highlight>& initial,
+               const edits::Edit& edit) const;
+
+signals:
+    void textChangedChanged();
+
+private:
+    void compareText();
+    bool concerns(const Highlight& highlight) const {
+        return highlight.sourceId() == m_sourceId && highlight.questionId() == m_questionId;
+    }
+
+    KRNFile* m_file = nullptr;
+    int m_sourceId = -1;
+    int m_questionId = -1;
+    QString m_text;  ///< as it was stored at the beginning
+    bool m_textChanged = false;
+    QHash<int, Highlight> m_saved;
+    QSet<int> m_deleted;
+};
