@@ -38,6 +38,9 @@ void AppHelper::importCSV(const QUrl& file, const QVariantList& headersModel) {
                 model.setSectionType(column,
                                      isProperty ? CSVImportModel::Property : CSVImportModel::Question);
             }
+            connect(&model, &TransposedCSVImportModel::percentChanged, this, [&] {
+                emit csvImportProgress(model.percent() * count / 100, count, model.percent(), false);
+            });
             const bool imported = m_undoManager->importSourcesFromCSV(&model);
             emit csvImportProgress(imported ? count : 0, count, 100, true);
             emit m_krnFile->metadataUpdated(false, QVariant());

@@ -43,11 +43,11 @@ SourceTabs::SourceTabs(QObject* parent)
     : QObject(parent), m_file(qobject_cast<KRNFile*>(ProjectEvents::current())) {
     const SourceModel* const sources = m_file->sourceModel();
     for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(sources, signal, this, &SourceTabs::onRowsChanged);
-    connect(sources, &QAbstractItemModel::modelReset, this, &SourceTabs::onRowsChanged);
-    connect(sources, &QAbstractItemModel::dataChanged, this, &SourceTabs::onRowsChanged);
-    connect(m_file, &ProjectEvents::newSourceAdded, this, &SourceTabs::onSourceAdded);
-    connect(m_file, &ProjectEvents::sourceDeleted, this, &SourceTabs::onRowsChanged);
+        connect(sources, signal, this, &SourceTabs::updateView);
+    connect(sources, &QAbstractItemModel::modelReset, this, &SourceTabs::updateView);
+    connect(sources, &QAbstractItemModel::dataChanged, this, &SourceTabs::updateView);
+    connect(m_file, &ProjectEvents::newSourceAdded, this, &SourceTabs::notifyNewSourceAdded);
+    connect(m_file, &ProjectEvents::sourceDeleted, this, &SourceTabs::updateView);
     connect(m_file, &ProjectEvents::fileClosed, this, &SourceTabs::onFileClosed);
 }
 
@@ -59,57 +59,61 @@ void SourceTabs::setCurrentSourceId(int sourceId) {
     refresh();
 }
 
-void SourceTabs::open(int sourceId) {
+void SourceTabs::switchToSource(int sourceId) {
     if (sourceId == m_currentSourceId)
         return;
-    if (sourceId > 0 && !m_ids.contains(sourceId)) {
-        m_ids = tabs::withFirst(m_ids, sourceId);
-        remember();
+    if (sourceId > 0 && !m_currentIds.contains(sourceId)) {
+        m_currentIds = tabs::withFirst(m_currentIds, sourceId);
+        saveCurrentIds();
         refresh();
     }
     request(sourceId);
 }
 
-void SourceTabs::onRowsChanged() {
+void SourceTabs::updateView() {
     const SourceModel* const sources = m_file->sourceModel();
-    const bool complete =
-        std::all_of(m_ids.cbegin(), m_ids.cend(), [sources](int id) { return sources->contains(id); });
-    if (m_file->isOpened() && (m_ids.isEmpty() || !complete))
-        restore();
+    const bool complete = std::all_of(m_currentIds.cbegin(), m_currentIds.cend(),
+                                      [sources](int id) { return sources->contains(id); });
+    if (m_file->isOpened() && (m_currentIds.isEmpty() || !complete))
+        restoreSavedCurrentIds();
     refresh();
 }
 
-void SourceTabs::onSourceAdded(int sourceId) {
-    const bool own = sourceId == IdManager::instance()->maxSourceId();
-    if (!m_ids.contains(sourceId) && tabs::takesNew(m_ids, own)) {
-        m_ids = tabs::withFirst(m_ids, sourceId);
-        remember();
+void SourceTabs::notifyNewSourceAdded(int sourceId) {
+    // Of many that are imported at once, each is announced when later ones have their ids already.
+    const bool last = sourceId == IdManager::instance()->maxSourceId();
+    const bool own = IdManager::instance()->claimStockedSource(sourceId) || last;
+    if (!m_currentIds.contains(sourceId) && tabs::takesNew(m_currentIds, own)) {
+        m_currentIds = tabs::withFirst(m_currentIds, sourceId);
+        // Saving waits for all that is being stored.
+        if (last || !own)
+            saveCurrentIds();
         refresh();
     }
-    if (own)
-        open(sourceId);
+    if (last)
+        switchToSource(sourceId);
 }
 
 void SourceTabs::onFileClosed() {
-    m_ids.clear();
+    m_currentIds.clear();
     request(-1);
     refresh();
 }
 
-void SourceTabs::restore() {
-    const QList<int> before = m_ids;
+void SourceTabs::restoreSavedCurrentIds() {
+    const QList<int> before = m_currentIds;
     const QString remembered = m_file->getPreference(preferenceKey(), toText(before)).toString();
-    m_ids = tabs::restored(fromText(remembered), idsOf(m_file->sourceModel()));
-    if (m_ids != before)
-        remember();
+    m_currentIds = tabs::restored(fromText(remembered), idsOf(m_file->sourceModel()));
+    if (m_currentIds != before)
+        saveCurrentIds();
     refresh();
-    if (!m_ids.contains(m_currentSourceId))
-        request(m_ids.value(0, -1));
+    if (!m_currentIds.contains(m_currentSourceId))
+        request(m_currentIds.value(0, -1));
 }
 
-void SourceTabs::remember() const {
+void SourceTabs::saveCurrentIds() const {
     if (m_file->canMutate(false))
-        m_file->savePreference(preferenceKey(), toText(m_ids));
+        m_file->savePreference(preferenceKey(), toText(m_currentIds));
 }
 
 void SourceTabs::request(int sourceId) {
@@ -120,7 +124,7 @@ void SourceTabs::request(int sourceId) {
 void SourceTabs::refresh() {
     const SourceModel* const sources = m_file->sourceModel();
     QVariantList tabs;
-    for (int id : qAsConst(m_ids)) {
+    for (int id : qAsConst(m_currentIds)) {
         tabs << QVariantMap{{QStringLiteral("sourceId"), id},
                             {QStringLiteral("title"), sources->record(id).title()}};
     }

@@ -27,7 +27,7 @@ public:
     int percentageCoded() const { return m_percentageCoded; }
 
     /// Shows a source; one that is no tab becomes the first.
-    Q_INVOKABLE void open(int sourceId);
+    Q_INVOKABLE void switchToSource(int sourceId);
 
 signals:
     void tabsChanged();
@@ -37,18 +37,18 @@ signals:
     void sourceRequested(int sourceId);
 
 private:
-    void onRowsChanged();
-    void onSourceAdded(int sourceId);
+    void updateView();
+    void notifyNewSourceAdded(int sourceId);
     void onFileClosed();
     /// Reads what the project remembers, and sees that one of the tabs is shown.
-    void restore();
-    void remember() const;
+    void restoreSavedCurrentIds();
+    void saveCurrentIds() const;
     void request(int sourceId);
     /// Takes titles and figures anew.
     void refresh();
 
     KRNFile* m_file;
-    QList<int> m_ids;
+    QList<int> m_currentIds;
     QVariantList m_tabs;
     int m_currentSourceId = -1;
     int m_percentageCoded = 0;

@@ -5,7 +5,7 @@
 /// Which sources stand as tabs. Lists of ids in the order of the tabs.
 namespace tabs {
 
-constexpr int most = 3;
+constexpr int maxCurrentTabs = 3;
 
 /// The tabs when a project is shown anew: the remembered ones that exist, filled up from the sources' own
 /// order.
@@ -15,7 +15,7 @@ QList<int> restored(const QList<int>& remembered, const QList<int>& existing);
 QList<int> withFirst(const QList<int>& ids, int id);
 
 /// Of too many tabs the first stay, and the last.
-QList<int> trimmed(QList<int> ids);
+QList<int> trimCurrentIdsIfNeeded(QList<int> ids);
 
 /// Whether somebody's new source becomes a tab: one's own always, another's only while there is room.
 bool takesNew(const QList<int>& ids, bool own);

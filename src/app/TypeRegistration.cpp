@@ -1,6 +1,7 @@
 #include "app/TypeRegistration.h"
 
 #include "app/SourceTabs.h"
+#include "app/WidgetColors.h"
 #include "import/TransposedCSVImportModel.h"
 #include "models/ComboBoxProxyModel.h"
 #include "models/FetchMoreListModel.h"
@@ -74,6 +75,7 @@ void registerQmlTypes() {
     creatable<KernoShortcutKeyProxyModel>(4, "KernoShortcutKeyProxyModel");
     creatable<KernoComboBoxModel>(4, "KernoComboBoxModel");
     creatable<SourceTabs>(4, "SourceTabs");
+    creatable<WidgetColors>(4, "WidgetColors");
     creatable<SourceProxyModel>(4, "SourceProxyModel");
     creatable<SourceMetadataKeyProxyModel>(4, "MetadataKeyModel");
     creatable<SourceMetadataValueProxyModel>(4, "MetadataValueModel");

@@ -104,6 +104,28 @@ function escaped(text) {
     return text.replace(/&/g, "&amp;").replace(/</g, "&lt;").replace(/>/g, "&gt;")
 }
 
+// Whether the key asks for the menu of what has the keyboard.
+function asksForMenu(event) {
+    return event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier
+}
+
+// Where an arrow, Home or End leads from `index` in a row of things; -1 for every other key.
+function indexAfterKey(key, index, count) {
+    switch (key) {
+    case Qt.Key_Up:
+    case Qt.Key_Left:
+        return Math.max(0, index - 1)
+    case Qt.Key_Down:
+    case Qt.Key_Right:
+        return Math.min(index + 1, count - 1)
+    case Qt.Key_Home:
+        return 0
+    case Qt.Key_End:
+        return count - 1
+    }
+    return -1
+}
+
 // Writes the passage that a text drag carries into the record.
 function fillPassage(record, drag) {
     record.start = drag.start

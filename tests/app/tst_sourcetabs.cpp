@@ -6,9 +6,7 @@
 #include "link/IdManager.h"
 #include "models/SourceModel.h"
 #include "models/SourceProxyModel.h"
-#include "project/KRNFile.h"
-#include "tests_support/TestMain.h"
-#include "undo/UndoManager.h"
+#include "tests_support/TestProject.h"
 
 using Ids = QList<int>;
 
@@ -43,13 +41,9 @@ private slots:
     }
 
     void tabsFollowTheProject() {
-        const QTemporaryDir folder;
-        ProjectTimings timings;
-        timings.settle = 1;
-        timings.closeSettle = 1;
-        KRNFile file(nullptr, timings);
-        file.initModels();
-        UndoManager undo(&file);
+        TestProject project;
+        KRNFile& file = project.file;
+        UndoManager& undo = project.undo;
         AppHelper helper(&undo, &file);
         SourceTabs sourceTabs;
         connect(&sourceTabs, &SourceTabs::sourceRequested, &sourceTabs, &SourceTabs::setCurrentSourceId);
@@ -67,9 +61,7 @@ private slots:
             }
             return -1;
         };
-        QVERIFY(helper.connectToServer(false));
-        const QJsonObject project{{"name"_s, folder.filePath("tabs.krn"_s)}};
-        QVERIFY(file.openProject(project, true, {}, true, false));
+        QCOMPARE(project.open("tabs.krn"_s, true), QString());
         for (const char* title : {"A", "B", "C", "D"}) {
             Source source;
             source.setTitle(QString::fromLatin1(title));
@@ -86,18 +78,31 @@ private slots:
         QTRY_COMPARE(shown(), "D B A"_s);
         undo.undo();
         QTRY_VERIFY(idOf("C"_s) > 0);
-        sourceTabs.open(idOf("C"_s));
+        sourceTabs.switchToSource(idOf("C"_s));
         QCOMPARE(shown(), "C D B"_s);
-        sourceTabs.open(idOf("B"_s));
+        sourceTabs.switchToSource(idOf("B"_s));
         QCOMPARE(shown(), "C D B"_s);
 
         file.close();
         QCOMPARE(shown(), QString());
         QCOMPARE(sourceTabs.currentSourceId(), -1);
-        QVERIFY(file.openProject(project, false, {}, true, false));
+        QCOMPARE(project.open("tabs.krn"_s, false), QString());
         QTRY_COMPARE(shown(), "C D B"_s);
         QCOMPARE(sourceTabs.currentSourceId(), idOf("C"_s));
-        file.closeAndReset();
+
+        // Of many files the last stand as tabs, however early their ids were reserved.
+        QList<QUrl> files;
+        for (int i = 0; i < 40; ++i) {
+            QFile text(project.path("%1.txt"_s.arg(i)));
+            QVERIFY(text.open(QIODevice::WriteOnly) && text.write("words") > 0);
+            files << QUrl::fromLocalFile(text.fileName());
+        }
+        QCOMPARE(helper.batchImportQuestions(files, {}, {}), 40);
+        QTRY_COMPARE(shown(), "39 38 37"_s);
+        QCOMPARE(sourceTabs.currentSourceId(), idOf("39"_s));
+        undo.undo();
+        QTRY_COMPARE(file.sourceModel()->rowCount(), 4);
+        QTRY_COMPARE(shown().size(), 5);
     }
 };
 

@@ -1,9 +1,9 @@
 #include "app/UpdateCheck.h"
 #include "link/ServiceConfig.h"
+#include "tests_support/ScriptedHttp.h"
 #include "tests_support/TestMain.h"
 
 #include <QTcpServer>
-#include <QTcpSocket>
 
 class tst_UpdateCheck : public QObject {
     Q_OBJECT
@@ -26,23 +26,12 @@ private slots:
     }
 
     void theServerIsAsked() {
-        QTcpServer server;
-        QVERIFY(server.listen(QHostAddress::LocalHost));
-        QByteArray asked;
-        connect(&server, &QTcpServer::newConnection, [&] {
-            QTcpSocket* const socket = server.nextPendingConnection();
-            connect(socket, &QTcpSocket::readyRead, socket, [&asked, socket] {
-                asked += socket->readAll();
-                if (!asked.contains("\r\n\r\n"))
-                    return;
-                const QByteArray body(R"({"auth_service":2,"project_service":3,"kernova_service":7})");
-                socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\nContent-Length: " +
-                              QByteArray::number(body.size()) + "\r\n\r\n" + body);
-                socket->disconnectFromHost();
-            });
+        ScriptedHttp server([](const HttpAsked&) {
+            return HttpAnswer{200, R"({"auth_service":2,"project_service":3,"kernova_service":7})"};
         });
-        const QUrl url("http://127.0.0.1:%1/v"_s.arg(server.serverPort()));
+        const QUrl url("http://127.0.0.1:%1/v"_s.arg(server.port()));
         QVERIFY(updatecheck::ask(url).matches);
+        const QByteArray asked = server.asked().value(0).head;
         QVERIFY2(asked.startsWith("GET /v HTTP/1.1\r\n"), asked.constData());
         QVERIFY(asked.contains("User-Agent: KernovaClient/2.5.3 Windows\r\n"));
         QVERIFY(asked.contains("Content-Type: application/json\r\n"));

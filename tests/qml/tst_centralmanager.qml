@@ -1,6 +1,5 @@
 import QtQuick 2.15
 import QtTest 1.15
-import Kernova 1.4
 import "qrc:/qml/Components"
 
 // The shared state: what it derives, and how it follows the project.
@@ -9,74 +8,38 @@ TestCase {
 
     SignalSpy { id: locks; target: CentralManager; signalName: "setNewUndoStackLock" }
     SignalSpy { id: unlocks; target: CentralManager; signalName: "removeUndoStackLock" }
-    SignalSpy { id: status; target: CentralManager; signalName: "showStatusMessage" }
+    SignalSpy { id: opened; target: krnFile; signalName: "fileOpened" }
+
+    function initTestCase() {
+        CentralManager.cloud = false
+        verify(study.open())
+    }
 
     function init() {
-        krnFile.openResult = true
-        krnFile.calls = []
-        krnFile.preferences = {}
-        CentralManager.cloud = false
         CentralManager.switchToDefaultView()
         CentralManager.showMemosPanel = false
         CentralManager.currentMemoId = -1
         locks.clear()
         unlocks.clear()
-        status.clear()
     }
 
-    function project(more) {
-        var object = { name: "/tmp/a.krn", project_uuid: "" }
-        for (var key in more || {})
-            object[key] = more[key]
-        return object
+    function open(sharedCount, createNew) {
+        return CentralManager.openProject({ name: study.path, project_uuid: "", shared_count: sharedCount }, "",
+                                          createNew, true, false)
     }
 
-    function test_autopositions_data() {
-        return [
-            { tag: "5 of 7", index: 4, count: 7, x: 455, y: 262.5 },
-            { tag: "1 of 13", index: 0, count: 13, x: 56, y: 42 },
-            // 3 rows of 5
-            { tag: "7 of 13", index: 6, count: 13, x: 126 + 56, y: 157.5 + 42 },
-            { tag: "negative", index: -1, count: 13, x: 0, y: 0 }
-        ]
-    }
-    function test_autopositions(data) {
-        var position = CentralManager.getAutoposition(data.index, data.count)
-        fuzzyCompare(position.x, data.x, 1e-6)
-        fuzzyCompare(position.y, data.y, 1e-6)
-    }
-
-    function test_everyAutopositionLiesOnTheCanvasAndIsItsOwn() {
-        for (var count = 1; count < 60; ++count) {
-            var seen = {}
-            for (var i = 0; i < count; ++i) {
-                var p = CentralManager.getAutoposition(i, count)
-                verify(p.x > 0 && p.x < 700 && p.y > 0 && p.y < 525, count + "/" + i)
-                verify(!seen[p.x + "," + p.y], count + "/" + i)
-                seen[p.x + "," + p.y] = true
-            }
-        }
-    }
-
-    function test_openingReadsPreferencesAndKeepsWhatToReopen() {
-        krnFile.preferences = { "HighlightsColumn.Width": 80, "Source.FontSize": 17,
-                                "Report.GenerateOverlapViews": "1", "Report.GenerateHierarchyViews": true }
-        verify(CentralManager.openProject(project(), "pw", true, true, false))
-        compare(CentralManager.highlightsColumnWidth, 80)
-        compare(CentralManager.sourceFontSize, 17)
-        compare(CentralManager.generateOverlapViews, true)
-        compare(CentralManager.generateHierarchyViews, false)
-        compare(CentralManager.reopen.password, "pw")
+    function test_openingReadsPreferences() {
+        krnFile.savePreference("HighlightsColumn.Width", 80)
+        krnFile.savePreference("Source.FontSize", 17)
+        krnFile.savePreference("Report.GenerateOverlapViews", true)
+        verify(open(0, false))
+        compare([CentralManager.highlightsColumnWidth, CentralManager.sourceFontSize,
+                 CentralManager.generateOverlapViews, CentralManager.generateHierarchyViews], [80, 17, true, false])
         compare(CentralManager.canMutate, true)
         CentralManager.highlightsColumnWidth = 55
         CentralManager.sourceFontSize = 13
-
-        krnFile.openResult = false
-        verify(!CentralManager.openProject(project({ name: "/tmp/b.krn" }), "", false, true, false))
-        compare(CentralManager.reopen.project.name, "/tmp/b.krn")
-        krnFile.fileClosed()
-        compare(CentralManager.reopen, undefined)
-        compare(CentralManager.showOpenFileDialog, true)
+        krnFile.close()
+        compare([CentralManager.reopen, CentralManager.showOpenFileDialog], [undefined, true])
         CentralManager.showOpenFileDialog = false
     }
 
@@ -89,20 +52,18 @@ TestCase {
         ]
     }
     function test_reopening(data) {
-        CentralManager.openProject(project({ shared_count: data.shared }), "", true, true, false)
+        verify(open(data.shared, true))
+        study.setKernos([[1, -1, 5, 5]])
         krnFile.connected()
         krnFile.disconnected()
         var now = Date.now()
         CentralManager.reopen.timestamp = new Date(now - data.opened)
         CentralManager.disconnectedAt = new Date(now - data.outage)
-        krnFile.calls = []
+        opened.clear()
         krnFile.connected()
-        compare(krnFile.calls.length > 0, data.reopened)
-        // A project that was made new must not be made new again, and is marked as open again.
-        if (data.reopened) {
-            compare(krnFile.calls[0].arguments[1], false)
-            compare(krnFile.calls[0].arguments[4], false)
-        }
+        compare(opened.count, data.reopened ? 1 : 0)
+        // A project that was made new must not be made new again.
+        compare(krnFile.kernoIds().length, 1)
         compare(CentralManager.connected, true)
     }
 
@@ -114,15 +75,15 @@ TestCase {
         compare([CentralManager.connected, CentralManager.reconnect], [true, true])
     }
 
-    function test_onlyOnesOwnMemoOpensThePanel() {
-        idManager.memoId = 5
-        krnFile.memoSaved({ memoId: 4 })
+    function test_onlyOnesOwnMemoOpensThePanelOnce() {
+        var own = idManager.nextMemoId()
+        CentralManager.notifyMemoAdded(own - 1)
         compare([CentralManager.showMemosPanel, CentralManager.currentMemoId], [false, -1])
-        krnFile.memoSaved({ memoId: 5 })
-        compare([CentralManager.showMemosPanel, CentralManager.currentMemoId], [true, 5])
+        CentralManager.notifyMemoAdded(own)
+        compare([CentralManager.showMemosPanel, CentralManager.currentMemoId], [true, own])
         // What is written into it is saved when it has lost the focus, which it must not take back.
         CentralManager.currentMemoId = -1
-        krnFile.memoSaved({ memoId: 5 })
+        CentralManager.notifyMemoAdded(own)
         compare(CentralManager.currentMemoId, -1)
     }
 
@@ -137,19 +98,11 @@ TestCase {
 
     function test_viewsLimitUndo() {
         CentralManager.showHierarchyViewForKerno = 7
-        compare(CentralManager.parentForNew, 7)
-        compare([locks.count, unlocks.count], [1, 0])
+        compare([CentralManager.parentForNew, locks.count, unlocks.count], [7, 1, 0])
         CentralManager.showHierarchyViewForKerno = -1
-        compare(CentralManager.parentForNew, -1)
-        compare([locks.count, unlocks.count], [1, 1])
+        compare([CentralManager.parentForNew, locks.count, unlocks.count], [-1, 1, 1])
         CentralManager.showQueryScreen = true
         compare(locks.count, 2)
-    }
-
-    function test_countsFollowHighlights() {
-        krnFile.highlightsUpdated(1, 1)
-        compare([CentralManager.totalNumberOfHighlights, CentralManager.maxNumberOfHighlights], [12, 5])
-        fuzzyCompare(CentralManager.kernoScaleHighlightFactor(5), 1.5, 1e-9)
     }
 
     function test_oneSelectionIsEnough() {
@@ -159,12 +112,5 @@ TestCase {
         compare(CentralManager.hasUserSelectedText, true)
         CentralManager.countSelection(false)
         compare(CentralManager.hasUserSelectedText, false)
-    }
-
-    function test_hoverTellsTheTooltipOrElseTheLabel() {
-        CentralManager.onButtonHoverChanged({ hovered: true, text: "Undo", tooltip: "" })
-        compare(status.signalArguments[0][0], "Undo")
-        CentralManager.onButtonHoverChanged({ hovered: true, text: "View", tooltip: "Customise current view." })
-        compare(status.signalArguments[1][0], "Customise current view.")
     }
 }

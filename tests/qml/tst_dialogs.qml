@@ -2,166 +2,173 @@ import QtQuick 2.15
 import QtTest 1.15
 import "qrc:/qml/Components"
 import "qrc:/qml/dialogs"
-import "qrc:/qml/dialogs/OpenFile"
 
-// The chains of dialogs, the recent projects, and the way into a project.
+// The chain of dialogs, the keyboard in them, the backup on the way into a project, and what is kept of a
+// kerno's properties.
 Item {
     id: test
     width: 900
     height: 700
 
+    property Component implementation
+    property bool first: false
+    property bool second: false
+
     DialogChain {
         id: chain
         anchors.fill: parent
         DialogEntry {
-            wanted: testCase.first
-            onClosed: testCase.first = false
+            wanted: test.first
+            onClosed: test.first = false
             Component { DialogPanel { heading: "First" } }
         }
         DialogEntry {
-            wanted: testCase.second
-            onClosed: testCase.second = false
+            wanted: test.second
+            onClosed: test.second = false
             Component { DialogPanel { heading: "Second" } }
         }
     }
 
-    DialogBase {
-        id: openBase
-        implementation: OpenFileDialogImplementation {}
+    StyledTextField { id: before }
+
+    Loader {
+        id: loader
+        anchors.fill: parent
+        sourceComponent: test.implementation ? base : null
     }
 
-    RecentFiles { id: recent }
+    Loader {
+        id: above
+        anchors.fill: parent
+        active: false
+        sourceComponent: DialogBase {
+            implementation: DialogPanel { StyledTextField { objectName: "upper"; focus: true } }
+        }
+    }
+
+    Component { id: base; DialogBase { implementation: test.implementation } }
+    Component {
+        id: fields
+        DialogPanel {
+            StyledTextField { objectName: "first"; focus: true }
+            StyledTextField { objectName: "second" }
+            StyledButton { objectName: "third"; text: "OK" }
+        }
+    }
+    Component { id: opening; OpenFileDialogImplementation {} }
+    Component { id: properties; KernoPreferencesDialogImplementation {} }
+
+    SignalSpy { id: alerts; target: CentralManager; signalName: "showAlert" }
 
     TestCase {
-        id: testCase
         name: "Dialogs"
         when: windowShown
 
-        property bool first: false
-        property bool second: false
-
-        SignalSpy { id: alerts; target: CentralManager; signalName: "showAlert" }
-
-        readonly property Item dialog: openBase.content
-
-        function field(name) {
-            return findChild(dialog, name)
+        function initTestCase() {
+            verify(study.open())
         }
 
-        function init() {
-            recent.recentFiles = ""
-            dialog.mode = dialog.modeOpen
-            dialog.message = ""
-            dialog.recentFiles = ""
-            dialog.properties.passwordNeeded = false
-            field("author").text = " Ana "
-            projectMerger.password = ""
-            krnFile.openResult = true
-            krnFile.backupResult = true
-            krnFile.calls = []
-            alerts.clear()
+        function cleanup() {
+            test.implementation = null
+        }
+
+        function show(component) {
+            test.implementation = component
+            tryVerify(function() { return loader.item && loader.item.content })
+            return loader.item.content
         }
 
         function test_anEarlierDialogHidesALaterOne() {
             var before = CentralManager.overlayCount
-            testCase.second = true
+            test.second = true
             compare(chain.item.content.heading, "Second")
-            testCase.first = true
+            test.first = true
             compare(chain.item.content.heading, "First")
             compare(CentralManager.overlayCount, before + 1)
             chain.item.close()
-            tryCompare(testCase, "first", false)
+            tryCompare(test, "first", false)
             compare(chain.item.content.heading, "Second")
             chain.item.close()
-            tryCompare(testCase, "second", false)
-            compare(chain.item, null)
-            compare(CentralManager.overlayCount, before)
+            tryCompare(test, "second", false)
+            compare([chain.item, CentralManager.overlayCount], [null, before])
         }
 
-        function paths() {
-            return recent.entries().map(function(entry) { return entry.path })
+        function hasFocus(name) {
+            var item = findChild(loader.item, name) || findChild(above.item, name)
+            return !!item && item.activeFocus
         }
 
-        function test_recentProjects() {
-            compare(paths(), [])
-            for (var i = 1; i <= 11; ++i)
-                recent.update("/p/" + i + ".krn", "")
-            compare(paths(), [11, 10, 9, 8, 7, 6, 5, 4, 3, 2].map(function(n) { return "/p/" + n + ".krn" }))
-            recent.update("/p/5.krn", "2024-01-01T00:00:00.000Z")
-            compare(paths()[0], "/p/5.krn")
-            compare(paths().length, 10)
-            compare(recent.entry("/p/5.krn").name, "5")
-            recent.remove("/p/5.krn")
-            compare(paths().length, 9)
-            compare(recent.recentFilesModel.count, 9)
+        function test_theTabGoesRound() {
+            before.forceActiveFocus()
+            show(fields)
+            tryVerify(function() { return loader.item.opacity === 1 && hasFocus("first") })
+            var goTo = function(name, key, modifiers) {
+                keyClick(key, modifiers || Qt.NoModifier)
+                tryVerify(function() { return hasFocus(name) }, 1000, name)
+            }
+            goTo("second", Qt.Key_Tab)
+            goTo("third", Qt.Key_Tab)
+            goTo("first", Qt.Key_Tab)
+            goTo("third", Qt.Key_Backtab, Qt.ShiftModifier)
+            // A dialog above keeps it, and gives it back; so does the lower one.
+            above.active = true
+            tryVerify(function() { return above.item.opacity === 1 && hasFocus("upper") })
+            keyClick(Qt.Key_Tab)
+            tryVerify(function() { return hasFocus("upper") })
+            above.item.close()
+            tryVerify(function() { return hasFocus("third") })
+            above.active = false
+            loader.item.close()
+            tryCompare(before, "activeFocus", true)
         }
 
         function test_backup_data() {
             var hour = 60 * 60 * 1000
             return [
-                { tag: "never", age: -1, works: true, made: true, alert: false },
-                { tag: "today", age: hour, works: true, made: false, alert: false },
-                { tag: "last week", age: 7 * 24 * hour, works: true, made: true, alert: false },
-                { tag: "fails", age: 7 * 24 * hour, works: false, made: true, alert: true }
+                { tag: "never", age: -1, works: true, made: true },
+                { tag: "today", age: hour, works: true, made: false },
+                { tag: "last week", age: 7 * 24 * hour, works: true, made: true },
+                { tag: "fails", age: 7 * 24 * hour, works: false, made: false }
             ]
         }
         function test_backup(data) {
+            var backup = study.path + ".bak"
+            var places = [backup, backup + ".tmp"]
+            places.forEach(function(place) {
+                study.clear(place)
+                if (!data.works)
+                    study.block(place)
+            })
+            alerts.clear()
+            var dialog = show(opening)
             var date = data.age < 0 ? "" : new Date(Date.now() - data.age).toISOString()
-            dialog.recentFiles = JSON.stringify([{ name: "a", path: "/p/a.krn", backup: date }])
-            krnFile.backupResult = data.works
-            dialog.open("/p/a.krn")
+            dialog.recentFiles = JSON.stringify([{ name: "study", path: study.path, backup: date }])
+            findChild(dialog, "author").text = "  "
+            dialog.open(study.path)
+            compare([dialog.message, dialog.isOpening], ["Author's name is required!", false])
+            findChild(dialog, "author").text = " Ana "
+            dialog.open(study.path)
             tryCompare(dialog, "isOpening", false)
-            compare(krnFile.calls.some(function(call) { return call.name === "makeBackup" }), data.made)
-            compare(alerts.count, data.alert ? 1 : 0)
-            var kept = JSON.parse(dialog.recentFiles)[0].backup
-            compare(kept === date, !data.made || !data.works)
-        }
-
-        function test_validation() {
-            field("author").text = "  "
-            dialog.open("/p/a.krn")
-            compare(dialog.message, "Author's name is required!")
-            compare(dialog.isOpening, false)
-        }
-
-        function test_openingTrimsTheAuthorAndNamesTheProject() {
-            dialog.mode = dialog.modeNew
-            dialog.open("/p/new.krn")
-            compare(dialog.message, "Loading...")
-            tryCompare(dialog, "isOpening", false)
+            compare(krnFile.isOpened, true)
             compare(CentralManager.currentAuthor, "Ana")
-            var call = krnFile.calls.filter(function(call) { return call.name === "openProject" })[0]
-            compare(call.arguments, ["/p/new.krn", true, "", true, false])
-            compare(CentralManager.currentProject.name, "/p/new.krn")
+            compare(study.exists(backup), data.made)
+            compare(alerts.count, data.works ? 0 : 1)
+            compare(JSON.parse(dialog.recentFiles)[0].backup === date, !data.made)
+            places.forEach(function(place) { study.clear(place) })
         }
 
-        function test_aProtectedProjectAsksForItsPassword() {
-            projectMerger.password = "secret"
-            dialog.open("/p/a.krn")
-            compare(dialog.message, "a.krn is password protected.")
-            compare(dialog.properties.passwordNeeded, true)
-            dialog.tryPassword("wrong")
-            compare(dialog.isOpening, false)
-            dialog.tryPassword("secret")
-            tryCompare(dialog, "isOpening", false)
-            compare(krnFile.calls[krnFile.calls.length - 2].arguments[2], "secret")
-        }
-
-        function test_aFileThatCannotBeReadAsksForNoPassword() {
-            projectMerger.error = "It is damaged."
-            dialog.open("/p/a.krn")
-            projectMerger.error = ""
-            compare(dialog.message, "It is damaged.")
-            compare(dialog.properties.passwordNeeded, false)
-            compare(dialog.isOpening, false)
-        }
-
-        function test_aFailureIsShown() {
-            krnFile.openResult = false
-            dialog.open("/p/a.krn")
-            tryCompare(dialog, "isOpening", false)
-            compare(dialog.message, "Unable to open project.")
-            compare(JSON.parse(dialog.recentFiles || "[]").length, 0)
+        function test_propertiesAreSavedTrimmed() {
+            study.setKernos([[1, -1, 5, 5]])
+            CentralManager.showPreferencesDialogForKerno = 1
+            var dialog = show(properties)
+            findChild(dialog, "kernoTitle").text = "  Listening "
+            findChild(dialog, "kernoDescription").text = " to people\n"
+            dialog.kernoColor = "#ff0000"
+            dialog.save()
+            var saved = krnFile.kerno(1)
+            compare([saved.title, saved.description, String(saved.color)], ["Listening", "to people", "#ff0000"])
+            compare(undoManager.count, 1)
+            CentralManager.showPreferencesDialogForKerno = -1
         }
     }
 }

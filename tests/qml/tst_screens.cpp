@@ -1,21 +1,15 @@
-#include "MockRows.h"
+#include "app/KernovaApplication.h"
+#include "app/Session.h"
+#include "app/Startup.h"
+#include "link/Connection.h"
+#include "link/DataHelper.h"
+#include "project/KRNFile.h"
+#include "tests_support/AllModels.h"
+#include "tests_support/TestMain.h"
 
-#include "import/TransposedCSVImportModel.h"
-#include "models/ComboBoxProxyModel.h"
-#include "models/FetchMoreListModel.h"
-#include "models/KernoHierarchyModel.h"
-#include "models/KernoOverlapModel.h"
-#include "models/SourceMetadataProxyModels.h"
-#include "models/VariantListModel.h"
-
-#include <QApplication>
-#include <QFont>
-#include <QQmlComponent>
 #include <QQmlContext>
 #include <QQmlEngine>
-#include <QTemporaryDir>
 #include <QtQuickTest/quicktest.h>
-
 #include <cstdio>
 
 namespace {
@@ -23,9 +17,10 @@ namespace {
 int unexpectedMessages = 0;
 QtMessageHandler testHandler = nullptr;
 
-/// Every warning is a fault of the screens. The test library's own handler goes on printing them.
+/// Every warning is a fault of the screens, but the one on the scene graph's backend where there is none. The
+/// test library's own handler goes on printing them.
 void countMessages(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (type != QtDebugMsg && type != QtInfoMsg)
+    if (type != QtDebugMsg && type != QtInfoMsg && !message.contains("'d3d12'"_s))
         ++unexpectedMessages;
     if (testHandler)
         testHandler(type, context, message);
@@ -33,39 +28,67 @@ void countMessages(QtMsgType type, const QMessageLogContext& context, const QStr
 
 }  // namespace
 
-/// Registers the module's types and gives the engine stand-ins of the program's objects.
+/// What a test asks for, as `study`: a project at the real service with what the test needs in it.
+class Study : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString path READ path CONSTANT)
+
+public:
+    explicit Study(Session& session) : m_session(session), m_file(*KRNFile::instance()) {}
+
+    QString path() const { return m_folder.filePath("study.krn"_s); }
+
+    /// A new project in the place of the former one.
+    Q_INVOKABLE bool open() {
+        return m_file.dataHelper()->connection()->connect(false) &&
+               m_file.openProject({{"name"_s, path()}, {"project_uuid"_s, QString()}}, true, {}, true, true);
+    }
+    /// The project's kernos are these alone: id, parent, x and y of each. Nothing is coded, and nothing can
+    /// be undone.
+    Q_INVOKABLE void setKernos(const QVariantList& rows) {
+        for (const Kerno& kerno : m_file.kernoModel()->snapshot()) {
+            m_file.batchDeleteHighlights(m_file.highlightsOfKerno(kerno.id()));
+            m_file.deleteKerno(kerno);
+        }
+        for (const QVariant& row : rows) {
+            const QVariantList v = row.toList();
+            m_file.saveKerno(Kerno(v[0].toInt(), v[1].toInt(), QColor(0x30, 0x60, 0xc0),
+                                   'K' + v[0].toString(), {}, {}, "Ann"_s, v[2].toInt(), v[3].toInt()));
+        }
+        settle();
+        m_session.undoManager().clearStack();
+    }
+    /// A source with this answer to the first question.
+    Q_INVOKABLE void setSource(int id, const QString& title, const QString& answer) {
+        m_file.saveSource(Source(id, title, {}, "Ann"_s, {}));
+        m_file.saveAnswer(QuestionAnswer(id, 1, id, "Ann"_s, answer, {}));
+        settle();
+    }
+    /// Returns when everything that was sent has been stored, and has reached the models.
+    Q_INVOKABLE void settle() {
+        m_file.kernoIds();
+        QCoreApplication::processEvents();
+    }
+    Q_INVOKABLE bool exists(const QString& file) const { return QFileInfo(file).isFile(); }
+    Q_INVOKABLE void clear(const QString& file) const {
+        QFile::remove(file);
+        QDir(file).removeRecursively();
+    }
+    /// A folder with something in it stands where a file is to come.
+    Q_INVOKABLE void block(const QString& file) const { QDir().mkpath(file + "/full"_s); }
+
+private:
+    QTemporaryDir m_folder;
+    Session& m_session;
+    KRNFile& m_file;
+};
+
+/// Gives each engine the program's objects.
 class Setup : public QObject {
     Q_OBJECT
 
 public:
-    Setup() {
-        const auto mock = [](const char* name) {
-            return QUrl::fromLocalFile(
-                QStringLiteral(QUICK_TEST_SOURCE_DIR "/mock/%1.qml").arg(QLatin1String(name)));
-        };
-        qmlRegisterType<MockRows>("KernovaMock", 1, 0, "MockRows");
-        qmlRegisterType(mock("KernovaTextEditBase"), "Kernova", 1, 2, "KernovaTextEditBase");
-        qmlRegisterType(mock("KernovaWindow"), "Kernova", 1, 2, "KernovaWindow");
-        qmlRegisterType(mock("DocumentChangeTracker"), "Kernova", 1, 0, "DocumentChangeTracker");
-        qmlRegisterType(mock("SourceTabs"), "Kernova", 1, 4, "SourceTabs");
-        qmlRegisterType<MockKernovaQml>("Kernova", 1, 0, "KernovaQML");
-        qmlRegisterType<MockKernos>("Kernova", 1, 4, "KernoProxyModel");
-        qmlRegisterType<MockKernoChoice>("Kernova", 1, 4, "KernoComboBoxModel");
-        qmlRegisterType<MockRows>("Kernova", 1, 4, "KernoShortcutKeyProxyModel");
-        // These need no project: without one they are empty.
-        qmlRegisterType<TransposedCSVImportModel>("Kernova", 1, 4, "TransposedCSVImportModel");
-        qmlRegisterType<VariantListModel>("Kernova", 1, 0, "VariantListModel");
-        qmlRegisterType<FetchMoreListModel>("Kernova", 1, 4, "FetchMoreListModel");
-        qmlRegisterType<KernoHierarchyModel>("Kernova", 1, 4, "KernoHierarchyModel");
-        qmlRegisterType<KernoOverlapModel>("Kernova", 1, 4, "KernoOverlapModel");
-        qmlRegisterType<SourceMetadataKeyProxyModel>("Kernova", 1, 4, "MetadataKeyModel");
-        qmlRegisterType<SourceMetadataValueProxyModel>("Kernova", 1, 4, "MetadataValueModel");
-        qmlRegisterType<SourceMetadataProxyModel>("Kernova", 1, 4, "SourceMetadataModel");
-        qmlRegisterType<SourceMetadataValueComboBoxProxyModel>("Kernova", 1, 4,
-                                                               "SourceMetadataValueComboBoxModelProxy");
-        qmlRegisterType<MockSources>("Kernova", 1, 4, "SourceProxyModel");
-        qmlRegisterType<MockAnswers>("Kernova", 1, 4, "AnswerModel");
-    }
+    Setup() : m_session(*static_cast<KernovaApplication*>(qApp), startup::setUp()), m_study(m_session) {}
 
 public slots:
     void qmlEngineAvailable(QQmlEngine* engine) {
@@ -73,41 +96,24 @@ public slots:
         if (current != countMessages)
             testHandler = current;
         QQmlContext* context = engine->rootContext();
-        context->setContextProperty(QStringLiteral("mockKernos"), MockKernos::source());
-        context->setContextProperty(QStringLiteral("mockSources"), MockSources::source());
-        context->setContextProperty(QStringLiteral("mockAnswers"), MockAnswers::source());
-        const QList<QPair<QString, QString>> objects = {
-            {QStringLiteral("krnFile"), QStringLiteral("KrnFile")},
-            {QStringLiteral("appHelper"), QStringLiteral("AppHelper")},
-            {QStringLiteral("undoManager"), QStringLiteral("UndoManager")},
-            {QStringLiteral("instantiator"), QStringLiteral("Instantiator")},
-            {QStringLiteral("projectMerger"), QStringLiteral("ProjectMerger")},
-            {QStringLiteral("idManager"), QStringLiteral("IdManager")}};
-        for (const auto& object : objects) {
-            QQmlComponent component(
-                engine,
-                QUrl::fromLocalFile(QStringLiteral(QUICK_TEST_SOURCE_DIR "/mock/%1.qml").arg(object.second)));
-            QObject* created = component.create(context);
-            if (!created)
-                qFatal("%s", qPrintable(component.errorString()));
-            created->setParent(engine);
-            context->setContextProperty(object.first, created);
-        }
+        for (const QString& name : {"krnFile"_s, "appHelper"_s, "undoManager"_s, "instantiator"_s,
+                                    "projectMerger"_s, "idManager"_s})
+            context->setContextProperty(name, m_session.engine().rootContext()->contextProperty(name));
+        context->setContextProperty("study"_s, &m_study);
     }
+
+private:
+    Session m_session;
+    Study m_study;
 };
 
 int main(int argc, char** argv) {
-    QTemporaryDir home;
-    qputenv("HOME", home.path().toUtf8());
-    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
-    QCoreApplication::setAttribute(Qt::AA_DisableShaderDiskCache, true);
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStringLiteral("fusion"));
-    QApplication::setFont(QFont(QStringLiteral("Lato")));
-    QCoreApplication::setOrganizationName(QStringLiteral("Kernova tests"));
-    QCoreApplication::setOrganizationDomain(QStringLiteral("kernova.invalid"));
+    TestEnvironment environment;
+    startup::prepare();
+    KernovaApplication application(argc, argv);
     Setup setup;
     const int failures = quick_test_main_with_setup(argc, argv, "screens", QUICK_TEST_SOURCE_DIR, &setup);
+    qInstallMessageHandler(nullptr);
     if (unexpectedMessages > 0)
         std::fprintf(stderr, "%d unexpected messages\n", unexpectedMessages);
     return failures + unexpectedMessages;

@@ -38,6 +38,12 @@ TestCase {
         return (Math.max(lights[0], lights[1]) + 0.05) / (Math.min(lights[0], lights[1]) + 0.05)
     }
 
+    function test_theFontsAreTheProgramsOwn() {
+        ["Lato", "Open Sans", "Source Code Pro"].forEach(function(family) {
+            verify(Qt.fontFamilies().indexOf(family) >= 0, family)
+        })
+    }
+
     function test_textsStandOut_data() {
         return [{ tag: "dark", dark: true }, { tag: "light", dark: false }]
     }

@@ -1,7 +1,9 @@
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import QtQuick.Controls 1.4
 import QtQuick.Controls.Styles 1.4
 import "."
+import "../Utils.js" as Utils
 
 // A combo box in the colours of the theme.
 ComboBox {
@@ -11,9 +13,26 @@ ComboBox {
     // A colour for each entry, or none: a disc of it stands before the entry.
     property var entryColors: []
 
+    // What an editable box is written in.
+    property Item __field: null
+
+    // Where nobody writes, a long text shows its beginning.
+    function __showBeginning() {
+        if (!editable || !__field || __field.activeFocus || !Window.active)
+            return
+        // Only a cursor that moves is brought into sight.
+        __field.cursorPosition = __field.text.length
+        __field.cursorPosition = 0
+    }
+
     implicitHeight: Units.dp(30)
     Accessible.name: tooltip
     Accessible.description: currentText
+
+    Component.onCompleted: __field = Utils.findInArray(Array.from(children), function(child) { return !!child.tryComplete })
+    onEditTextChanged: Qt.callLater(__showBeginning)
+    onWidthChanged: Qt.callLater(__showBeginning)
+    onActiveFocusChanged: Qt.callLater(__showBeginning)
 
     style: ComboBoxStyle {
         textColor: ApplicationStyle.dialog_text_color_alternative

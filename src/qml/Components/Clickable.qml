@@ -1,5 +1,6 @@
 import QtQuick 2.15
 import "."
+import "../Utils.js" as Utils
 
 // What can be clicked: by the mouse, or by Return and Space while it has the keyboard. A right click or the menu key
 // asks for its menu, where it has one.
@@ -16,6 +17,8 @@ Item {
     property alias ring: _ring
     readonly property bool hovered: _mouse.containsMouse
     readonly property bool pressed: _mouse.pressed
+    // While the mouse stays where it has clicked, a note would only cover what came of it.
+    property bool __used: false
 
     signal clicked()
     signal menuRequested()
@@ -29,18 +32,21 @@ Item {
     Accessible.onPressAction: click()
 
     function click() {
+        __used = hovered
         if (checkable)
             checked = !checked
         clicked()
     }
 
-    onHoveredChanged: CentralManager.onButtonHoverChanged(root)
+    onHoveredChanged: {
+        __used = false
+        CentralManager.onButtonHoverChanged(root)
+    }
     Keys.onReturnPressed: click()
     Keys.onEnterPressed: click()
     Keys.onSpacePressed: click()
     Keys.onPressed: {
-        event.accepted = hasMenu && (event.key === Qt.Key_Menu
-                                     || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
+        event.accepted = hasMenu && Utils.asksForMenu(event)
         if (event.accepted)
             menuRequested()
     }
@@ -63,6 +69,6 @@ Item {
     HoverToolTip {
         anchorItem: root
         text: root.tooltip
-        shown: root.hovered && !root.pressed
+        shown: root.hovered && !root.pressed && !root.__used
     }
 }

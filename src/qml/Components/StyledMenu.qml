@@ -7,9 +7,17 @@ Menu {
 
     style: Component { ThemedMenuStyle {} }
 
-    // Below the item that it belongs to, wherever the mouse is.
-    function popupBelow(item) {
+    // At a point of the item that it belongs to, wherever the mouse is.
+    function popupAt(item, x, y) {
         __visualItem = item
-        __popup(Qt.rect(0, item.height, 0, 0), -1)
+        __popup(Qt.rect(x, y, 0, 0), -1)
+    }
+
+    function popupBelow(item) {
+        popupAt(item, 0, item.height)
+    }
+
+    function popupOver(item) {
+        popupAt(item, item.width / 2, item.height / 2)
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Window 2.15
 import QtQuick.Controls 1.4
 import QtQuick.Controls.Styles 1.4
 import "."
@@ -16,6 +17,18 @@ TextField {
     selectByMouse: true
     font.pixelSize: ApplicationStyle.dialog_text_font_size
 
+    // Where nobody writes, a long text shows its beginning; who only leaves the window for a while goes on there.
+    function __showBeginning() {
+        if (activeFocus || !Window.active)
+            return
+        // Only a cursor that moves is brought into sight.
+        cursorPosition = text.length
+        cursorPosition = 0
+    }
+
+    onTextChanged: Qt.callLater(__showBeginning)
+    onWidthChanged: Qt.callLater(__showBeginning)
+    onActiveFocusChanged: Qt.callLater(__showBeginning)
     onEditingFinished: {
         if (clearIfWhitespaceOnlyOnEditingFinished && text !== "" && text.trim() === "")
             text = ""

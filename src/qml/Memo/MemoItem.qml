@@ -12,10 +12,13 @@ Item {
     property int length: 0
     property bool notesShown: false
     property var siblings: []
+    // The keys are at its icon.
+    property bool hasKeyboard: false
     readonly property bool focused: memoId > 0 && !CentralManager.hasUserSelectedText
                                     && CentralManager.currentMemoId === memoId
 
     signal menuRequested()
+    signal menuByKeys()
     signal selectRequested()
     // The keyboard goes back to where the passage is.
     signal left()
@@ -50,6 +53,12 @@ Item {
         CentralManager.currentMemoId = memoId
     }
 
+    // Takes the keyboard into the note.
+    function enter() {
+        CentralManager.showMemosPanel = true
+        activate()
+    }
+
     function save() {
         if (_text.text === content || !CentralManager.canMutate)
             return
@@ -80,6 +89,11 @@ Item {
             font { family: ApplicationStyle.source_text_font_family; pixelSize: CentralManager.sourceFontSize }
             Accessible.name: qsTr("Memo")
             Keys.onEscapePressed: root.left()
+            Keys.onPressed: {
+                event.accepted = Utils.asksForMenu(event)
+                if (event.accepted)
+                    root.menuByKeys()
+            }
             onActiveFocusChanged: {
                 if (!activeFocus) {
                     root.save()
@@ -113,6 +127,8 @@ Item {
         height: Units.dp(25)
         mipmap: true
         source: "qrc:///qml/images/%1.png".arg(root.focused ? "memo-icon-toggled" : "memo-icon")
+
+        FocusRing { shown: root.hasKeyboard }
 
         MouseArea {
             anchors.fill: parent

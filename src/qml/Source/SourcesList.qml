@@ -23,8 +23,8 @@ Item {
     property real __slide: out ? 1 : 0
     Behavior on __slide { NumberAnimation { duration: 200 } }
 
-    function open(sourceId) {
-        _tabs.open(sourceId)
+    function switchToSource(sourceId) {
+        _tabs.switchToSource(sourceId)
     }
 
     SourceProxyModel { id: _model }

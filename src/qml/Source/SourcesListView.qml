@@ -120,7 +120,7 @@ FocusScope {
                     delegate: SourceRow {
                         width: ListView.view.width
                         onChosen: {
-                            root.list.open(model.sourceId)
+                            root.list.switchToSource(model.sourceId)
                             root.list.out = false
                         }
                         onRemoveRequested: root.list.removeRequested(model.sourceId, model.title)

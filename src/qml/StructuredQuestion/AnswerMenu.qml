@@ -9,8 +9,9 @@ StyledMenu {
     property int answerId: -1
     property int cursor: 0
 
-    // An HTML document of its own would lose what the editor can't show.
-    function ask(answer, isHtml, position) {
+    // An HTML document of its own would lose what the editor can't show. `textItem` is the text whose cursor the menu
+    // stands at, or null for the mouse.
+    function ask(answer, isHtml, position, textItem) {
         if (isHtml) {
             CentralManager.showAlert(qsTr("Editing is forbidden"),
                                      qsTr("This source was created in the Web client, and can't be edited here "
@@ -19,7 +20,10 @@ StyledMenu {
         }
         answerId = answer
         cursor = position
-        popup()
+        if (textItem)
+            popupAt(textItem, textItem.cursorRectangle.x, textItem.cursorRectangle.y + textItem.cursorRectangle.height)
+        else
+            popup()
     }
 
     MenuItem {

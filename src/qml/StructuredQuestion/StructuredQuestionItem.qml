@@ -17,6 +17,7 @@ Item {
     property bool showQuestion: !CentralManager.singleQuestionMode
     property bool inQuery: false
     property bool editable: false
+    property bool hasMenu: false
     property bool resizing: false
     property string filter
     property Item dragItem: null
@@ -24,6 +25,7 @@ Item {
     readonly property alias selectedText: _text.selectedText
     readonly property alias length: _text.length
     readonly property alias mainTextArea: _text
+    readonly property bool holdsFocus: _text.activeFocus || _stripes.activeFocus || _memos.activeFocus
     readonly property real memosWidth: inQuery ? 0 : Units.dp(25) + (_memos.notesShown
                                                                      ? CentralManager.memoColumnSize : 0)
     readonly property real questionHeight: showQuestion ? _question.height + ApplicationStyle.default_margin : 0
@@ -56,13 +58,32 @@ Item {
         CentralManager.countSelection(selected)
     }
 
+    // By a key: where the text has no menu, that of the coding beside the cursor.
+    function __showMenu() {
+        if (hasMenu)
+            showPopUp(sourceId, questionId, offset + _text.cursorPosition)
+        else
+            _stripes.showMenuBeside(_text.cursorRectangle.y + _text.cursorRectangle.height / 2)
+    }
+
     function __endKey() {
         keysMoveCursor = false
     }
 
+    function __keyStarts() {
+        keysMoveCursor = true
+        Qt.callLater(__endKey)
+    }
+
+    // A key has gone to something beside the text.
+    function __showPlace(y, height) {
+        __keyStarts()
+        cursorRectChanged(0, y, height, questionHeight)
+    }
+
     function copy() {
         if (hasSelectedText) {
-            appHelper.setClipboardText(Utils.filled("%1\n\n-- %2 --\n\n",
+            appHelper.setClipboardText(Utils.filled("%1\n\n-- %2 --\n\n\n",
                                                     selectedText.replace(/\u2029|\u2028/g, "\n"),
                                                     krnFile.sourceTitle(sourceId)))
         }
@@ -105,27 +126,6 @@ Item {
         }
     }
 
-    MemosBar {
-        id: _memos
-        y: root.questionHeight
-        width: root.memosWidth
-        height: _text.height
-        visible: !root.inQuery
-        model: _text.memosModel
-        textItem: _text
-    }
-
-    HighlightsBar {
-        id: _stripes
-        x: root.memosWidth
-        y: root.questionHeight
-        width: CentralManager.highlightsColumnWidth
-        height: _text.height
-        z: 1
-        model: _text.highlightsModel
-        columns: _text.highlightsModel ? _text.highlightsModel.columns : 1
-    }
-
     KernovaTextEdit {
         id: _text
 
@@ -140,16 +140,19 @@ Item {
         selectByKeyboard: true
         activeFocusOnTab: true
         cursorVisible: activeFocus
-        Accessible.name: root.showQuestion ? root.question : qsTr("Text of the source")
+        Accessible.name: root.showQuestion && root.question || qsTr("Text of the source")
         textFormat: root.isRichText ? TextEdit.RichText : TextEdit.PlainText
         currentHighlight: _stripes.hoveredHighlight
         onCursorRectangleChanged: root.cursorRectChanged(cursorRectangle.x, cursorRectangle.y,
                                                          cursorRectangle.height, root.questionHeight)
         Keys.onReleased: _dragArea.keyReleased(event)
         Keys.onPressed: {
-            root.keysMoveCursor = true
-            Qt.callLater(root.__endKey)
+            root.__keyStarts()
             _dragArea.keyPressed(event)
+            if (Utils.asksForMenu(event)) {
+                root.__showMenu()
+                event.accepted = true
+            }
             if (event.matches(StandardKey.Copy)) {
                 root.copy()
                 event.accepted = true
@@ -163,6 +166,33 @@ Item {
         textItem: _text
         item: root
         onClickedForMenu: root.showPopUp(root.sourceId, root.questionId, root.offset + position)
+    }
+
+    // After the text in the order of Tab, in which the text comes first.
+    HighlightsBar {
+        id: _stripes
+        objectName: "codings"
+        x: root.memosWidth
+        y: root.questionHeight
+        width: CentralManager.highlightsColumnWidth
+        height: _text.height
+        z: 1
+        model: _text.highlightsModel
+        columns: _text.highlightsModel ? _text.highlightsModel.columns : 1
+        onReached: root.__showPlace(y, height)
+        onLeft: _text.forceActiveFocus()
+    }
+
+    MemosBar {
+        id: _memos
+        objectName: "memos"
+        y: root.questionHeight
+        width: root.memosWidth
+        height: _text.height
+        visible: !root.inQuery
+        model: _text.memosModel
+        textItem: _text
+        onReached: root.__showPlace(y, height)
     }
 
     AnswerPlaceholder {

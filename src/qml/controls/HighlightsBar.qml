@@ -1,8 +1,9 @@
 import QtQuick 2.15
 import QtQuick.Controls 1.4
 import "../Components"
+import "../Utils.js" as Utils
 
-// The stripes of the coded passages beside a text.
+// The stripes of the coded passages beside a text. They are one stop for Tab; the arrows go from stripe to stripe.
 Item {
     id: root
 
@@ -10,10 +11,59 @@ Item {
     property int columns: 1
     property bool interactive: true
     readonly property real columnWidth: width / Math.max(1, columns)
-    readonly property int hoveredHighlight: _mouse.stripe ? _mouse.stripe.highlightId : -1
+    readonly property Item __shown: _mouse.stripe || _keys.current
+    readonly property int hoveredHighlight: __shown ? __shown.highlightId : -1
     readonly property alias count: _stripes.count
 
+    // The keys are at a stripe of that place.
+    signal reached(real y, real height)
+    // The keyboard goes back to the text.
+    signal left()
+
+    activeFocusOnTab: interactive && _keys.shownCount > 0 || activeFocus
+    Accessible.role: Accessible.List
+    Accessible.name: _keys.current ? Utils.filled(qsTr("Coded: %1"), _keys.current.title || qsTr("Untitled"))
+                                   : qsTr("Codings")
+    Accessible.focusable: true
+    Accessible.focused: activeFocus
+
+    // The menu of the first coding that covers the height.
+    function showMenuBeside(y) {
+        for (var i = 0; i < count; ++i) {
+            var stripe = _stripes.itemAt(i)
+            if (stripe && stripe.highlightId > 0 && stripe.y <= y && y <= stripe.y + stripe.height)
+                return _menu.showFor(stripe)
+        }
+    }
+
     onHoveredHighlightChanged: CentralManager.notifyHighlightHovered(hoveredHighlight)
+    Keys.onPressed: _keys.handle(event)
+
+    BarKeys {
+        id: _keys
+        bar: root
+        repeater: _stripes
+        idField: "highlightId"
+        onReached: root.reached(item.y, Math.min(item.height, Units.dp(40)))
+        onRemoved: undoManager.deleteHighlight(item.highlightId)
+        onMenuRequested: _menu.showFor(item)
+        onLeft: root.left()
+    }
+
+    // Comes before the stripes, so that childAt finds them and not this ring.
+    Rectangle {
+        readonly property Item at: _keys.current
+
+        visible: !!at
+        x: at ? at.x - 2 : 0
+        y: at ? at.y - 2 : 0
+        z: 3
+        width: at ? at.width + 4 : 0
+        height: at ? at.height + 4 : 0
+        radius: 2
+        color: "transparent"
+        border { width: 3; color: ApplicationStyle.focus_color }
+    }
 
     // Comes before the stripes, so that childAt finds them and not this area.
     MouseArea {
@@ -48,10 +98,13 @@ Item {
         }
 
         HighlightToolTip {
+            readonly property Item at: _mouse.stripe ? null : _keys.current
+
             highlightId: root.hoveredHighlight
-            title: _mouse.stripe ? _mouse.stripe.title : ""
-            x: _mouse.mouseX + Units.dp(40)
-            y: _mouse.mouseY - height + Units.dp(20)
+            title: root.__shown ? root.__shown.title : ""
+            x: at ? root.width + Units.dp(8) : _mouse.mouseX + Units.dp(40)
+            y: !at ? _mouse.mouseY - height + Units.dp(20)
+             : at.y >= height ? at.y - height : at.y + at.height
         }
     }
 
@@ -78,6 +131,11 @@ Item {
         id: _menu
 
         property int highlightId: -1
+
+        function showFor(stripe) {
+            highlightId = stripe.highlightId
+            popupAt(stripe, stripe.width, Math.min(stripe.height, Units.dp(20)))
+        }
 
         MenuItem {
             text: qsTr("Remove Highlight")

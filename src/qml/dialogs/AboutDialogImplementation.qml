@@ -23,7 +23,7 @@ DialogPanel {
     RowLayout {
         Layout.topMargin: ApplicationStyle.default_margin
         Item { Layout.fillWidth: true }
-        StyledButton { text: qsTr("Go to Website"); onClicked: appHelper.goToWebsite() }
+        StyledButton { text: qsTr("Go to Website"); onClicked: CentralManager.pageOpened(appHelper.goToWebsite()) }
         StyledButton { primary: true; focus: true; text: qsTr("OK"); onClicked: root.dialogBase.close() }
     }
 }

@@ -23,6 +23,7 @@ DialogPanel {
             [qsTr("0 to 9, A to Z"), qsTr("Code it with the kerno of that key")],
             [qsTr("Ctrl+M"), qsTr("Write a memo on the selection")],
             [qsTr("Ctrl+C"), qsTr("Copy the selection with its source")],
+            [qsTr("Ctrl+F, F3"), qsTr("Find words; the next place")],
             [qsTr("Page Up, Page Down"), qsTr("Leaf through the text")]
         ]],
         [qsTr("In \"Code with...\""), [
@@ -30,9 +31,20 @@ DialogPanel {
             [qsTr("Return"), qsTr("Code with the chosen kerno")],
             [qsTr("Ctrl+N"), qsTr("Code into a new kerno")]
         ]],
+        [qsTr("On the codings and memos beside the text"), [
+            [qsTr("Arrows"), qsTr("To the next one")],
+            [qsTr("Delete"), qsTr("Remove it")],
+            [qsTr("Return"), qsTr("Write in the memo")],
+            [qsTr("Esc"), qsTr("Back to the text")]
+        ]],
         [qsTr("On the canvas"), [
-            [qsTr("Arrows"), qsTr("To the next bubble")],
-            [qsTr("Return"), qsTr("Overview of the kerno")]
+            [qsTr("Arrows"), qsTr("To the next bubble; with Ctrl, move it")],
+            [qsTr("Return"), qsTr("Overview of the kerno")],
+            [qsTr("F2"), qsTr("Change its title in the quick edit bar")]
+        ]],
+        [qsTr("In the tree"), [
+            [qsTr("Ctrl+X, Ctrl+V"), qsTr("Put a kerno below another")],
+            [qsTr("Backspace"), qsTr("Take it out to the top")]
         ]]
     ]
 

@@ -148,15 +148,7 @@ DialogPanel {
 
     RecentFiles { id: _recent }
 
-    headerItems: IconButton {
-        icon: "sign-out"
-        tooltip: qsTr("Sign Out")
-        onClicked: {
-            krnFile.closeAndReset()
-            CentralManager.showOpenFileDialog = false
-            CentralManager.showLogin = true
-        }
-    }
+    headerItems: SignOutButton {}
 
     PasswordPanel {
         id: _passwordPanel
@@ -221,14 +213,9 @@ DialogPanel {
         }
     }
 
-    DialogLabel {
-        Layout.fillWidth: true
-        visible: root.message !== ""
+    DialogMessage {
         text: root.message
-        wrapMode: Text.Wrap
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
-        color: root.isOpening ? ApplicationStyle.dialog_text_color : ApplicationStyle.error_text_color
+        failed: !root.isOpening
     }
 
     OpenButtons {

@@ -27,7 +27,7 @@ FocusScope {
         { overlay: "query", heading: qsTr("Explore Data"),
           text: qsTr("A query shows which passages are coded as you ask, and compares two answers.") },
         { overlay: "report", heading: qsTr("Export your data"),
-          text: qsTr("The export menu writes documents, tables and parts of the project.") },
+          text: qsTr("The export menu makes reports and word clouds, and writes documents, tables and archives.") },
         { overlay: "home", heading: qsTr("Return to Main View"),
           text: qsTr("Home leads back to the canvas from everywhere.") }
     ]

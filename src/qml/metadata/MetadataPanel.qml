@@ -20,7 +20,6 @@ FocusScope {
         var source = krnFile.source(CentralManager.currentSourceId)
         __titledSource = CentralManager.currentSourceId
         _title.text = source.title || ""
-        _title.cursorPosition = 0
         _header.sourceIcon = source.icon || "md_generic"
     }
 

@@ -21,23 +21,15 @@ Item {
             tooltip: qsTr("Close Properties")
             onClicked: CentralManager.showMetadataPanel = false
         }
-        Image {
-            id: _icon
+        IconButton {
             objectName: "sourceIcon"
             anchors.verticalCenter: parent.verticalCenter
-            width: Units.dp(26)
-            height: Units.dp(26)
-            mipmap: true
-            opacity: _iconMouse.enabled ? 1.0 : 0.5
-            source: "qrc:///qml/images/%1.png".arg(root.sourceIcon)
-
-            MouseArea {
-                id: _iconMouse
-                anchors.fill: parent
-                enabled: CentralManager.currentSourceId > 0
-                cursorShape: Qt.PointingHandCursor
-                onClicked: _icons.popup()
-            }
+            icon: root.sourceIcon
+            themed: false
+            iconSize: Units.dp(26)
+            enabled: CentralManager.currentSourceId > 0
+            name: qsTr("Icon of the source")
+            onClicked: _icons.popup()
         }
     }
 

@@ -17,9 +17,19 @@ Repeater {
     property var itemsWithSelectedText: []
     readonly property bool allSelected: count > 0 && itemsWithSelectedText.length === count
                                         && itemsWithSelectedText.every(function(item) { return item.allSelected })
+    property real spacing: Units.dp(20)
+    property real margin: ApplicationStyle.default_margin
+    // From above the first quote to below the last.
+    property real columnHeight: 0
     // What a quote is taken to be high before it was drawn: as high as the last one that was.
     property real __likelyHeight: Units.dp(110)
+    // Of all quotes, whereas only those that are drawn are touched: a positioner would go over thousands of items, and
+    // each that a script has met stays in its memory.
+    property var __heights: []
+    property var __tops: []
+    property var __completed: []
     property var __drawn: []
+    property int __pass: 0
     property int __placed: 0
 
     function __items() {
@@ -50,67 +60,112 @@ Repeater {
         var items = __items()
         for (var i = items.length - 1; i >= 0; --i) {
             if (items[i].hasSelectedText) {
-                var end = separator !== undefined ? separator : "\n\n-- " + items[i].sourceTitle + " --\n\n"
+                var end = separator !== undefined ? separator : "\n\n-- " + items[i].source() + " --\n\n\n"
                 text = items[i].selectedText() + end + text
             }
         }
         return text
     }
 
-    // The first quote that reaches below the height: they stand below one another.
-    function __firstBelow(height) {
+    // The last quote that begins at the height or above it.
+    function __placeAt(height) {
         var from = 0
-        var to = count
-        while (from < to) {
+        var to = __tops.length
+        while (to - from > 1) {
             var middle = Math.floor((from + to) / 2)
-            var item = itemAt(middle)
-            if (item && item.y + item.height < height)
-                from = middle + 1
+            if (__tops[middle] <= height)
+                from = middle
             else
                 to = middle
         }
         return from
     }
 
+    // What is read must not move when something above it finds its height.
+    function __layOut() {
+        var read = view && !view.moving ? __placeAt(view.contentY) : -1
+        var before = __tops[read]
+        var y = margin
+        __tops = __heights.map(function(height) {
+            var top = y
+            y += height + spacing
+            return top
+        })
+        columnHeight = count > 0 ? y - spacing + margin : 0
+        __drawn.forEach(function(loader) { loader.y = __tops[loader.place] })
+        if (before !== undefined && __tops[read] !== undefined && view.contentY > 0)
+            view.contentY += __tops[read] - before
+    }
+
+    function __setHeight(place, height) {
+        if (height <= 0 || __heights[place] === height)
+            return
+        __heights[place] = height
+        __likelyHeight = height
+        Qt.callLater(__layOut)
+    }
+
     // Draws what is in sight or one height of the view away from it, and lets go of the rest.
     function __draw() {
         if (!view)
             return
+        if (__tops.length !== count)
+            __layOut()
         var drawn = []
+        var pass = ++__pass
         var bottom = view.contentY + 2 * view.height
-        for (var i = __firstBelow(view.contentY - view.height); i < count; ++i) {
-            var item = itemAt(i)
-            if (!item || item.y > bottom)
-                break
-            item.active = true
-            drawn.push(item)
+        var first = __placeAt(view.contentY - view.height)
+        for (var i = first; i < count && __tops[i] <= bottom; ++i) {
+            var loader = itemAt(i)
+            loader.pass = pass
+            loader.y = __tops[i]
+            loader.active = true
+            drawn.push(loader)
         }
         __drawn.forEach(function(old) {
-            if (old && drawn.indexOf(old) < 0) {
-                // What is half made can't be let go of.
-                if (old.kept || old.status === Loader.Loading)
-                    drawn.push(old)
-                else
-                    old.active = false
-            }
+            if (old.pass === pass)
+                return
+            // What is half made can't be let go of.
+            if (old.isKept() || old.status === Loader.Loading)
+                drawn.push(old)
+            else
+                old.active = false
         })
         __drawn = drawn
         for (; __placed < count; ++__placed) {
-            var placed = itemAt(__placed)
-            if (placed && !placed.active)
-                placed.complete()
+            if (__placed < first || __placed >= i)
+                __complete(__placed)
         }
     }
 
-    onItemRemoved: {
-        if (item.counted)
-            completedComponents -= 1
-        __drawn = __drawn.filter(function(other) { return other !== item })
-        __placed = Math.min(__placed, index)
-        Qt.callLater(__noteSelection)
+    function __complete(place) {
+        if (__completed[place])
+            return
+        __completed[place] = true
+        completedComponents += 1
     }
-    onCountChanged: _drawing.start()
 
+    // Quotes come and go at the end of the list.
+    onCountChanged: {
+        var gone = __completed.splice(count).filter(function(completed) { return completed }).length
+        completedComponents -= gone
+        __placed = Math.min(__placed, count)
+        __drawn = __drawn.filter(function(loader) { return loader.place >= 0 && loader.place < count })
+        while (__heights.length < count)
+            __heights.push(__likelyHeight)
+        __heights.length = count
+        if (gone > 0)
+            Qt.callLater(__noteSelection)
+        _drawing.start()
+    }
+
+    // Other quotes stand in the places of the former ones.
+    property Connections _replacing: Connections {
+        target: root.model
+        function onDataChanged() {
+            root.__items().forEach(function(item) { item.wholeSelected = item.seen = false })
+        }
+    }
     property Connections _scrolling: Connections {
         target: root.view
         function onContentYChanged() { root._drawing.start() }
@@ -125,24 +180,25 @@ Repeater {
     Loader {
         id: _loader
 
-        property bool counted: false
         // All of it is to be selected as soon as it is drawn.
         property bool wholeSelected: false
-        property real __knownHeight: root.__likelyHeight
-        readonly property var passage: modelData
+        property bool seen: false
+        // The last pass of drawing that it was in.
+        property int pass: 0
+        readonly property int place: index
+        // Only of those that are drawn: a script's memory of thousands is gone over again and again.
+        readonly property var passage: active ? modelData : null
         readonly property bool __ready: !!item && item.textReady
         readonly property bool hasSelectedText: __ready ? item.hasSelectedText : wholeSelected
         readonly property bool allSelected: __ready ? item.allSelected : wholeSelected
-        readonly property string sourceTitle: passage && passage.sourceTitle ? passage.sourceTitle : ""
-        // It holds what could not be had again.
-        readonly property bool kept: !!item && (item.extended || item.hasSelectedText && !item.allSelected
-                                                || item.holdsFocus)
 
-        function complete() {
-            if (!counted) {
-                counted = true
-                root.completedComponents += 1
-            }
+        function source() {
+            return modelData.sourceTitle || ""
+        }
+
+        // It holds what could not be had again.
+        function isKept() {
+            return !!item && (item.extended || item.hasSelectedText && !item.allSelected || item.holdsFocus)
         }
 
         function select(all) {
@@ -153,42 +209,34 @@ Repeater {
                 item.deselect()
         }
 
+        function __selectWhole() {
+            if (wholeSelected)
+                item.selectAll()
+        }
+
+        function __followSelection() {
+            if (__ready)
+                wholeSelected = item.allSelected
+        }
+
         function selectedText() {
-            return __ready ? item.selectedText : appHelper.plainText(root.textOf(passage))
+            return __ready ? item.selectedText : appHelper.plainText(root.textOf(modelData))
         }
 
         active: false
         asynchronous: true
         width: parent ? parent.width : 0
-        height: item ? item.implicitHeight : __knownHeight
         sourceComponent: root.quote
         onHasSelectedTextChanged: Qt.callLater(root.__noteSelection)
         onAllSelectedChanged: Qt.callLater(root.__noteSelection)
         onLoaded: {
+            item.seen = seen
             item.passage = Qt.binding(function() { return _loader.passage })
-            complete()
+            item.seenChanged.connect(function() { seen = true })
+            item.selectionChanged.connect(__followSelection)
+            item.textReadyChanged.connect(__selectWhole)
+            root.__complete(place)
         }
-        onHeightChanged: {
-            if (!item || height === __knownHeight)
-                return
-            // What is read must not move when something above it finds its height.
-            if (root.view && !root.view.moving && y + __knownHeight <= root.view.contentY)
-                root.view.contentY += height - __knownHeight
-            __knownHeight = height
-            root.__likelyHeight = height
-        }
-
-        Connections {
-            target: _loader.item
-            ignoreUnknownSignals: true
-            function onTextReadyChanged() {
-                if (_loader.wholeSelected)
-                    _loader.item.selectAll()
-            }
-            function onSelectionChanged() {
-                if (_loader.__ready)
-                    _loader.wholeSelected = _loader.item.allSelected
-            }
-        }
+        onHeightChanged: root.__setHeight(place, height)
     }
 }

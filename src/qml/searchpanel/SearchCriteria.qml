@@ -109,22 +109,23 @@ Column {
             color: ApplicationStyle.orange_text_color
             font { pixelSize: ApplicationStyle.label_font_size; capitalization: Font.AllUppercase; bold: true }
         }
-        PlainText {
+        Clickable {
             objectName: "criteriaOperator"
             anchors { right: parent.right; verticalCenter: parent.verticalCenter }
+            width: _junction.width + Units.dp(8)
+            height: parent.height
             text: root.andOperator ? qsTr("AND") : qsTr("OR")
-            color: ApplicationStyle.dialog_text_color_alternative
-            font { pixelSize: ApplicationStyle.label_font_size; bold: true; underline: _junction.containsMouse }
+            onClicked: {
+                root.andOperator = !root.andOperator
+                root.changed()
+            }
 
-            MouseArea {
+            PlainText {
                 id: _junction
-                anchors { fill: parent; margins: -Units.dp(4) }
-                hoverEnabled: true
-                cursorShape: Qt.PointingHandCursor
-                onClicked: {
-                    root.andOperator = !root.andOperator
-                    root.changed()
-                }
+                anchors.centerIn: parent
+                text: parent.text
+                color: ApplicationStyle.dialog_text_color_alternative
+                font { pixelSize: ApplicationStyle.label_font_size; bold: true; underline: parent.hovered }
             }
         }
     }

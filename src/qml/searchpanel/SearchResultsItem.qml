@@ -17,17 +17,19 @@ Item {
     property var loadMore: function(sourceId, questionId, start, length) {
         return krnFile.partialAnswer(sourceId, questionId, start, length)
     }
-    property bool expandable: true
+    // A query's quotes stand alone: without their question, and as they were coded.
     property bool inQuery: false
-    property bool showQuestion: !CentralManager.singleQuestionMode
     property bool ctrlPressed: false
     property Item dragItem: null
     property bool resizing: false
 
+    readonly property bool __showQuestion: !inQuery && !CentralManager.singleQuestionMode
+    // It was seen before: made anew, it stands at once.
+    property bool seen: false
     // More of the answer was read than was found.
     property bool extended: false
     readonly property bool textReady: _text.mainTextArea.loaded
-    readonly property bool holdsFocus: _text.mainTextArea.activeFocus
+    readonly property alias holdsFocus: _text.holdsFocus
     readonly property alias hasSelectedText: _text.hasSelectedText
     readonly property string selectedText: _text.selectedText.replace(/\u2029|\u2028/g, "\n")
     readonly property bool allSelected: hasSelectedText && _text.selectedText.length === _text.length
@@ -40,7 +42,7 @@ Item {
     signal cursorRectChanged(real x, real y, real cursorHeight, real questionHeight)
 
     implicitHeight: _column.height
-    opacity: 0.01
+    opacity: seen ? 1 : 0.01
 
     Accessible.role: Accessible.Grouping
     Accessible.name: Utils.filled(qsTr("Quote from %1"), sourceTitle)
@@ -60,21 +62,24 @@ Item {
         _before.exhausted = offset === 0
     }
 
-    function loadMoreBefore() {
-        var start = Math.max(0, _text.offset - Math.min(300, Math.max(_text.length, 20)))
-        var more = loadMore(_text.sourceId, _text.questionId, start, _text.offset - start + _text.length)
+    // Nothing comes of an answer that can't be read any more; what stands here stays. False then, too.
+    function __extend(start, length) {
+        var before = _text.answer
+        var more = loadMore(_text.sourceId, _text.questionId, start, length)
+        if (more.answerId < 1 || more.answer === before)
+            return false
         __take(more.answer, more.offset)
         extended = true
+        return true
+    }
+
+    function loadMoreBefore() {
+        var start = Math.max(0, _text.offset - Math.min(300, Math.max(_text.length, 20)))
+        __extend(start, _text.offset - start + _text.length)
     }
 
     function loadMoreAfter() {
-        var before = _text.answer
-        var more = loadMore(_text.sourceId, _text.questionId, _text.offset, _text.length + 80)
-        _after.exhausted = more.answer === before
-        if (_after.exhausted)
-            return
-        __take(more.answer, more.offset)
-        extended = true
+        _after.exhausted = !__extend(_text.offset, _text.length + 80)
     }
 
     onPassageChanged: {
@@ -92,8 +97,8 @@ Item {
     // Texts find their places first.
     Timer {
         interval: 500
-        running: true
-        onTriggered: root.opacity = 1
+        running: !root.seen
+        onTriggered: root.seen = true
     }
 
     Column {
@@ -109,7 +114,7 @@ Item {
                 id: _before
                 x: root.__columnsWidth
                 anchors.verticalCenter: parent.verticalCenter
-                visible: root.expandable
+                visible: !root.inQuery
                 tooltip: qsTr("Load more before")
                 onClicked: root.loadMoreBefore()
             }
@@ -118,14 +123,14 @@ Item {
                 anchors { left: _before.right; leftMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
                 width: Units.dp(18)
                 height: Units.dp(18)
-                visible: root.showQuestion
+                visible: root.__showQuestion
                 mipmap: true
                 source: Utils.iconSourceForTheme("question", ApplicationStyle.dark)
             }
             PlainText {
                 anchors { left: _questionIcon.right; leftMargin: Units.dp(6); right: _copy.left }
                 anchors { rightMargin: Units.dp(6); verticalCenter: parent.verticalCenter }
-                visible: root.showQuestion
+                visible: root.__showQuestion
                 text: root.passage && root.passage.question ? root.passage.question : ""
                 elide: Text.ElideRight
                 color: ApplicationStyle.source_text_color
@@ -180,7 +185,7 @@ Item {
                 id: _after
                 x: root.__columnsWidth
                 anchors.verticalCenter: parent.verticalCenter
-                visible: root.expandable
+                visible: !root.inQuery
                 tooltip: qsTr("Load more after")
                 onClicked: root.loadMoreAfter()
             }

@@ -14,6 +14,8 @@ CheckBox {
     style: ApplicationStyle.check_box_style
     checked: allSelected
     activeFocusOnTab: true
+    // What it selects is taken by keys.
+    activeFocusOnPress: true
     Accessible.name: tooltip
 
     onClicked: {

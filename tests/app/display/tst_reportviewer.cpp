@@ -228,7 +228,7 @@ void tst_ReportViewer::everyOptionShowsAndHides() {
     // The label of a box, and what is different with the option.
     QVector<QPair<QString, QString>> options{
         {"Include Coding Numbers",
-         "document.getElementById('canvas_primary').getAttribute('report-picture')"},
+         "document.getElementById('canvas_primary').parentNode.getAttribute('file')"},
         {"Reverse Order", "document.querySelector('#text_by_source h3').textContent"}};
     for (const char* part : {"Coded by:", "Theme:", "Coverage:", "Highlight ID:"}) {
         const QString name = QString::fromLatin1(part).section(QLatin1Char(':'), 0, 0);

@@ -15,6 +15,8 @@ Item {
     readonly property alias canvasDropArea: _dropArea
     readonly property alias flickableContent: _content
 
+    signal kernoPressed(int kernoId)
+
     StyledScrollView {
         id: _scroll
         anchors.fill: parent
@@ -93,6 +95,18 @@ Item {
                     anchors.fill: _content
                     dragging: _mouseArea.dragging
                     mouseArea: _mouseArea
+                }
+
+                // Tells the quick edit bar which kerno was pressed, and leaves the press to the areas below.
+                MouseArea {
+                    anchors.fill: parent
+                    enabled: CentralManager.showKernoEditBar
+                    onPressed: {
+                        mouse.accepted = false
+                        var kerno = _mouseArea.topLevelKerno()
+                        if (kerno)
+                            root.kernoPressed(kerno.kernoId)
+                    }
                 }
             }
         }

@@ -16,8 +16,7 @@ StyledMenu {
         kernoId = kerno.kernoId
         opened = true
         kerno.showContextMenu = true
-        __visualItem = kerno
-        __popup(Qt.rect(kerno.width / 2, kerno.height / 2, 0, 0), -1)
+        popupOver(kerno)
     }
 
     onAboutToHide: {

@@ -2,6 +2,7 @@ import QtQuick 2.15
 import "../../Components"
 import "../CircleKerno"
 import "../Models"
+import "../../Utils.js" as Utils
 import "TreeGeometry.js" as Geometry
 
 // All kernos as labels, the children below their parents, in as many columns as they take.
@@ -10,6 +11,8 @@ FocusScope {
 
     readonly property alias dragLayer: _drags
     property int __focusedKerno: 0
+    // The kerno that Ctrl+X has taken up.
+    property int takenKerno: 0
     property Item __hovered: null
     readonly property real __margin: Units.dp(20)
     readonly property real __bar: ApplicationStyle.scroll_bar_size
@@ -42,6 +45,14 @@ FocusScope {
         _view.contentY = __scrolledTo(place.y, label.height, _view.contentY, _view.height, _view.contentHeight)
     }
 
+    function __paste(parentKernoId) {
+        if (krnFile.canReparent(takenKerno, parentKernoId))
+            nest(takenKerno, parentKernoId)
+        else if (takenKerno > 0)
+            CentralManager.tell(qsTr("The kerno can't go there: kernos nest in three levels only."))
+        takenKerno = 0
+    }
+
     // A drop is still under way in both labels, and the change takes at least one of them away.
     function nest(kernoId, parentKernoId) {
         Qt.callLater(__nest, kernoId, parentKernoId)
@@ -71,25 +82,37 @@ FocusScope {
         return found
     }
 
-    onActiveFocusChanged: {
-        if (!activeFocus)
-            return
-        var labels = __labels(_flow, [])
+    // Labels are made anew when they are nested, and those before them lose the keyboard.
+    function __focusLabel(labels) {
         if (labels.length === 0 || labels.some(function(label) { return label.activeFocus }))
             return
-        var last = labels.filter(function(label) { return label.kernoId === root.__focusedKerno })
-        (last[0] || labels[0]).forceActiveFocus()
+        var last = Utils.findInArray(labels, function(label) { return label.kernoId === root.__focusedKerno })
+        var label = last || labels[0]
+        label.forceActiveFocus()
     }
+
+    onActiveFocusChanged: if (activeFocus) __focusLabel(__labels(_flow, []))
 
     // Left to itself, the focus would come back from here to the label.
     Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
     Keys.onPressed: {
         var labels = __labels(_flow, [])
+        __focusLabel(labels)
         var index = labels.findIndex(function(label) { return label.activeFocus })
         if (index < 0)
             return
         event.accepted = true
+        if (event.matches(StandardKey.Cut))
+            return takenKerno = labels[index].kernoId
+        if (event.matches(StandardKey.Paste))
+            return __paste(labels[index].kernoId)
         switch (event.key) {
+        case Qt.Key_Escape:
+            takenKerno = 0
+            break
+        case Qt.Key_Backspace:
+            nest(labels[index].kernoId, -1)
+            break
         case Qt.Key_Up:
         case Qt.Key_Down:
         case Qt.Key_Left:
@@ -103,11 +126,10 @@ FocusScope {
         case Qt.Key_Enter:
             CentralManager.showHierarchyViewForKerno = labels[index].kernoId
             break
-        case Qt.Key_Menu:
-            showMenu(labels[index])
-            break
         default:
-            event.accepted = false
+            event.accepted = Utils.asksForMenu(event)
+            if (event.accepted)
+                showMenu(labels[index])
         }
     }
 

@@ -115,7 +115,7 @@ MouseArea {
         radius: 2
         color: _drop.containsKernoDrag || _drop.containsTextDrag ? "grey"
              : root.dataSource && root.dataSource.color !== undefined ? root.dataSource.color : "white"
-        opacity: root.dragging ? 0.7 : 1
+        opacity: root.dragging || root.tree.takenKerno === root.kernoId ? 0.7 : 1
 
         readonly property real __margin: ApplicationStyle.default_margin * 0.2
 

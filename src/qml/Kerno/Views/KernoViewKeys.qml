@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import "../../Utils.js" as Utils
 
 // The way of the arrow keys over the bubbles of a view. `repeater` has an item with a `bubble` for each row; Tab stops
 // at the `current` one alone.
@@ -14,7 +15,7 @@ QtObject {
     signal menuRequested(Item bubble)
 
     function __focusAt(index) {
-        var row = repeater.itemAt(Math.max(0, Math.min(index, repeater.count - 1)))
+        var row = repeater.itemAt(index)
         row.bubble.forceActiveFocus()
         moved(row)
     }
@@ -25,31 +26,14 @@ QtObject {
         if (!row || !row.activeFocus)
             return
         event.accepted = true
-        switch (event.key) {
-        case Qt.Key_Up:
-        case Qt.Key_Left:
-            __focusAt(current - 1)
-            break
-        case Qt.Key_Down:
-        case Qt.Key_Right:
-            __focusAt(current + 1)
-            break
-        case Qt.Key_Home:
-            __focusAt(0)
-            break
-        case Qt.Key_End:
-            __focusAt(repeater.count - 1)
-            break
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
-        case Qt.Key_Space:
+        var next = Utils.indexAfterKey(event.key, tabStop, repeater.count)
+        if (next >= 0)
+            __focusAt(next)
+        else if ([Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].indexOf(event.key) >= 0)
             activated(row.bubble)
-            break
-        case Qt.Key_Menu:
+        else if (Utils.asksForMenu(event))
             menuRequested(row.bubble)
-            break
-        default:
+        else
             event.accepted = false
-        }
     }
 }

@@ -17,6 +17,13 @@ FocusScope {
                                       : CentralManager.showHierarchyViewForKerno > 0 ? _hierarchyView
                                       : CentralManager.showAsTreeView ? _treeView : null
 
+    // The quick edit bar is to show a kerno: one that was clicked, or that a key asks for.
+    signal kernoToEdit(int kernoId, bool byKey)
+
+    function takeKeyboard() {
+        _keys.forceActiveFocus()
+    }
+
     // It stays behind the views: it holds the manual order, and stands at once when they are left.
     CircleKernoCanvas {
         id: _canvas
@@ -24,6 +31,7 @@ FocusScope {
         visible: !root.__view
         canvasScale: root.canvasScale
         newKernoButton: _addButton
+        onKernoPressed: root.kernoToEdit(kernoId, false)
     }
 
     CanvasKeys {
@@ -32,6 +40,10 @@ FocusScope {
         anchors.fill: parent
         visible: !root.__view
         canvas: _canvas
+        onEditRequested: {
+            CentralManager.showKernoEditBar = true
+            root.kernoToEdit(kernoId, true)
+        }
     }
 
     Loader {

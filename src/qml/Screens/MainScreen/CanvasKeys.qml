@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import "../../Components"
 import "../../Kerno/CircleKerno"
+import "../../Utils.js" as Utils
 
 // The keyboard on the canvas: one stop for Tab, and from there the arrows go from bubble to bubble.
 Item {
@@ -9,6 +10,8 @@ Item {
     property Item canvas: null
     property int __kernoId: -1
     property Item __bubble: null
+
+    signal editRequested(int kernoId)
 
     activeFocusOnTab: true
     Accessible.role: Accessible.List
@@ -71,6 +74,15 @@ Item {
         return __bubble
     }
 
+    // As a drag would, unless the program arranges the bubbles.
+    function __move(bubble, dx, dy) {
+        var kerno = krnFile.kerno(bubble.kernoId)
+        kerno.x += dx
+        kerno.y += dy
+        if (!CentralManager.autoArrangeKernos && canvas.flickableContent.holds(kerno.x, kerno.y))
+            undoManager.updateKerno(kerno)
+    }
+
     onActiveFocusChanged: if (activeFocus) __current()
     Keys.onPressed: {
         var bubble = __current()
@@ -82,12 +94,17 @@ Item {
         ways[Qt.Key_Up] = [0, -1]
         ways[Qt.Key_Down] = [0, 1]
         event.accepted = true
-        if (ways[event.key])
-            __take(__next(bubble, ways[event.key][0], ways[event.key][1]) || bubble)
+        var way = ways[event.key]
+        if (way && event.modifiers === Qt.ControlModifier)
+            __move(bubble, 10 * way[0], 10 * way[1])
+        else if (way)
+            __take(__next(bubble, way[0], way[1]) || bubble)
         else if (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
             CentralManager.showHierarchyViewForKerno = bubble.kernoId
-        else if (event.key === Qt.Key_Menu || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
+        else if (Utils.asksForMenu(event))
             _menu.show(bubble)
+        else if (event.key === Qt.Key_F2)
+            editRequested(bubble.kernoId)
         else
             event.accepted = false
     }

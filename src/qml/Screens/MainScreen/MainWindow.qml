@@ -34,6 +34,15 @@ KernovaWindow {
 
     onWindowClosing: close.accepted = CentralManager.reportOutputFolder === ""
 
+    WidgetColors {
+        background: ApplicationStyle.dialog_background_color
+        text: ApplicationStyle.dialog_text_color_alternative
+        field: ApplicationStyle.textfield_background_color
+        selection: ApplicationStyle.selection_color
+        selectedText: ApplicationStyle.selected_text_color
+        link: ApplicationStyle.link_color
+    }
+
     // A drag of the frame must not lay out the screens on every step, so what fills the window lets go of it
     // while the window is being resized.
     Item {

@@ -54,7 +54,7 @@ FocusScope {
         visible: root.__tabsShown
         z: 3
         list: _list
-        onTabChangeRequested: _list.open(sourceId)
+        onTabChangeRequested: _list.switchToSource(sourceId)
         onRemoveRequested: _removeSource.ask(sourceId, title)
     }
 

@@ -49,7 +49,7 @@ FocusScope {
 
     QueryPanel {
         id: _panel
-        y: root.actionBarHeight
+        y: root.actionBarHeight - (1 - out) * height
         width: parent.width
     }
 

@@ -23,6 +23,7 @@ Row {
     ]
     readonly property string __code: __types[Math.max(0, _type.currentIndex)].code
     readonly property bool __isKey: __code === "MD"
+    readonly property bool __byId: __code === "GR" || __code === "ST"
     readonly property var __keys: lookups ? lookups.keys : []
     readonly property int __keyId: __isKey && __keys[_property.currentIndex] ? __keys[_property.currentIndex].keyId : -1
     readonly property var __values: !lookups ? []
@@ -32,6 +33,9 @@ Row {
                                   : __code === "GR" ? lookups.groupsModel
                                   : __code === "ST" ? lookups.sourcesModel : []
 
+    // A row keeps what was entered in it when the lists are read anew.
+    property var __entered: null
+
     signal addRequested()
     signal removeRequested()
 
@@ -39,7 +43,6 @@ Row {
 
     function serializeQuery() {
         var chosen = __values[_value.currentIndex]
-        var byId = __code === "GR" || __code === "ST"
         return {
             level: level,
             property: __isKey ? __keyId : __code,
@@ -47,8 +50,29 @@ Row {
             propertyType: __code,
             operator: _operator.currentText,
             junctionOperator: _junction.currentText,
-            value: byId ? (chosen ? chosen.value : "") : _value.editable ? _value.editText : _value.currentText
+            value: __byId ? (chosen ? chosen.value : "") : _value.editable ? _value.editText : _value.currentText
         }
+    }
+
+    function __placeOf(list, name, value) {
+        return list.map(function(entry) { return entry[name] }).indexOf(value)
+    }
+
+    function __restore(row) {
+        // There were no properties yet.
+        if (row.property === -1)
+            return
+        if (__isKey)
+            _property.currentIndex = Math.max(0, __placeOf(__keys, "keyId", row.property))
+        _value.currentIndex = Math.max(0, __placeOf(__values, __byId ? "value" : "text", row.value))
+        if (_value.editable)
+            _value.editText = row.value
+    }
+
+    Connections {
+        target: root.lookups
+        function onAboutToRefresh() { root.__entered = root.serializeQuery() }
+        function onRefreshed() { root.__restore(root.__entered) }
     }
 
     // A member of an inner group or not.
@@ -63,8 +87,9 @@ Row {
             height: parent.height
             color: "white"
         }
-        MouseArea {
+        Clickable {
             anchors { fill: parent; leftMargin: -Units.dp(6); rightMargin: -Units.dp(3) }
+            name: root.level === 1 ? qsTr("Leave the inner group") : qsTr("Join the inner group")
             onClicked: root.level = 1 - root.level
         }
     }

@@ -11,7 +11,11 @@ QtObject {
     property var groupsModel: []
     property var sourcesModel: []
 
+    signal aboutToRefresh()
+    signal refreshed()
+
     function refresh() {
+        aboutToRefresh()
         keys = krnFile.metadataKeys()
         highlightsAuthorsModel = __texts(krnFile.highlightsAuthors())
         kernosAuthorsModel = __texts(krnFile.kernosAuthors())
@@ -21,6 +25,7 @@ QtObject {
         sourcesModel = krnFile.sources().map(function(source) {
             return { text: source.sourceId + ": " + source.title, value: source.sourceId }
         })
+        refreshed()
     }
 
     function valuesOf(keyId) {

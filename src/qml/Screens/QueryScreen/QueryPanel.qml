@@ -7,16 +7,23 @@ Rectangle {
     id: root
 
     property bool animated: true
-    readonly property bool out: CentralManager.showQueryPanelInQueryScreen
+    // Where its lower edge is, from 0 when it is slid away to 1.
+    property real out: CentralManager.showQueryPanelInQueryScreen ? 1 : 0
     readonly property real __contentHeight: Math.max(_left.height, _right.visible ? _right.height : 0)
                                             + 2 * ApplicationStyle.default_margin
 
-    height: out ? Math.min(parent ? parent.height / 2 : 0, __contentHeight) : 0
+    height: Math.min(parent ? parent.height / 2 : 0, __contentHeight)
+    // Slid away it takes no keyboard.
+    visible: out > 0
     clip: true
     color: ApplicationStyle.main_color
 
     Behavior on height {
-        enabled: root.animated && CentralManager.animationsOn
+        enabled: root.animated
+        NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
+    }
+    Behavior on out {
+        enabled: root.animated
         NumberAnimation { duration: 250; easing.type: Easing.InOutQuad }
     }
 

@@ -189,7 +189,7 @@ Rectangle {
         MenuItem {
             text: qsTr("Manage Account")
             visible: CentralManager.cloud
-            onTriggered: appHelper.manageAccount()
+            onTriggered: CentralManager.pageOpened(appHelper.manageAccount())
         }
         MenuItem {
             text: qsTr("Show Introduction")
@@ -197,10 +197,7 @@ Rectangle {
         }
         MenuItem {
             text: qsTr("Download Manual")
-            onTriggered: {
-                if (!appHelper.openManual())
-                    CentralManager.tell(qsTr("No program on this computer opens the manual's page."))
-            }
+            onTriggered: CentralManager.pageOpened(appHelper.openManual())
         }
         MenuItem {
             text: qsTr("Keyboard Shortcuts")

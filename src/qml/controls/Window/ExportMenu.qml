@@ -26,7 +26,7 @@ StyledMenu {
     MenuItem {
         text: qsTr("Create WordCloud")
         enabled: root.__hasSource
-        onTriggered: CentralManager.wordCloudOutputFolder = appHelper.createWordCloudFolder()
+        onTriggered: CentralManager.makeWordCloud()
     }
     MenuItem {
         text: qsTr("Export Spreadsheet (CSV)")

@@ -36,6 +36,6 @@ StyledMenu {
     }
     MenuItem {
         text: qsTr("Manage Projects")
-        onTriggered: appHelper.manageProjects()
+        onTriggered: CentralManager.pageOpened(appHelper.manageProjects())
     }
 }

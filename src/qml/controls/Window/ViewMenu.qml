@@ -61,4 +61,14 @@ StyledMenu {
             checked = Qt.binding(function() { return CentralManager.showNumberOfCodingsInKernos })
         }
     }
+    MenuItem {
+        text: qsTr("Quick Edit Bar")
+        checkable: true
+        checked: CentralManager.showKernoEditBar
+        enabled: !CentralManager.showAsTreeView && !CentralManager.showingOverlapOrHierarchy
+        onTriggered: {
+            CentralManager.showKernoEditBar = !CentralManager.showKernoEditBar
+            checked = Qt.binding(function() { return CentralManager.showKernoEditBar })
+        }
+    }
 }

@@ -34,6 +34,7 @@ Item {
             model: root.types.map(function(type) { return type.text })
             currentIndex: root.typeIndex
             onActivated: root.typeChosen(root.types[index].value)
+            Accessible.name: root.name
         }
     }
 }

@@ -16,7 +16,12 @@ DialogPanel {
     heading: qsTr("Import Sources From CSV")
     implicitWidth: Units.dp(640)
 
-    Keys.onEscapePressed: dialogBase.close()
+    Keys.onEscapePressed: {
+        if (_model.importing)
+            _model.cancelImport()
+        else
+            dialogBase.close()
+    }
 
     function importNow() {
         if (_model.canImport(true) && undoManager.importSourcesFromCSV(_model))
@@ -35,12 +40,18 @@ DialogPanel {
             elide: Text.ElideMiddle
             color: ApplicationStyle.dialog_text_color_alternative
         }
-        StyledButton { text: qsTr("Select File"); focus: true; onClicked: _fileDialog.open() }
+        StyledButton {
+            enabled: !_model.importing
+            text: qsTr("Select File")
+            focus: true
+            onClicked: _fileDialog.open()
+        }
     }
 
     FieldFrame {
         Layout.fillWidth: true
         Layout.preferredHeight: Units.dp(300)
+        enabled: !_model.importing
 
         DialogLabel {
             anchors.centerIn: parent
@@ -76,8 +87,17 @@ DialogPanel {
         color: root.message !== "" ? ApplicationStyle.error_text_color : ApplicationStyle.dialog_text_color
     }
 
+    WorkProgress {
+        Layout.fillWidth: true
+        Layout.topMargin: ApplicationStyle.default_margin
+        visible: _model.importing
+        text: qsTr("Importing...")
+        percent: _model.percent
+        onCancelled: _model.cancelImport()
+    }
     RowLayout {
         Layout.topMargin: ApplicationStyle.default_margin
+        visible: !_model.importing
         spacing: ApplicationStyle.default_margin
 
         Item { Layout.fillWidth: true }

@@ -12,6 +12,8 @@ DialogPanel {
 
     readonly property bool fromClipboard: CentralManager.showImportDialog === 2
     readonly property bool structured: !CentralManager.singleQuestionMode
+    // A project of one question has no other way to a single file.
+    readonly property bool fileOffered: !fromClipboard || !structured
     property url file
     property var items: []
     property string message
@@ -52,12 +54,12 @@ DialogPanel {
         items = []
         if (!__markersGiven()) {
             message = qsTr("Question and answer markers are required!")
-        } else if (fromClipboard) {
-            __take(appHelper.importQuestionsFromClipboard(_questionMarker.text, _answerMarker.text))
         } else if (file.toString() !== "") {
             // Later: events are handled while a PDF is read, which what brought us here may not expect.
             reading = true
             Qt.callLater(__read)
+        } else if (fromClipboard) {
+            __take(appHelper.importQuestionsFromClipboard(_questionMarker.text, _answerMarker.text))
         }
     }
 
@@ -95,9 +97,9 @@ DialogPanel {
         columnSpacing: ApplicationStyle.default_dialog_margin
         rowSpacing: ApplicationStyle.default_margin
 
-        DialogLabel { visible: !root.fromClipboard; text: qsTr("File:") }
+        DialogLabel { visible: root.fileOffered; text: qsTr("File:") }
         RowLayout {
-            visible: !root.fromClipboard
+            visible: root.fileOffered
             spacing: ApplicationStyle.default_margin
 
             DialogLabel {
@@ -201,6 +203,9 @@ DialogPanel {
         folder: shortcuts.documents
         nameFilters: [appHelper.importFilter]
         onAccepted: {
+            // A name that stands for no file.
+            if (fileUrl.toString() === "")
+                return
             root.file = fileUrl
             _title.text = Utils.getFileName(Utils.filePathFromUrl(fileUrl), false)
             root.refresh()

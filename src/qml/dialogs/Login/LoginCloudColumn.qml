@@ -50,12 +50,12 @@ ColumnLayout {
             return false
         }
         email = address
+        CentralManager.cloud = true
         CentralManager.currentAuthor = JSON.parse(login.value).account.name
         if (!appHelper.connectToServer(true)) {
             error = qsTr("Unable to connect to server. Please try again later...")
             return false
         }
-        CentralManager.cloud = true
         return true
     }
 
@@ -119,7 +119,7 @@ ColumnLayout {
 
         StyledButton {
             text: qsTr("Manage Account")
-            onClicked: appHelper.manageAccount()
+            onClicked: CentralManager.pageOpened(appHelper.manageAccount())
         }
         StyledButton {
             Layout.fillWidth: true

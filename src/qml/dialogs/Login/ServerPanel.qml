@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import "../../Components"
+import ".."
 
 // Which server holds the cloud's projects: one's own can be set, tried and taken away.
 ColumnLayout {
@@ -79,14 +80,9 @@ ColumnLayout {
         }
     }
 
-    DialogLabel {
-        Layout.fillWidth: true
-        visible: root.result !== ""
+    DialogMessage {
         text: root.result
-        color: root.failed ? ApplicationStyle.error_text_color : ApplicationStyle.dialog_text_color
-        wrapMode: Text.Wrap
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        failed: root.failed
     }
 
     RowLayout {

@@ -21,7 +21,7 @@ RowLayout {
     }
     StyledButton {
         text: qsTr("Help")
-        onClicked: appHelper.goToWebsite()
+        onClicked: CentralManager.pageOpened(appHelper.goToWebsite())
     }
     Item { Layout.fillWidth: true }
     StyledButton {

@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import "../../Components"
+import ".."
 
 // Asks for the password of a project that does not open without one.
 ColumnLayout {
@@ -54,13 +55,7 @@ ColumnLayout {
         }
     }
 
-    DialogLabel {
-        visible: root.error !== ""
-        text: root.error
-        color: ApplicationStyle.error_text_color
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
-    }
+    DialogMessage { text: root.error }
 
     RowLayout {
         Item { Layout.fillWidth: true }

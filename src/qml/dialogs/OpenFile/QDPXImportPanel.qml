@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import QtQuick.Dialogs 1.3
 import QtQuick.Layouts 1.15
 import "../../Components"
 import "../../Utils.js" as Utils
@@ -142,15 +141,7 @@ ColumnLayout {
         elements: root.__skipped
     }
 
-    DialogLabel {
-        Layout.fillWidth: true
-        visible: root.message !== ""
-        text: root.message
-        wrapMode: Text.Wrap
-        color: ApplicationStyle.error_text_color
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
-    }
+    DialogMessage { text: root.message }
 
     WorkProgress {
         Layout.fillWidth: true
@@ -181,13 +172,9 @@ ColumnLayout {
         }
     }
 
-    FileDialog {
+    ProjectFileDialog {
         id: _fileDialog
-        title: qsTr("Create New Project")
-        folder: shortcuts.documents
-        selectExisting: false
-        defaultSuffix: "krn"
-        nameFilters: [qsTr("Kerno Files (*.krn *.KRN)")]
+        creating: true
         onAccepted: root.__target = Utils.filePathFromUrl(fileUrl)
     }
 }

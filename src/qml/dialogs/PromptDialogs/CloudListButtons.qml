@@ -16,11 +16,11 @@ RowLayout {
 
     StyledButton {
         text: qsTr("Manage Account")
-        onClicked: appHelper.manageAccount()
+        onClicked: CentralManager.pageOpened(appHelper.manageAccount())
     }
     StyledButton {
         text: qsTr("Share Projects")
-        onClicked: appHelper.manageProjects()
+        onClicked: CentralManager.pageOpened(appHelper.manageProjects())
     }
     StyledButton {
         text: root.failed ? qsTr("Try again") : qsTr("Refresh")

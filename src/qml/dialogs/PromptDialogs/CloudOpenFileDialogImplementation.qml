@@ -116,6 +116,7 @@ DialogPanel {
     CloudProjects {
         id: _projects
         onErrorChanged: root.__tell(error, true)
+        onListed: (own.length > 0 ? _own : _shared).takeFocus()
     }
 
     CloudFileDialogs {
@@ -141,15 +142,7 @@ DialogPanel {
         }
     }
 
-    headerItems: IconButton {
-        icon: "sign-out"
-        tooltip: qsTr("Sign Out")
-        onClicked: {
-            krnFile.closeAndReset()
-            CentralManager.showCloudOpenFileDialog = false
-            CentralManager.showLogin = true
-        }
-    }
+    headerItems: SignOutButton {}
 
     PasswordPanel {
         id: _passwordPanel
@@ -227,16 +220,11 @@ DialogPanel {
         }
     }
 
-    DialogLabel {
-        Layout.fillWidth: true
-        visible: text !== ""
+    DialogMessage {
         text: _projects.slow
               ? qsTr("This takes longer than usual. Your projects may be moving to another server just now.")
               : root.message
-        wrapMode: Text.Wrap
-        color: root.failed && !_projects.slow ? ApplicationStyle.error_text_color : ApplicationStyle.dialog_text_color
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        failed: root.failed && !_projects.slow
     }
 
     CloudOpenButtons {

@@ -12,6 +12,9 @@ Item {
     readonly property bool slow: busy && _projectLoadTimer.ranOut
     property var __next: null
 
+    // Both lists are new.
+    signal listed()
+
     visible: false
 
     // Does `work` when what is to be seen meanwhile has been drawn.
@@ -37,8 +40,10 @@ Item {
                 return
             }
         }
-        own = __entries(lists[0].value, "projects")
+        // A list that gets its rows chooses the first of them, and the last to do so is a person's own.
         shared = __entries(lists[1].value, "shares")
+        own = __entries(lists[0].value, "projects")
+        listed()
     }
 
     // What can't be named to the service is none of the list.

@@ -22,6 +22,7 @@ ColumnLayout {
     spacing: ApplicationStyle.default_margin
 
     function clearSelection() { _list.currentIndex = -1 }
+    function takeFocus() { _list.forceActiveFocus() }
 
     DialogLabel { text: root.title }
 

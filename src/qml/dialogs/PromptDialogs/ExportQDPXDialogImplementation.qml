@@ -62,15 +62,11 @@ DialogPanel {
         color: ApplicationStyle.dialog_text_color_alternative
         font.pixelSize: ApplicationStyle.dialog_text_font_size_small
     }
-    DialogLabel {
-        Layout.fillWidth: true
+    DialogMessage {
         Layout.topMargin: ApplicationStyle.default_margin
-        visible: root.message !== "" && !root.exporting
-        text: root.message
+        text: root.exporting ? "" : root.message
         wrapMode: Text.WrapAnywhere
-        color: root.exported ? ApplicationStyle.dialog_text_color_alternative : ApplicationStyle.error_text_color
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
+        failed: !root.exported
     }
 
     WorkProgress {

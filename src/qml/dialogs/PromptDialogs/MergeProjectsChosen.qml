@@ -16,6 +16,8 @@ ColumnLayout {
 
     spacing: ApplicationStyle.default_margin
 
+    function takeFocus() { _add.forceActiveFocus() }
+
     DialogLabel {
         Layout.fillWidth: true
         text: qsTr("The projects come together in a new one and stay as they are themselves. Sources of one title and text, kernos, groups and properties of one name become one.")
@@ -48,6 +50,8 @@ ColumnLayout {
             text: qsTr("Projects to merge:")
         }
         StyledButton {
+            id: _add
+            focus: true
             text: qsTr("Add Project")
             onClicked: root.addRequested()
         }

@@ -1,5 +1,4 @@
 import QtQuick 2.15
-import QtQuick.Dialogs 1.3
 import QtQuick.Layouts 1.15
 import "../../Components"
 import "../../Utils.js" as Utils
@@ -26,6 +25,12 @@ DialogPanel {
         projectMerger.clearMerger()
         if (CentralManager.reopen)
             __addOrChangeMasterProject(CentralManager.reopen.project, CentralManager.reopen.password)
+    }
+
+    // What had the focus in another step is hidden now.
+    on__ChoosingChanged: {
+        if (__choosing)
+            Qt.callLater(_chosen.takeFocus)
     }
 
     Keys.onEscapePressed: {
@@ -185,6 +190,7 @@ DialogPanel {
         onFailed: root.message = message
     }
     MergeProjectsChosen {
+        id: _chosen
         Layout.fillWidth: true
         visible: root.__choosing
         master: root.master
@@ -204,15 +210,7 @@ DialogPanel {
         onAccepted: root.__startMerge()
     }
 
-    DialogLabel {
-        Layout.fillWidth: true
-        visible: root.message !== "" && !projectMerger.merging
-        text: root.message
-        wrapMode: Text.Wrap
-        color: ApplicationStyle.error_text_color
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
-    }
+    DialogMessage { text: projectMerger.merging ? "" : root.message }
     WorkProgress {
         Layout.fillWidth: true
         visible: projectMerger.merging
@@ -233,13 +231,9 @@ DialogPanel {
         onMergeRequested: root.__startMerge()
     }
 
-    FileDialog {
+    ProjectFileDialog {
         id: _fileDialog
-        title: qsTr("Create New Project")
-        folder: shortcuts.documents
-        selectExisting: false
-        defaultSuffix: "krn"
-        nameFilters: [qsTr("Kerno Files (*.krn *.KRN)")]
+        creating: true
         onAccepted: root.__merge({ name: Utils.filePathFromUrl(fileUrl), project_uuid: "" })
     }
 }

@@ -61,15 +61,7 @@ DialogPanel {
             onAccepted: root.save()
         }
     }
-    DialogLabel {
-        id: _error
-        Layout.fillWidth: true
-        visible: text !== ""
-        wrapMode: Text.Wrap
-        color: ApplicationStyle.error_text_color
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: text
-    }
+    DialogMessage { id: _error }
     RowLayout {
         Layout.topMargin: ApplicationStyle.default_margin
         spacing: ApplicationStyle.default_margin

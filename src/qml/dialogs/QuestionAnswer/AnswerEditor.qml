@@ -12,13 +12,25 @@ FocusScope {
     readonly property bool isRichText: _text.textFormat === TextEdit.RichText
     // Whether there is something to take back.
     readonly property bool touched: _text.canUndo
+    // Somebody else has changed the stored text meanwhile, or removed it.
+    readonly property alias outdated: _tracker.outdated
     readonly property real __barWidth: Math.max(50, CentralManager.highlightsColumnWidth)
     property int __firstCursor: 0
 
     function show(questionId, sourceId, answer, cursor) {
         __firstCursor = cursor
+        _tracker.trackChanges = false
         _text.setAnswer(questionId, sourceId, answer, 0)
+        if (!_tracker.trackChanges)
+            __track()
         _cursorTimer.start()
+    }
+
+    function __track() {
+        if (_text.readOnly)
+            return
+        _tracker.loadInitialHighlights()
+        _tracker.trackChanges = true
     }
 
     function mark(setter) {
@@ -32,6 +44,10 @@ FocusScope {
             _tracker.saveChanges()
         else
             _tracker.saveAnswer()
+    }
+
+    function saveAsNewSource(title) {
+        return _tracker.saveAsNewSource(title)
     }
 
     function discard() {
@@ -122,10 +138,7 @@ FocusScope {
                 focus: true
                 readOnly: !CentralManager.canMutate
                 color: ApplicationStyle.dialog_text_color_alternative
-                onAnswerPreloaded: {
-                    _tracker.loadInitialHighlights()
-                    _tracker.trackChanges = true
-                }
+                onAnswerPreloaded: root.__track()
                 onCursorRectangleChanged: root.__keepCursorInSight()
                 Keys.onPressed: {
                     var page = event.key === Qt.Key_PageDown ? 1 : event.key === Qt.Key_PageUp ? -1 : 0

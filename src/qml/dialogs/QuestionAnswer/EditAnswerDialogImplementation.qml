@@ -1,6 +1,7 @@
 import QtQuick 2.15
 import QtQuick.Layouts 1.15
 import "../../Components"
+import "../../Utils.js" as Utils
 import ".."
 
 // Edits the text of an answer, with its stripes beside it.
@@ -10,6 +11,7 @@ DialogPanel {
     property var editor: CentralManager.showAnswerEditor
     readonly property int answerId: editor ? editor.answerId : -1
     readonly property int cursor: editor && editor.cursor ? editor.cursor : 0
+    property string __sourceTitle
 
     heading: CentralManager.singleQuestionMode ? qsTr("Edit Source Text") : qsTr("Edit Answer")
     width: dialogBase ? 0.9 * dialogBase.width : implicitWidth
@@ -20,14 +22,33 @@ DialogPanel {
     // A key that is pressed by mistake must not cost what has been written.
     Keys.onEscapePressed: {
         if (_editor.touched)
-            _hint.visible = true
+            _hint.asked = true
         else
             dialogBase.close()
     }
 
     function __update() {
         var answer = krnFile.answer(answerId)
+        __sourceTitle = krnFile.sourceTitle(answer.sourceId)
         _editor.show(answer.questionId, answer.sourceId, answer.answer, cursor)
+    }
+
+    // What nobody has written into can follow; else both texts are kept.
+    function __followOthers() {
+        if (_editor.outdated && !_editor.touched && krnFile.answer(answerId).answerId > 0)
+            __update()
+    }
+
+    function __save() {
+        if (!_editor.outdated) {
+            _editor.save()
+            return true
+        }
+        var title = Utils.filled(qsTr("%1 (version of %2)"), __sourceTitle, CentralManager.currentAuthor)
+        if (!_editor.saveAsNewSource(title))
+            return false
+        CentralManager.tell(Utils.filled(qsTr("Your text is the source \"%1\" now."), title))
+        return true
     }
 
     headerItems: [
@@ -62,6 +83,7 @@ DialogPanel {
         Layout.fillHeight: true
         focus: true
         leastTextHeight: 0.6 * root.height
+        onOutdatedChanged: Qt.callLater(root.__followOthers)
     }
 
     RowLayout {
@@ -70,9 +92,12 @@ DialogPanel {
 
         DialogLabel {
             id: _hint
+            property bool asked: false
             Layout.fillWidth: true
-            visible: false
-            text: qsTr("There are changes. Save them, or drop them by Cancel.")
+            text: !CentralManager.connected ? qsTr("The connection is lost. What you have written stays here until it is back.")
+                : _editor.outdated ? qsTr("Somebody else has changed this text meanwhile. Yours can be saved beside it.")
+                : asked ? qsTr("There are changes. Save them, or drop them by Cancel.") : ""
+            visible: text !== ""
             elide: Text.ElideRight
             color: ApplicationStyle.orange_text_color
         }
@@ -87,12 +112,14 @@ DialogPanel {
         StyledButton {
             id: _save
             primary: true
-            enabled: CentralManager.canMutate
-            text: qsTr("Save")
+            enabled: CentralManager.canMutate && CentralManager.connected
+            text: _editor.outdated ? qsTr("Save as New Source") : qsTr("Save")
             onClicked: {
                 _save.enabled = false
-                _editor.save()
-                root.dialogBase.close()
+                if (root.__save())
+                    root.dialogBase.close()
+                else
+                    _save.enabled = true
             }
         }
     }

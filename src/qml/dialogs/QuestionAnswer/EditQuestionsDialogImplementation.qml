@@ -92,6 +92,7 @@ DialogPanel {
     StyledTextArea {
         id: _question
         objectName: "questionText"
+        Accessible.name: root.__editing ? qsTr("Editing question") : qsTr("New question")
         Layout.fillWidth: true
         Layout.preferredHeight: Units.dp(64)
         focus: true

@@ -58,8 +58,7 @@ Flickable {
     function __showMenu(bubble) {
         _menu.kernoId = bubble.kernoId
         _menu.isMain = bubble.kernoId === mainKernoId
-        _menu.__visualItem = bubble
-        _menu.__popup(Qt.rect(bubble.width / 2, bubble.height / 2, 0, 0), -1)
+        _menu.popupOver(bubble)
     }
 
     // The row at its place in the content, as it is drawn.

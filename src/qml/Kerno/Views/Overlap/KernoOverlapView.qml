@@ -100,8 +100,6 @@ FocusScope {
                 visible: __place !== undefined
                 x: visible ? __place.x - width / 2 : 0
                 y: visible ? __place.y - height / 2 : 0
-                // Who stands next to it is not to be covered by the main kerno.
-                z: hovered ? 2 : __isMain ? 0.5 : 1
                 dataSource: model
                 mouseArea: _mouse
                 dropArea: _drop
@@ -127,7 +125,7 @@ FocusScope {
                 return
             var centre = kerno.mapToItem(_mouse, kerno.scaledR, kerno.scaledR)
             root._corner = Quarter.quarter(centre.x, centre.y, width, height)
-            _note.overlap = kernoId === root.mainKernoId ? -1 : kerno.dataSource.overlaps
+            _note.overlap = kerno.dataSource.overlaps
         }
 
         GeneralKernoToolTip {
