@@ -108,12 +108,26 @@ QWidget* openDialog(const char* className) {
 
 // A window manager gives the focus to a window that is clicked; the bare display of the tests has none.
 void giveFocus(QWindow* window) {
-    if (QGuiApplication::focusWindow() == window)
-        return;
-    // The display refuses the focus to a window that it hasn't shown yet.
-    AppDriver::waitFor([window] { return window->isExposed(); }, focusLimitMs);
-    window->requestActivate();
-    AppDriver::waitFor([window] { return QGuiApplication::focusWindow() == window; }, focusLimitMs);
+    if (QGuiApplication::focusWindow() != window) {
+        // The display refuses the focus to a window that it hasn't shown yet.
+        AppDriver::waitFor([window] { return window->isExposed(); }, focusLimitMs);
+        window->requestActivate();
+        AppDriver::waitFor([window] { return QGuiApplication::focusWindow() == window; }, focusLimitMs);
+    }
+    // When a dialog closes, this display may give the focus back without a word to the window.
+    const auto* const scene = qobject_cast<QQuickWindow*>(window);
+    if (scene && QGuiApplication::focusWindow() == window && !scene->contentItem()->hasFocus()) {
+        QFocusEvent focus(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+        QCoreApplication::sendEvent(window, &focus);
+    }
+}
+
+// A window that has just been closed may still hold the focus.
+QWindow* keyWindow(QWindow* mainWindow) {
+    QWindow* const focused = QGuiApplication::focusWindow();
+    QWindow* const window = focused && focused->isVisible() ? focused : mainWindow;
+    giveFocus(window);
+    return window;
 }
 
 // Moves the pointer of the display, too: menus open where it is. It arrives in two steps, as the first only
@@ -290,7 +304,7 @@ void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toIt
 }
 
 void AppDriver::type(const QString& text) {
-    QWindow* window = QGuiApplication::focusWindow() ? QGuiApplication::focusWindow() : mainWindow();
+    QWindow* const window = keyWindow(mainWindow());
     const QStringList letters = lettersOf(text);
     for (const QString& letter : letters)
         QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, letter, Qt::NoModifier);
@@ -298,10 +312,8 @@ void AppDriver::type(const QString& text) {
 }
 
 void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    if (!QGuiApplication::focusWindow())
-        giveFocus(mainWindow());
-    const QPointer<QWindow> window = QGuiApplication::focusWindow();
-    QTest::keyPress(window ? window.data() : mainWindow(), key, modifiers);
+    const QPointer<QWindow> window = keyWindow(mainWindow());
+    QTest::keyPress(window, key, modifiers);
     // A menu may be gone by then, and its window with it.
     QTest::keyRelease(window ? window.data() : mainWindow(), key, modifiers);
     settle();

@@ -14,7 +14,7 @@ namespace {
 
 const QString workRun = QStringLiteral("work");
 const QString projectsRun = QStringLiteral("projects");
-const QString looksRun = QStringLiteral("looks-light");
+const QString looks = QStringLiteral("looks-");
 const QString unwanted = QStringLiteral("Left over");
 const QString study = QStringLiteral("Study");
 const QString elsewhere = QStringLiteral("Elsewhere");
@@ -30,7 +30,7 @@ HttpAnswer refuse(const HttpAsked&) {
 }  // namespace
 
 QStringList CloudJob::runs() {
-    return {workRun, projectsRun, looksRun};
+    return {workRun, looks + QStringLiteral("dark"), projectsRun, looks + QStringLiteral("light")};
 }
 
 bool CloudJob::play(const QString& run) {
@@ -41,7 +41,7 @@ bool CloudJob::play(const QString& run) {
     if (run == workRun)
         return nameServer() && signInToCloud() && createInCloud(study, {}) && work() && loseLink() &&
                copyInCloud() && download() && readOnly();
-    if (run == looksRun) {
+    if (run.startsWith(looks)) {
         for (int number = 1; number <= 12; ++number)
             m_cloud.addProject(QStringLiteral("Interviews of the winter, round %1").arg(number));
         return nameServer() && signInToCloud() && lookAtDialogs();
@@ -331,7 +331,21 @@ bool CloudJob::lookAtDialogs() {
             return false;
         m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
         m_driver.press(Qt::Key_Escape);
-        if (!showProjects())
+        const QString source = path(QStringLiteral("Yard.txt"));
+        if (!showProjects() || !createInCloud(study + QString::number(size.width()), {}) ||
+            !writeFile(source, QStringLiteral("What was said.\n")) || !importFiles({source}) ||
+            !click(QStringLiteral("Project")) || !click(QStringLiteral("Save As...")) ||
+            !shown(QStringLiteral("Save as:")) || !look(QStringLiteral("save-as")) ||
+            !click(QStringLiteral("Cancel")) || !gone(QStringLiteral("Save as:")) ||
+            !click(QStringLiteral("Project")) || !click(QStringLiteral("Merge Projects")) ||
+            !look(QStringLiteral("merge")) || !click(QStringLiteral("Add Project")) ||
+            !click(QStringLiteral("Interviews of the winter, round 1")) ||
+            !look(QStringLiteral("merge-choice")) || !click(QStringLiteral("OK")) ||
+            !shown(QStringLiteral("There is no project \"Interviews of the winter, round 1\" any more.")) ||
+            !look(QStringLiteral("merge-refused")))
+            return false;
+        m_driver.press(Qt::Key_Escape);
+        if (!gone(QStringLiteral("Merge Projects")) || !openDialog())
             return false;
     }
     return true;

@@ -44,8 +44,8 @@ bool EditJob::play(const QString& run) {
         return createProject(path(run + QStringLiteral(".krn")), true) && askQuestions() &&
                orderQuestions() && answerQuestion();
     return createProject(path(run + QStringLiteral(".krn"))) && makeSource() && code(garden, belonging) &&
-           code(soup, food) && stored(text, garden, soup) && editAndSave() && goBackAndForth() && find() &&
-           zoom() && fillBlank() && refuseHtml();
+           code(soup, food) && stored(text, garden, soup) && editAndSave() && goBackAndForth() &&
+           keepBoth() && find() && zoom() && fillBlank() && refuseHtml();
 }
 
 bool EditJob::makeSource() {
@@ -103,14 +103,17 @@ bool EditJob::editAndSave() {
     m_driver.press(Qt::Key_Home, Qt::ControlModifier);
     m_driver.type(QStringLiteral("Then "));
     const int before = undoIndex();
-    return until(
-               [&] {
-                   return m_driver.itemsOfType(QStringLiteral("HighlightsBar"))
-                              .value(1)
-                              ->childItems()
-                              .size() > 2;
-               },
-               QStringLiteral("the editor has no stripes")) &&
+    // Each beside its own line, so in one column.
+    const auto stripesFollow = [&] {
+        int found = 0;
+        for (const QQuickItem* item :
+             m_driver.itemsOfType(QStringLiteral("HighlightsBar")).value(1)->childItems()) {
+            if (item->isVisible() && item->property("highlightId").toInt() > 0)
+                found += item->x() == 0 ? 1 : 100;
+        }
+        return found == 2;
+    };
+    return until(stripesFollow, QStringLiteral("the editor has no stripes")) &&
            shoot(QStringLiteral("edited")) && click(QStringLiteral("Save")) &&
            gone(QStringLiteral("Edit Source Text")) && untilUndoIndex(before + 1) &&
            stored(
@@ -125,6 +128,28 @@ bool EditJob::goBackAndForth() {
         "Then 🌻 <laughs>\nin spring to the big <&> garden 🥕 and stayed.\n\tThe  soup was hot & good.");
     return undo() && stored(text, garden, soup) && redo() &&
            stored(edited, QStringLiteral("to the big <&> garden 🥕 and"), soup);
+}
+
+bool EditJob::keepBoth() {
+    KRNFile* const project = KRNFile::instance();
+    const QuestionAnswer before = project->dataHelper()->findAll<QuestionAnswer>().value(0);
+    QuestionAnswer others = before;
+    others.setAnswer(QStringLiteral("Rewritten."));
+    if (!openEditor())
+        return false;
+    m_driver.press(Qt::Key_Home, Qt::ControlModifier);
+    m_driver.type(QStringLiteral("Mine: "));
+    project->saveAnswer(others);
+    const QString own = QStringLiteral("Garden (version of Ada Berger)");
+    const bool kept = click(QStringLiteral("Save as New Source")) &&
+                      gone(QStringLiteral("Edit Source Text")) && shown(own) &&
+                      expect(m_source.read(QStringLiteral("Mine: ") + before.plainAnswer()),
+                             QStringLiteral("one's own text is lost")) &&
+                      expect(project->answer(before.id()).plainAnswer() == others.plainAnswer(),
+                             QStringLiteral("somebody's text is lost")) &&
+                      shoot(QStringLiteral("both")) && undo() && gone(own);
+    project->saveAnswer(before);
+    return kept && expect(m_source.read(before.plainAnswer()), QStringLiteral("the text does not come back"));
 }
 
 bool EditJob::find() {

@@ -18,6 +18,8 @@ private:
     bool openEditor();
     bool editAndSave();
     bool goBackAndForth();
+    /// Somebody else changes the text meanwhile.
+    bool keepBoth();
     bool find();
     bool zoom();
     bool fillBlank();

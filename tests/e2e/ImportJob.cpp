@@ -6,6 +6,7 @@
 #include "records/QuestionAnswer.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFile>
 #include <QGuiApplication>
 #include <sys/stat.h>
@@ -36,9 +37,9 @@ bool ImportJob::play(const QString& run) {
         return false;
     if (run == runs().first())
         return createProject(path(QStringLiteral("whole.krn"))) && chooseTheme(true) && importKinds() &&
-               importClipboard() && dropFiles() && cancelBatch();
+               importClipboard() && dropFiles() && importFolder() && cancelBatch();
     return createProject(path(QStringLiteral("questions.krn")), true) && chooseTheme(false) &&
-           previewQuestions() && cancelReading();
+           previewQuestions() && refuseBadFiles() && cancelReading();
 }
 
 bool ImportJob::writeBytes(const QString& name, const QByteArray& bytes) {
@@ -125,6 +126,43 @@ bool ImportJob::dropFiles() {
            gone(QStringLiteral("Drop to Import Sources"));
 }
 
+// Of a large folder the last sources stand as tabs. PDF files and folders in it are passed over.
+bool ImportJob::importFolder() {
+    constexpr int texts = 60;
+    const QString folder = QStringLiteral("folder/");
+    QDir(path(folder)).removeRecursively();
+    QDir().mkpath(path(folder + QStringLiteral("inner.txt")));
+    for (int i = 0; i < texts; ++i) {
+        const QString name = QStringLiteral("Visit %1").arg(i, 2, 10, QLatin1Char('0'));
+        if (!writeBytes(folder + name + QStringLiteral(".txt"), name.toUtf8()))
+            return false;
+    }
+    QString told;
+    if (!writeBytes(folder + QStringLiteral("Word.docx"),
+                    samples::file(QStringLiteral("docx"), toldOnPage)) ||
+        !writeBytes(folder + QStringLiteral("Page.pdf"), samples::file(QStringLiteral("pdf"), toldOnPage)) ||
+        !writeBytes(folder + QStringLiteral("A.RTF"), samples::rtfOfBody("First")) ||
+        !importBy(QStringLiteral("Import Sources: Entire Folder"), {path(folder)}, &told) ||
+        !expect(told == summary(texts + 2), QStringLiteral("the summary reads: ") + told))
+        return false;
+    const auto tabs = [&] {
+        QStringList titles;
+        for (const QQuickItem* tab : m_driver.itemsOfType(QStringLiteral("TabShape"))) {
+            if (!tab->property("text").toString().isEmpty())
+                titles << tab->property("text").toString();
+        }
+        titles.sort();
+        return titles.join(QLatin1Char(' '));
+    };
+    return holds(QStringLiteral("A"), QStringLiteral("First")) &&
+           until([&] { return tabs() == QStringLiteral("Visit 58 Visit 59 Word"); },
+                 QStringLiteral("the tabs are ") + tabs()) &&
+           shoot(QStringLiteral("folder")) && undo() &&
+           until([&] { return KRNFile::instance()->sources().size() == 6; },
+                 QStringLiteral("the folder is not one step")) &&
+           shoot(QStringLiteral("folder-undone"));
+}
+
 // The converter waits for ever for what comes out of a pipe.
 bool ImportJob::cancelBatch() {
     const QString pipe = QStringLiteral("Endless.pdf");
@@ -161,6 +199,50 @@ bool ImportJob::previewQuestions() {
            expect(KRNFile::instance()->hasQuestion(QStringLiteral("Where do you live?")),
                   QStringLiteral("a question has the marks of its marker")) &&
            shoot(QStringLiteral("answers"));
+}
+
+// The dialog says why there is nothing to import, and imports nothing.
+bool ImportJob::refuseBadFiles() {
+    const QByteArray word = samples::file(QStringLiteral("docx"), told);
+    const QByteArray page = samples::pdf({told});
+    const QVector<QPair<QString, QByteArray>> files{
+        {QStringLiteral("Nothing.txt"), ""},
+        {QStringLiteral("Zero.docx"), ""},
+        {QStringLiteral("Half.docx"), word.left(word.size() / 2)},
+        {QStringLiteral("Photo.docx"), "\x89PNG\r\n"},
+        {QStringLiteral("Rich.rtf"), word},
+        {QStringLiteral("Packed.txt"), word},
+        {QStringLiteral("Blank.pdf"), ""},
+        {QStringLiteral("Third.pdf"), page.left(page.size() / 3)},
+        {QStringLiteral("Secret.pdf"), samples::pdf({told}, "/Encrypt << /Filter /Unknown /V 9 >>")}};
+    if (!openDialog(QStringLiteral("Import Source: Single File")))
+        return false;
+    QQuickItem* const dialog =
+        m_driver.itemsOfType(QStringLiteral("ImportSourceDialogImplementation")).value(0);
+    // The system's dialog now and then gives no file for the name of a new one: ask it again.
+    const auto choose = [&](const QString& name) {
+        for (int attempt = 0; attempt < 4; ++attempt) {
+            chooseProject(QStringLiteral("Select File"), path(name));
+            if (AppDriver::waitFor(
+                    [&] { return m_driver.isShown(name) && !dialog->property("reading").toBool(); },
+                    pipeLimitMs))
+                return true;
+        }
+        return fail(name + QStringLiteral(" can't be chosen"));
+    };
+    for (const auto& [name, bytes] : files) {
+        if (!writeBytes(name, bytes) || !choose(name) ||
+            !shown(
+                name.endsWith(QLatin1String("pdf"))
+                    ? QStringLiteral("The file has no text to import. A PDF file must contain text, not only "
+                                     "pictures of it.")
+                    : QStringLiteral("There is no text to import. Please check the file and the markers.")) ||
+            !expect(dialog->property("items").toList().isEmpty(), name + QStringLiteral(" has a preview")) ||
+            !shoot(name))
+            return false;
+    }
+    return click(QStringLiteral("Cancel")) && gone(QStringLiteral("Source Title:")) &&
+           expect(KRNFile::instance()->sources().size() == 1, QStringLiteral("there is half a source"));
 }
 
 bool ImportJob::cancelReading() {

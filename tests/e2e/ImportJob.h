@@ -16,8 +16,10 @@ private:
     bool importKinds();
     bool importClipboard();
     bool dropFiles();
+    bool importFolder();
     bool cancelBatch();
     bool previewQuestions();
+    bool refuseBadFiles();
     bool cancelReading();
 
     bool openDialog(const QString& entry);

@@ -100,12 +100,12 @@ bool Job::chooseTheme(bool dark) {
     return click(QStringLiteral("Save")) && gone(QStringLiteral("Colour theme:"));
 }
 
-bool Job::importFiles(const QStringList& paths) {
+bool Job::importBy(const QString& menuEntry, const QStringList& paths, QString* told) {
     // The tab strip asks for the first source; later ones come by the add button.
     QQuickItem* add = m_driver.itemNamed(QStringLiteral("addSource"));
     if (!expect(m_driver.click(add), QStringLiteral("there is no button to add a source")))
         return false;
-    QQuickItem* entry = m_driver.itemWithText(QStringLiteral("Import Source: Select File(s)"));
+    QQuickItem* entry = m_driver.itemWithText(menuEntry);
     if (!entry)
         return fail(QStringLiteral("the add menu does not open"));
     shoot(QStringLiteral("add-menu"));
@@ -115,6 +115,8 @@ bool Job::importFiles(const QStringList& paths) {
         m_driver.during([&] { m_driver.click(entry); },
                         [&] {
                             filesChosen = filesChosen || m_driver.chooseFiles(paths);
+                            if (told && filesChosen)
+                                *told = m_driver.messageBoxText();
                             return filesChosen && m_driver.answerMessageBox(QStringLiteral("OK"));
                         });
     return expect(filesChosen, QStringLiteral("the file dialog for sources does not come")) &&

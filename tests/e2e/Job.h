@@ -55,7 +55,12 @@ protected:
     bool untilOpen();
     /// By the preferences of an open project.
     bool chooseTheme(bool dark);
-    bool importFiles(const QStringList& paths);
+    bool importFiles(const QStringList& paths) {
+        return importBy(QStringLiteral("Import Source: Select File(s)"), paths);
+    }
+    /// By an entry of the add menu that asks for files or for a folder. `told` becomes what it tells in the
+    /// end.
+    bool importBy(const QString& menuEntry, const QStringList& paths, QString* told = nullptr);
     /// Makes a kerno by the add button and its dialog.
     bool addKerno(const QString& title);
     /// Gives the kerno whose dialog has come up a title.

@@ -17,7 +17,8 @@ bool KeysJob::play(const QString&) {
     const QString second = path(QStringLiteral("Yard.txt"));
     return signIn() && createProject(path(QStringLiteral("keys.krn"))) && writeFile(first, text) &&
            writeFile(second, QStringLiteral("The yard.")) && importFiles({first, second}) && chooseSource() &&
-           codeIntoNew() && codeWithList() && bindKey() && writeMemo() && makeKerno() && goOverCanvas();
+           codeIntoNew() && codeWithList() && bindKey() && removeCodings() && writeMemo() && makeKerno() &&
+           goOverCanvas() && editInBar() && nestInTree();
 }
 
 bool KeysJob::hasFocus(const QString& nameOrText) {
@@ -141,6 +142,59 @@ bool KeysJob::bindKey() {
     return untilCodings(care, 3) && shoot(QStringLiteral("coded"));
 }
 
+bool KeysJob::tabTo(const QString& name, int times) {
+    for (int i = 0; i < times; ++i)
+        m_driver.press(Qt::Key_Tab);
+    return expect(hasFocus(name), QStringLiteral("Tab does not lead to the ") + name);
+}
+
+void KeysJob::takeFirstOfMenu() {
+    m_driver.press(Qt::Key_F10, Qt::ShiftModifier);
+    AppDriver::waitFor([&] { return !m_driver.popups().isEmpty(); });
+    m_driver.press(Qt::Key_Down);
+    shoot(QStringLiteral("menu-by-key"));
+    m_driver.press(Qt::Key_Return);
+}
+
+// Older ones, beside the text: by the menu and by Delete.
+bool KeysJob::removeCodings() {
+    const auto untilCount = [&](int count) {
+        return until([&] { return m_canvas.codings(care) == count; },
+                     QStringLiteral("%1 codings are left").arg(m_canvas.codings(care)));
+    };
+    if (!tabTo(QStringLiteral("codings"), 1))
+        return false;
+    m_driver.press(Qt::Key_End);
+    shoot(QStringLiteral("codings"));
+    takeFirstOfMenu();
+    if (!untilCount(2))
+        return false;
+    m_driver.press(Qt::Key_Delete);
+    if (!untilCount(1) || !undo() || !untilCount(2))
+        return false;
+    m_driver.press(Qt::Key_Escape);
+    return untilCodings(care, 2);
+}
+
+// Goes to the memo again, writes on, and removes it by its menu.
+bool KeysJob::changeMemo(int id) {
+    if (!tabTo(QStringLiteral("memos"), 2))
+        return false;
+    m_driver.press(Qt::Key_Return);
+    m_driver.press(Qt::Key_End, Qt::ControlModifier);
+    m_driver.type(QStringLiteral(" Ours."));
+    m_driver.press(Qt::Key_Escape);
+    const QString changed = QStringLiteral("Whose garden? Ours.");
+    if (!until([&] { return KRNFile::instance()->memo(id).content() == changed; },
+               QStringLiteral("the memo is ") + KRNFile::instance()->memo(id).content()) ||
+        !tabTo(QStringLiteral("memos"), 2))
+        return false;
+    takeFirstOfMenu();
+    return until([&] { return m_source.memos().isEmpty(); }, QStringLiteral("the memo stays")) &&
+           until([&] { return hasFocus(QStringLiteral("answerText")); },
+                 QStringLiteral("nothing has the keyboard once the last memo is gone"));
+}
+
 bool KeysJob::writeMemo() {
     const QString note = QStringLiteral("Whose garden?");
     if (!selectWords(1, 1, QStringLiteral("garden")))
@@ -158,7 +212,7 @@ bool KeysJob::writeMemo() {
                  QStringLiteral("the memo is not saved")) &&
            until([&] { return hasFocus(QStringLiteral("answerText")); },
                  QStringLiteral("Esc does not leave the memo")) &&
-           shoot(QStringLiteral("memo")) && undo() && undo() &&
+           shoot(QStringLiteral("memo")) && changeMemo(id) && undo() && undo() && undo() && undo() &&
            until([&] { return m_source.memos().isEmpty(); }, QStringLiteral("undo leaves the memo"));
 }
 
@@ -188,4 +242,58 @@ bool KeysJob::goOverCanvas() {
     return until([&] { return m_driver.itemNamed(QStringLiteral("canvasKeys"), 0) == nullptr; },
                  QStringLiteral("Return does not open the overview")) &&
            shoot(QStringLiteral("overview"));
+}
+
+bool KeysJob::editInBar() {
+    if (!click(QStringLiteral("Home")) || !goTo(QStringLiteral("canvasKeys")))
+        return false;
+    const int id = m_driver.itemNamed(QStringLiteral("canvasKeys"))->property("__kernoId").toInt();
+    const QString title = QStringLiteral("Yard and garden");
+    m_driver.press(Qt::Key_F2);
+    if (!until([&] { return hasFocus(QStringLiteral("editBarTitle")); },
+               QStringLiteral("F2 does not lead to the title")))
+        return false;
+    m_driver.press(Qt::Key_A, Qt::ControlModifier);
+    m_driver.type(title);
+    m_driver.press(Qt::Key_Return);
+    if (!until([&] { return KRNFile::instance()->kerno(id).title() == title; },
+               QStringLiteral("the title is not stored")) ||
+        !expect(hasFocus(QStringLiteral("canvasKeys")), QStringLiteral("Return does not lead back")) ||
+        !shoot(QStringLiteral("edit-bar")))
+        return false;
+    const QPointF before(KRNFile::instance()->kerno(id).x(), KRNFile::instance()->kerno(id).y());
+    m_driver.press(before.x() < 300 ? Qt::Key_Right : Qt::Key_Left, Qt::ControlModifier);
+    if (!until([&] { return qAbs(KRNFile::instance()->kerno(id).x() - before.x()) == 10; },
+               QStringLiteral("Ctrl and an arrow do not move the bubble")))
+        return false;
+    takeFirstOfMenu();
+    return until([&] { return m_driver.itemNamed(QStringLiteral("canvasKeys"), 0) == nullptr; },
+                 QStringLiteral("the menu's first entry does not open the overview")) &&
+           click(QStringLiteral("Home"));
+}
+
+// From the first label, which is put below the second and taken out again.
+bool KeysJob::nestInTree() {
+    if (!click(QStringLiteral("View")) || !click(QStringLiteral("Kernos as Tree View")) ||
+        !goTo(QStringLiteral("treeView")))
+        return false;
+    m_driver.press(Qt::Key_Home);
+    const auto focused = [&] {
+        return m_driver.mainWindow()->activeFocusItem()->property("kernoId").toInt();
+    };
+    const int moved = focused();
+    m_driver.press(Qt::Key_X, Qt::ControlModifier);
+    m_driver.press(Qt::Key_Down);
+    const int parent = focused();
+    m_driver.press(Qt::Key_V, Qt::ControlModifier);
+    const auto parentOf = [](int id) { return KRNFile::instance()->kerno(id).parentKernoId(); };
+    if (!expect(moved != parent, QStringLiteral("there is one label only")) ||
+        !until([&] { return parentOf(moved) == parent; }, QStringLiteral("Ctrl+V does not nest")) ||
+        !shoot(QStringLiteral("nested")))
+        return false;
+    m_driver.press(Qt::Key_Down);
+    if (!until([&] { return focused() == moved; }, QStringLiteral("the child is not reached")))
+        return false;
+    m_driver.press(Qt::Key_Backspace);
+    return until([&] { return parentOf(moved) == -1; }, QStringLiteral("Backspace does not take it out"));
 }

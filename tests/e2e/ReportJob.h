@@ -7,6 +7,7 @@
 class ReportViewer;
 
 /// Makes reports and a word cloud from the menu to the page, gives one up in the middle, and looks at them.
+/// Queries in one pane and in two, and makes a report of each.
 class ReportJob : public Job {
 public:
     using Job::Job;
@@ -15,7 +16,9 @@ public:
 private:
     bool makeMaterial();
     bool makeReport();
-    bool makeQueryReport();
+    bool queryInOnePane();
+    bool queryInTwoPanes();
+    bool makeQueryReports();
     bool cancelReport();
     bool makeWordCloud();
 
@@ -27,6 +30,9 @@ private:
     QVariant ask(const QString& script);
     bool shootPage(const QString& name);
     bool noFolderLeft();
+    /// The titles of the kernos in a pane, each followed by its number of quotes.
+    QString kernosOf(const QString& pane);
+    bool untilOrder(const QString& left, const QString& right);
 
     ReportViewer* m_viewer = nullptr;
 };

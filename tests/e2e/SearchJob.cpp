@@ -1,7 +1,6 @@
 #include "SearchJob.h"
 
 #include "app/Session.h"
-#include "link/IdManager.h"
 #include "project/KRNFile.h"
 
 #include <QClipboard>
@@ -12,7 +11,6 @@
 namespace {
 
 const QString trust = QStringLiteral("Trust");
-const QString work = QStringLiteral("Work");
 const QString filler =
     QStringLiteral("They spoke of many other things that day, and nobody wrote them down. ");
 // "trust" four times in the first text, three of them far apart, and once in the second.
@@ -28,15 +26,14 @@ const QString secondText =
 bool SearchJob::play(const QString&) {
     return signIn() && createProject(path(QStringLiteral("search.krn"))) && makeMaterial() && openPanel() &&
            searchByOptions() && searchSynonyms() && restoreFromHistory() && searchByCriteria() && readOn() &&
-           copyFromSeveral() && codeHit() && fillHistory() && dock() && queryInOnePane() && queryInTwoPanes();
+           copyFromSeveral() && codeHit() && fillHistory() && dock();
 }
 
 bool SearchJob::makeMaterial() {
     const QString first = path(QStringLiteral("Anna.txt"));
     const QString second = path(QStringLiteral("Ben.txt"));
     return writeFile(first, firstText) && writeFile(second, secondText) && importFiles({first, second}) &&
-           addKerno(trust) && m_canvas.drag(trust, QPointF(150, 150)) && addKerno(work) &&
-           m_canvas.drag(work, QPointF(150, 350));
+           addKerno(trust) && m_canvas.drag(trust, QPointF(150, 150));
 }
 
 bool SearchJob::openPanel() {
@@ -245,69 +242,4 @@ bool SearchJob::dock() {
     m_driver.clickAt(button, QPointF(8, button->height() / 2));
     return until([&] { return panel->x() == out; }, QStringLiteral("the panel does not unfold")) &&
            m_driver.click(m_driver.itemNamed(QStringLiteral("searchToggle")));
-}
-
-QStringList SearchJob::kernosOf(const QString& pane) {
-    QStringList kernos;
-    const QQuickItem* panel = m_driver.itemNamed(pane);
-    const QVariantList rows =
-        panel ? panel->property("result").value<QJSValue>().toVariant().toList() : QVariantList();
-    for (const QVariant& row : rows) {
-        const QVariantMap map = row.toMap();
-        kernos << map.value(QStringLiteral("kerno")).toMap().value(QStringLiteral("title")).toString() +
-                      QString::number(map.value(QStringLiteral("highlights")).toList().size());
-    }
-    return kernos;
-}
-
-bool SearchJob::queryInOnePane() {
-    for (int start : {3, 40}) {
-        Highlight coding;
-        coding.setHighlightId(IdManager::instance()->nextHighlightId());
-        coding.setKernoId(m_canvas.kernoId(work));
-        coding.setSourceId(1);
-        coding.setQuestionId(1);
-        coding.setAuthor(QStringLiteral("Ada Berger"));
-        coding.setStart(start);
-        coding.setLength(20);
-        KRNFile::instance()->saveHighlight(coding);
-    }
-    if (!click(QStringLiteral("Query")) || !shown(QStringLiteral("Main Query:")) ||
-        !shoot(QStringLiteral("query-empty")) || !click(QStringLiteral("Update")) ||
-        !shown(QStringLiteral("Main Query Highlights: 3")) ||
-        !expect(kernosOf(QStringLiteral("leftResult")) ==
-                    QStringList({QStringLiteral("Work2"), QStringLiteral("Trust1")}),
-                QStringLiteral("the query gives other kernos: ") +
-                    kernosOf(QStringLiteral("leftResult")).join(' ')))
-        return false;
-    // The rows glide to their places; the picture waits for that.
-    shoot(QStringLiteral("query-result"));
-    return click(trust) &&
-           until([&] { return results().size() == 1; }, QStringLiteral("the kerno's quote does not come")) &&
-           shoot(QStringLiteral("query-quotes"));
-}
-
-bool SearchJob::untilOrder(const QStringList& left, const QStringList& right) {
-    const auto stands = [&] {
-        return kernosOf(QStringLiteral("leftResult")) == left &&
-               kernosOf(QStringLiteral("rightResult")) == right;
-    };
-    return until(stands, QStringLiteral("the panes are in another order: ") +
-                             kernosOf(QStringLiteral("leftResult")).join(' ') + QLatin1Char('/') +
-                             kernosOf(QStringLiteral("rightResult")).join(' '));
-}
-
-// The left query asks for another author and finds nothing.
-bool SearchJob::queryInTwoPanes() {
-    if (!click(QStringLiteral("Compare")) || !shown(QStringLiteral("Right Query:")))
-        return false;
-    QQuickItem* left = m_driver.itemNamed(QStringLiteral("leftQuery"));
-    return choose(partOf(left, QStringLiteral("queryType")), QStringLiteral("Highlight Author")) &&
-           choose(partOf(left, QStringLiteral("queryOperator")), QStringLiteral("!=")) &&
-           click(QStringLiteral("Update")) &&
-           shown(QStringLiteral("Left Query Highlights: 0 / Right Query Highlights: 3")) &&
-           untilOrder({"Trust0", "Work0"}, {"Trust1", "Work2"}) && click(QStringLiteral("View")) &&
-           click(QStringLiteral("Sort by Right Query")) && click(QStringLiteral("Update")) &&
-           untilOrder({"Work0", "Trust0"}, {"Work2", "Trust1"}) && shoot(QStringLiteral("query-compared")) &&
-           click(QStringLiteral("Home")) && gone(QStringLiteral("Right Query:"));
 }

@@ -2,8 +2,7 @@
 
 #include "Job.h"
 
-/// Asks the material: a search by each of its options, what can be done with its results, and queries in one
-/// pane and in two.
+/// Asks the material: a search by each of its options, and what can be done with its results.
 class SearchJob : public Job {
 public:
     using Job::Job;
@@ -21,8 +20,6 @@ private:
     bool codeHit();
     bool fillHistory();
     bool dock();
-    bool queryInOnePane();
-    bool queryInTwoPanes();
 
     bool search(const QString& term, int results);
     bool toggle(const QString& objectName);
@@ -31,6 +28,4 @@ private:
     QString textOf(QQuickItem* result);
     int offsetOf(QQuickItem* result);
     bool isOn(const QString& objectName);
-    QStringList kernosOf(const QString& pane);
-    bool untilOrder(const QStringList& left, const QStringList& right);
 };

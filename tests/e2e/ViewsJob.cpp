@@ -265,7 +265,8 @@ bool ViewsJob::chooseSecond() {
 bool ViewsJob::copyQuotes() {
     m_driver.click(m_driver.itemNamed(QStringLiteral("selectAllQuotes")));
     m_driver.click(m_driver.itemNamed(QStringLiteral("copySelectedParts")));
-    const QString expected = QStringLiteral("%1\n\n-- A house --\n\n%2\n\n-- A house --\n\n").arg(bed, pick);
+    const QString expected =
+        QStringLiteral("%1\n\n-- A house --\n\n\n%2\n\n-- A house --\n\n\n").arg(bed, pick);
     return until([&] { return QGuiApplication::clipboard()->text() == expected; },
                  QStringLiteral("copied is ") + QGuiApplication::clipboard()->text()) &&
            shoot(QStringLiteral("all-selected"));

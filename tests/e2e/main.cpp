@@ -159,8 +159,9 @@ int playJob(const QString& program, const JobEntry& job, const QString& folder) 
     removeTraces(folder);
     QProcessEnvironment environment = freshHome(folder + QStringLiteral("/home"));
     for (const QString& name : job.runs) {
-        if (name.endsWith(QLatin1String("-twice")))
-            environment.insert(QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2"));
+        // "-x2" stands for twice as many pixels.
+        const QString scale = name.section(QLatin1String("-x"), 1);
+        environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale.isEmpty() ? QStringLiteral("1") : scale);
         QProcess run;
         run.setProcessEnvironment(environment);
         run.setProcessChannelMode(QProcess::ForwardedChannels);
