@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Pulse.h"
 #include "app/AppHelper.h"
 #include "app/KernovaApplication.h"
 #include "app/Session.h"
@@ -19,7 +20,6 @@
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <private/qquickwindow_p.h>
 
@@ -39,10 +39,13 @@ inline QString text(const char* utf8) {
 inline bool until(const std::function<bool()>& condition) {
     QElapsedTimer timer;
     timer.start();
+    // Waiting must not count as work of the thread.
+    QTimer tick;
+    tick.start(1);
     while (!condition()) {
         if (timer.elapsed() > bound)
             return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 5);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
@@ -52,13 +55,6 @@ inline void settle() {
     QElapsedTimer timer;
     timer.start();
     until([&] { return timer.elapsed() > 600; });
-}
-
-/// The processor time of this thread so far, in milliseconds: what others do on the machine is not in it.
-inline double threadMilliseconds() {
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 struct Took {

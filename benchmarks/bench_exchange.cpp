@@ -11,12 +11,14 @@
 #include <QElapsedTimer>
 #include <QLoggingCategory>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QXmlStreamReader>
+#include <atomic>
 #include <cstdio>
+#include <malloc.h>
 #include <memory>
 #include <unistd.h>
 
@@ -48,24 +50,39 @@ QStringList processes() {
     return all;
 }
 
-void forgetPeaks() {
-    for (const QString& pid : processes()) {
-        QFile file(QStringLiteral("/proc/%1/clear_refs").arg(pid));
-        if (file.open(QIODevice::WriteOnly))
-            file.write("5");
+/// The greatest sum of what both have in memory at one time since `begin`.
+class Memory {
+public:
+    Memory() : m_processes(processes()), m_thread(QThread::create([this] { watch(); })) { m_thread->start(); }
+    ~Memory() {
+        m_ended = true;
+        m_thread->wait();
     }
-}
+    /// What the benchmark itself has left behind is given back first.
+    void begin() {
+        malloc_trim(0);
+        m_peak = 0;
+    }
+    double peakMegabytes() const { return static_cast<double>(m_peak) / 1024 / 1024; }
 
-double peakMegabytes() {
-    static const QRegularExpression line(QStringLiteral("VmHWM:\\s+(\\d+)"));
-    double sum = 0;
-    for (const QString& pid : processes())
-        sum += line.match(QString::fromLatin1(fileOf(QStringLiteral("/proc/%1/status").arg(pid))))
-                   .captured(1)
-                   .toDouble() /
-               1024;
-    return sum;
-}
+private:
+    void watch() {
+        const qint64 pageBytes = sysconf(_SC_PAGESIZE);
+        while (!m_ended) {
+            qint64 pages = 0;
+            for (const QString& pid : m_processes)
+                pages += fileOf(QStringLiteral("/proc/%1/statm").arg(pid)).split(' ').value(1).toLongLong();
+            if (pages * pageBytes > m_peak)
+                m_peak = pages * pageBytes;
+            QThread::msleep(5);
+        }
+    }
+
+    const QStringList m_processes;
+    std::atomic<qint64> m_peak{0};
+    std::atomic<bool> m_ended{false};
+    std::unique_ptr<QThread> m_thread;
+};
 
 double processorSeconds() {
     qint64 ticks = 0;
@@ -224,6 +241,7 @@ int main(int argc, char** argv) {
     file->initModels();
     DataHelper& helper = *file->dataHelper();
     check(helper.connection()->connect(false), "no service");
+    Memory memory;
     {
         Project project(named("made.krn"));
         project.records() = make(size, 0);
@@ -232,21 +250,21 @@ int main(int argc, char** argv) {
             "make");
         const Cost bare = bareImport(path("made.qdpx"), project.records(), path("bare.db"));
         project.records() = {};
-        forgetPeaks();
+        memory.begin();
         const Cost took = costOf([&] {
             check(archive::import(helper, path("made.qdpx"), named("imported.krn"), {}, {}).status, "import");
         });
-        print("import", took, bare, "unzipping, parsing and one transaction", peakMegabytes());
+        print("import", took, bare, "unzipping, parsing and one transaction", memory.peakMegabytes());
     }
-    forgetPeaks();
+    memory.begin();
     check(file->openProject(named("imported.krn"), false, QString(), true), "open");
     check(file->waitForTexts(), "texts");
-    const double opened = peakMegabytes();
+    const double opened = memory.peakMegabytes();
     for (const ExchangeForm form : {ExchangeForm::Own, ExchangeForm::Standard}) {
-        forgetPeaks();
+        memory.begin();
         const Cost took =
             costOf([&] { check(archive::exportOpen(*file, path("out.qdpx"), form), "export"); });
-        const double peak = peakMegabytes();
+        const double peak = memory.peakMegabytes();
         print("export", took, bareDeflate(path("out.qdpx")), "deflating the same bytes", peak);
     }
     std::printf("opening had a peak of %.0f MB\n", opened);
@@ -258,10 +276,10 @@ int main(int argc, char** argv) {
     }
     ProjectMerger merger(&helper);
     check(merger.setMaster(named("imported.krn"), {}) && merger.addProject(named("other.krn"), {}), "inputs");
-    forgetPeaks();
+    memory.begin();
     const Cost took = costOf([&] { check(merger.merge(named("merged.krn"), {}), "merge"); });
     std::printf("merge   %.2f s, processor %.2f s; peak %.0f MB\n", took.seconds, took.processor,
-                peakMegabytes());
+                memory.peakMegabytes());
     file->closeAndReset();
     return 0;
 }

@@ -1,12 +1,9 @@
 #include "Pulse.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
+#include "Study.h"
 #include "merge/ProjectMerger.h"
-#include "models/KernoModel.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "models/QuestionAnswerModel.h"
 #include "models/SourceModel.h"
-#include "project/KRNFile.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -26,64 +23,16 @@
 
 namespace {
 
-constexpr int sourceCount = 1000;
-constexpr int textLength = 100000;
-constexpr int kernoCount = 1000;
-constexpr int highlightsPerSource = 115;
-constexpr int highlightLength = 400;
+constexpr Study study{1000, 100000, 1000};
 constexpr int bound = 120000;  // ms
 constexpr int rounds = 3;
-
-const char* const words[] = {"we",     "talked", "about", "trust", "and",  "what",  "changed",
-                             "in",     "the",    "team",  "when",  "they", "moved", "interview",
-                             "people", "said",   "that",  "work",  "was",  "never", "simple"};
-
-QString textOfSource(int sourceId) {
-    QString text;
-    text.reserve(textLength + 20);
-    quint32 state = static_cast<quint32>(sourceId) * 2654435761u;
-    while (text.size() < textLength) {
-        state = state * 1664525u + 1013904223u;
-        text += QLatin1String(words[(state >> 16) % (sizeof(words) / sizeof(*words))]);
-        text += QLatin1Char(state % 97 == 0 ? '\n' : ' ');
-    }
-    text.truncate(textLength);
-    return text;
-}
-
-QJsonObject projectOf(const QString& path) {
-    return {{QStringLiteral("name"), path}, {QStringLiteral("project_uuid"), QString()}};
-}
 
 bool makeProject(const QString& path) {
     KRNFile file(nullptr, ProjectTimings{0, 0});
     file.initModels();
-    DataHelper& helper = *file.dataHelper();
-    if (!helper.connection()->connect(false) || !file.openProject(projectOf(path), true, {}, true))
-        return false;
-    const QString author = QStringLiteral("Ann Author");
-    for (int id = 1; id <= kernoCount; ++id)
-        helper.save(Kerno(id, id > 100 ? id % 100 + 1 : -1, QColor::fromHsv(id % 360, 200, 200),
-                          QStringLiteral("Topic %1").arg(id), {}, {}, author, id * 7 % 900, id * 13 % 700),
-                    true);
-    int highlightId = 0;
-    for (int id = 1; id <= sourceCount; ++id) {
-        helper.save(
-            Source(id, QStringLiteral("Interview %1").arg(id), QStringLiteral("md_generic"), author, {}));
-        helper.save(QuestionAnswer(id, 1, id, author, textOfSource(id), {}));
-        QList<Highlight> batch;
-        for (int i = 0; i < highlightsPerSource; ++i) {
-            const int start = i * (textLength - highlightLength) / highlightsPerSource;
-            ++highlightId;
-            batch.append(Highlight(highlightId, 1 + highlightId % kernoCount, id, 1, {}, start,
-                                   highlightLength, start + highlightLength, author, {}, 0, 0, 0, false));
-        }
-        file.batchSaveHighlights(batch);
-        if (id % 50 == 0)
-            file.kernoIds();  // returns when all of it is stored
-    }
+    const bool made = makeStudy(file, path, study);
     file.close();
-    return true;
+    return made;
 }
 
 /// Runs the event loop until the signal has come and the condition holds.
@@ -104,7 +53,7 @@ bool openProject(const QString& path) {
     file.initModels();
     ProjectMerger merger(file.dataHelper());
     QuestionAnswerModel shown(file.dataHelper());
-    shown.setSourceId(sourceCount / 2);
+    shown.setSourceId(study.sources / 2);
     if (!file.dataHelper()->connection()->connect(false))
         return false;
     const double before = megabytesResident();
@@ -115,10 +64,10 @@ bool openProject(const QString& path) {
     };
     auto now = passed;
     now();
-    if (!merger.tryProjectPassword(projectOf(path), QString()))
+    if (!merger.tryProjectPassword(projectAt(path), QString()))
         return false;
     const double tried = now();
-    if (!file.openProject(projectOf(path), false, {}, true, true))
+    if (!file.openProject(projectAt(path), false, {}, true, true))
         return false;
     const double opened = now();
     Pulse pulse;

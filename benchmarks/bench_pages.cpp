@@ -1,12 +1,7 @@
+#include "Study.h"
 #include "export/PageFolder.h"
 #include "export/ReportFolder.h"
 #include "export/WordCounts.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
-#include "project/KRNFile.h"
-#include "records/Highlight.h"
-#include "records/QuestionAnswer.h"
-#include "records/Source.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -21,57 +16,6 @@
 // clock and, behind them, of this process's processor time.
 
 namespace {
-
-constexpr int sourceCount = 1000;
-constexpr int sourceLength = 100000;
-constexpr int kernoCount = 100;
-constexpr int highlightsPerSource = 115;
-constexpr int highlightLength = 400;
-
-QString textOfSource(int sourceId) {
-    QString text;
-    text.reserve(sourceLength + 20);
-    quint32 state = static_cast<quint32>(sourceId) * 2654435761u;
-    const auto random = [&state](quint32 bound) {
-        state = state * 1664525u + 1013904223u;
-        return (state >> 8) % bound;
-    };
-    while (text.size() < sourceLength) {
-        for (quint32 i = 2 + random(8); i > 0; --i)
-            text += QLatin1Char("eeettaaooiinnsshhrrddlluucmwfgypbvk"[random(35)]);
-        text += QLatin1Char(random(80) == 0 ? '\n' : ' ');
-    }
-    text.truncate(sourceLength);
-    return text;
-}
-
-bool makeProject(KRNFile& file, const QString& path) {
-    DataHelper& helper = *file.dataHelper();
-    const QJsonObject project{{QStringLiteral("name"), path}, {QStringLiteral("project_uuid"), QString()}};
-    if (!helper.connection()->connect(false) || !file.openProject(project, true, {}, true))
-        return false;
-    const QString author = QStringLiteral("Ann Author");
-    for (int id = 1; id <= kernoCount; ++id)
-        helper.save(Kerno(id, -1, QColor(Qt::red), QStringLiteral("Topic %1").arg(id), {}, {}, author, 1, 1),
-                    true);
-    int highlightId = 0;
-    for (int id = 1; id <= sourceCount; ++id) {
-        helper.save(
-            Source(id, QStringLiteral("Interview %1").arg(id), QStringLiteral("md_generic"), author, {}));
-        helper.save(QuestionAnswer(id, 1, id, author, textOfSource(id), {}));
-        QList<Highlight> batch;
-        for (int i = 0; i < highlightsPerSource; ++i) {
-            const int start = i * (sourceLength - highlightLength) / highlightsPerSource;
-            ++highlightId;
-            batch.append(Highlight(highlightId, 1 + highlightId % kernoCount, id, 1, {}, start,
-                                   highlightLength, start + highlightLength, author, {}, 0, 0, 0, false));
-        }
-        file.batchSaveHighlights(batch);
-        if (id % 50 == 0)
-            file.kernoIds();  // returns when all of it is stored
-    }
-    return true;
-}
 
 template <typename Work> void measure(const char* what, Work work) {
     QElapsedTimer timer;
@@ -101,10 +45,12 @@ void measureFolder(const char* what, const QString& folder, const std::function<
 }  // namespace
 
 int main(int argc, char** argv) {
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QCoreApplication application(argc, argv);
     QVector<QString> texts;
-    for (int id = 1; id <= sourceCount; ++id)
-        texts.append(textOfSource(id));
+    const Study study;
+    for (int id = 1; id <= study.sources; ++id)
+        texts.append(textOfSource(id, study.length));
     measure("words of 100 MB", [&] {
         int words = 0;
         for (const QString& text : qAsConst(texts)) {
@@ -118,7 +64,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir folder;
     KRNFile file(nullptr, ProjectTimings{0, 0});
     file.initModels();
-    if (!makeProject(file, folder.filePath(QStringLiteral("study.krn"))))
+    if (!makeStudy(file, folder.filePath(QStringLiteral("study.krn")), study))
         return 1;
     const QString reportFolder = folder.filePath(QStringLiteral("report"));
     const QString cloud = folder.filePath(QStringLiteral("cloud"));

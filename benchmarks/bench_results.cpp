@@ -1,10 +1,9 @@
-#include "Pulse.h"
 #include "Screens.h"
 #include "app/AppHelper.h"
 
 // The results of a search in the window, of 5,000 hits or of as many as the first argument says: how soon the
 // first of them stands after the signal, what loading all of them and scrolling through them costs the main
-// thread, and how long synonyms take.
+// thread, and how long synonyms take. Then a query over 100,000 codings, as far as its screen.
 
 namespace {
 
@@ -68,7 +67,24 @@ void measureResults(Screens& screens, AppHelper& helper, int hits) {
         steps << threadMilliseconds() - start;
     }
     tell("one step of scrolling through them, main thread", steps);
-    std::printf("longest pause while scrolling %.0f ms\n", pulse.longest());
+    std::printf(
+        "longest pause while scrolling %.0f ms, of which at most %.0f ms were the main thread's own\n",
+        pulse.longest(), pulse.longestOwn());
+}
+
+// Every quote is found, and the list of kernos stands.
+void measureQuery(Screens& screens, int highlights) {
+    screens.makeProject(text("query"), 100, 101);
+    screens.addHighlights(highlights, 100);
+    screens.set(text("CentralManager.showQueryScreen = true"));
+    until([&] { return !screens.shown("KernoQueryScreen").isEmpty(); });
+    settle();
+    QQuickItem* const screen = screens.shown("KernoQueryScreen").value(0);
+    const auto* const list = screen->findChild<QQuickItem*>(text("queryKernos"));
+    const Took took = timeUntil(
+        [&] { QMetaObject::invokeMethod(screen, "query", Q_ARG(QVariant, false), Q_ARG(QVariant, true)); },
+        [&] { return list->property("count").toInt() == 100; }, "the query's result");
+    tell("a query that finds all codings, to its list of kernos", took);
 }
 
 void measureSynonyms(const AppHelper& helper) {
@@ -100,6 +116,7 @@ int main(int argc, char** argv) {
     }
     measureSynonyms(session.appHelper());
     measureResults(screens, session.appHelper(), argc > 1 ? std::atoi(argv[1]) : 5000);
+    measureQuery(screens, 100000);
     KRNFile::instance()->closeAndReset();
     return 0;
 }

@@ -1,9 +1,7 @@
 #define PCRE2_CODE_UNIT_WIDTH 16
-#include "link/Connection.h"
-#include "link/DataHelper.h"
+#include "Study.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "models/SourceMetadataModel.h"
-#include "project/KRNFile.h"
 #include "search/SourceSearch.h"
 
 #include <QCoreApplication>
@@ -19,77 +17,10 @@
 
 namespace {
 
-constexpr int kernoCount = 100;
-constexpr int highlightsPerSource = 115;
-constexpr int highlightLength = 400;
 constexpr int rounds = 5;
-
-struct Size {
-    int sources;
-    int length;
-};
 
 double milliseconds(const QElapsedTimer& timer) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-/// A common word at one word in 100, a middling one at one in 5,000, a rare one at one in 500,000.
-QString textOfSource(int sourceId, int length) {
-    QString text;
-    text.reserve(length + 20);
-    quint32 state = static_cast<quint32>(sourceId) * 2654435761u;
-    const auto random = [&state](quint32 bound) {
-        state = state * 1664525u + 1013904223u;
-        return (state >> 8) % bound;
-    };
-    while (text.size() < length) {
-        const quint32 pick = random(500000);
-        if (pick == 0)
-            text += QLatin1String("quixotic");
-        else if (pick % 5000 == 1)
-            text += QLatin1String("harvest");
-        else if (pick % 100 == 2)
-            text += QLatin1String("trust");
-        else
-            for (quint32 i = 2 + random(8); i > 0; --i)
-                text += QLatin1Char("eeettaaooiinnsshhrrddlluucmwfgypbvk"[random(35)]);
-        text += QLatin1Char(random(80) == 0 ? '\n' : ' ');
-    }
-    text.truncate(length);
-    return text;
-}
-
-bool makeProject(KRNFile& file, const QString& path, const Size& size) {
-    DataHelper& helper = *file.dataHelper();
-    const QJsonObject project{{QStringLiteral("name"), path}, {QStringLiteral("project_uuid"), QString()}};
-    if (!helper.connection()->connect(false) || !file.openProject(project, true, {}, true))
-        return false;
-    const QString author = QStringLiteral("Ann Author");
-    for (int id = 1; id <= kernoCount; ++id)
-        helper.save(Kerno(id, -1, QColor(Qt::red), QStringLiteral("Topic %1").arg(id), {}, {}, author, 1, 1),
-                    true);
-    helper.save(SourceMetadataKey(1, false, false, QStringLiteral("Age")));
-    for (int value : {1, 2})
-        helper.save(SourceMetadataValue(value, 1, QString::number(10 * value)));
-    int highlightId = 0;
-    for (int id = 1; id <= size.sources; ++id) {
-        helper.save(
-            Source(id, QStringLiteral("Interview %1").arg(id), QStringLiteral("md_generic"), author, {}));
-        helper.save(QuestionAnswer(id, 1, id, author, textOfSource(id, size.length), {}));
-        helper.save(SourceMetadata(id, id, 1, 1 + id % 2, author, {}));
-        QList<Highlight> batch;
-        for (int i = 0; i < highlightsPerSource; ++i) {
-            const int start = i * (size.length - highlightLength) / highlightsPerSource;
-            ++highlightId;
-            batch.append(Highlight(highlightId, 1 + highlightId % kernoCount, id, 1, {}, start,
-                                   highlightLength, start + highlightLength, author, {}, 0, 0, 0, false));
-        }
-        file.batchSaveHighlights(batch);
-        if (id % 50 == 0)
-            file.kernoIds();  // returns when all of it is stored
-    }
-    file.close();
-    return file.openProject(project, false, {}, true) && file.waitForTexts();
 }
 
 /// The bare scan: the same options, compiled once, no copy of anything.
@@ -136,16 +67,16 @@ double search(Search::SourceSearch& search, const Search::Request& request, int&
     return best;
 }
 
-bool measure(const Size& size) {
+bool measure(const Study& study) {
     const QTemporaryDir folder;
     KRNFile file(nullptr, ProjectTimings{0, 0});
     file.initModels();
-    if (!makeProject(file, folder.filePath(QStringLiteral("study.krn")), size))
+    if (!openStudy(file, folder.filePath(QStringLiteral("study.krn")), study))
         return false;
     QStringList texts;
     for (const QuestionAnswer& answer : file.answerModel()->snapshot())
         texts.append(answer.plainAnswer());
-    std::printf("%d sources of %d characters\n", size.sources, size.length);
+    std::printf("%d sources of %d characters\n", study.sources, study.length);
     Search::SourceSearch searching(&file);
     for (const char* const word : {"trust", "harvest", "quixotic"}) {
         int hits = 0, results = 0;
@@ -178,8 +109,8 @@ bool measure(const Size& size) {
 int main(int argc, char** argv) {
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QCoreApplication application(argc, argv);
-    for (const Size& size : {Size{200, 50000}, Size{1000, 100000}}) {
-        if (!measure(size)) {
+    for (const Study& study : {Study{200, 50000}, Study{1000, 100000}}) {
+        if (!measure(study)) {
             std::fputs("The service that KERNOVA_SERVICE_PROGRAM names can't be used.\n", stderr);
             return 1;
         }

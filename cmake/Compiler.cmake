@@ -3,6 +3,8 @@
 add_library(kernova_compiler INTERFACE)
 target_compile_options(kernova_compiler INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    # Qt's logging macros are called without the arguments that they can take.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>
     $<$<BOOL:${KERNOVA_WERROR}>:-Werror>)
 target_compile_definitions(kernova_compiler INTERFACE
     QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
