@@ -3,9 +3,6 @@
 #include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"
 
-#include <QJsonDocument>
-#include <QProcess>
-
 /// The command line through the real program. Each row is one call; the rows run in their order, in one
 /// folder.
 class tst_Commands : public QObject {
@@ -56,8 +53,7 @@ void tst_Commands::initTestCase() {
 }
 
 void tst_Commands::theProgramDoesAsItIsTold_data() {
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<int>("status");
+    columns<QString, int>({"arguments", "status"});
     QTest::addColumn<QString>("told");  // an expression: found in the output, or in the errors of a failure
 
     const auto row = [](const char* arguments, int status, const char* told) {
@@ -142,9 +138,7 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
 }
 
 void tst_Commands::theProgramDoesAsItIsTold() {
-    QFETCH(QString, arguments);
-    QFETCH(int, status);
-    QFETCH(QString, told);
+    FETCH(QString, arguments, int, status, QString, told);
     QProcess program;
     program.setWorkingDirectory(m_folder.path());
     program.start(QStringLiteral(KERNOVA_CLI_PROGRAM), QProcess::splitCommand(arguments));

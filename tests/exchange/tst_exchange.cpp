@@ -5,11 +5,6 @@
 #include "import/archive/ZipArchive.h"
 #include "tests_support/TestMain.h"
 
-#include <QDir>
-#include <QRegularExpression>
-#include <QTest>
-#include <QXmlStreamReader>
-
 class tst_Exchange : public QObject {
     Q_OBJECT
 
@@ -92,10 +87,7 @@ QString danglingReference(const QByteArray& document) {
 }  // namespace
 
 void tst_Exchange::roundTrips_data() {
-    QTest::addColumn<int>("form");
-    QTest::addColumn<int>("questions");
-    QTest::addColumn<int>("codings");
-    QTest::addColumn<int>("rounds");
+    columns<int, int, int, int>({"form", "questions", "codings", "rounds"});
     const int own = static_cast<int>(ExchangeForm::Own);
     const int standard = static_cast<int>(ExchangeForm::Standard);
     QTest::newRow("own") << own << 1 << 30 << 40;
@@ -108,10 +100,7 @@ void tst_Exchange::roundTrips_data() {
 }
 
 void tst_Exchange::roundTrips() {
-    QFETCH(int, form);
-    QFETCH(int, questions);
-    QFETCH(int, codings);
-    QFETCH(int, rounds);
+    FETCH(int, form, int, questions, int, codings, int, rounds);
     const auto as = static_cast<ExchangeForm>(form);
     const ExchangeExercise exercise;
     const QString file = exercise.path("out.qdpx");
@@ -202,8 +191,7 @@ void tst_Exchange::codingsStandOnTheirWords() {
 }
 
 void tst_Exchange::badArchivesAreRefused_data() {
-    QTest::addColumn<ExchangeExercise::Entries>("entries");
-    QTest::addColumn<QString>("error");
+    columns<ExchangeExercise::Entries, QString>({"entries", "error"});
     using Entries = ExchangeExercise::Entries;
     const QString corrupted =
         "Corrupted file: Extracted directory does not contain qde file or sources folder.";

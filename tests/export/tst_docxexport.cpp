@@ -5,10 +5,6 @@
 #include "import/archive/ZipArchive.h"
 #include "tests_support/TestMain.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QXmlStreamReader>
-
 /// Word documents, read back by an XML reader and by pandoc.
 class tst_DocxExport : public QObject {
     Q_OBJECT

@@ -2,9 +2,6 @@
 #include "import/TransposedCSVImportModel.h"
 #include "tests_support/TestMain.h"
 
-#include <QAbstractItemModelTester>
-#include <QRandomGenerator>
-
 using Type = CSVImportModel::ColumnType;
 
 /// Tables that become sources of a project at the real service.
@@ -64,8 +61,7 @@ void tst_CsvImport::rowsAreReadAsTheyWereWritten() {
 }
 
 void tst_CsvImport::theReaderKeepsItsRules_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("rows");
+    columns<QByteArray, QString>({"bytes", "rows"});
     QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf\"a\",b\n1,2") << "a|b/1|2";
     QTest::newRow("UTF-16") << QByteArray("\xff\xfe"
                                           "a\0,\0b\0\n\0\x31\0",
@@ -96,10 +92,7 @@ void tst_CsvImport::theReaderKeepsItsRules() {
 }
 
 void tst_CsvImport::tablesAreRefused_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QList<int>>("types");
-    QTest::addColumn<bool>("singleQuestion");
-    QTest::addColumn<QString>("refusal");
+    columns<QByteArray, QList<int>, bool, QString>({"bytes", "types", "singleQuestion", "refusal"});
     const QByteArray two("Q,Q,R\n1,2,3\n");
     const char duplicate[] = "One or more identical questions appear multiple times.";
     const char onlyOne[] = "Only one question may be selected in free flow text mode.";
@@ -116,9 +109,7 @@ void tst_CsvImport::tablesAreRefused_data() {
 }
 
 void tst_CsvImport::tablesAreRefused() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(QList<int>, types);
-    QFETCH(bool, singleQuestion);
+    FETCH(QByteArray, bytes, QList<int>, types, bool, singleQuestion);
     TransposedCSVImportModel model;
     QAbstractItemModelTester tester(&model);
     model.openFile(write(bytes));

@@ -6,8 +6,6 @@
 #include "records/SimpleCipher.h"
 #include "tests_support/TestMain.h"
 
-#include <QTest>
-
 class tst_Merging : public QObject {
     Q_OBJECT
 
@@ -78,16 +76,14 @@ QJsonObject jsonOf(const ProjectRecords& records) {
 }  // namespace
 
 void tst_Merging::nothingIsLost_data() {
-    QTest::addColumn<int>("projects");
-    QTest::addColumn<int>("questions");
+    columns<int, int>({"projects", "questions"});
     QTest::newRow("pairs") << 2 << 1;
     QTest::newRow("triples") << 3 << 1;
     QTest::newRow("pairs of several questions") << 2 << 3;
 }
 
 void tst_Merging::nothingIsLost() {
-    QFETCH(int, projects);
-    QFETCH(int, questions);
+    FETCH(int, projects, int, questions);
     for (quint32 seed = 0; seed < 150; ++seed) {
         // Made anew for each that takes it, because copies of a passage share what they hold.
         const auto project = [&](int i) {

@@ -6,10 +6,6 @@
 #include "project/KRNFile.h"
 #include "tests_support/TestMain.h"
 
-#include <QJsonDocument>
-#include <QTemporaryDir>
-#include <QTest>
-
 /// Looks into project files through the real service.
 class tst_ProjectMerger : public QObject {
     Q_OBJECT

@@ -4,7 +4,6 @@
 #include "search/SearchTerm.h"
 #include "tests_support/TestMain.h"
 
-#include <QRandomGenerator>
 #include <algorithm>
 
 using namespace Search;
@@ -74,9 +73,7 @@ class TestSearchAlgorithms : public QObject {
 
 private slots:
     void listsAlternatives_data() {
-        QTest::addColumn<QString>("term");
-        QTest::addColumn<bool>("endings");
-        QTest::addColumn<QString>("expected");
+        columns<QString, bool, QString>({"term", "endings", "expected"});
         QTest::newRow("ending cut") << "wanted" << true
                                     << "wante wantes wanting wants wanted wantedly wantly";
         QTest::newRow("none to cut") << "walk" << true
@@ -94,18 +91,14 @@ private slots:
     }
 
     void listsAlternatives() {
-        QFETCH(QString, term);
-        QFETCH(bool, endings);
+        FETCH(QString, term, bool, endings);
         QTEST(alternatives(term, endings).join(' '), "expected");
     }
 
     // Whole words bind the front of the first alternative and the end of the last.
     void findsHits_data() {
-        QTest::addColumn<QString>("term");
-        QTest::addColumn<QStringList>("synonyms");
-        QTest::addColumn<int>("options");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("expected");
+        columns<QString, QStringList, int, QString, QString>(
+            {"term", "synonyms", "options", "text", "expected"});
         const int whole = 1, endings = 4;
         QTest::newRow("part of a word") << "art" << QStringList{} << 0 << "Art party"
                                         << "0-3 5-8";
@@ -125,10 +118,7 @@ private slots:
     }
 
     void findsHits() {
-        QFETCH(QString, term);
-        QFETCH(QStringList, synonyms);
-        QFETCH(int, options);
-        QFETCH(QString, text);
+        FETCH(QString, term, QStringList, synonyms, int, options, QString, text);
         QTEST(shown(hits(text, hitExpression(term, synonyms, Options(options)))), "expected");
     }
 
@@ -252,9 +242,7 @@ private slots:
     }
 
     void testsProperties_data() {
-        QTest::addColumn<QVariantList>("rows");
-        QTest::addColumn<bool>("all");
-        QTest::addColumn<bool>("any");
+        columns<QVariantList, bool, bool>({"rows", "all", "any"});
         const auto age = [](const char* op, const QVariant& value) { return row("1", value, op); };
         QTest::newRow("one of several values") << QVariantList{age("=", "b")} << true << true;
         QTest::newRow("other than one of them") << QVariantList{age("!=", "b")} << true << true;

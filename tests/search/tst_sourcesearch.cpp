@@ -4,8 +4,6 @@
 #include "search/SourceSearch.h"
 #include "tests_support/TestMain.h"
 
-#include <QTimer>
-
 using namespace Search;
 
 namespace {
@@ -71,8 +69,7 @@ private slots:
     }
 
     void finds_data() {
-        QTest::addColumn<Request>("request");
-        QTest::addColumn<QStringList>("expected");
+        columns<Request, QStringList>({"request", "expected"});
         // "trust" ends inside "trusts": each word from there on takes the blank behind it, and the last has
         // none.
         const QString whole1 = "1:0 " + first.chopped(3), whole2 = "2:0 " + second;

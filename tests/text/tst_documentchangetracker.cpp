@@ -8,7 +8,6 @@
 #include "text/KernovaTextEdit.h"
 
 #include <QQuickTextDocument>
-#include <QRandomGenerator>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <map>
@@ -147,11 +146,7 @@ QString marksOf(QTextDocument* document) {
 }  // namespace
 
 void tst_DocumentChangeTracker::highlightsFollowAnEdit_data() {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<int>("removed");
-    QTest::addColumn<int>("added");
-    QTest::addColumn<QString>("after");
+    columns<QString, int, int, int, QString>({"before", "position", "removed", "added", "after"});
     const auto row = [](const char* name, const char* before, int at, int removed, int added,
                         const char* after) {
         QTest::newRow(name) << QString::fromLatin1(before) << at << removed << added
@@ -171,10 +166,7 @@ void tst_DocumentChangeTracker::highlightsFollowAnEdit_data() {
 }
 
 void tst_DocumentChangeTracker::highlightsFollowAnEdit() {
-    QFETCH(QString, before);
-    QFETCH(int, position);
-    QFETCH(int, removed);
-    QFETCH(int, added);
+    FETCH(QString, before, int, position, int, removed, int, added);
     QList<Highlight> highlights = highlightsOf(before);
     edits::shift(highlights, {position, removed, added});
     edits::join(highlights);

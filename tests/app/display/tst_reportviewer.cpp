@@ -9,10 +9,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QProcess>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTimer>
 #include <QWebEngineView>
 
 /// The pages in the real viewer, over a project whose texts try to be anything but text.
