@@ -16,8 +16,6 @@ struct RecordFacts {
         }
         for (const Kerno& kerno : r.kernos)
             kernos.insert(kerno.id(), kerno);
-        for (const Question& question : r.questions)
-            questions.insert(question.id(), question.question());
         for (const SourceMetadataKey& key : r.metadataKeys)
             keys.insert(key.id(), key.key());
         for (const SourceMetadataValue& value : r.metadataValues)
@@ -61,7 +59,6 @@ struct RecordFacts {
     QHash<int, Source> sources;
     QHash<QPair<int, int>, QString> texts;  ///< by source and question
     QHash<int, Kerno> kernos;
-    QHash<int, QString> questions;
     QHash<int, QString> keys;
     QHash<int, QString> values;
     QHash<int, QString> groups;

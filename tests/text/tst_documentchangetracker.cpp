@@ -18,7 +18,6 @@ class tst_DocumentChangeTracker : public QObject {
     Q_OBJECT
 
 private slots:
-    void highlightsFollowAnEdit_data();
     void highlightsFollowAnEdit();
     void editingAndSavingLosesNothing_data();
     void editingAndSavingLosesNothing();
@@ -51,18 +50,6 @@ Ranges rangesOf(const QList<Highlight>& highlights) {
     for (const Highlight& h : highlights)
         ranges.append({h.kernoId(), h.start(), h.end()});
     return ranges;
-}
-
-QList<Highlight> highlightsOf(const QString& text) {
-    QList<Highlight> list;
-    for (const QString& entry : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const QStringList n = entry.split(QRegularExpression(QStringLiteral("[:-]")));
-        const int start = n[1].toInt();
-        const int end = n[2].toInt();
-        list.append(Highlight(list.size() + 1, n[0].toInt(), 1, 1, {}, start, end - start, end, {}, {}, 0, 0,
-                              0, false));
-    }
-    return list;
 }
 
 /// The rules for one highlight, in another form: where it begins and ends after the edit; nothing left gives
@@ -145,36 +132,29 @@ QString marksOf(QTextDocument* document) {
 
 }  // namespace
 
-void tst_DocumentChangeTracker::highlightsFollowAnEdit_data() {
-    columns<QString, int, int, int, QString>({"before", "position", "removed", "added", "after"});
-    const auto row = [](const char* name, const char* before, int at, int removed, int added,
-                        const char* after) {
-        QTest::newRow(name) << QString::fromLatin1(before) << at << removed << added
-                            << QString::fromLatin1(after);
-    };
-    row("typed at the start", "1:10-20", 10, 0, 1, "1:11-21");
-    row("typed inside", "1:10-20", 15, 0, 1, "1:10-21");
-    row("typed at the end", "1:10-20", 20, 0, 1, "1:10-20");
-    row("deleted inside", "1:10-20", 12, 5, 0, "1:10-15");
-    row("deleted over the start", "1:10-20", 5, 10, 0, "1:5-10");
-    row("deleted around", "1:10-20", 0, 100, 0, "1:10-20");
-    row("deleted from the start on", "1:5-10", 5, 25, 0, "");
-    row("the gap goes", "1:0-10 1:15-20", 10, 5, 0, "1:0-15");
-    row("the gap between two kernos goes", "1:0-10 2:15-20", 10, 5, 0, "1:0-10 2:10-15");
-    row("replaced over the start", "1:12-20", 10, 5, 1, "1:11-15");
-    row("joined with one inside", "1:0-20 2:3-4 1:5-10", 30, 0, 1, "1:0-10 2:3-4");
-}
-
 void tst_DocumentChangeTracker::highlightsFollowAnEdit() {
-    FETCH(QString, before, int, position, int, removed, int, added);
-    QList<Highlight> highlights = highlightsOf(before);
-    edits::shift(highlights, {position, removed, added});
-    edits::join(highlights);
-    QTEST(written(rangesOf(highlights)), "after");
-    Ranges ranges = rangesOf(highlightsOf(before));
-    for (Range& r : ranges)
-        r = follow(r, position, removed, added);
-    QTEST(written(joined(ranges)), "after");
+    QRandomGenerator random(9);
+    const auto anyHighlight = [&random](int id) {
+        const int start = random.bounded(30);
+        return undotest::highlight(id, 1 + random.bounded(3), 1, 1, start, start + 1 + random.bounded(15));
+    };
+    for (int round = 0; round < 20000; ++round) {
+        QList<Highlight> one{anyHighlight(1)};
+        const Range before = rangesOf(one).first();
+        const int at = random.bounded(40);
+        const int removed = random.bounded(2) * random.bounded(20);
+        const int added = random.bounded(2) * random.bounded(20);
+        edits::shift(one, {at, removed, added});
+        QCOMPARE(written(rangesOf(one)), written(joined({follow(before, at, removed, added)})));
+
+        QList<Highlight> some;
+        for (int id = 1 + random.bounded(5); id > 0; --id)
+            some << anyHighlight(id);
+        std::sort(some.begin(), some.end(), highlightLessThan);
+        const Ranges apart = rangesOf(some);
+        edits::join(some);
+        QCOMPARE(written(rangesOf(some)), written(joined(apart)));
+    }
 }
 
 void tst_DocumentChangeTracker::editingAndSavingLosesNothing_data() {
