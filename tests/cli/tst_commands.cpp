@@ -32,11 +32,11 @@ void tst_Commands::initTestCase() {
     ProjectUnderTest project;
     const auto make = [&](const char* name, const char* password, bool marked) {
         QVERIFY2(project.create(QString::fromLatin1(password)), qPrintable(project->getLastOpenError()));
-        QVERIFY(project.addContents(QStringLiteral("Trust grows slowly; trust breaks at once.")));
+        QVERIFY(project.addContents("Trust grows slowly; trust breaks at once."_s));
         project->saveHighlight(ProjectUnderTest::highlight(1, 0, 5));
         project->close();
         if (marked) {
-            QVERIFY(project.open(QStringLiteral("study.krn"), QString(), true));
+            QVERIFY(project.open("study.krn"_s, QString(), true));
             project->savePreference(preference::openLock, true);
             project->close();
         }
@@ -45,11 +45,11 @@ void tst_Commands::initTestCase() {
     make("locked.krn", "", true);
     make("secret.krn", "pass", false);
     make("study.krn", "", false);
-    write(m_folder.filePath(QStringLiteral("password")), "pass\r\nsecond line\n");
-    write(m_folder.filePath(QStringLiteral("broken.krn")), "this is no project");
-    write(m_folder.filePath(QStringLiteral("notes.txt")), "Noted down.");
-    write(m_folder.filePath(QStringLiteral("empty.docx")), "");
-    write(m_folder.filePath(QStringLiteral("table.csv")), "Who,Why?,Where\nAnn,\"So, so\",Ulm\nBea,,Ulm\n");
+    write(m_folder.filePath("password"_s), "pass\r\nsecond line\n");
+    write(m_folder.filePath("broken.krn"_s), "this is no project");
+    write(m_folder.filePath("notes.txt"_s), "Noted down.");
+    write(m_folder.filePath("empty.docx"_s), "");
+    write(m_folder.filePath("table.csv"_s), "Who,Why?,Where\nAnn,\"So, so\",Ulm\nBea,,Ulm\n");
 }
 
 void tst_Commands::theProgramDoesAsItIsTold_data() {

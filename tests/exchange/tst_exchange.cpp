@@ -140,8 +140,7 @@ void tst_Exchange::codingsStandOnTheirWords() {
     QVERIFY2(result.project, qPrintable(result.error));
     const ProjectRecords& r = result.project->records();
     const RecordFacts facts(r);
-    QCOMPARE(r.answers.at(0).plainAnswer(),
-             QString::fromUtf8("<laughs> one &amp; two\nsecond \U0001F600 line"));
+    QCOMPARE(r.answers.at(0).plainAnswer(), "<laughs> one &amp; two\nsecond \U0001F600 line"_s);
     QCOMPARE(r.answers.at(1).plainAnswer(), QString("in <b>line</b> text"));
     QStringList codings;
     for (const Highlight& h : r.highlights)
@@ -149,9 +148,8 @@ void tst_Exchange::codingsStandOnTheirWords() {
                        QString::number(h.timestamp().date().year());
     const QString now = QString::number(QDate::currentDate().year());
     QCOMPARE(codings, (QStringList{"<laughs>|L1 <&>|Ann \"A\"|2020", "<laughs>|L5|Bob|2021",
-                                   QString::fromUtf8("second \U0001F600|L2|Importer|") + now,
-                                   "line|L2|Importer|" + now, "<b>|L3|Importer|" + now,
-                                   "in <b>line</b> text|L4|Importer|" + now}));
+                                   "second \U0001F600|L2|Importer|"_s + now, "line|L2|Importer|" + now,
+                                   "<b>|L3|Importer|" + now, "in <b>line</b> text|L4|Importer|" + now}));
     QStringList kernos;
     for (const Kerno& k : r.kernos)
         kernos << k.title() + '|' + facts.kerno(k.parentKernoId()) + '|' + k.color().name();

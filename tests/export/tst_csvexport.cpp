@@ -52,7 +52,7 @@ QList<Row> parsed(const QString& text) {
 }
 
 QString cleaned(const QJsonValue& value) {
-    return value.toString().replace('\f', '\n').replace(QString::fromUtf8("\u00e2\u0080\u0099"), "'");
+    return value.toString().replace('\f', '\n').replace("\u00e2\u0080\u0099"_s, "'");
 }
 
 QString number(const QJsonValue& value) {
@@ -185,13 +185,11 @@ QList<Row> tst_CsvExport::expected(const QString& name) const {
                         QString::number(m_project.file.totalHighlightsCountByKernoId(r["id"].toInt()))};
             const QVariantList overview = m_project.file.highlightsOverviewPerSourceForKerno(r["id"].toInt());
             for (const QJsonObject& source : records("sources")) {
-                QString cell =
-                    QStringLiteral("0 of %1").arg(m_project.file.highlightsCount(source["id"].toInt()));
+                QString cell = "0 of %1"_s.arg(m_project.file.highlightsCount(source["id"].toInt()));
                 for (int i = overview.size() - 1; i >= 0; --i) {
                     const QVariantMap share = overview[i].toMap();
                     if (share["sourceTitle"].toString() == source["title"].toString())
-                        cell = QStringLiteral("%1 of %2")
-                                   .arg(share["kernoHighlights"].toInt())
+                        cell = "%1 of %2"_s.arg(share["kernoHighlights"].toInt())
                                    .arg(share["sourceHighlights"].toInt());
                 }
                 rows.last() << cell;

@@ -44,7 +44,7 @@ ReadBack readBack(const QVector<ZipEntry>& entries) {
         while (!xml.atEnd()) {
             xml.readNext();
             const QString name = xml.name().toString();
-            const QString id = xml.attributes().value(QStringLiteral("w:id")).toString();
+            const QString id = xml.attributes().value("w:id"_s).toString();
             if (xml.isStartElement() && name == "r")
                 look.clear();
             else if (xml.isStartElement() && (name == "b" || name == "i" || name == "u"))
@@ -54,7 +54,7 @@ ReadBack readBack(const QVector<ZipEntry>& entries) {
             else if (xml.isStartElement() && name == "commentRangeEnd")
                 open.remove(id);
             else if (xml.isStartElement() && name == "br")
-                add(QStringLiteral("\n"));
+                add("\n"_s);
             else if (name == "t")
                 inText = xml.isStartElement();
             else if (xml.isCharacters() && inText)
@@ -141,7 +141,7 @@ void tst_DocxExport::anyTextAndAnyCommentsAreReadBack() {
                              "  ",
                              "\f",
                              "\x01",
-                             QString::fromUtf8("\U0001F600"),
+                             "\U0001F600"_s,
                              QString(QChar(0xFFFF)),
                              "]]>",
                              "<i>",
@@ -215,7 +215,7 @@ void tst_DocxExport::theProjectIsReadBack() {
     QCOMPARE(readAnchors.size(), 12);
     // The passage that begins inside of an emoji takes all of it.
     const auto halfOrWhole = [](const QStringList& texts) {
-        return QString::fromUtf8(texts.join('\n').toUtf8()).replace(QString::fromUtf8("\U0001F600"), "?");
+        return QString::fromUtf8(texts.join('\n').toUtf8()).replace("\U0001F600"_s, "?");
     };
     QCOMPARE(halfOrWhole(readAnchors), halfOrWhole(anchors));
 

@@ -32,8 +32,7 @@ QUrl tst_CsvImport::write(const QByteArray& bytes) {
 
 // Any texts, quoted where they must be and where they need not be, with line ends of any kind.
 void tst_CsvImport::rowsAreReadAsTheyWereWritten() {
-    const QStringList pieces{"a",  ",", "\"", "'", "\n", "\r\n", "\t", " ", QString::fromUtf8("\U0001F600"),
-                             "\\", ";"};
+    const QStringList pieces{"a", ",", "\"", "'", "\n", "\r\n", "\t", " ", "\U0001F600"_s, "\\", ";"};
     const QStringList ends{"\n", "\r\n", "\r", "\n\n", QString(QChar(0x2028))};
     QRandomGenerator random(3);
     for (int round = 0; round < 500; ++round) {

@@ -225,6 +225,8 @@ private slots:
         QVERIFY(!m_helper->connection()->connect(true));
         QVERIFY(!m_helper->connection()->logout());
         QVERIFY(!m_helper->connection()->accessToken().isEmpty());
+        m_cloud->intercept("/", {});
+        QVERIFY(m_helper->projects().status);
     }
 
     void secretsAreNotWrittenDown() {

@@ -51,24 +51,6 @@ private slots:
         QVERIFY(!server.lastAsked().head.contains("Authorization"));
     }
 
-    void aCallWithoutAnswerEndsInTime() {
-        OneAnswer server;
-        LinkTimings timings = calmTimings();
-        timings.http = 200;
-        Connection link(timings);
-        server.answer = {200, R"({"status":true})"};
-        QVERIFY(link.getBlocking(link.httpRequestFor(server.url(), false)).status);
-        server.answer.silent = true;
-        QElapsedTimer time;
-        time.start();
-        const Message none = link.getBlocking(link.httpRequestFor(server.url(), false));
-        QVERIFY(time.elapsed() >= timings.http);
-        QCOMPARE(none.statusCode, -1);
-        QVERIFY(!none.status);
-        server.answer.silent = false;
-        QVERIFY(link.getBlocking(link.httpRequestFor(server.url(), false)).status);
-    }
-
     void aLateAnswerIsNotTheNextCalls() {
         WebSocketHandler socket(calmTimings());
         HttpHandler http;

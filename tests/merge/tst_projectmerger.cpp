@@ -20,7 +20,7 @@ private slots:
 
 private:
     QByteArray contentOf(const QJsonObject& project) const {
-        QFile file(project.value(QStringLiteral("name")).toString());
+        QFile file(project.value("name"_s).toString());
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     QJsonObject store(const QString& name, const QString& password, quint32 seed);
@@ -51,7 +51,7 @@ void tst_ProjectMerger::cleanupTestCase() {
 }
 
 QJsonObject tst_ProjectMerger::make(const QString& name, const QString& password, bool singleQuestion) {
-    const QJsonObject project{{QStringLiteral("name"), m_folder.filePath(name)}};
+    const QJsonObject project{{"name"_s, m_folder.filePath(name)}};
     if (!m_file->openProject(project, true, password, singleQuestion))
         qFatal("%s", qPrintable(m_file->getLastOpenError()));
     m_file->close();
@@ -59,44 +59,44 @@ QJsonObject tst_ProjectMerger::make(const QString& name, const QString& password
 }
 
 void tst_ProjectMerger::aPasswordIsTriedOnAClosedProject() {
-    const QJsonObject open = make(QStringLiteral("open.krn"), QString(), true);
-    const QJsonObject secret = make(QStringLiteral("secret ä&b.krn"), QStringLiteral("s3cret"), true);
+    const QJsonObject open = make("open.krn"_s, QString(), true);
+    const QJsonObject secret = make("secret ä&b.krn"_s, "s3cret"_s, true);
     QVERIFY(m_merger->tryProjectPassword(open, QString()));
-    QVERIFY(m_merger->tryProjectPassword(open, QStringLiteral("anything")));
+    QVERIFY(m_merger->tryProjectPassword(open, "anything"_s));
     QVERIFY(!m_merger->tryProjectPassword(secret, QString()));
-    QVERIFY(!m_merger->tryProjectPassword(secret, QStringLiteral("wrong")));
-    QVERIFY(m_merger->tryProjectPassword(secret, QStringLiteral("s3cret")));
+    QVERIFY(!m_merger->tryProjectPassword(secret, "wrong"_s));
+    QVERIFY(m_merger->tryProjectPassword(secret, "s3cret"_s));
     QCOMPARE(m_merger->lastError(), QString());
-    QVERIFY(m_file->openProject(secret, false, QStringLiteral("s3cret"), true));
+    QVERIFY(m_file->openProject(secret, false, "s3cret"_s, true));
     m_file->close();
 }
 
 void tst_ProjectMerger::aReplacedFileIsReadAgain() {
-    const QJsonObject project = make(QStringLiteral("twice.krn"), QString(), true);
+    const QJsonObject project = make("twice.krn"_s, QString(), true);
     QVERIFY(m_merger->tryProjectPassword(project, QString()));
-    make(QStringLiteral("twice.krn"), QStringLiteral("now"), true);
+    make("twice.krn"_s, "now"_s, true);
     QVERIFY(!m_merger->tryProjectPassword(project, QString()));
 }
 
 void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
-    const QJsonObject missing{{QStringLiteral("name"), m_folder.filePath(QStringLiteral("missing.krn"))}};
+    const QJsonObject missing{{"name"_s, m_folder.filePath("missing.krn"_s)}};
     QVERIFY(!m_merger->tryProjectPassword(missing, QString()));
     QVERIFY(!m_merger->lastError().isEmpty());
     QVERIFY(!m_merger->tryProjectSingleQuestion(missing, true));
-    QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("missing.krn"))));
+    QVERIFY(!QFile::exists(m_folder.filePath("missing.krn"_s)));
 
-    QFile broken(m_folder.filePath(QStringLiteral("broken.krn")));
+    QFile broken(m_folder.filePath("broken.krn"_s));
     QVERIFY(broken.open(QIODevice::WriteOnly));
     broken.write("no database");
     broken.close();
-    QVERIFY(!m_merger->tryProjectPassword({{QStringLiteral("name"), broken.fileName()}}, QString()));
+    QVERIFY(!m_merger->tryProjectPassword({{"name"_s, broken.fileName()}}, QString()));
     QVERIFY(!m_merger->lastError().isEmpty());
 }
 
 QJsonObject tst_ProjectMerger::store(const QString& name, const QString& password, quint32 seed) {
     Project project({});
     project.records() = RandomRecords(seed).make();
-    const QJsonObject target{{QStringLiteral("name"), m_folder.filePath(name)}};
+    const QJsonObject target{{"name"_s, m_folder.filePath(name)}};
     const Message message = project.save(*m_file->dataHelper(), target, password);
     return message.status ? target : QJsonObject();
 }
@@ -113,19 +113,18 @@ RecordFacts tst_ProjectMerger::facts(const QJsonObject& project, const QString& 
 
 // Passwords of all kinds, refusals that write nothing, and inputs that stay as they are.
 void tst_ProjectMerger::filesAreMergedIntoANewOne() {
-    const QString secret = QStringLiteral("s3cret");
-    const QJsonObject master = store(QStringLiteral("master.krn"), secret, 1);
-    const QJsonObject other = store(QStringLiteral("other.krn"), QString(), 2);
-    const QJsonObject result{{QStringLiteral("name"), m_folder.filePath(QStringLiteral("result.krn"))}};
+    const QString secret = "s3cret"_s;
+    const QJsonObject master = store("master.krn"_s, secret, 1);
+    const QJsonObject other = store("other.krn"_s, QString(), 2);
+    const QJsonObject result{{"name"_s, m_folder.filePath("result.krn"_s)}};
     const QByteArray before = contentOf(master) + contentOf(other);
 
     m_merger->clearMerger();
-    QVERIFY(!m_merger->setMaster(master, QStringLiteral("wrong")));
+    QVERIFY(!m_merger->setMaster(master, "wrong"_s));
     QVERIFY(!m_merger->merge(result, QString()));
     QVERIFY(m_merger->setMaster(master, secret));
     QVERIFY(!m_merger->merge(result, QString()));
-    QVERIFY(
-        !m_merger->tryProjectSingleQuestion(make(QStringLiteral("several.krn"), QString(), false), false));
+    QVERIFY(!m_merger->tryProjectSingleQuestion(make("several.krn"_s, QString(), false), false));
     QVERIFY(m_merger->tryProjectSingleQuestion(other, false));
     QVERIFY(m_merger->addProject(other, QString()));
     QVERIFY(m_merger->exists(other) && !m_merger->exists(result));
@@ -137,14 +136,14 @@ void tst_ProjectMerger::filesAreMergedIntoANewOne() {
         connect(m_merger.get(), &ProjectMerger::progressed, this, [this] { m_merger->cancelMerge(); });
     QVERIFY(!m_merger->merge(result, QString()));
     disconnect(connection);
-    QVERIFY(!QFile::exists(m_folder.filePath(QStringLiteral("result.krn"))));
+    QVERIFY(!QFile::exists(m_folder.filePath("result.krn"_s)));
 
-    QVERIFY2(m_merger->merge(result, QStringLiteral("new")), qPrintable(m_merger->lastError()));
+    QVERIFY2(m_merger->merge(result, "new"_s), qPrintable(m_merger->lastError()));
     QCOMPARE(m_merger->resultProject(), result);
     QCOMPARE(contentOf(master) + contentOf(other), before);
     Project loaded({});
-    const RecordFacts merged = facts(result, QStringLiteral("new"), loaded);
-    QVERIFY(!loaded.acceptsPassword(secret) && loaded.acceptsPassword(QStringLiteral("new")));
+    const RecordFacts merged = facts(result, "new"_s, loaded);
+    QVERIFY(!loaded.acceptsPassword(secret) && loaded.acceptsPassword("new"_s));
     for (quint32 seed : {1U, 2U}) {
         const ProjectRecords records = RandomRecords(seed).make();
         const RecordFacts input(records);
@@ -152,7 +151,7 @@ void tst_ProjectMerger::filesAreMergedIntoANewOne() {
         QVERIFY((input.properties() - merged.properties()).isEmpty());
     }
     QCOMPARE(merged.sources.value(1).timestamp(), RandomRecords(1).make().sources.first().timestamp());
-    QVERIFY(m_file->openProject(result, false, QStringLiteral("new"), true));
+    QVERIFY(m_file->openProject(result, false, "new"_s, true));
     m_file->close();
 }
 

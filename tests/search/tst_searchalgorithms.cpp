@@ -18,7 +18,7 @@ QRegularExpression compiled(const QString& pattern) {
 
 /// What the one expression finds: hits with their words, in the order and way in which it takes them.
 QVector<Stretch> byOneExpression(const QString& text, const QString& hitPattern) {
-    const QString unit = QStringLiteral("(?:(?:\\S+\\s+)|(?:\\s+\\S+)){0,5}");
+    const QString unit = "(?:(?:\\S+\\s+)|(?:\\s+\\S+)){0,5}"_s;
     const QRegularExpression expression = compiled(unit + hitPattern + unit);
     QVector<Stretch> matches;
     for (int from = 0;;) {
@@ -49,7 +49,7 @@ QString randomText(QRandomGenerator& random) {
 QString shown(const QVector<Stretch>& stretches) {
     QStringList list;
     for (const Stretch& s : stretches)
-        list.append(QStringLiteral("%1-%2").arg(s.start).arg(s.end));
+        list.append("%1-%2"_s.arg(s.start).arg(s.end));
     return list.join(QLatin1Char(' '));
 }
 
@@ -160,24 +160,24 @@ private slots:
         const QRegularExpression hit = compiled("(x)"), blank = compiled("\\s");
         for (int c = 1; c < 0xffff; ++c) {
             if (!QChar::isSurrogate(ushort(c)) && c != 'x' && c != 'X')
-                QCOMPARE(contextMatches(QStringLiteral("a%1bx").arg(QChar(c)), hit).first().start == 1,
+                QCOMPARE(contextMatches("a%1bx"_s.arg(QChar(c)), hit).first().start == 1,
                          blank.match(QChar(c)).hasMatch());
         }
     }
 
     void endsOnAnyExpression() {
-        const QString text = QStringLiteral("one two");
+        const QString text = "one two"_s;
         QVERIFY(contextMatches(text, compiled("(x|)")).size() < 3);
         QVERIFY(contextMatches(QString(), compiled("(|x)")).isEmpty());
         QVERIFY(contextMatches(text, compiled("((x)")).isEmpty());
-        const QString broken = QString(QChar(0xd83d)) + QStringLiteral(" one");
-        QCOMPARE(shown(contextMatches(readable(broken), compiled("(one)"))), QStringLiteral("0-5"));
+        const QString broken = QString(QChar(0xd83d)) + " one"_s;
+        QCOMPARE(shown(contextMatches(readable(broken), compiled("(one)"))), "0-5"_s);
     }
 
     void joinsNearHits() {
         for (int gap : {0, 1, 39, 40, 41, 80})
             QCOMPARE(merged({{0, 5}, {5 + gap, 60 + gap}}).size(), gap <= 40 ? 1 : 2);
-        QCOMPARE(shown(merged({{0, 5}, {45, 50}, {90, 95}, {136, 140}})), QStringLiteral("0-95 136-140"));
+        QCOMPARE(shown(merged({{0, 5}, {45, 50}, {90, 95}, {136, 140}})), "0-95 136-140"_s);
     }
 
     // Excerpts tell where they lie and hold the text as it is, whatever marks and characters are in it.

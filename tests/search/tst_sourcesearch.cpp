@@ -10,8 +10,8 @@ namespace {
 
 // Source 1, by Ann, aged "30": kerno 1 on [0, 9), kerno 2 on [4, 20). Source 2, by Bob, without an age: kerno
 // 1 on [4, 9).
-const QString first = QStringLiteral("one trust and two trusts in a row");
-const QString second = QStringLiteral("any trust at all");
+const QString first = "one trust and two trusts in a row"_s;
+const QString second = "any trust at all"_s;
 
 QVariantMap row(const QString& kind, const QVariant& value, const QString& op) {
     return {{kind, kind == QLatin1String("property") ? QVariant(1) : QVariant(true)},
@@ -39,10 +39,7 @@ private:
         QStringList list;
         for (const QVariant& result : results.first().first().toList()) {
             const auto answer = result.value<QuestionAnswer>();
-            list.append(QStringLiteral("%1:%2 %3")
-                            .arg(answer.sourceId())
-                            .arg(answer.offset())
-                            .arg(answer.plainAnswer()));
+            list.append("%1:%2 %3"_s.arg(answer.sourceId()).arg(answer.offset()).arg(answer.plainAnswer()));
         }
         return list;
     }

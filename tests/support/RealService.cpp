@@ -1,12 +1,8 @@
 #include "tests_support/RealService.h"
 
 #include "tests_support/ScriptedService.h"
+#include "tests_support/TestMain.h"
 #include "tests_support/WaitFor.h"
-
-#include <QDeadlineTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QRegularExpression>
 
 namespace {
 
@@ -31,15 +27,15 @@ RealService::~RealService() {
 
 bool RealService::start() {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString variable = QStringLiteral("KERNOVA_SERVICE_TOKEN");
+    const QString variable = "KERNOVA_SERVICE_TOKEN"_s;
     if (m_token.isEmpty())
         environment.remove(variable);
     else
         environment.insert(variable, QString::fromLatin1(m_token));
     m_process.setProcessEnvironment(environment);
-    m_process.start(program(), {QStringLiteral("-local")});
+    m_process.start(program(), {"-local"_s});
     m_port = 0;
-    static const QRegularExpression line(QStringLiteral("Port:\\s(\\d+)\\s"));
+    static const QRegularExpression line("Port:\\s(\\d+)\\s"_s);
     const QDeadlineTimer deadline(bound);
     QString output;
     while (m_port == 0 && !deadline.hasExpired()) {
@@ -52,8 +48,8 @@ bool RealService::start() {
 }
 
 bool RealService::share() {
-    const QString shared = writeProgram(m_folder, QStringLiteral("shared"),
-                                        QStringLiteral("echo 'Port: %1'\nexec cat > /dev/null").arg(m_port));
+    const QString shared =
+        writeProgram(m_folder, "shared"_s, "echo 'Port: %1'\nexec cat > /dev/null"_s.arg(m_port));
     if (m_port == 0 || shared.isEmpty())
         return false;
     if (m_formerProgram.isEmpty())
@@ -67,11 +63,11 @@ void RealService::unshare() {
 }
 
 QUrl RealService::socketUrl() const {
-    return QUrl(QStringLiteral("ws://127.0.0.1:%1").arg(m_port));
+    return QUrl("ws://127.0.0.1:%1"_s.arg(m_port));
 }
 
 QUrl RealService::httpUrl(const QString& pathAndQuery) const {
-    return QUrl(QStringLiteral("http://127.0.0.1:%1%2").arg(m_port).arg(pathAndQuery));
+    return QUrl("http://127.0.0.1:%1%2"_s.arg(m_port).arg(pathAndQuery));
 }
 
 int RealService::endByInput() {

@@ -1,10 +1,7 @@
 #include "tests_support/ScriptedCloud.h"
+#include "tests_support/TestMain.h"
 
-#include <QFile>
-#include <QJsonDocument>
 #include <QTcpSocket>
-#include <QUrl>
-#include <QUuid>
 
 namespace {
 
@@ -12,20 +9,20 @@ constexpr int forwardBound = 10000;  // ms
 
 const QByteArray authPath("/cloud/auth/v1");
 const QByteArray projectPath("/cloud/project/v1/projects");
-const QString keyUuid = QStringLiteral("project_uuid");
-const QString keyName = QStringLiteral("name");
+const QString keyUuid = "project_uuid"_s;
+const QString keyName = "name"_s;
 
 QByteArray compact(const QJsonObject& object) {
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
 HttpAnswer success(QJsonObject body = {}) {
-    body.insert(QStringLiteral("status"), true);
+    body.insert("status"_s, true);
     return {200, compact(body)};
 }
 
 HttpAnswer failure(const QString& message, int status = 200) {
-    return {status, compact({{QStringLiteral("status"), false}, {QStringLiteral("message"), message}})};
+    return {status, compact({{"status"_s, false}, {"message"_s, message}})};
 }
 
 }  // namespace
@@ -86,15 +83,15 @@ HttpAnswer ScriptedCloud::answer(const HttpAsked& asked) {
     if (asked.target.startsWith(authPath))
         return answerAuth(asked.target.mid(authPath.size()), QJsonDocument::fromJson(asked.body).object());
     if (m_access.isEmpty() || asked.header("Authorization") != "Bearer " + m_access)
-        return failure(QStringLiteral("The token is not valid."), 401);
+        return failure("The token is not valid."_s, 401);
     if (asked.target == "/v1/kernova/ticket") {
         m_ticket = "ticket-" + QByteArray::number(++m_number);
         m_secrets << m_ticket;
-        return success({{QStringLiteral("ticket"), QString::fromUtf8(m_ticket)}});
+        return success({{"ticket"_s, QString::fromUtf8(m_ticket)}});
     }
     if (asked.target.startsWith(projectPath))
         return answerProjects(asked.verb, asked.target.mid(projectPath.size()), asked);
-    return failure(QStringLiteral("There is nothing here."), 404);
+    return failure("There is nothing here."_s, 404);
 }
 
 QJsonObject ScriptedCloud::newTokens() {
@@ -102,27 +99,25 @@ QJsonObject ScriptedCloud::newTokens() {
     m_access = "access-token-" + number;
     m_refresh = "refresh-token-" + number;
     m_secrets << m_access << m_refresh;
-    return {{QStringLiteral("access_token"), QString::fromUtf8(m_access)},
-            {QStringLiteral("refresh_token"), QString::fromUtf8(m_refresh)}};
+    return {{"access_token"_s, QString::fromUtf8(m_access)},
+            {"refresh_token"_s, QString::fromUtf8(m_refresh)}};
 }
 
 HttpAnswer ScriptedCloud::answerAuth(const QByteArray& path, const QJsonObject& body) {
     const auto text = [&body](const char* key) { return body.value(QLatin1String(key)).toString(); };
     if (path == "/login") {
         if (text("email") != email() || text("password") != password())
-            return failure(QStringLiteral("Email or password is wrong."));
+            return failure("Email or password is wrong."_s);
         QJsonObject account = newTokens();
-        account.insert(QStringLiteral("region"), QStringLiteral("EU"));
-        account.insert(keyName, QStringLiteral("Ada Berger"));
-        const QString host = QStringLiteral("127.0.0.1:%1").arg(m_http->port());
-        return success(
-            {{QStringLiteral("account"), account},
-             {QStringLiteral("regional_service_map"), QJsonObject{{QStringLiteral("euv2"), host}}}});
+        account.insert("region"_s, "EU"_s);
+        account.insert(keyName, "Ada Berger"_s);
+        const QString host = "127.0.0.1:%1"_s.arg(m_http->port());
+        return success({{"account"_s, account}, {"regional_service_map"_s, QJsonObject{{"euv2"_s, host}}}});
     }
     if (m_refresh.isEmpty() || text("refresh_token").toUtf8() != m_refresh)
-        return failure(QStringLiteral("The session has ended."));
+        return failure("The session has ended."_s);
     if (path == "/refresh")
-        return success({{QStringLiteral("account"), newTokens()}});
+        return success({{"account"_s, newTokens()}});
     m_access.clear();
     m_refresh.clear();
     return success();
@@ -131,8 +126,8 @@ HttpAnswer ScriptedCloud::answerAuth(const QByteArray& path, const QJsonObject& 
 QJsonObject ScriptedCloud::add(const QString& name, bool shared) {
     const QJsonObject entry{{keyName, name},
                             {keyUuid, QUuid::createUuid().toString(QUuid::WithoutBraces)},
-                            {QStringLiteral("region"), QStringLiteral("EU")},
-                            {QStringLiteral("shared_count"), shared ? 1 : 0}};
+                            {"region"_s, "EU"_s},
+                            {"shared_count"_s, shared ? 1 : 0}};
     (shared ? m_shares : m_projects).append(entry);
     return entry;
 }
@@ -150,13 +145,11 @@ QJsonObject ScriptedCloud::project(const QString& uuid) const {
 HttpAnswer ScriptedCloud::answerProjects(const QByteArray& verb, const QByteArray& path,
                                          const HttpAsked& asked) {
     const QJsonObject body = QJsonDocument::fromJson(asked.body).object();
-    const auto added = [this](const QString& name) {
-        return success({{QStringLiteral("project"), add(name, false)}});
-    };
+    const auto added = [this](const QString& name) { return success({{"project"_s, add(name, false)}}); };
     if (verb == "GET" && (path.isEmpty() || path.startsWith("?name=")))
-        return success({{QStringLiteral("projects"), m_projects}});
+        return success({{"projects"_s, m_projects}});
     if (verb == "GET" && path == "/share")
-        return success({{QStringLiteral("shares"), m_shares}});
+        return success({{"shares"_s, m_shares}});
     if (verb == "POST" && path.isEmpty())
         return added(body.value(keyName).toString());
     if (verb == "POST" && path == "/saveas") {
@@ -180,7 +173,7 @@ HttpAnswer ScriptedCloud::answerProjects(const QByteArray& verb, const QByteArra
     const QList<QByteArray> parts = path.split('/');
     const QJsonObject entry = project(QString::fromUtf8(parts.value(1)));
     if (entry.isEmpty())
-        return failure(QStringLiteral("There is no such project."), 404);
+        return failure("There is no such project."_s, 404);
     const QString name = entry.value(keyName).toString();
     if (verb == "DELETE") {
         for (int i = m_projects.size() - 1; i >= 0; --i) {

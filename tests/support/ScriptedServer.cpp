@@ -1,4 +1,5 @@
 #include "tests_support/ScriptedServer.h"
+#include "tests_support/TestMain.h"
 
 #include "wire/Operations.h"
 
@@ -7,25 +8,24 @@
 
 ScriptedServer::ScriptedServer() {
     scripts.insert(wire::name::dbOpen, [](ScriptedClient& client, const ScriptedRequest& request) {
-        client.reply(request, {{wire::name::dbOpen, openedProject(request, QStringLiteral("owner"))}});
+        client.reply(request, {{wire::name::dbOpen, openedProject(request, "owner"_s)}});
     });
     scripts.insert(wire::name::dbClose, [](ScriptedClient& client, const ScriptedRequest& request) {
-        client.reply(request, {{wire::name::dbClose,
-                                QJsonObject{{QStringLiteral("name"), QString()},
-                                            {QStringLiteral("uuid"), wire::nullUuid},
-                                            {QStringLiteral("status"), QStringLiteral("closed")}}}});
+        client.reply(request, {{wire::name::dbClose, QJsonObject{{"name"_s, QString()},
+                                                                 {"uuid"_s, wire::nullUuid},
+                                                                 {"status"_s, "closed"_s}}}});
     });
 }
 
 QJsonObject ScriptedServer::openedProject(const ScriptedRequest& request, const QString& access) {
-    return {{QStringLiteral("name"), request.argument(QStringLiteral("name"))},
-            {QStringLiteral("uuid"), wire::nullUuid},
-            {QStringLiteral("status"), wire::statusOpen},
-            {QStringLiteral("access"), access}};
+    return {{"name"_s, request.argument("name"_s)},
+            {"uuid"_s, wire::nullUuid},
+            {"status"_s, wire::statusOpen},
+            {"access"_s, access}};
 }
 
 quint16 ScriptedServer::listen() {
-    m_server = new QWebSocketServer(QStringLiteral("scripted"), QWebSocketServer::NonSecureMode, this);
+    m_server = new QWebSocketServer("scripted"_s, QWebSocketServer::NonSecureMode, this);
     connect(m_server, &QWebSocketServer::newConnection, this, &ScriptedServer::onNewConnection);
     connect(m_server, &QWebSocketServer::originAuthenticationRequired, this,
             [this](QWebSocketCorsAuthenticator* authenticator) { authenticator->setAllowed(!refusing); });

@@ -1,9 +1,9 @@
 #include "tests_support/ScriptedService.h"
 
 #include "tests_support/ScriptedServer.h"
+#include "tests_support/TestMain.h"
 #include "wire/Operations.h"
 
-#include <QFile>
 #include <QWebSocket>
 
 QString writeProgram(const QTemporaryDir& folder, const QString& name, const QString& body) {
@@ -23,12 +23,12 @@ QString ScriptedRequest::argument(const QString& name) const {
 }
 
 void ScriptedClient::reply(const ScriptedRequest& request, const QJsonObject& data) {
-    send({request.frame.messageId, 200, {{QStringLiteral("data"), data}}});
+    send({request.frame.messageId, 200, {{"data"_s, data}}});
 }
 
 void ScriptedClient::refuse(const ScriptedRequest& request) {
-    const QJsonObject error{{QStringLiteral("message"), QStringLiteral("the disk is full")}};
-    send({request.frame.messageId, 500, {{QStringLiteral("errors"), QJsonArray{error}}}});
+    const QJsonObject error{{"message"_s, "the disk is full"_s}};
+    send({request.frame.messageId, 500, {{"errors"_s, QJsonArray{error}}}});
 }
 
 void ScriptedClient::send(const wire::ResponseFrame& frame) {
@@ -53,8 +53,7 @@ ScriptedService::ScriptedService()
     QObject::connect(&m_thread, &QThread::finished, m_server, &QObject::deleteLater);
     m_thread.start();
     m_port = m_server->run([this] { return m_server->listen(); });
-    m_program = writeProgram(m_folder, QStringLiteral("service"),
-                             QStringLiteral("echo 'Port: %1'\nexec cat > /dev/null").arg(m_port));
+    m_program = writeProgram(m_folder, "service"_s, "echo 'Port: %1'\nexec cat > /dev/null"_s.arg(m_port));
     qputenv("KERNOVA_SERVICE_PROGRAM", QFile::encodeName(m_program));
 }
 

@@ -1,11 +1,5 @@
 #include "tests_support/TestMain.h"
 
-#include <QDir>
-#include <QFile>
-#include <QRegularExpression>
-#include <QStorageInfo>
-#include <QTemporaryDir>
-#include <QTextStream>
 #include <cstdio>
 
 namespace {
@@ -25,8 +19,8 @@ QStringList unexpectedWarnings(const QString& logFile) {
     QFile log(logFile);
     QStringList found;
     if (!log.open(QIODevice::ReadOnly | QIODevice::Text))
-        return {QStringLiteral("the log of the run cannot be read")};
-    static const QRegularExpression warning(QStringLiteral("^(QWARN|QSYSTEM|QCRITICAL|QFATAL) "));
+        return {"the log of the run cannot be read"_s};
+    static const QRegularExpression warning("^(QWARN|QSYSTEM|QCRITICAL|QFATAL) "_s);
     QTextStream lines(&log);
     while (!lines.atEnd()) {
         const QString line = lines.readLine();
@@ -38,10 +32,10 @@ QStringList unexpectedWarnings(const QString& logFile) {
 
 // In memory where there is room: most of a test's time at a service would go into waiting for the disk.
 QString folderTemplate() {
-    const QStorageInfo memory(QStringLiteral("/dev/shm"));
+    const QStorageInfo memory("/dev/shm"_s);
     const bool hasRoom = memory.fileSystemType() == "tmpfs" && memory.bytesAvailable() > (1 << 30) &&
                          QFileInfo(memory.rootPath()).isWritable();
-    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + QStringLiteral("/kernova-test-XXXXXX");
+    return (hasRoom ? memory.rootPath() : QDir::tempPath()) + "/kernova-test-XXXXXX"_s;
 }
 
 }  // namespace
@@ -64,7 +58,7 @@ TestEnvironment::TestEnvironment() {
     // Tests that expect a debug line need the lines that a developer may have switched off.
     for (const char* name : {"QT_LOGGING_RULES", "QT_LOGGING_CONF"})
         qunsetenv(name);
-    QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
+    QLoggingCategory::setFilterRules("*.debug=false"_s);
 }
 
 TestEnvironment::~TestEnvironment() {
@@ -72,9 +66,8 @@ TestEnvironment::~TestEnvironment() {
 }
 
 int TestEnvironment::run(QObject* test, const QStringList& arguments) {
-    const QString logFile = m_root + QStringLiteral("/log.txt");
-    const QStringList logs{QStringLiteral("-o"), QStringLiteral("-,txt"), QStringLiteral("-o"),
-                           logFile + QStringLiteral(",txt")};
+    const QString logFile = m_root + "/log.txt"_s;
+    const QStringList logs{"-o"_s, "-,txt"_s, "-o"_s, logFile + ",txt"_s};
     const int result = QTest::qExec(test, arguments + logs);
     if (result != 0)
         return result;

@@ -41,7 +41,7 @@ QString written(Ranges ranges) {
     std::sort(ranges.begin(), ranges.end(), lessThan);
     QStringList list;
     for (const Range& r : ranges)
-        list << QStringLiteral("%1:%2-%3").arg(r.kerno).arg(r.start).arg(r.end);
+        list << "%1:%2-%3"_s.arg(r.kerno).arg(r.start).arg(r.end);
     return list.join(QLatin1Char(' '));
 }
 
@@ -90,27 +90,27 @@ Ranges joined(Ranges all) {
 /// Random text of what is awkward: marks and references as people write them, blanks and ends of lines of all
 /// kinds, pairs of units, text from right to left, and what answers are cleaned of.
 QString awkward(QRandomGenerator& random, int pieces) {
-    static const QStringList alphabet{QStringLiteral("<"),
-                                      QStringLiteral("<b>"),
-                                      QStringLiteral("</i>"),
-                                      QStringLiteral("&"),
-                                      QStringLiteral("&amp;"),
-                                      QStringLiteral("  "),
-                                      QStringLiteral("\t"),
-                                      QStringLiteral("\n"),
-                                      QStringLiteral("\n\n"),
-                                      QStringLiteral("\u00a0"),
-                                      QStringLiteral("\u2028"),
-                                      QStringLiteral("\u2029"),
-                                      QStringLiteral("\u05e9\u05dc\u05d5\u05dd"),
-                                      QStringLiteral("\U0001F331"),
-                                      QStringLiteral("\u07ec"),
-                                      QStringLiteral("\u00e2\u0080\u00a8"),
-                                      QStringLiteral("\u000c"),
-                                      QStringLiteral("\u0007"),
-                                      QStringLiteral("word"),
-                                      QStringLiteral("e\u0301"),
-                                      QStringLiteral("-->")};
+    static const QStringList alphabet{"<"_s,
+                                      "<b>"_s,
+                                      "</i>"_s,
+                                      "&"_s,
+                                      "&amp;"_s,
+                                      "  "_s,
+                                      "\t"_s,
+                                      "\n"_s,
+                                      "\n\n"_s,
+                                      "\u00a0"_s,
+                                      "\u2028"_s,
+                                      "\u2029"_s,
+                                      "\u05e9\u05dc\u05d5\u05dd"_s,
+                                      "\U0001F331"_s,
+                                      "\u07ec"_s,
+                                      "\u00e2\u0080\u00a8"_s,
+                                      "\u000c"_s,
+                                      "\u0007"_s,
+                                      "word"_s,
+                                      "e\u0301"_s,
+                                      "-->"_s};
     QString text;
     while (pieces-- > 0)
         text += alphabet.at(random.bounded(alphabet.size()));
@@ -172,8 +172,7 @@ void tst_DocumentChangeTracker::editingAndSavingLosesNothing() {
     QuestionAnswer answer = project.file.answerModel()->answer(1, 1);
     // What the service gives as a line feed is stored as one.
     const QString first = awkward(random, 40).replace(QChar(0x2028), QLatin1Char('\n'));
-    answer.setAnswer(richtext::fragment(richtext::escaped(first) +
-                                        QStringLiteral("<b>b<i>i</i></b><u>u</u>") + QStringLiteral("x")));
+    answer.setAnswer(richtext::fragment(richtext::escaped(first) + "<b>b<i>i</i></b><u>u</u>"_s + "x"_s));
     project.undo.updateAnswer(answer);
     for (int i = 0; i < 8; ++i) {
         Highlight highlight;

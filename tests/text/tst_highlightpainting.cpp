@@ -33,34 +33,7 @@ class tst_HighlightPainting : public QObject {
     Q_OBJECT
 
 private slots:
-    void strokesAreClippedToTheBlock_data() {
-        columns<Ranges, QString>({"highlights", "strokes"});
-        addRow("inside", Ranges{{12, 15}}, "2+3 red");
-        addRow("from before", Ranges{{5, 12}}, "0+2 red");
-        addRow("beyond the end", Ranges{{18, 30}}, "8+2 red");
-        addRow("over all", Ranges{{0, 99}}, "0+10 red");
-        addRow("up to the start", Ranges{{0, 10}}, "");
-        addRow("from the end", Ranges{{20, 22}}, "");
-        addRow("overlap, clipped", Ranges{{5, 12}, {11, 30}}, "0+10 overlap");
-        addRow("single before overlap", Ranges{{16, 18}, {17, 19}, {10, 11}}, "0+1 red, 6+3 overlap");
-    }
-
-    void strokesAreClippedToTheBlock() {
-        QFETCH(Ranges, highlights);
-        QList<Highlight> list = highlightsAt(highlights);
-        const painting::Layers layers = layersOf(list);
-        QStringList strokes;
-        for (const painting::Stroke& stroke : painting::strokesForBlock(layers, Highlight(), 10, 20)) {
-            const bool isOverlap = stroke.background == painting::overlapColor();
-            QVERIFY(isOverlap || stroke.background == red);
-            strokes << "%1+%2 %3"_s.arg(stroke.start)
-                           .arg(stroke.count)
-                           .arg(QLatin1String(isOverlap ? "overlap" : "red"));
-        }
-        QTEST(strokes.join(", "_s), "strokes");
-    }
-
-    void overlapsCoverWhatAPixelwisePaintingCovers() {
+    void blocksArePaintedAsCharacterByCharacter() {
         QRandomGenerator random(7);
         for (int round = 0; round < 300; ++round) {
             Ranges ranges;
@@ -69,19 +42,30 @@ private slots:
                 ranges.append({start, start + 1 + random.bounded(12)});
             }
             QList<Highlight> list = highlightsAt(ranges);
-            QVector<bool> painted(80);
-            for (const auto& range : painting::markOverlaps(list))
-                std::fill(painted.begin() + range.first, painted.begin() + range.second, true);
-            QVector<bool> expected(80);
+            const painting::Layers layers = layersOf(list);
+            // Of each character: r under one passage, o under several that meet, or none.
+            QString expected(80, QLatin1Char('.'));
             for (const Highlight& a : qAsConst(list)) {
                 const bool meetsAnother = std::any_of(list.cbegin(), list.cend(), [&a](const Highlight& b) {
                     return a.id() != b.id() && a.intersects(b.start(), b.end());
                 });
                 QCOMPARE(a.overlapping(), meetsAnother);
-                if (meetsAnother)
-                    std::fill(expected.begin() + a.start(), expected.begin() + a.end(), true);
+                expected.replace(a.start(), a.length(),
+                                 QString(a.length(), QLatin1Char(meetsAnother ? 'o' : 'r')));
             }
-            QCOMPARE(painted, expected);
+            // Block by block, as a document asks for them.
+            for (int start = 0, end = 0; start < expected.size(); start = end) {
+                end = qMin(expected.size(), start + 1 + random.bounded(20));
+                QString painted(end - start, QLatin1Char('.'));
+                for (const painting::Stroke& stroke : painting::strokesForBlock(layers, {}, start, end)) {
+                    QVERIFY(stroke.start >= 0 && stroke.start + stroke.count <= painted.size());
+                    const bool isOverlap = stroke.background == painting::overlapColor();
+                    QVERIFY(isOverlap || stroke.background == red);
+                    painted.replace(stroke.start, stroke.count,
+                                    QString(stroke.count, QLatin1Char(isOverlap ? 'o' : 'r')));
+                }
+                QCOMPARE(painted, expected.mid(start, end - start));
+            }
         }
     }
 

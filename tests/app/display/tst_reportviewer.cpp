@@ -58,9 +58,8 @@ bool until(const std::function<bool()>& condition, int milliseconds = 30000) {
 }
 
 QString hostile(const char* what) {
-    return QString::fromUtf8("%1 \\\" </script><script>hacked = 1</script> <img src=x onerror='hacked = 2'> "
-                             "{{hacked = 3}} \u2028 &lt;b&gt; end")
-        .arg(QString::fromUtf8(what));
+    return "%1 \\\" </script><script>hacked = 1</script> <img src=x onerror='hacked = 2'> "
+           "{{hacked = 3}} \u2028 &lt;b&gt; end"_s.arg(QString::fromUtf8(what));
 }
 
 QString oneLine(QString text) {
@@ -71,7 +70,7 @@ QString oneLine(QString text) {
 
 void tst_ReportViewer::initTestCase() {
     using namespace undotest;
-    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "opened");
+    QDesktopServices::setUrlHandler("file"_s, this, "opened");
     QVERIFY2(m_project.open(), qPrintable(m_project.error));
     addOddTexts(m_project);
     KRNFile& file = m_project.file;
@@ -80,8 +79,7 @@ void tst_ReportViewer::initTestCase() {
         Kerno(7, -1, Qt::darkGreen, hostile("kerno"), hostile("description"), {}, hostile("a"), 7, 8));
     file.saveSource(Source(6, hostile("source"), {}, hostile("writer"), {}));
     file.saveQuestion(Question(3, hostile("question"), 3));
-    const QString answer =
-        hostile("answer").toHtmlEscaped() + QStringLiteral(" <b>bold <i>and</i></b> <u>under</u>");
+    const QString answer = hostile("answer").toHtmlEscaped() + " <b>bold <i>and</i></b> <u>under</u>"_s;
     file.saveAnswer(QuestionAnswer(9, 3, 6, ann, answer, {}));
     file.batchSaveHighlights({Highlight(20, 7, 6, 3, {}, 0, 500, 500, hostile("coder"), {}, 0, 0, 0, false)});
     file.batchSaveMemos({memo(9, 6, 3, 2, 12, hostile("memo"))});
@@ -117,8 +115,7 @@ QVariant tst_ReportViewer::run(const QString& script) {
 }
 
 QStringList tst_ReportViewer::texts(const char* selector) {
-    return run(QStringLiteral("Array.from(document.querySelectorAll(\"%1\")).map(e => e.textContent)")
-                   .arg(selector))
+    return run("Array.from(document.querySelectorAll(\"%1\")).map(e => e.textContent)"_s.arg(selector))
         .toStringList();
 }
 
@@ -138,7 +135,7 @@ QString tst_ReportViewer::answered(const char* button, const QString& path) {
             box->accept();
         } else if (auto* const files = qobject_cast<QFileDialog*>(dialog())) {
             seen = true;
-            files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(path);
+            files->findChild<QLineEdit*>("fileNameEdit"_s)->setText(path);
             QMetaObject::invokeMethod(files, "accept");
         }
     });
@@ -229,15 +226,12 @@ void tst_ReportViewer::everyOptionShowsAndHides() {
         {"Reverse Order", "document.querySelector('#text_by_source h3').textContent"}};
     for (const char* part : {"Coded by:", "Theme:", "Coverage:", "Highlight ID:"}) {
         const QString name = QString::fromLatin1(part).section(QLatin1Char(':'), 0, 0);
-        options.append(
-            {QStringLiteral("Show %1 Section").arg(name),
-             QStringLiteral("document.querySelector('blockquote').innerText.includes('%1')").arg(part)});
+        options.append({"Show %1 Section"_s.arg(name),
+                        "document.querySelector('blockquote').innerText.includes('%1')"_s.arg(part)});
     }
     const auto heading = [&](const char* label, const char* title) {
-        options.append(
-            {label, QStringLiteral("Array.from(document.querySelectorAll('#paper h1, #paper h2, #paper h3'))"
-                                   ".some(e => e.textContent === '%1' && e.offsetParent)")
-                        .arg(title)});
+        options.append({label, "Array.from(document.querySelectorAll('#paper h1, #paper h2, #paper h3'))"
+                               ".some(e => e.textContent === '%1' && e.offsetParent)"_s.arg(title)});
     };
     for (const char* same : {"Sources Summary", "Kernos Summary", "Authors Summary", "Properties Summary"})
         heading(same, same);
@@ -254,9 +248,8 @@ void tst_ReportViewer::everyOptionShowsAndHides() {
     for (const auto& [label, what] : options) {
         const QVariant before = run(what);
         const QString click =
-            QStringLiteral("Array.from(document.querySelectorAll('#options label'))"
-                           ".find(e => e.textContent.trim() === '%1').querySelector('input').click()")
-                .arg(label);
+            "Array.from(document.querySelectorAll('#options label'))"
+            ".find(e => e.textContent.trim() === '%1').querySelector('input').click()"_s.arg(label);
         run(click);
         QVERIFY2(run(what) != before, qPrintable(label));
         run(click);
@@ -267,32 +260,31 @@ void tst_ReportViewer::everyOptionShowsAndHides() {
 void tst_ReportViewer::whatIsSavedHoldsTheQuotes() {
     open(ReportViewer::Report);
     const QStringList quotes = texts("#text_by_code .quote_text");
-    const QString pdf = save("savePDF", QStringLiteral("report.pdf"));
-    const QString docx = save("saveDOCX", QStringLiteral("report.docx"));
-    const QString fromPdf = oneLine(readBy(QStringLiteral("pdftotext"), {"-layout", pdf, "-"}));
-    const QString fromDocx =
-        oneLine(readBy(QStringLiteral("pandoc"), {"-f", "docx", "-t", "plain", "--wrap=none", docx}));
+    const QString pdf = save("savePDF", "report.pdf"_s);
+    const QString docx = save("saveDOCX", "report.docx"_s);
+    const QString fromPdf = oneLine(readBy("pdftotext"_s, {"-layout", pdf, "-"}));
+    const QString fromDocx = oneLine(readBy("pandoc"_s, {"-f", "docx", "-t", "plain", "--wrap=none", docx}));
     QVERIFY(!quotes.isEmpty() && !fromPdf.isEmpty() && !fromDocx.isEmpty());
     for (QString quote : quotes) {
         // What XML has no place for.
         quote.remove(QChar(1)).remove(QChar(QChar::ReplacementCharacter));
         QVERIFY2(fromDocx.contains(oneLine(quote)), qPrintable(quote));
     }
-    QVERIFY(fromPdf.contains(QStringLiteral("hacked=1")) && !fromPdf.contains(QStringLiteral("Options")));
+    QVERIFY(fromPdf.contains("hacked=1"_s) && !fromPdf.contains("Options"_s));
     // The date of the memos is the last kerno's, so there is none without the kernos.
     run("Array.from(document.querySelectorAll('#options label')).find(e => e.textContent === 'Kernos "
         "Summary').click()");
-    QVERIFY(answered("saveDOCX").contains(QStringLiteral("nothing was saved")));
+    QVERIFY(answered("saveDOCX").contains("nothing was saved"_s));
     // The folder itself, which still shows the report there.
-    QVERIFY(QDir().mkpath(m_folder.filePath(QStringLiteral("copy"))));
-    QCOMPARE(save("saveHTML", QStringLiteral("copy")), m_folder.filePath(QStringLiteral("copy")));
-    QVERIFY(QFile::exists(m_folder.filePath(QStringLiteral("copy/data/js/data.js"))));
+    QVERIFY(QDir().mkpath(m_folder.filePath("copy"_s)));
+    QCOMPARE(save("saveHTML", "copy"_s), m_folder.filePath("copy"_s));
+    QVERIFY(QFile::exists(m_folder.filePath("copy/data/js/data.js"_s)));
 }
 
 void tst_ReportViewer::theWordCloudCountsTheWords() {
     open(ReportViewer::WordCloud);
     QHash<QString, int> words;
-    static const QRegularExpression ends(QStringLiteral("[.!?, :\"\n\r]"));
+    static const QRegularExpression ends("[.!?, :\"\n\r]"_s);
     for (const QVariant& id : m_project.file.sourceIds()) {
         for (const QuestionAnswer& answer : m_project.file.answerModel()->answers(id.toInt())) {
             for (const QString& word : answer.plainAnswer().split(ends, Qt::SkipEmptyParts))
@@ -313,7 +305,7 @@ void tst_ReportViewer::theWordCloudCountsTheWords() {
     run("var s = angular.element(document.body).scope(); s.newStopWord = s.wordlist[0][0].toUpperCase();"
         "s.addNewStopWord(); s.$digest()");
     QVERIFY(!most.isEmpty() && run(first).toString() != most);
-    const QImage picture(save("savePDF", QStringLiteral("cloud.png")));
+    const QImage picture(save("savePDF", "cloud.png"_s));
     QCOMPARE(picture.size(), QSize(800, 600));
     QVERIFY(m_viewer->findChild<QPushButton*>("print")->isHidden() &&
             m_viewer->findChild<QPushButton*>("saveDOCX")->isHidden());
