@@ -18,6 +18,8 @@ public:
     bool isHtml() const { return m_isHtml; }
     HtmlDocument document() const;
     QString plain() const { return m_plain.text(); }
+    /// The plain text in Latin-1 if it is held so; else null.
+    const QByteArray& narrowPlain() const { return m_plain.narrow(); }
     /// Length of the plain text, in UTF-16 units.
     int length() const { return m_plain.size(); }
     /// The whole document.

@@ -12,6 +12,8 @@ public:
 
     /// The text; made anew for each caller, but for the one that is read again and again.
     QString text() const;
+    /// The text in Latin-1 if it is held so; else null.
+    const QByteArray& narrow() const { return m_narrow; }
     /// In UTF-16 units.
     int size() const { return m_narrow.size() + m_wide.size(); }
 

@@ -15,13 +15,30 @@ QVector<Stretch> merged(const QVector<Stretch>& stretches, int distance) {
     return list;
 }
 
+namespace {
+
+Stretch inText(const Stretch& stretch, int size) {
+    const int start = std::clamp(stretch.start, 0, size);
+    return {start, std::max(std::min(stretch.end, size), start)};
+}
+
+}  // namespace
+
+bool mayHaveHits(const QuestionAnswer& answer, const Stretch& within, const NarrowScan& scan) {
+    const QByteArray& text = answer.text().narrowPlain();
+    if (text.isNull())
+        return true;
+    const Stretch part = inText(within, text.size());
+    return scan.mayMatch(text.constData() + part.start, part.length());
+}
+
 QVector<Stretch> excerptRanges(const QString& text, const Stretch& within, const QRegularExpression& hit) {
-    const int start = std::clamp(within.start, 0, text.size());
-    const int length = std::max(std::min(within.end, text.size()) - start, 0);
+    const Stretch part = inText(within, text.size());
+    const bool whole = part.length() == text.size();
     QVector<Stretch> ranges =
-        merged(contextMatches(length == text.size() ? text : readable(text.mid(start, length)), hit));
+        merged(contextMatches(whole ? text : readable(text.mid(part.start, part.length())), hit));
     for (Stretch& range : ranges)
-        range = {range.start + start, range.end + start};
+        range = {range.start + part.start, range.end + part.start};
     return ranges;
 }
 

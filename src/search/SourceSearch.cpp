@@ -63,7 +63,10 @@ bool SourceSearch::find(const Request& request, QVariantList& results) const {
     Candidates candidates;
     if (!findCandidates(sources, request, criteria, candidates))
         return false;
+    const NarrowScan scan(m_hit);
     for (const auto& [answer, range] : qAsConst(candidates)) {
+        if (!mayHaveHits(answer, range, scan))
+            continue;
         for (const Stretch& found : excerptRanges(answer.plainAnswer(), range, m_hit))
             results.append(QVariant::fromValue(excerpt(answer, found, m_hit)));
     }

@@ -165,6 +165,33 @@ private slots:
         }
     }
 
+    // A text is passed over only if the search itself would find nothing in it, whatever letters and bounds.
+    void passesOverTextsWithoutHits() {
+        QRandomGenerator random(5);
+        int passedOver = 0, found = 0;
+        for (int i = 0; i < 4000; ++i) {
+            const auto letters = [&random](int most) {
+                QString text;
+                for (int j = random.bounded(most); j >= 0; --j)
+                    text += random.bounded(3) ? QChar(random.bounded(1, 256))
+                                              : QChar(u"aKsé "[random.bounded(5)]);
+                return text;
+            };
+            const QuestionAnswer answer(1, 1, 1, {}, letters(200).toHtmlEscaped(), {});
+            const QString term =
+                i % 9 ? letters(2).toUpper() : QString(u"\u212a\u017f\u212b\u1e9e\u0178"[i % 5]);
+            const QRegularExpression hit =
+                hitExpression(term, {letters(2)}, i % 2 ? Options(Option::WholeWords) : Options());
+            const Stretch within{random.bounded(20), 20 + random.bounded(200)};
+            const bool hasHits = !excerptRanges(answer.plainAnswer(), within, hit).isEmpty();
+            const bool mayHave = mayHaveHits(answer, within, NarrowScan(hit));
+            QVERIFY2(mayHave || !hasHits, qPrintable(hit.pattern()));
+            passedOver += !mayHave;
+            found += hasHits;
+        }
+        QVERIFY(passedOver > 500 && found > 500);
+    }
+
     void endsOnAnyExpression() {
         const QString text = "one two"_s;
         QVERIFY(contextMatches(text, compiled("(x|)")).size() < 3);
