@@ -39,10 +39,8 @@ private slots:
     void theCommandLineNamesAProject() {
         FETCH(QStringList, arguments, QString, file);
         QTemporaryDir folder;
-        for (const char* name : {"a.krn", "b.KRN", "c.txt"}) {
-            QFile made(folder.filePath(QString::fromLatin1(name)));
-            QVERIFY(made.open(QIODevice::WriteOnly));
-        }
+        for (const char* name : {"a.krn", "b.KRN", "c.txt"})
+            writeBytes(folder.filePath(QString::fromLatin1(name)));
         QDir(folder.path()).mkdir("folder.krn"_s);
         for (QString& argument : arguments)
             argument = folder.filePath(argument);
@@ -110,7 +108,7 @@ private slots:
         const QString second = m_helper->createReportFolder();
         const QString cloud = m_helper->createWordCloudFolder();
         QVERIFY(first != second && QFileInfo(cloud).fileName().startsWith("KernovaWordCloud_"_s));
-        QVERIFY(QFile(first + "/page.html"_s).open(QIODevice::WriteOnly));
+        writeBytes(first + "/page.html"_s);
         QVERIFY(m_helper->deleteFolder(first));
         QVERIFY(m_helper->deleteFolder(QUrl::fromLocalFile(second).toString()));
         QVERIFY(m_helper->deleteFolder("file://"_s + cloud));

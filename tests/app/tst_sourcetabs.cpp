@@ -93,9 +93,9 @@ private slots:
         // Of many files the last stand as tabs, however early their ids were reserved.
         QList<QUrl> files;
         for (int i = 0; i < 40; ++i) {
-            QFile text(project.path("%1.txt"_s.arg(i)));
-            QVERIFY(text.open(QIODevice::WriteOnly) && text.write("words") > 0);
-            files << QUrl::fromLocalFile(text.fileName());
+            const QString path = project.path("%1.txt"_s.arg(i));
+            writeBytes(path, "words");
+            files << QUrl::fromLocalFile(path);
         }
         QCOMPARE(helper.batchImportQuestions(files, {}, {}), 40);
         QTRY_COMPARE(shown(), "39 38 37"_s);

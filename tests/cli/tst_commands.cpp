@@ -17,16 +17,6 @@ private:
     QTemporaryDir m_folder;
 };
 
-namespace {
-
-void write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-}  // namespace
-
 /// "study.krn" with one text, "locked.krn" that is marked as open, "secret.krn" with the password "pass".
 void tst_Commands::initTestCase() {
     ProjectUnderTest project;
@@ -45,11 +35,11 @@ void tst_Commands::initTestCase() {
     make("locked.krn", "", true);
     make("secret.krn", "pass", false);
     make("study.krn", "", false);
-    write(m_folder.filePath("password"_s), "pass\r\nsecond line\n");
-    write(m_folder.filePath("broken.krn"_s), "this is no project");
-    write(m_folder.filePath("notes.txt"_s), "Noted down.");
-    write(m_folder.filePath("empty.docx"_s), "");
-    write(m_folder.filePath("table.csv"_s), "Who,Why?,Where\nAnn,\"So, so\",Ulm\nBea,,Ulm\n");
+    writeBytes(m_folder.filePath("password"_s), "pass\r\nsecond line\n");
+    writeBytes(m_folder.filePath("broken.krn"_s), "this is no project");
+    writeBytes(m_folder.filePath("notes.txt"_s), "Noted down.");
+    writeBytes(m_folder.filePath("empty.docx"_s), "");
+    writeBytes(m_folder.filePath("table.csv"_s), "Who,Why?,Where\nAnn,\"So, so\",Ulm\nBea,,Ulm\n");
 }
 
 void tst_Commands::theProgramDoesAsItIsTold_data() {

@@ -219,10 +219,7 @@ private slots:
     void answersForFilesItCannotSend() {
         QCOMPARE(get(m_folder.filePath("none.krn"_s)).status, 404);
         const QString foreign = m_folder.filePath("foreign.krn"_s);
-        QFile file(foreign);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("not a project");
-        file.close();
+        writeBytes(foreign, "not a project");
         const HttpAnswer answer = get(foreign);
         QCOMPARE(answer.status, 400);
         QCOMPARE(answer.json.value("status"_s), QJsonValue(false));

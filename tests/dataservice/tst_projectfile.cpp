@@ -27,11 +27,6 @@ bool runSql(const QString& path, const QStringList& texts) {
     return ok;
 }
 
-QByteArray contentsOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 }  // namespace
 
 class TestProjectFile : public QObject {
@@ -55,7 +50,7 @@ private slots:
         std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
         QVERIFY2(store, qPrintable(message));
         QCOMPARE(files(), QStringList{"p.krn"_s});
-        QCOMPARE(contentsOf(m_path).mid(68, 4), QByteArrayLiteral("KRN1"));
+        QCOMPARE(bytesOf(m_path).mid(68, 4), QByteArrayLiteral("KRN1"));
         for (const QString& setting : {"synchronous"_s, "cell_size_check"_s}) {
             Statement statement = store->database().statement("PRAGMA "_s + setting);
             QVERIFY(statement.run() && statement.next());
@@ -65,7 +60,7 @@ private slots:
 
     void opensFilesOfTheFirstVersion() {
         // Written down from a file of that version: what is out there has to open for ever.
-        const QString text = QString::fromUtf8(contentsOf(QStringLiteral(KERNOVA_FIRST_VERSION)));
+        const QString text = QString::fromUtf8(bytesOf(QStringLiteral(KERNOVA_FIRST_VERSION)));
         QVERIFY(runSql(m_path, text.split(";\n"_s, Qt::SkipEmptyParts)));
         QString message;
         std::unique_ptr<ProjectStore> store = ProjectStore::openExisting(m_path, &message);
@@ -105,14 +100,11 @@ private slots:
         const QString journal = m_path + "-journal"_s;
         QVERIFY(runSql(
             m_path, {"PRAGMA journal_mode = PERSIST"_s, "INSERT INTO tbl_preference VALUES ('a', '1')"_s}));
-        QByteArray bytes = contentsOf(journal);
+        QByteArray bytes = bytesOf(journal);
         const QByteArray magic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7\x00\x00\x00\x01", 12);
         bytes.replace(0, magic.size(), magic);
         QVERIFY(QFile::remove(m_path));
-        QFile file(journal);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
+        writeBytes(journal, bytes);
         QString message;
         const std::unique_ptr<ProjectStore> store = ProjectStore::open(m_path, &message);
         QVERIFY2(store, qPrintable(message));
@@ -145,24 +137,21 @@ private slots:
         FETCH(QStringList, changes, QString, reason);
         QVERIFY(projectfile::create(m_path).ok());
         QVERIFY(runSql(m_path, changes));
-        const QByteArray before = contentsOf(m_path);
+        const QByteArray before = bytesOf(m_path);
         QString message;
         QVERIFY(!ProjectStore::open(m_path, &message));
         QVERIFY2(message.contains(reason), qPrintable(message));
-        QCOMPARE(contentsOf(m_path), before);
+        QCOMPARE(bytesOf(m_path), before);
         QCOMPARE(files(), QStringList{"p.krn"_s});
     }
 
     void refusesWhatIsNoDatabase() {
         for (const QByteArray& contents :
              {QByteArray(), QByteArray("An interview."), QByteArray(5000, 'x')}) {
-            QFile file(m_path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write(contents);
-            file.close();
+            writeBytes(m_path, contents);
             QString message;
             QVERIFY(!ProjectStore::open(m_path, &message) && !message.isEmpty());
-            QCOMPARE(contentsOf(m_path), contents);
+            QCOMPARE(bytesOf(m_path), contents);
         }
     }
 
@@ -171,18 +160,15 @@ private slots:
         QVERIFY(
             runSql(m_path, {"INSERT INTO tbl_kerno (id, title) WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL "
                             "SELECT i + 1 FROM n WHERE i < 2000) SELECT i, 'title ' || i FROM n"_s}));
-        QByteArray bytes = contentsOf(m_path);
+        QByteArray bytes = bytesOf(m_path);
         // Whole pages of rubbish in the middle, the header and the definitions as they were.
         for (int at = bytes.size() / 2; at < bytes.size() / 2 + 12000; ++at)
             bytes[at] = static_cast<char>(at * 7);
-        QFile file(m_path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
+        writeBytes(m_path, bytes);
         QString message;
         QVERIFY(!ProjectStore::open(m_path, &message));
         QVERIFY2(message.contains("damaged"_s) || message.contains("malformed"_s), qPrintable(message));
-        QCOMPARE(contentsOf(m_path), bytes);
+        QCOMPARE(bytesOf(m_path), bytes);
     }
 
     void rollsBackWhatWasNotCommitted() {

@@ -134,9 +134,8 @@ void tst_Exchange::roundTrips() {
 
 // An archive as other programs write it, with everything that the schema knows.
 void tst_Exchange::codingsStandOnTheirWords() {
-    QFile file(KERNOVA_EXCHANGE_CORPUS "/other-program.qde");
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QDPXImporter::Result result = ExchangeExercise().importDocument(file.readAll());
+    const QDPXImporter::Result result =
+        ExchangeExercise().importDocument(bytesOf(KERNOVA_EXCHANGE_CORPUS "/other-program.qde"));
     QVERIFY2(result.project, qPrintable(result.error));
     const ProjectRecords& r = result.project->records();
     const RecordFacts facts(r);
@@ -234,9 +233,7 @@ void tst_Exchange::brokenDocumentsGiveSoundProjects() {
     const QFileInfoList corpus = QDir(KERNOVA_EXCHANGE_CORPUS).entryInfoList(QDir::Files);
     QVERIFY(corpus.size() >= 2);
     for (const QFileInfo& info : corpus) {
-        QFile file(info.filePath());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray document = file.readAll();
+        const QByteArray document = bytesOf(info.filePath());
         QCOMPARE(exercise.faultOf(document), QString());
         QByteArrayList words = document.split('"');
         for (int i = 0; i < 400; ++i) {

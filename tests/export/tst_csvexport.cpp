@@ -59,11 +59,6 @@ QString number(const QJsonValue& value) {
     return QString::number(value.toInt());
 }
 
-QString read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
 QString time(const QJsonObject& record, bool iso) {
     const QDateTime time = QDateTime::fromString(record["timestamp"].toString(), Qt::ISODate);
     return iso ? time.toString(Qt::ISODate) : time.toString();
@@ -227,7 +222,7 @@ void tst_CsvExport::theTablesHoldTheProject() {
     QCOMPARE(result.written, 5);
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 5);
     for (const QString& name : csv::fileNames()) {
-        const QList<Row> rows = parsed(read(m_folder->filePath(name)));
+        const QList<Row> rows = parsed(QString::fromUtf8(bytesOf(m_folder->filePath(name))));
         const QList<Row> wanted = expected(name);
         QVERIFY(wanted.size() > 1);
         for (int i = 0; i < wanted.size(); ++i)
@@ -243,12 +238,10 @@ void tst_CsvExport::whatCannotBeWrittenStaysAsItWas() {
         QStringList files;
         for (const QString& name :
              QDir(m_folder->path()).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot))
-            files << name + read(m_folder->filePath(name));
+            files << name + bytesOf(m_folder->filePath(name));
         return files;
     };
-    QFile before(m_folder->filePath("Quotes.csv"));
-    QVERIFY(before.open(QIODevice::WriteOnly) && before.write("before") > 0);
-    before.close();
+    writeBytes(m_folder->filePath("Quotes.csv"), "before");
     const QStringList untouched = state();
 
     const csv::Result nowhere = csv::exportProject(m_project.file, m_folder->filePath("nowhere"));
@@ -287,7 +280,7 @@ void tst_CsvExport::whatCannotBeWrittenStaysAsItWas() {
     QVERIFY(QDir(m_folder->path()).mkdir("Memos.csv"));
     const csv::Result taken = csv::exportProject(m_project.file, m_folder->path());
     QVERIFY(taken.written == 4 && taken.sentence.contains("Memos.csv"));
-    QVERIFY(read(m_folder->filePath("Quotes.csv")).startsWith("highlightID"));
+    QVERIFY(bytesOf(m_folder->filePath("Quotes.csv")).startsWith("highlightID"));
 }
 
 KERNOVA_TEST_MAIN(tst_CsvExport)

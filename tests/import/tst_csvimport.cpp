@@ -24,10 +24,8 @@ private:
 };
 
 QUrl tst_CsvImport::write(const QByteArray& bytes) {
-    QFile file(m_folder.filePath("table.csv"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        return {};
-    return QUrl::fromLocalFile(file.fileName());
+    writeBytes(m_folder.filePath("table.csv"), bytes);
+    return QUrl::fromLocalFile(m_folder.filePath("table.csv"));
 }
 
 // Any texts, quoted where they must be and where they need not be, with line ends of any kind.

@@ -32,6 +32,30 @@ class tst_Importers : public QObject {
     Q_OBJECT
 
 private slots:
+    void aFolderOffersItsTextFilesByName() {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkdir("folder.txt"_s);
+        for (const char* name : {"b.txt", "a.RTF", "c.doc", "notes", "d.docx", "e.pdf", "f.html"})
+            writeBytes(folder.filePath(QString::fromLatin1(name)));
+        QStringList names;
+        for (const QUrl& url : textfile::importableFiles(QUrl::fromLocalFile(folder.path())))
+            names << url.fileName();
+        QCOMPARE(names, QStringList({"a.RTF", "b.txt", "d.docx"}));
+    }
+
+    void aTitleIsTheNameUpToTheLastDot_data() {
+        columns<QString, QString>({"path", "title"});
+        addRow("suffix", "/x/Interview 1.txt", "Interview 1");
+        addRow("dots", "/x/a.b.txt", "a.b");
+        addRow("no dot", "/x/notes", "notes");
+        addRow("odd characters", "/x/50% #1?.txt", "50% #1?");
+    }
+
+    void aTitleIsTheNameUpToTheLastDot() {
+        QFETCH(QString, path);
+        QTEST(textfile::titleFor(QUrl::fromLocalFile(path)), "title");
+    }
+
     void textSurvives_data() {
         columns<QString, QByteArray, QString>({"suffix", "bytes", "plain"});
         const QString text = scripts + "\ttab\t\ttabs\n  blanks  stay  \n\n\nlast, without end"_s;

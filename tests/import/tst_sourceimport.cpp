@@ -182,10 +182,8 @@ private:
     void settle() { m_project.settle(); }
 
     QUrl write(const QString& name, const QByteArray& bytes) {
-        QFile file(m_project.path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write the file of the test");
-        return QUrl::fromLocalFile(file.fileName());
+        writeBytes(m_project.path(name), bytes);
+        return QUrl::fromLocalFile(m_project.path(name));
     }
 
     /// Each source as "title: answer to question 1 | answer to question 2 ...", in the order of ids.

@@ -15,16 +15,6 @@ void keepLog(QtMsgType, const QMessageLogContext&, const QString& text) {
     logged << text.toUtf8();
 }
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool write(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
 HttpAnswer silence(const HttpAsked&) {
     return {200, {}, true};
 }
@@ -123,7 +113,8 @@ private slots:
         QFETCH(int, call);
         const QString uuid = m_cloud->addProject("Study"_s);
         const QString file = m_folder.filePath("Study.krn"_s);
-        QVERIFY(write(file, "content") && write(m_cloud->file("Study"_s), "content"));
+        writeBytes(file, "content");
+        writeBytes(m_cloud->file("Study"_s), "content");
         const std::function<bool()> calls[] = {
             [&] { return m_helper->projects().status; },
             [&] { return m_helper->projectsShared().status; },
@@ -179,7 +170,8 @@ private slots:
         FETCH(QString, file, QByteArray, disposition);
         const QByteArray content = QByteArray("SQLite\0\r\n--", 11).repeated(30000);
         const QString path = m_folder.filePath(file);
-        QVERIFY(login() && write(path, content));
+        writeBytes(path, content);
+        QVERIFY(login());
         QVERIFY(m_helper->uploadProject(path).status);
         const HttpAsked asked = m_cloud->http().asked().last();
         QVERIFY(asked.header("Content-Type").startsWith("multipart/form-data"));
@@ -204,13 +196,15 @@ private slots:
         const QTemporaryDir folder;
         const QString file = folder.filePath("here.krn"_s);
         const QByteArray content = QByteArray("new").repeated(status == 204 ? 0 : 200000);
-        QVERIFY(login() && write(file, "former") && write(file + "-journal", "former"));
+        writeBytes(file, "former");
+        writeBytes(file + "-journal", "former");
+        QVERIFY(login());
         m_cloud->intercept("/cloud/project", [=](const HttpAsked&) {
             return HttpAnswer{status, content, silent, cut};
         });
         const bool whole = status == 200 && !cut && !silent;
         QCOMPARE(m_helper->downloadProject("u"_s, file), whole);
-        QCOMPARE(contentOf(file), whole ? content : QByteArray("former"));
+        QCOMPARE(bytesOf(file), whole ? content : QByteArray("former"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), whole ? 1 : 2);
         QVERIFY(!m_helper->downloadProject("u"_s, folder.filePath("no/such/folder.krn")));
     }
@@ -245,7 +239,7 @@ private slots:
         QByteArray files;
         for (QDirIterator it(QDir::homePath(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
              it.hasNext();)
-            files += contentOf(it.next());
+            files += bytesOf(it.next());
         QMutexLocker locker(&logMutex);
         const QByteArray log = logged.join('\n');
         QVERIFY(log.contains("refresh access"));

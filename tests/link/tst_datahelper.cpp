@@ -17,7 +17,7 @@ class tst_DataHelper : public QObject {
 
 private slots:
     void init() {
-        QVERIFY(QFile(m_path).open(QIODevice::WriteOnly));
+        writeBytes(m_path);
         m_service = std::make_unique<ScriptedService>();
         m_helper = std::make_unique<DataHelper>(calmTimings());
         QVERIFY(m_helper->openProject(m_project));

@@ -84,9 +84,7 @@ private slots:
         QVERIFY(link.connect(false));
         const QByteArray token = ServiceConfig::instance().serviceToken();
         QCOMPARE(QByteArray::fromHex(token).size(), 32);
-        QFile written(file);
-        QVERIFY(written.open(QIODevice::ReadOnly));
-        QCOMPARE(written.readAll(), token + " -local");
+        QCOMPARE(bytesOf(file), token + " -local");
         QCOMPARE(service.handshakeHeader("Kernova-Service-Token"), token);
         QVERIFY(service.handshakeHeader("Origin").isEmpty());
     }
@@ -100,9 +98,7 @@ private slots:
         {
             Connection link(shortTimings());
             QVERIFY(link.connect(false));
-            QFile written(file);
-            QVERIFY(written.open(QIODevice::ReadOnly));
-            pid = written.readAll().trimmed().toInt();
+            pid = bytesOf(file).trimmed().toInt();
             QVERIFY(pid > 0);
             QCOMPARE(::kill(pid, 0), 0);
         }

@@ -20,8 +20,7 @@ private slots:
 
 private:
     QByteArray contentOf(const QJsonObject& project) const {
-        QFile file(project.value("name"_s).toString());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return bytesOf(project.value("name"_s).toString());
     }
     QJsonObject store(const QString& name, const QString& password, quint32 seed);
     RecordFacts facts(const QJsonObject& project, const QString& password, Project& loaded);
@@ -85,11 +84,9 @@ void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
     QVERIFY(!m_merger->tryProjectSingleQuestion(missing, true));
     QVERIFY(!QFile::exists(m_folder.filePath("missing.krn"_s)));
 
-    QFile broken(m_folder.filePath("broken.krn"_s));
-    QVERIFY(broken.open(QIODevice::WriteOnly));
-    broken.write("no database");
-    broken.close();
-    QVERIFY(!m_merger->tryProjectPassword({{"name"_s, broken.fileName()}}, QString()));
+    const QString broken = m_folder.filePath("broken.krn"_s);
+    writeBytes(broken, "no database");
+    QVERIFY(!m_merger->tryProjectPassword({{"name"_s, broken}}, QString()));
     QVERIFY(!m_merger->lastError().isEmpty());
 }
 

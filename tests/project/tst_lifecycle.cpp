@@ -1,16 +1,7 @@
 #include "ProjectSupport.h"
 #include "tests_support/TestMain.h"
 
-namespace {
-
-const QString lock = "___db_open_lock"_s;
-
-QByteArray contentsOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-}  // namespace
+static const QString lock = "___db_open_lock"_s;
 
 class TestLifecycle : public QObject {
     Q_OBJECT
@@ -116,7 +107,7 @@ private slots:
         QCOMPARE(file->getPreference("___db_encrypted").toBool(), !made.isEmpty());
         QVERIFY(file.addContents("a secret passage"));
         file->close();
-        QCOMPARE(contentsOf(file.path()).contains("secret"), made.isEmpty());
+        QCOMPARE(bytesOf(file.path()).contains("secret"), made.isEmpty());
         QCOMPARE(file.open("study.krn", given), error.isEmpty());
         QCOMPARE(file->isOpened(), error.isEmpty());
         QCOMPARE(file->getLastOpenError(), error);
@@ -226,12 +217,12 @@ private slots:
         // A copy that fails leaves the other project alone, and the open one open.
         QVERIFY(file.open("study.krn", {}, true));
         QVERIFY(QFile::remove(file.path()));
-        const QByteArray before = contentsOf(file.path("other.krn"));
+        const QByteArray before = bytesOf(file.path("other.krn"));
         QVERIFY(!file->saveAs(file.path("other")));
         QVERIFY(file->isOpened());
         QCOMPARE(file->currentProject().value("name").toString(), file.path());
         QVERIFY(file->getLastOpenError().contains(file.path("other.krn")));
-        QCOMPARE(contentsOf(file.path("other.krn")), before);
+        QCOMPARE(bytesOf(file.path("other.krn")), before);
         QCOMPARE(QFileInfo(file.path()).dir().entryList(QDir::Files), QStringList{"other.krn"});
     }
 

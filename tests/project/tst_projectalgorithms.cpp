@@ -45,17 +45,6 @@ QVariantMap row(const QVariant& property, const QString& op, const QVariant& val
             {"level", level}};
 }
 
-void write(const QString& path, const QByteArray& text) {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(text);
-}
-
-QByteArray read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-}
-
 }  // namespace
 
 class TestProjectAlgorithms : public QObject {
@@ -102,17 +91,17 @@ private slots:
     void replacesBackups() {
         QTemporaryDir folder;
         const QString path = folder.filePath("p.krn");
-        write(path, "one");
+        writeBytes(path, "one");
         QVERIFY(copies::replaceBackup(path));
-        QCOMPARE(read(path + ".bak"), QByteArray("one"));
-        write(path, "two");
-        write(path + ".bak.tmp", "rest of a crash");
+        QCOMPARE(bytesOf(path + ".bak"), QByteArray("one"));
+        writeBytes(path, "two");
+        writeBytes(path + ".bak.tmp", "rest of a crash");
         QVERIFY(copies::replaceBackup(path));
-        QCOMPARE(read(path + ".bak"), QByteArray("two"));
+        QCOMPARE(bytesOf(path + ".bak"), QByteArray("two"));
         QVERIFY(!QFile::exists(path + ".bak.tmp"));
         QVERIFY(QFile::remove(path));
         QVERIFY(!copies::replaceBackup(path));
-        QCOMPARE(read(path + ".bak"), QByteArray("two"));
+        QCOMPARE(bytesOf(path + ".bak"), QByteArray("two"));
         QVERIFY(!QFile::exists(path + ".bak.tmp"));
     }
 
@@ -120,13 +109,13 @@ private slots:
         QTemporaryDir folder;
         const QString path = folder.filePath("p.krn");
         const QString target = folder.filePath("t.krn");
-        write(path, "one");
-        write(target, "two");
-        write(target + "-journal", "of two");
+        writeBytes(path, "one");
+        writeBytes(target, "two");
+        writeBytes(target + "-journal", "of two");
         QVERIFY(!copies::replace(folder.filePath("none.krn"), target));
-        QCOMPARE(read(target + "-journal"), QByteArray("of two"));
+        QCOMPARE(bytesOf(target + "-journal"), QByteArray("of two"));
         QVERIFY(copies::replace(path, target));
-        QCOMPARE(read(target), QByteArray("one"));
+        QCOMPARE(bytesOf(target), QByteArray("one"));
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList({"p.krn", "t.krn"}));
     }
 

@@ -22,8 +22,7 @@ private:
                 record = {{"key", key}, {"value", 1}};
             client.reply(request, {{"preferenceQueryById", record}});
         });
-        if (!QFile(file.path()).open(QIODevice::WriteOnly))
-            return false;
+        writeBytes(file.path());
         return file.connectLink() && file.open("study.krn", {}, true);
     }
 

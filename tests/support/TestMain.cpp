@@ -40,6 +40,17 @@ QString folderTemplate() {
 
 }  // namespace
 
+QByteArray bytesOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeBytes(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("%s can't be written", qPrintable(path));
+}
+
 void expectWarning(const char* pattern) {
     expectedWarnings << QString::fromLatin1(pattern);
 }

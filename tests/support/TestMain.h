@@ -11,6 +11,12 @@ inline QString operator""_s(const char* utf8, size_t size) {
     return QString::fromUtf8(utf8, static_cast<int>(size));
 }
 
+/// What a file holds; empty when it can't be read.
+QByteArray bytesOf(const QString& path);
+
+/// Makes a file that holds this, or ends the program.
+void writeBytes(const QString& path, const QByteArray& bytes = {});
+
 /// Names the columns of a table of cases.
 template <typename... Types> void columns(const char* const (&names)[sizeof...(Types)]) {
     int column = 0;
