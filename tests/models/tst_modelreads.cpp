@@ -1,4 +1,5 @@
 #include "FakeProject.h"
+#include "FakeText.h"
 #include "link/DataHelper.h"
 #include "models/HighlightsModel.h"
 #include "models/ModelDelays.h"
@@ -13,22 +14,6 @@ QJsonObject highlightJson(int id, int sourceId, int start, int length) {
             {"questionId"_s, 1},  {"color"_s, "#ff0000"_s}, {"start"_s, start},
             {"length"_s, length}, {"author"_s, "Ann"_s},    {"timestamp"_s, "2024-05-01T10:00:00Z"_s}};
 }
-
-class StillText : public QObject, public TextGeometry {
-    Q_OBJECT
-
-public:
-    QRectF rectangleAt(int position) const override { return {0, position * 1.0, 1, 1}; }
-    double lineHeight() const override { return 1; }
-    int textLength() const override { return 1000; }
-    bool isReadOnlyText() const override { return true; }
-    bool isComplete() const override { return true; }
-    QObject* item() override { return this; }
-
-signals:
-    void contentSizeChanged();
-    void readOnlyChanged(bool readOnly);
-};
 
 }  // namespace
 
@@ -97,7 +82,7 @@ private slots:
     void aBatchOfCodingsIsReadOnce() {
         m_service->answer("highlightQueryListWithOffset"_s,
                           QJsonArray{highlightJson(1, 1, 130, 10), highlightJson(2, 1, 90, 20)});
-        StillText text;
+        FakeText text;
         HighlightsModel model(&text, m_helper.get());
         QSignalSpy ready(&model, &HighlightsModel::modelReady);
         model.setSource(1, 1, 100, 400);
@@ -121,7 +106,7 @@ private slots:
                           client.reply(request, {{"highlightQueryListWithOffset"_s,
                                                   QJsonArray{highlightJson(sourceId, sourceId, 0, 5)}}});
                       });
-        StillText text;
+        FakeText text;
         HighlightsModel model(&text, m_helper.get());
         QSignalSpy ready(&model, &HighlightsModel::modelReady);
         model.setSource(1, 1, 0, 100);
@@ -195,7 +180,7 @@ private slots:
     }
 
     void failedReadsKeepWhatIsThere() {
-        StillText text;
+        FakeText text;
         HighlightsModel highlights(&text, m_helper.get());
         QSignalSpy ready(&highlights, &HighlightsModel::modelReady);
         m_service->answer("highlightQueryListWithOffset"_s, QJsonArray{highlightJson(1, 1, 0, 5)});
@@ -237,7 +222,7 @@ private slots:
 
     void repliesOfAClosedProjectAreDropped() {
         m_service->answer("highlightQueryListWithOffset"_s, QJsonArray{highlightJson(1, 1, 0, 5)});
-        StillText text;
+        FakeText text;
         HighlightsModel highlights(&text, m_helper.get());
         m_service->stall();
         m_project->kernos->setData({testKerno(2)});
@@ -280,4 +265,5 @@ private:
 };
 
 KERNOVA_GUI_TEST_MAIN(tst_ModelReads)
+#include "moc_FakeText.cpp"
 #include "tst_modelreads.moc"

@@ -1,46 +1,19 @@
 #include "FakeProject.h"
+#include "FakeText.h"
 #include "models/HighlightsModel.h"
 #include "models/MemosModel.h"
 #include "models/ModelDelays.h"
 #include "models/PassageRange.h"
 #include "models/StripeLayout.h"
-#include "models/TextGeometry.h"
 #include "tests_support/TestMain.h"
 
 namespace {
-
-constexpr int charactersPerLine = 20;
-constexpr int linePixels = 16;
 
 Memo testMemo(int id, int start, int length) {
     return Memo(id, 1, 1, "note"_s, start, length, start + length, "Ann"_s, {}, 0, 0);
 }
 
 }  // namespace
-
-/// A text of lines of the same length.
-class FakeText : public QObject, public TextGeometry {
-    Q_OBJECT
-
-public:
-    explicit FakeText(bool isReadOnly = true) : readOnly(isReadOnly) {}
-    QRectF rectangleAt(int position) const override {
-        return {0, position / charactersPerLine * linePixels + 0.75, 1, linePixels};
-    }
-    double lineHeight() const override { return linePixels; }
-    int textLength() const override { return length; }
-    bool isReadOnlyText() const override { return readOnly; }
-    bool isComplete() const override { return complete; }
-    QObject* item() override { return this; }
-
-    bool readOnly;
-    bool complete = true;
-    int length = 1000;
-
-signals:
-    void contentSizeChanged();
-    void readOnlyChanged(bool readOnly);
-};
 
 class tst_PassageModels : public QObject {
     Q_OBJECT
@@ -297,4 +270,5 @@ private:
 };
 
 KERNOVA_GUI_TEST_MAIN(tst_PassageModels)
+#include "moc_FakeText.cpp"
 #include "tst_passagemodels.moc"

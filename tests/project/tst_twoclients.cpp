@@ -1,3 +1,4 @@
+#include "../models/FakeText.h"
 #include "LookUps.h"
 #include "ProjectSupport.h"
 #include "ProjectViews.h"
@@ -5,7 +6,6 @@
 #include "models/HighlightsModel.h"
 #include "models/MemosModel.h"
 #include "models/ModelDelays.h"
-#include "models/TextGeometry.h"
 #include "tests_support/RealService.h"
 #include "tests_support/TestMain.h"
 
@@ -16,23 +16,6 @@ namespace {
 
 constexpr int ids = 8;  // of each kind: few, so that both clients change the same records
 constexpr int steps = 500;
-
-/// A text of which only the codings are watched.
-class StillText : public QObject, public TextGeometry {
-    Q_OBJECT
-
-public:
-    QRectF rectangleAt(int position) const override { return {0, position * 1.0, 1, 1}; }
-    double lineHeight() const override { return 1; }
-    int textLength() const override { return 1000; }
-    bool isReadOnlyText() const override { return true; }
-    bool isComplete() const override { return true; }
-    QObject* item() override { return this; }
-
-signals:
-    void contentSizeChanged();
-    void readOnlyChanged(bool readOnly);
-};
 
 /// What the service stores of a record, as text.
 template <typename T> QString storedText(const T& record) {
@@ -46,7 +29,7 @@ template <typename T> QString storedText(const T& record) {
 
 /// A client with all its models and views, and the codings and memos of one answer.
 class Client {
-    StillText m_text;
+    FakeText m_text;
 
 public:
     Client() : file(LinkTimings(), ProjectTimings{0, 0}) {
@@ -338,4 +321,5 @@ private:
 };
 
 KERNOVA_TEST_MAIN(tst_TwoClients)
+#include "../models/moc_FakeText.cpp"
 #include "tst_twoclients.moc"

@@ -62,10 +62,6 @@ void RealService::unshare() {
         qputenv("KERNOVA_SERVICE_PROGRAM", m_formerProgram);
 }
 
-QUrl RealService::socketUrl() const {
-    return QUrl("ws://127.0.0.1:%1"_s.arg(m_port));
-}
-
 QUrl RealService::httpUrl(const QString& pathAndQuery) const {
     return QUrl("http://127.0.0.1:%1%2"_s.arg(m_port).arg(pathAndQuery));
 }

@@ -28,7 +28,6 @@ public:
     bool share();
 
     quint16 port() const { return m_port; }
-    QUrl socketUrl() const;
     QUrl httpUrl(const QString& pathAndQuery) const;
     qint64 pid() const { return m_process.processId(); }
 

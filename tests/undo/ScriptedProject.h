@@ -28,19 +28,12 @@ public:
     }
     ~ScriptedProject() { IdManager::instance()->init(false, nullptr); }
 
-    /// The kinds of records that have ids.
+    /// The kinds of records.
     static QStringList words() {
-        return {"kerno",
-                "source",
-                "highlight",
-                "memo",
-                "question",
-                "questionAnswer",
-                "group",
-                "groupKerno",
-                "sourceMetadata",
-                "sourceMetadataKey",
-                "sourceMetadataValue"};
+        QStringList words;
+        for (const wire::Record record : wire::allRecords())
+            words << wire::word(record);
+        return words;
     }
 
     /// The operations of all mutations since the start or the last call, in order.
