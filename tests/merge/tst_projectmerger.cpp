@@ -1,18 +1,13 @@
 #include "RandomRecords.h"
 #include "RecordFacts.h"
-#include "link/Connection.h"
-#include "link/DataHelper.h"
 #include "merge/ProjectMerger.h"
-#include "project/KRNFile.h"
-#include "tests_support/TestMain.h"
+#include "tests_support/TestProject.h"
 
 /// Looks into project files through the real service.
 class tst_ProjectMerger : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
     void aPasswordIsTriedOnAClosedProject();
     void aReplacedFileIsReadAgain();
     void aMissingOrBrokenFileIsToldApart();
@@ -27,34 +22,17 @@ private:
 
     QJsonObject make(const QString& name, const QString& password, bool singleQuestion);
 
-    QTemporaryDir m_folder;
-    std::unique_ptr<KRNFile> m_file;
-    std::unique_ptr<ProjectMerger> m_merger;
+    TestProject m_project;
+    KRNFile* const m_file = &m_project.file;
+    const std::unique_ptr<ProjectMerger> m_merger = std::make_unique<ProjectMerger>(m_file->dataHelper());
 };
 
-void tst_ProjectMerger::initTestCase() {
-    ProjectTimings timings;
-    timings.settle = 1;
-    timings.closeSettle = 1;
-    m_file = std::make_unique<KRNFile>(nullptr, timings);
-    m_file->initModels();
-    m_merger = std::make_unique<ProjectMerger>(m_file->dataHelper());
-    QVERIFY2(m_file->dataHelper()->connection()->connect(false),
-             qPrintable(m_file->dataHelper()->connection()->lastError()));
-}
-
-void tst_ProjectMerger::cleanupTestCase() {
-    m_merger.reset();
-    m_file->closeAndReset();
-    m_file.reset();
-}
-
 QJsonObject tst_ProjectMerger::make(const QString& name, const QString& password, bool singleQuestion) {
-    const QJsonObject project{{"name"_s, m_folder.filePath(name)}};
-    if (!m_file->openProject(project, true, password, singleQuestion))
-        qFatal("%s", qPrintable(m_file->getLastOpenError()));
+    const QString failure = m_project.open(name, true, singleQuestion, password);
+    if (!failure.isEmpty())
+        qFatal("%s", qPrintable(failure));
     m_file->close();
-    return project;
+    return m_project.project(name);
 }
 
 void tst_ProjectMerger::aPasswordIsTriedOnAClosedProject() {
@@ -78,13 +56,13 @@ void tst_ProjectMerger::aReplacedFileIsReadAgain() {
 }
 
 void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
-    const QJsonObject missing{{"name"_s, m_folder.filePath("missing.krn"_s)}};
+    const QJsonObject missing = m_project.project("missing.krn"_s);
     QVERIFY(!m_merger->tryProjectPassword(missing, QString()));
     QVERIFY(!m_merger->lastError().isEmpty());
     QVERIFY(!m_merger->tryProjectSingleQuestion(missing, true));
-    QVERIFY(!QFile::exists(m_folder.filePath("missing.krn"_s)));
+    QVERIFY(!QFile::exists(m_project.path("missing.krn"_s)));
 
-    const QString broken = m_folder.filePath("broken.krn"_s);
+    const QString broken = m_project.path("broken.krn"_s);
     writeBytes(broken, "no database");
     QVERIFY(!m_merger->tryProjectPassword({{"name"_s, broken}}, QString()));
     QVERIFY(!m_merger->lastError().isEmpty());
@@ -93,7 +71,7 @@ void tst_ProjectMerger::aMissingOrBrokenFileIsToldApart() {
 QJsonObject tst_ProjectMerger::store(const QString& name, const QString& password, quint32 seed) {
     Project project({});
     project.records() = RandomRecords(seed).make();
-    const QJsonObject target{{"name"_s, m_folder.filePath(name)}};
+    const QJsonObject target = m_project.project(name);
     const Message message = project.save(*m_file->dataHelper(), target, password);
     return message.status ? target : QJsonObject();
 }
@@ -113,7 +91,7 @@ void tst_ProjectMerger::filesAreMergedIntoANewOne() {
     const QString secret = "s3cret"_s;
     const QJsonObject master = store("master.krn"_s, secret, 1);
     const QJsonObject other = store("other.krn"_s, QString(), 2);
-    const QJsonObject result{{"name"_s, m_folder.filePath("result.krn"_s)}};
+    const QJsonObject result = m_project.project("result.krn"_s);
     const QByteArray before = contentOf(master) + contentOf(other);
 
     m_merger->clearMerger();
@@ -133,7 +111,7 @@ void tst_ProjectMerger::filesAreMergedIntoANewOne() {
         connect(m_merger.get(), &ProjectMerger::progressed, this, [this] { m_merger->cancelMerge(); });
     QVERIFY(!m_merger->merge(result, QString()));
     disconnect(connection);
-    QVERIFY(!QFile::exists(m_folder.filePath("result.krn"_s)));
+    QVERIFY(!QFile::exists(m_project.path("result.krn"_s)));
 
     QVERIFY2(m_merger->merge(result, "new"_s), qPrintable(m_merger->lastError()));
     QCOMPARE(m_merger->resultProject(), result);

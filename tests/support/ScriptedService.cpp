@@ -1,10 +1,13 @@
 #include "tests_support/ScriptedService.h"
 
-#include "tests_support/ScriptedServer.h"
 #include "tests_support/TestMain.h"
 #include "wire/Operations.h"
 
+#include <QNetworkRequest>
 #include <QWebSocket>
+#include <QWebSocketCorsAuthenticator>
+#include <QWebSocketServer>
+#include <optional>
 
 QString writeProgram(const QTemporaryDir& folder, const QString& name, const QString& body) {
     QFile file(folder.filePath(name));
@@ -46,6 +49,99 @@ void ScriptedClient::close(int code) {
 void ScriptedClient::abort() {
     m_socket.abort();
 }
+
+/// The part of the service that lives on its thread.
+class ScriptedServer : public QObject {
+public:
+    ScriptedServer() {
+        scripts.insert(wire::name::dbOpen, [](ScriptedClient& client, const ScriptedRequest& request) {
+            client.reply(request, {{wire::name::dbOpen, openedProject(request, "owner"_s)}});
+        });
+        scripts.insert(wire::name::dbClose, [](ScriptedClient& client, const ScriptedRequest& request) {
+            client.reply(request, {{wire::name::dbClose, QJsonObject{{"name"_s, QString()},
+                                                                     {"uuid"_s, wire::nullUuid},
+                                                                     {"status"_s, "closed"_s}}}});
+        });
+    }
+
+    /// Runs the function on this object's thread and waits for its result. Must not be called while stalled.
+    template <typename Function> auto run(Function function) {
+        using Result = decltype(function());
+        if constexpr (std::is_void_v<Result>) {
+            QMetaObject::invokeMethod(
+                this, [&] { function(); }, Qt::BlockingQueuedConnection);
+        } else {
+            std::optional<Result> result;
+            QMetaObject::invokeMethod(
+                this, [&] { result = function(); }, Qt::BlockingQueuedConnection);
+            return *result;
+        }
+    }
+
+    /// The port, or 0.
+    quint16 listen() {
+        m_server = new QWebSocketServer("scripted"_s, QWebSocketServer::NonSecureMode, this);
+        connect(m_server, &QWebSocketServer::newConnection, this, &ScriptedServer::onNewConnection);
+        connect(m_server, &QWebSocketServer::originAuthenticationRequired, this,
+                [this](QWebSocketCorsAuthenticator* authenticator) { authenticator->setAllowed(!refusing); });
+        return m_server->listen(QHostAddress::LocalHost) ? m_server->serverPort() : quint16(0);
+    }
+
+    void eachClient(const std::function<void(ScriptedClient&)>& action) {
+        const QList<QWebSocket*> now = clients;
+        for (QWebSocket* socket : now) {
+            ScriptedClient client(*socket);
+            action(client);
+        }
+    }
+
+    /// What the service says of a project that it has opened.
+    static QJsonObject openedProject(const ScriptedRequest& request, const QString& access) {
+        return {{"name"_s, request.argument("name"_s)},
+                {"uuid"_s, wire::nullUuid},
+                {"status"_s, wire::statusOpen},
+                {"access"_s, access}};
+    }
+
+    QHash<QString, ScriptedService::Script> scripts;
+    QList<QWebSocket*> clients;
+    QNetworkRequest handshake;
+    bool refusing = false;
+    QMutex mutex;
+    QList<wire::RequestFrame> requests;  ///< under the mutex
+
+private:
+    void onNewConnection() {
+        QWebSocket* socket = m_server->nextPendingConnection();
+        socket->setParent(this);
+        handshake = socket->request();
+        clients << socket;
+        connect(socket, &QWebSocket::textMessageReceived, this,
+                [this, socket](const QString& text) { onText(*socket, text); });
+        connect(socket, &QWebSocket::disconnected, this, [this, socket] {
+            clients.removeAll(socket);
+            socket->deleteLater();
+        });
+    }
+
+    void onText(QWebSocket& socket, const QString& text) {
+        ScriptedRequest request;
+        request.frame = wire::requestFromJson(wire::readFrame(text).object);
+        request.query = wire::parseQuery(request.frame.text).query;
+        {
+            QMutexLocker locker(&mutex);
+            requests << request.frame;
+        }
+        ScriptedClient client(socket);
+        const QString operation = request.query.operation;
+        if (const auto script = scripts.value(operation))
+            script(client, request);
+        else
+            client.reply(request, {{operation, QJsonArray()}});
+    }
+
+    QWebSocketServer* m_server = nullptr;
+};
 
 ScriptedService::ScriptedService()
     : m_server(new ScriptedServer), m_formerProgram(qgetenv("KERNOVA_SERVICE_PROGRAM")) {
@@ -120,7 +216,8 @@ void ScriptedService::resume() {
 }
 
 QList<wire::RequestFrame> ScriptedService::requests() const {
-    return m_server->requests();
+    QMutexLocker locker(&m_server->mutex);
+    return m_server->requests;
 }
 
 QStringList ScriptedService::requestTexts() const {
@@ -131,11 +228,12 @@ QStringList ScriptedService::requestTexts() const {
 }
 
 void ScriptedService::forgetRequests() {
-    m_server->forgetRequests();
+    QMutexLocker locker(&m_server->mutex);
+    m_server->requests.clear();
 }
 
 int ScriptedService::clientCount() const {
-    return m_server->run([this] { return m_server->clientCount(); });
+    return m_server->run([this] { return m_server->clients.size(); });
 }
 
 QByteArray ScriptedService::handshakeHeader(const QByteArray& name) const {

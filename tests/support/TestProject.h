@@ -10,7 +10,7 @@
 /// them.
 class TestProject {
 public:
-    TestProject() : file(nullptr, timings()), undo(&file) { file.initModels(); }
+    TestProject() : file(nullptr, ProjectTimings{0, 0}), undo(&file) { file.initModels(); }
     ~TestProject() { file.closeAndReset(); }
 
     QTemporaryDir folder;
@@ -18,14 +18,16 @@ public:
     UndoManager undo;
 
     QString path(const QString& name) const { return folder.filePath(name); }
+    QJsonObject project(const QString& name) const { return {{"name"_s, path(name)}}; }
 
     /// Opens a project of that name, connecting first. The failure in words, or empty.
-    QString open(const QString& name, bool createNew, bool singleQuestion = true) {
+    QString open(const QString& name, bool createNew, bool singleQuestion = true,
+                 const QString& password = {}) {
         if (!file.dataHelper()->connection()->isConnected() &&
             !file.dataHelper()->connection()->connect(false))
             return file.dataHelper()->connection()->lastError();
         undo.clearStack();
-        return file.openProject({{"name"_s, path(name)}}, createNew, QString(), singleQuestion)
+        return file.openProject(project(name), createNew, password, singleQuestion, true)
                    ? QString()
                    : "does not open: "_s + file.getLastOpenError();
     }
@@ -34,13 +36,5 @@ public:
     void settle() {
         file.getPreference("none"_s);
         QCoreApplication::processEvents();
-    }
-
-private:
-    static ProjectTimings timings() {
-        ProjectTimings timings;
-        timings.settle = 1;
-        timings.closeSettle = 1;
-        return timings;
     }
 };

@@ -1,36 +1,20 @@
 #pragma once
 
-#include "link/Connection.h"
-#include "link/DataHelper.h"
-#include "link/LinkTimings.h"
-#include "project/KRNFile.h"
 #include "tests_support/AllModels.h"
 #include "tests_support/FilledProject.h"
-#include "tests_support/TestMain.h"
-#include "undo/UndoManager.h"
+#include "tests_support/TestProject.h"
 
 /// A project at the real service with a little of everything in it, whose records are some years old, and the
 /// manager of its changes.
-class UndoProject {
+class UndoProject : public TestProject {
 public:
-    explicit UndoProject(const QString& password = {})
-        : file(LinkTimings(), ProjectTimings{0, 0}), undo(&file), m_password(password) {
-        file.initModels();
+    explicit UndoProject(const QString& password = {}) : m_password(password) {
         file.setCurrentAuthor("Bea"_s);
     }
-
-    KRNFile file;
-    UndoManager undo;
 
     /// Opens a fresh copy of the project. False on failure, whose reason is then in `error`.
     bool open();
     QString error;
-
-    /// Returns when everything that was sent has been stored, and has reached the models.
-    void settle() {
-        file.highlightIds();
-        QCoreApplication::processEvents();
-    }
 
     /// The whole project as the service has it stored. Under a password without the answers, which look
     /// different with each saving.
@@ -46,20 +30,14 @@ public:
     QStringList modelTexts() const;
 
 private:
-    bool fail(const QString& reason) {
-        error = reason;
-        return false;
-    }
     QJsonObject exported() {
         const Message message = file.dataHelper()->exportProjectJson(file.currentProject());
         error = message.message;
         return message.json.value("project_json"_s).toObject();
     }
-    QJsonObject project(const QString& name) const { return {{"name"_s, m_folder.filePath(name)}}; }
     bool makeOriginal();
 
     const QString m_password;
-    QTemporaryDir m_folder;
     QJsonObject m_original;
     int m_copies = 0;
 };
@@ -119,31 +97,28 @@ inline QString countChanges(const QJsonObject& before, const QJsonObject& after)
 inline bool UndoProject::open() {
     if (m_original.isEmpty() && !makeOriginal())
         return false;
-    const QJsonObject copy = project("copy%1.krn"_s.arg(++m_copies));
-    const Message imported = file.dataHelper()->importProjectJson(copy, m_original);
-    if (!imported.status)
-        return fail(imported.message);
-    if (!file.openProject(copy, false, m_password, false, true))
-        return fail(file.getLastOpenError());
-    if (!file.waitForTexts())
-        return fail("texts are missing"_s);
+    const QString copy = "copy%1.krn"_s.arg(++m_copies);
+    error = file.dataHelper()->importProjectJson(project(copy), m_original).message;
+    if (error.isEmpty())
+        error = TestProject::open(copy, false, false, m_password);
+    if (error.isEmpty() && !file.waitForTexts())
+        error = "texts are missing"_s;
     settle();
     undo.clearStack();
-    return true;
+    return error.isEmpty();
 }
 
 inline bool UndoProject::makeOriginal() {
-    if (!file.dataHelper()->connection()->connect(false))
-        return fail("the service can't be reached"_s);
-    if (!file.openProject(project("original.krn"_s), true, m_password, false, true))
-        return fail(file.getLastOpenError());
+    error = TestProject::open("original.krn"_s, true, false, m_password);
+    if (!error.isEmpty())
+        return false;
     fillProject(file);
     settle();
     const QJsonObject filled = exported();
     int count = 0;
     for (auto list = filled.begin(); list != filled.end(); ++list)
         m_original.insert(list.key(), undotest::aged(list.value(), count));
-    return count > 0 || fail(error);
+    return count > 0;
 }
 
 inline QStringList UndoProject::modelTexts() const {
