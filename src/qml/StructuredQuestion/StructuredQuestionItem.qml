@@ -93,6 +93,12 @@ Item {
         _text.deselect()
     }
 
+    // Once more, whatever stands here.
+    function load() {
+        _text.loaded = false
+        _setTimer.restart()
+    }
+
     // A burst of changes makes one call.
     Timer {
         id: _setTimer

@@ -15,8 +15,7 @@ Repeater {
     property int completedComponents: 0
     readonly property bool allComponentsLoaded: completedComponents === count
     property var itemsWithSelectedText: []
-    readonly property bool allSelected: count > 0 && itemsWithSelectedText.length === count
-                                        && itemsWithSelectedText.every(function(item) { return item.allSelected })
+    property bool allSelected: false
     property real spacing: Units.dp(20)
     property real margin: ApplicationStyle.default_margin
     // From above the first quote to below the last.
@@ -29,42 +28,77 @@ Repeater {
     property var __tops: []
     property var __completed: []
     property var __drawn: []
+    // What draws quotes, but none now; and how many more of these are being made.
+    property var __spare: []
+    property int __making: 0
     property int __pass: 0
     property int __placed: 0
 
-    function __items() {
-        var items = []
+    function __quotes() {
+        var quotes = []
         for (var i = 0; i < count; ++i) {
             if (itemAt(i))
-                items.push(itemAt(i))
+                quotes.push(itemAt(i))
         }
-        return items
+        return quotes
     }
 
     function __noteSelection() {
-        itemsWithSelectedText = __items().filter(function(item) { return item.hasSelectedText })
+        var quotes = __quotes()
+        itemsWithSelectedText = quotes.filter(__hasSelectedText)
+        allSelected = count > 0 && quotes.length === count && quotes.every(__isAllSelected)
     }
 
     function selectAll() {
-        __items().forEach(function(item) { item.select(true) })
+        __quotes().forEach(function(quote) { __select(quote, true) })
+        __noteSelection()
     }
 
     function deselectAll() {
-        __items().forEach(function(item) { item.select(false) })
+        __quotes().forEach(function(quote) { __select(quote, false) })
+        __noteSelection()
     }
 
     // What is selected, in the order of the quotes. Each part is followed by the separator, which names its source if
     // none is given.
     function getSelectedText(separator) {
         var text = ""
-        var items = __items()
-        for (var i = items.length - 1; i >= 0; --i) {
-            if (items[i].hasSelectedText) {
-                var end = separator !== undefined ? separator : "\n\n-- " + items[i].source() + " --\n\n\n"
-                text = items[i].selectedText() + end + text
+        var quotes = __quotes()
+        for (var i = quotes.length - 1; i >= 0; --i) {
+            if (__hasSelectedText(quotes[i])) {
+                var end = separator !== undefined ? separator
+                                                  : "\n\n-- " + (quotes[i].passage().sourceTitle || "") + " --\n\n\n"
+                text = (__isReady(quotes[i]) ? quotes[i].item.selectedText
+                                             : appHelper.plainText(root.textOf(quotes[i].passage()))) + end + text
             }
         }
         return text
+    }
+
+    function __isReady(quote) {
+        return !!quote.item && quote.item.textReady
+    }
+
+    function __hasSelectedText(quote) {
+        return __isReady(quote) ? quote.item.hasSelectedText : quote.wholeSelected
+    }
+
+    function __isAllSelected(quote) {
+        return __isReady(quote) ? quote.item.allSelected : quote.wholeSelected
+    }
+
+    // It holds what could not be had again.
+    function __isKept(quote) {
+        var item = quote.item
+        return !!item && (item.extended || item.hasSelectedText && !item.allSelected || item.holdsFocus)
+    }
+
+    function __select(quote, all) {
+        quote.wholeSelected = all
+        if (__isReady(quote) && all)
+            quote.item.selectAll()
+        else if (quote.item)
+            quote.item.deselect()
     }
 
     // The last quote that begins at the height or above it.
@@ -92,7 +126,7 @@ Repeater {
             return top
         })
         columnHeight = count > 0 ? y - spacing + margin : 0
-        __drawn.forEach(function(loader) { loader.y = __tops[loader.place] })
+        __drawn.forEach(function(quote) { quote.y = __tops[quote.place] })
         if (before !== undefined && __tops[read] !== undefined && view.contentY > 0)
             view.contentY += __tops[read] - before
     }
@@ -105,7 +139,7 @@ Repeater {
         Qt.callLater(__layOut)
     }
 
-    // Draws what is in sight or one height of the view away from it, and lets go of the rest.
+    // Draws what is in sight or one height of the view away from it. What draws the rest serves other quotes again.
     function __draw() {
         if (!view)
             return
@@ -116,26 +150,99 @@ Repeater {
         var bottom = view.contentY + 2 * view.height
         var first = __placeAt(view.contentY - view.height)
         for (var i = first; i < count && __tops[i] <= bottom; ++i) {
-            var loader = itemAt(i)
-            loader.pass = pass
-            loader.y = __tops[i]
-            loader.active = true
-            drawn.push(loader)
+            var quote = itemAt(i)
+            quote.pass = pass
+            quote.y = __tops[i]
+            drawn.push(quote)
         }
         __drawn.forEach(function(old) {
-            if (old.pass === pass)
-                return
-            // What is half made can't be let go of.
-            if (old.isKept() || old.status === Loader.Loading)
+            if (old.pass !== pass && __isKept(old))
                 drawn.push(old)
-            else
-                old.active = false
+            else if (old.pass !== pass)
+                __letGo(old)
         })
         __drawn = drawn
+        __serve()
         for (; __placed < count; ++__placed) {
             if (__placed < first || __placed >= i)
                 __complete(__placed)
         }
+    }
+
+    // Gives the quotes to be drawn something that draws them: those in sight first, and a few in each pass, because
+    // each lays a text out. Who scrolls fast passes the others.
+    function __serve() {
+        var middle = view.contentY + view.height / 2
+        var waiting = __drawn.filter(function(quote) { return !quote.item })
+        waiting.sort(function(a, b) { return Math.abs(a.y - middle) - Math.abs(b.y - middle) })
+        for (var i = 0; i < Math.min(waiting.length, 5) && __spare.length > 0; ++i)
+            __take(waiting[i], __spare.pop())
+        if (i < waiting.length && __spare.length > 0)
+            _drawing.start()
+        for (; __making < waiting.length - i - __spare.length; ++__making)
+            __make()
+    }
+
+    function __make() {
+        var incubator = quote.incubateObject(root, { visible: false })
+        var made = function() {
+            --root.__making
+            root.__watch(incubator.object)
+            root.__spare.push(incubator.object)
+            root._drawing.start()
+        }
+        if (incubator.status === Component.Ready)
+            Qt.callLater(made)
+        else
+            incubator.onStatusChanged = function(status) { if (status === Component.Ready) made() }
+    }
+
+    // Tells the quote that it draws at the time.
+    function __watch(item) {
+        item.width = Qt.binding(function() { return root.parent.width })
+        var quoteNow = function() { return item.parent && item.parent.item === item ? item.parent : null }
+        var noteHeight = function() {
+            var quote = quoteNow()
+            if (quote && item.textReady)
+                root.__setHeight(quote.place, item.height)
+        }
+        item.heightChanged.connect(noteHeight)
+        item.textReadyChanged.connect(noteHeight)
+        item.textReadyChanged.connect(function() {
+            var quote = quoteNow()
+            if (quote && item.textReady && quote.wholeSelected)
+                item.selectAll()
+        })
+        item.selectionChanged.connect(function() {
+            var quote = quoteNow()
+            if (quote && item.textReady)
+                quote.wholeSelected = item.allSelected
+            Qt.callLater(root.__noteSelection)
+        })
+        item.seenChanged.connect(function() {
+            var quote = quoteNow()
+            if (quote)
+                quote.seen = item.seen
+        })
+    }
+
+    function __take(quote, item) {
+        item.parent = quote
+        item.seen = quote.seen
+        quote.item = item
+        item.passage = quote.passage()
+        item.visible = true
+        __complete(quote.place)
+    }
+
+    function __letGo(quote) {
+        var item = quote.item
+        quote.item = null
+        if (!item)
+            return
+        item.visible = false
+        item.deselect()
+        __spare.push(item)
     }
 
     function __complete(place) {
@@ -150,7 +257,7 @@ Repeater {
         var gone = __completed.splice(count).filter(function(completed) { return completed }).length
         completedComponents -= gone
         __placed = Math.min(__placed, count)
-        __drawn = __drawn.filter(function(loader) { return loader.place >= 0 && loader.place < count })
+        __drawn = __drawn.filter(function(quote) { return quote.place >= 0 && quote.place < count })
         while (__heights.length < count)
             __heights.push(__likelyHeight)
         __heights.length = count
@@ -163,7 +270,11 @@ Repeater {
     property Connections _replacing: Connections {
         target: root.model
         function onDataChanged() {
-            root.__items().forEach(function(item) { item.wholeSelected = item.seen = false })
+            root.__quotes().forEach(function(quote) {
+                quote.wholeSelected = quote.seen = false
+                if (quote.item)
+                    quote.item.passage = quote.passage()
+            })
         }
     }
     property Connections _scrolling: Connections {
@@ -177,66 +288,25 @@ Repeater {
         onTriggered: root.__draw()
     }
 
-    Loader {
-        id: _loader
+    Item {
+        id: _quote
 
+        // What draws it, while it is near enough.
+        property Item item: null
         // All of it is to be selected as soon as it is drawn.
         property bool wholeSelected: false
         property bool seen: false
         // The last pass of drawing that it was in.
         property int pass: 0
         readonly property int place: index
-        // Only of those that are drawn: a script's memory of thousands is gone over again and again.
-        readonly property var passage: active ? modelData : null
-        readonly property bool __ready: !!item && item.textReady
-        readonly property bool hasSelectedText: __ready ? item.hasSelectedText : wholeSelected
-        readonly property bool allSelected: __ready ? item.allSelected : wholeSelected
 
-        function source() {
-            return modelData.sourceTitle || ""
+        function passage() {
+            return modelData
         }
 
-        // It holds what could not be had again.
-        function isKept() {
-            return !!item && (item.extended || item.hasSelectedText && !item.allSelected || item.holdsFocus)
+        Component.onDestruction: {
+            if (root)
+                root.__letGo(_quote)
         }
-
-        function select(all) {
-            wholeSelected = all
-            if (__ready && all)
-                item.selectAll()
-            else if (item)
-                item.deselect()
-        }
-
-        function __selectWhole() {
-            if (wholeSelected)
-                item.selectAll()
-        }
-
-        function __followSelection() {
-            if (__ready)
-                wholeSelected = item.allSelected
-        }
-
-        function selectedText() {
-            return __ready ? item.selectedText : appHelper.plainText(root.textOf(modelData))
-        }
-
-        active: false
-        asynchronous: true
-        width: parent ? parent.width : 0
-        sourceComponent: root.quote
-        onHasSelectedTextChanged: Qt.callLater(root.__noteSelection)
-        onAllSelectedChanged: Qt.callLater(root.__noteSelection)
-        onLoaded: {
-            item.seen = seen
-            item.passage = Qt.binding(function() { return _loader.passage })
-            item.seenChanged.connect(function() { seen = true })
-            item.selectionChanged.connect(__followSelection)
-            item.textReadyChanged.connect(__selectWhole)
-            root.__complete(place)
-        }
-        onHeightChanged: root.__setHeight(place, height)
     }
 }

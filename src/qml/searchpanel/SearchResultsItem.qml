@@ -42,7 +42,7 @@ Item {
     signal cursorRectChanged(real x, real y, real cursorHeight, real questionHeight)
 
     implicitHeight: _column.height
-    opacity: seen ? 1 : 0.01
+    opacity: seen && textReady ? 1 : 0.01
 
     Accessible.role: Accessible.Grouping
     Accessible.name: Utils.filled(qsTr("Quote from %1"), sourceTitle)
@@ -90,12 +90,16 @@ Item {
         _after.exhausted = false
         extended = false
         __take(textOf(passage), offsetOf(passage))
+        _text.load()
+        if (!seen)
+            _finding.restart()
     }
     onHasSelectedTextChanged: selectionChanged()
     onAllSelectedChanged: selectionChanged()
 
     // Texts find their places first.
     Timer {
+        id: _finding
         interval: 500
         running: !root.seen
         onTriggered: root.seen = true
