@@ -206,6 +206,8 @@ private slots:
         QCOMPARE(ids(window.arg(10).arg(10)), (QList<int>{3}));
         QCOMPARE(ids(window.arg(13).arg(-1)), (QList<int>{3, 5}));
         QCOMPARE(ids(window.arg(21).arg(-1)), (QList<int>{}));
+        QCOMPARE(ids("{highlightQueryListWithOffset(sourceId:1 questionId:1 sourceOffset:13){id}}"_s),
+                 (QList<int>{3, 5}));
 
         // The colour is that of the kerno as it is now; a highlight without its kerno is still whole.
         save(Record::Kerno, "id:2 color:\"#0000ff\""_s);
