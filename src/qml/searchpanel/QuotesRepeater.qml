@@ -16,23 +16,10 @@ Repeater {
     readonly property bool allComponentsLoaded: completedComponents === count
     property var itemsWithSelectedText: []
     property bool allSelected: false
-    property real spacing: Units.dp(20)
-    property real margin: ApplicationStyle.default_margin
     // From above the first quote to below the last.
-    property real columnHeight: 0
-    // What a quote is taken to be high before it was drawn: as high as the last one that was.
-    property real __likelyHeight: Units.dp(110)
-    // Of all quotes, whereas only those that are drawn are touched: a positioner would go over thousands of items, and
-    // each that a script has met stays in its memory.
-    property var __heights: []
-    property var __tops: []
-    property var __completed: []
+    readonly property real columnHeight: _places.columnHeight
     property var __drawn: []
-    // What draws quotes, but none now; and how many more of these are being made.
-    property var __spare: []
-    property int __making: 0
     property int __pass: 0
-    property int __placed: 0
 
     function __quotes() {
         var quotes = []
@@ -49,13 +36,11 @@ Repeater {
         allSelected = count > 0 && quotes.length === count && quotes.every(__isAllSelected)
     }
 
-    function selectAll() {
-        __quotes().forEach(function(quote) { __select(quote, true) })
-        __noteSelection()
-    }
+    function selectAll() { __selectAll(true) }
+    function deselectAll() { __selectAll(false) }
 
-    function deselectAll() {
-        __quotes().forEach(function(quote) { __select(quote, false) })
+    function __selectAll(all) {
+        __quotes().forEach(function(quote) { __select(quote, all) })
         __noteSelection()
     }
 
@@ -75,9 +60,7 @@ Repeater {
         return text
     }
 
-    function __isReady(quote) {
-        return !!quote.item && quote.item.textReady
-    }
+    function __isReady(quote) { return !!quote.item && quote.item.textReady }
 
     function __hasSelectedText(quote) {
         return __isReady(quote) ? quote.item.hasSelectedText : quote.wholeSelected
@@ -101,58 +84,35 @@ Repeater {
             quote.item.deselect()
     }
 
-    // The last quote that begins at the height or above it.
-    function __placeAt(height) {
-        var from = 0
-        var to = __tops.length
-        while (to - from > 1) {
-            var middle = Math.floor((from + to) / 2)
-            if (__tops[middle] <= height)
-                from = middle
-            else
-                to = middle
-        }
-        return from
-    }
-
     // What is read must not move when something above it finds its height.
     function __layOut() {
-        var read = view && !view.moving ? __placeAt(view.contentY) : -1
-        var before = __tops[read]
-        var y = margin
-        __tops = __heights.map(function(height) {
-            var top = y
-            y += height + spacing
-            return top
-        })
-        columnHeight = count > 0 ? y - spacing + margin : 0
-        __drawn.forEach(function(quote) { quote.y = __tops[quote.place] })
-        if (before !== undefined && __tops[read] !== undefined && view.contentY > 0)
-            view.contentY += __tops[read] - before
+        var read = view && !view.moving ? _places.placeAt(view.contentY) : -1
+        var before = _places.topOf(read)
+        _places.layOut()
+        __drawn.forEach(function(quote) { quote.y = _places.topOf(quote.place) })
+        var after = _places.topOf(read)
+        if (before !== undefined && after !== undefined && view.contentY > 0)
+            view.contentY += after - before
     }
 
     function __setHeight(place, height) {
-        if (height <= 0 || __heights[place] === height)
-            return
-        __heights[place] = height
-        __likelyHeight = height
-        Qt.callLater(__layOut)
+        if (_places.setHeight(place, height))
+            Qt.callLater(__layOut)
     }
 
     // Draws what is in sight or one height of the view away from it. What draws the rest serves other quotes again.
     function __draw() {
         if (!view)
             return
-        if (__tops.length !== count)
+        if (_places.standing !== count)
             __layOut()
         var drawn = []
         var pass = ++__pass
         var bottom = view.contentY + 2 * view.height
-        var first = __placeAt(view.contentY - view.height)
-        for (var i = first; i < count && __tops[i] <= bottom; ++i) {
+        for (var i = _places.placeAt(view.contentY - view.height); i < count && _places.topOf(i) <= bottom; ++i) {
             var quote = itemAt(i)
             quote.pass = pass
-            quote.y = __tops[i]
+            quote.y = _places.topOf(i)
             drawn.push(quote)
         }
         __drawn.forEach(function(old) {
@@ -163,10 +123,6 @@ Repeater {
         })
         __drawn = drawn
         __serve()
-        for (; __placed < count; ++__placed) {
-            if (__placed < first || __placed >= i)
-                __complete(__placed)
-        }
     }
 
     // Gives the quotes to be drawn something that draws them: those in sight first, and a few in each pass, because
@@ -175,97 +131,84 @@ Repeater {
         var middle = view.contentY + view.height / 2
         var waiting = __drawn.filter(function(quote) { return !quote.item })
         waiting.sort(function(a, b) { return Math.abs(a.y - middle) - Math.abs(b.y - middle) })
-        for (var i = 0; i < Math.min(waiting.length, 5) && __spare.length > 0; ++i)
-            __take(waiting[i], __spare.pop())
-        if (i < waiting.length && __spare.length > 0)
+        var served = Math.min(waiting.length, _pool.spare, 5)
+        for (var i = 0; i < served; ++i)
+            __take(waiting[i])
+        completedComponents = count - waiting.length + served
+        if (served < waiting.length && _pool.spare > 0)
             _drawing.start()
-        for (; __making < waiting.length - i - __spare.length; ++__making)
-            __make()
+        _pool.keep(waiting.length - served)
     }
 
-    function __make() {
-        var incubator = quote.incubateObject(root, { visible: false })
-        var made = function() {
-            --root.__making
-            root.__watch(incubator.object)
-            root.__spare.push(incubator.object)
-            root._drawing.start()
-        }
-        if (incubator.status === Component.Ready)
-            Qt.callLater(made)
-        else
-            incubator.onStatusChanged = function(status) { if (status === Component.Ready) made() }
+    // What draws a quote tells of itself; it may draw none at the time.
+    function __quoteOf(item) {
+        return item.parent && item.parent.item === item ? item.parent : null
     }
 
-    // Tells the quote that it draws at the time.
-    function __watch(item) {
-        item.width = Qt.binding(function() { return root.parent.width })
-        var quoteNow = function() { return item.parent && item.parent.item === item ? item.parent : null }
-        var noteHeight = function() {
-            var quote = quoteNow()
-            if (quote && item.textReady)
-                root.__setHeight(quote.place, item.height)
-        }
-        item.heightChanged.connect(noteHeight)
-        item.textReadyChanged.connect(noteHeight)
-        item.textReadyChanged.connect(function() {
-            var quote = quoteNow()
-            if (quote && item.textReady && quote.wholeSelected)
-                item.selectAll()
-        })
-        item.selectionChanged.connect(function() {
-            var quote = quoteNow()
-            if (quote && item.textReady)
-                quote.wholeSelected = item.allSelected
-            Qt.callLater(root.__noteSelection)
-        })
-        item.seenChanged.connect(function() {
-            var quote = quoteNow()
-            if (quote)
-                quote.seen = item.seen
-        })
+    function __noteHeight(item) {
+        var quote = __quoteOf(item)
+        if (quote && item.textReady)
+            __setHeight(quote.place, item.height)
     }
 
-    function __take(quote, item) {
+    function __noteText(item) {
+        __noteHeight(item)
+        if (item.textReady && __quoteOf(item) && item.parent.wholeSelected)
+            item.selectAll()
+    }
+
+    function __noteSelectionIn(item) {
+        var quote = __quoteOf(item)
+        if (quote && item.textReady)
+            quote.wholeSelected = item.allSelected
+        Qt.callLater(__noteSelection)
+    }
+
+    function __noteSeen(item) {
+        var quote = __quoteOf(item)
+        if (quote)
+            quote.seen = item.seen
+    }
+
+    function __take(quote) {
+        var item = _pool.take()
         item.parent = quote
         item.seen = quote.seen
         quote.item = item
         item.passage = quote.passage()
         item.visible = true
-        __complete(quote.place)
     }
 
     function __letGo(quote) {
         var item = quote.item
         quote.item = null
-        if (!item)
-            return
-        item.visible = false
-        item.deselect()
-        __spare.push(item)
-    }
-
-    function __complete(place) {
-        if (__completed[place])
-            return
-        __completed[place] = true
-        completedComponents += 1
+        if (item)
+            _pool.giveBack(item)
     }
 
     // Quotes come and go at the end of the list.
     onCountChanged: {
-        var gone = __completed.splice(count).filter(function(completed) { return completed }).length
-        completedComponents -= gone
-        __placed = Math.min(__placed, count)
+        completedComponents = Math.min(completedComponents, count)
         __drawn = __drawn.filter(function(quote) { return quote.place >= 0 && quote.place < count })
-        while (__heights.length < count)
-            __heights.push(__likelyHeight)
-        __heights.length = count
-        if (gone > 0)
+        _places.resize(count)
+        if (itemsWithSelectedText.length > 0)
             Qt.callLater(__noteSelection)
         _drawing.start()
     }
 
+    property QuotesPlaces _places: QuotesPlaces {}
+    property QuotesPool _pool: QuotesPool {
+        component: root.quote
+        owner: root
+        onMade: {
+            item.width = Qt.binding(function() { return root.parent.width })
+            item.heightChanged.connect(function() { root.__noteHeight(item) })
+            item.textReadyChanged.connect(function() { root.__noteText(item) })
+            item.selectionChanged.connect(function() { root.__noteSelectionIn(item) })
+            item.seenChanged.connect(function() { root.__noteSeen(item) })
+            root._drawing.start()
+        }
+    }
     // Other quotes stand in the places of the former ones.
     property Connections _replacing: Connections {
         target: root.model
