@@ -24,12 +24,25 @@ quietly() {
     fail "$what failed; the whole output is in ${log#"$root"/}"
 }
 
+# Of what a build prints: its progress now and then, and whatever is no progress.
+without_progress() {
+    awk '/^\[[0-9]+\/[0-9]+\] / {
+            last = substr($0, 1, 100); split(substr($1, 2), count, "/"); part = int(10 * count[1] / (count[2] + 0))
+            if (part > told) { print last; told = part; last = "" }
+            next
+        }
+        /^FAILED: / { print; getline; next }  # the command, which is long
+        { print; fflush() }
+        END { if (last != "") print last }'
+}
+
 configure_and_build() {
     local preset="$1" target="${2:-all}"
     say "Building ($preset)"
     quietly "configure-$preset" "Configuring the $preset build" cmake -S "$root" --preset "$preset"
-    cmake --build "$root/build/$preset" --target "$target" -j "$jobs" </dev/null \
-        || fail "the $preset build failed: see the first error above"
+    cmake --build "$root/build/$preset" --target "$target" -j "$jobs" </dev/null 2>&1 \
+        | tee "$root/build/logs/build-$preset.log" | without_progress \
+        || fail "the $preset build failed: see the first error above, or build/logs/build-$preset.log"
 }
 
 # A display that answers, not only a name of one in the environment.

@@ -2,7 +2,23 @@
 # shellcheck shell=bash
 # shellcheck source=tools/common.sh disable=SC2154
 
-# summary <preset>... : prints what failed and one closing line for all runs, in CTest's own words.
+# last_words <log> : of each test that failed, the last that it told, without what passed in it.
+last_words() {
+    awk -v keep=15 '
+        function tell(    i) {
+            if (name != "") {
+                print "\n" name ":"
+                for (i = count > keep ? count - keep + 1 : 1; i <= count; ++i) print "    " lines[i]
+            }
+            name = ""; count = 0
+        }
+        /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / { tell(); if (/\*\*\*/) name = $4; next }
+        /^ *Start +[0-9]+: / || /^[0-9]+% tests passed/ { tell(); next }
+        name != "" && NF > 0 && !/^PASS / { lines[++count] = substr($0, 1, 1000) }
+        END { tell() }' "$1"
+}
+
+# summary <preset>... : prints what failed and why, and one closing line for all runs, in CTest's own words.
 # Fails when a test failed, or when a run has no closing line of its own.
 summary() {
     local preset log line failed=0 total=0 broken=0 seconds=0
@@ -17,6 +33,7 @@ summary() {
             continue
         fi
         echo "$preset: $line"
+        last_words "$log"
         [[ "$line" =~ ,\ ([0-9]+)\ tests?\ failed\ out\ of\ ([0-9]+) ]]
         failed=$((failed + BASH_REMATCH[1]))
         total=$((total + BASH_REMATCH[2]))
