@@ -1,15 +1,9 @@
 #include "AppDriver.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QDir>
-#include <QDragEnterEvent>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QMimeData>
 #include <QPixmap>
 #include <QPointer>
 #include <QQuickWindow>
@@ -22,11 +16,14 @@
 namespace {
 
 constexpr int pollMs = 10;
-constexpr int attemptMs = 50;
-constexpr int frameLimitMs = 2000;
-constexpr int focusLimitMs = 2000;
-constexpr int stillLimitMs = 2000;
+constexpr int frameLimitMs = 10000;
+constexpr int focusLimitMs = 20000;
+constexpr int focusAgainMs = 500;
+constexpr int stillLimitMs = 10000;
 constexpr int dragSteps = 12;
+constexpr int rememberedSteps = 8;
+constexpr int toldTexts = 30;
+constexpr int toldLength = 40;
 constexpr int quickCompression = 85;
 
 bool canBeClicked(const QQuickItem* item) {
@@ -69,14 +66,14 @@ bool isOfType(const QQuickItem* item, const QString& typeName) {
     return false;
 }
 
-void collect(QQuickItem* root, const QString& typeName, QList<QQuickItem*>& found) {
+void collect(QQuickItem* root, const std::function<bool(QQuickItem*)>& matches, QList<QQuickItem*>& found) {
     if (!root->isVisible())
         return;
-    if (isOfType(root, typeName))
+    if (matches(root))
         found.append(root);
     const QList<QQuickItem*> children = root->childItems();
     for (QQuickItem* child : children)
-        collect(child, typeName, found);
+        collect(child, matches, found);
 }
 
 int areaOf(const QWindow* window) {
@@ -97,23 +94,21 @@ QList<QQuickWindow*> shownWindows() {
     return windows;
 }
 
-QWidget* openDialog(const char* className) {
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    for (QWidget* widget : widgets) {
-        if (widget->isVisible() && widget->inherits(className))
-            return widget;
-    }
-    return nullptr;
-}
-
-// A window manager gives the focus to a window that is clicked; the bare display of the tests has none.
+// A window manager gives the focus to a window that is clicked; the bare display of the tests has none, and
+// refuses it to a window that it hasn't shown yet.
 void giveFocus(QWindow* window) {
-    if (QGuiApplication::focusWindow() != window) {
-        // The display refuses the focus to a window that it hasn't shown yet.
-        AppDriver::waitFor([window] { return window->isExposed(); }, focusLimitMs);
-        window->requestActivate();
-        AppDriver::waitFor([window] { return QGuiApplication::focusWindow() == window; }, focusLimitMs);
-    }
+    QElapsedTimer asked;
+    AppDriver::waitFor(
+        [&] {
+            if (QGuiApplication::focusWindow() == window)
+                return true;
+            if (window->isExposed() && (!asked.isValid() || asked.hasExpired(focusAgainMs))) {
+                window->requestActivate();
+                asked.start();
+            }
+            return false;
+        },
+        focusLimitMs);
     // When a dialog closes, this display may give the focus back without a word to the window.
     const auto* const scene = qobject_cast<QQuickWindow*>(window);
     if (scene && QGuiApplication::focusWindow() == window && !scene->contentItem()->hasFocus()) {
@@ -128,6 +123,34 @@ QWindow* keyWindow(QWindow* mainWindow) {
     QWindow* const window = focused && focused->isVisible() ? focused : mainWindow;
     giveFocus(window);
     return window;
+}
+
+void awaitFrame(QQuickWindow* window) {
+    // Counted in an object of its own: a frame drawn by the render thread may be reported after the wait.
+    const auto drawn = std::make_shared<bool>(false);
+    const auto connection =
+        QObject::connect(window, &QQuickWindow::frameSwapped, window, [drawn] { *drawn = true; });
+    const QPointer<QQuickWindow> guard(window);
+    window->update();
+    AppDriver::waitFor([&] { return *drawn || !guard || !guard->isVisible(); }, frameLimitMs);
+    QObject::disconnect(connection);
+}
+
+// Waits until the item is where it was a frame before; false when it goes away.
+bool untilStill(const QPointer<QQuickItem>& item) {
+    QRectF before;
+    return AppDriver::waitFor([&] {
+               if (!item || !item->window())
+                   return true;
+               const QRectF now =
+                   item->mapRectToScene(item->boundingRect()).translated(item->window()->position());
+               const bool still = now == before && item->window()->isExposed();
+               before = now;
+               if (!still)
+                   awaitFrame(item->window());
+               return still;
+           }) &&
+           item && item->window();
 }
 
 // Moves the pointer of the display, too: menus open where it is. It arrives in two steps, as the first only
@@ -151,13 +174,8 @@ QStringList lettersOf(const QString& text) {
     return letters;
 }
 
-std::unique_ptr<QMimeData> filesAsData(const QStringList& paths) {
-    auto data = std::make_unique<QMimeData>();
-    QList<QUrl> urls;
-    for (const QString& path : paths)
-        urls << QUrl::fromLocalFile(path);
-    data->setUrls(urls);
-    return data;
+QImage screen() {
+    return QGuiApplication::primaryScreen()->grabWindow(0).toImage();
 }
 
 }  // namespace
@@ -178,18 +196,10 @@ bool AppDriver::waitFor(const std::function<bool()>& condition, int milliseconds
 }
 
 void AppDriver::settle() {
-    QQuickWindow* window = mainWindow();
-    if (!window)
-        return;
-    // Counted in an object of its own: a frame drawn by the render thread may be reported after the wait.
-    const auto frames = std::make_shared<int>(0);
-    const auto connection =
-        QObject::connect(window, &QQuickWindow::frameSwapped, window, [frames] { ++*frames; });
-    for (int wanted = 1; wanted <= 2; ++wanted) {
-        window->update();
-        waitFor([&] { return *frames >= wanted; }, frameLimitMs);
+    for (int frame = 0; frame < 2; ++frame) {
+        if (QQuickWindow* window = mainWindow())
+            awaitFrame(window);
     }
-    QObject::disconnect(connection);
 }
 
 QQuickWindow* AppDriver::mainWindow() const {
@@ -223,6 +233,20 @@ QQuickItem* AppDriver::itemWithText(const QString& text, int milliseconds) {
     return found;
 }
 
+QQuickItem* AppDriver::entryWithText(const QString& text) {
+    QQuickItem* found = nullptr;
+    waitFor([&] {
+        for (QQuickWindow* popup : popups()) {
+            found = search(popup->contentItem(),
+                           [&](QQuickItem* item) { return canBeClicked(item) && reads(item, text); });
+            if (found)
+                return true;
+        }
+        return false;
+    });
+    return found;
+}
+
 QQuickItem* AppDriver::itemNamed(const QString& objectName, int milliseconds) {
     QQuickItem* found = nullptr;
     waitFor(
@@ -231,11 +255,12 @@ QQuickItem* AppDriver::itemNamed(const QString& objectName, int milliseconds) {
     return found;
 }
 
-QList<QQuickItem*> AppDriver::itemsOfType(const QString& typeName) {
+QList<QQuickItem*> AppDriver::itemsOfType(const QString& typeName) const {
     QList<QQuickItem*> found;
     const QList<QQuickWindow*> windows = shownWindows();
     for (QQuickWindow* window : windows)
-        collect(window->contentItem(), typeName, found);
+        collect(
+            window->contentItem(), [&](QQuickItem* item) { return isOfType(item, typeName); }, found);
     return found;
 }
 
@@ -244,7 +269,7 @@ bool AppDriver::isShown(const QString& text) {
 }
 
 bool AppDriver::clickAt(QQuickItem* item, const QPointF& position, Qt::MouseButton button) {
-    if (!item)
+    if (!item || !untilStill(item))
         return false;
     const QPoint point = item->mapToScene(position).toPoint();
     movePointer(item->window(), point);
@@ -260,6 +285,7 @@ bool AppDriver::click(QQuickItem* item, Qt::MouseButton button) {
 }
 
 bool AppDriver::clickText(const QString& text, Qt::MouseButton button) {
+    note("click \"%1\""_s.arg(text));
     return click(itemWithText(text), button);
 }
 
@@ -281,11 +307,17 @@ void AppDriver::turnWheel(QQuickItem* item, int notches, Qt::KeyboardModifiers m
 }
 
 void AppDriver::hover(QQuickItem* item, const QPointF& position) {
+    if (!item || !item->window())
+        return;
     movePointer(item->window(), item->mapToScene(position).toPoint());
     settle();
 }
 
-void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toItem, const QPointF& to) {
+void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toItem, const QPointF& to,
+                     const std::function<bool()>& ready) {
+    if (!fromItem || !toItem || !untilStill(fromItem) || !untilStill(toItem))
+        return;
+    note("drag"_s);
     QQuickWindow* window = fromItem->window();
     const QPointF start = fromItem->mapToScene(from);
     const QPointF end = toItem->mapToScene(to);
@@ -299,11 +331,14 @@ void AppDriver::drag(QQuickItem* fromItem, const QPointF& from, QQuickItem* toIt
     }
     QTest::mouseMove(window, end.toPoint() + QPoint(1, 0));
     settle();
+    if (ready)
+        waitFor(ready);
     QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, end.toPoint() + QPoint(1, 0));
     settle();
 }
 
 void AppDriver::type(const QString& text) {
+    note("type \"%1\""_s.arg(text));
     QWindow* const window = keyWindow(mainWindow());
     const QStringList letters = lettersOf(text);
     for (const QString& letter : letters)
@@ -312,6 +347,7 @@ void AppDriver::type(const QString& text) {
 }
 
 void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    note("press "_s + QKeySequence(static_cast<int>(key) + static_cast<int>(modifiers)).toString());
     const QPointer<QWindow> window = keyWindow(mainWindow());
     QTest::keyPress(window, key, modifiers);
     // A menu may be gone by then, and its window with it.
@@ -320,7 +356,11 @@ void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
 }
 
 bool AppDriver::fill(QQuickItem* field, const QString& text) {
-    if (!click(field))
+    const auto hasKeyboard = [field] {
+        const QQuickItem* focused = field->window() ? field->window()->activeFocusItem() : nullptr;
+        return focused && (focused == field || field->isAncestorOf(focused));
+    };
+    if (!click(field) || !waitFor(hasKeyboard))
         return false;
     press(Qt::Key_A, Qt::ControlModifier);
     press(Qt::Key_Delete);
@@ -328,111 +368,59 @@ bool AppDriver::fill(QQuickItem* field, const QString& text) {
     return true;
 }
 
-bool AppDriver::during(const std::function<void()>& action, const std::function<bool()>& answer,
-                       int milliseconds) {
-    bool answered = false;
-    QTimer attempts;
-    QDeadlineTimer deadline(milliseconds);
-    QObject::connect(&attempts, &QTimer::timeout, [&] {
-        attempts.stop();
-        answered = answer();
-        if (answered)
-            return;
-        if (deadline.hasExpired() && QApplication::activeModalWidget()) {
-            // Nothing else would end the loop of a dialog that waits for an answer.
-            screenshot(QStringLiteral("unanswered"));
-            QApplication::activeModalWidget()->close();
-        }
-        attempts.start();
-    });
-    attempts.start(attemptMs);
-    action();
-    return waitFor([&] { return answered; }, milliseconds);
-}
-
-bool AppDriver::chooseFiles(const QStringList& paths) {
-    const QPointer<QFileDialog> dialog = qobject_cast<QFileDialog*>(openDialog("QFileDialog"));
-    auto* name = dialog ? dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")) : nullptr;
-    if (!name)
-        return false;
-    QStringList quoted;
-    for (const QString& path : paths)
-        quoted << (paths.size() > 1 ? QStringLiteral("\"%1\"").arg(path) : path);
-    // Typing would open a list of proposals, which takes Return for itself.
-    name->setFocus();
-    name->setText(quoted.join(QLatin1Char(' ')));
-    QTest::keyClick(name, Qt::Key_Return);
-    // A dialog that isn't ready for the keys stays, and is answered again.
-    return !dialog || !dialog->isVisible();
-}
-
-bool AppDriver::answerMessageBox(const QString& button) {
-    auto* box = qobject_cast<QMessageBox*>(openDialog("QMessageBox"));
-    const QList<QAbstractButton*> buttons = box ? box->buttons() : QList<QAbstractButton*>();
-    for (QAbstractButton* candidate : buttons) {
-        if (candidate->text().remove(QLatin1Char('&')) == button) {
-            QTest::mouseClick(candidate, Qt::LeftButton);
-            return true;
-        }
-    }
-    return false;
-}
-
-QString AppDriver::messageBoxText() const {
-    auto* box = qobject_cast<QMessageBox*>(openDialog("QMessageBox"));
-    return box ? box->text() : QString();
-}
-
-bool AppDriver::progressIsShown() const {
-    return openDialog("QProgressDialog");
-}
-
-bool AppDriver::cancelProgress() {
-    QWidget* dialog = openDialog("QProgressDialog");
-    auto* button = dialog ? dialog->findChild<QAbstractButton*>() : nullptr;
-    if (button)
-        QTest::mouseClick(button, Qt::LeftButton);
-    return button;
-}
-
-void AppDriver::dragFilesOver(const QStringList& paths) {
-    QQuickWindow* window = mainWindow();
-    const QPoint middle(window->width() / 2, window->height() / 2);
-    const std::unique_ptr<QMimeData> data = filesAsData(paths);
-    QDragEnterEvent enter(middle, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &enter);
-    QDragMoveEvent move(middle, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &move);
-    settle();
-}
-
-void AppDriver::dropFiles(const QStringList& paths) {
-    dragFilesOver(paths);
-    QQuickWindow* window = mainWindow();
-    const std::unique_ptr<QMimeData> data = filesAsData(paths);
-    QDropEvent drop(QPointF(window->width() / 2.0, window->height() / 2.0), Qt::CopyAction, data.get(),
-                    Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(window, &drop);
-    settle();
-}
-
 QImage AppDriver::stillScreen() {
-    const auto grab = [] { return QGuiApplication::primaryScreen()->grabWindow(0).toImage(); };
     QDeadlineTimer deadline(stillLimitMs);
     settle();
-    QImage before = grab();
+    QImage before = screen();
     for (;;) {
         settle();
-        const QImage after = grab();
+        const QImage after = screen();
         if (after == before || deadline.hasExpired())
             return after;
         before = after;
     }
 }
 
-QString AppDriver::screenshot(const QString& name) {
-    const QString path =
-        QStringLiteral("%1/%2-%3.png").arg(m_folder).arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name);
-    stillScreen().save(path, "PNG", quickCompression);
+QString AppDriver::save(const QImage& picture, const QString& name) {
+    const QString path = "%1/%2-%3.png"_s.arg(m_folder).arg(++m_shots, 2, 10, QLatin1Char('0')).arg(name);
+    picture.save(path, "PNG", quickCompression);
     return path;
+}
+
+QString AppDriver::screenshot(const QString& name) {
+    return save(stillScreen(), name);
+}
+
+QString AppDriver::snapshot(const QString& name) {
+    return save(screen(), name);
+}
+
+void AppDriver::note(const QString& done) {
+    m_done.append(done);
+    if (m_done.size() > rememberedSteps)
+        m_done.removeFirst();
+}
+
+QString AppDriver::account() const {
+    QStringList seen;
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (const QWidget* widget : widgets) {
+        if (widget->isVisible())
+            seen << QString::fromLatin1(widget->metaObject()->className()) + ' ' + widget->windowTitle() +
+                        ' ' + widget->property("text").toString();
+    }
+    // What lies above the window, else the window.
+    QList<QQuickItem*> texts;
+    const auto isText = [](QQuickItem* item) {
+        return item->inherits("QQuickText") && !item->property("text").toString().trimmed().isEmpty();
+    };
+    for (QQuickWindow* popup : popups())
+        collect(popup->contentItem(), isText, texts);
+    for (QQuickItem* dialog : itemsOfType("DialogPanel"_s))
+        collect(dialog, isText, texts);
+    if (texts.isEmpty() && mainWindow())
+        collect(mainWindow()->contentItem(), isText, texts);
+    for (const QQuickItem* text : texts.mid(0, toldTexts))
+        seen << '"' + text->property("text").toString().simplified().left(toldLength) + '"';
+    return "done last: %1; on the screen: %2"_s.arg(m_done.join(", "_s), seen.join(", "_s));
 }

@@ -10,7 +10,7 @@ constexpr qreal canvasMargin = 20;
 }  // namespace
 
 QQuickItem* CanvasPage::bubble(const QString& title, int level) {
-    const QList<QQuickItem*> bubbles = m_driver.itemsOfType(QStringLiteral("CircleParentKerno"));
+    const QList<QQuickItem*> bubbles = m_driver.itemsOfType("CircleParentKerno"_s);
     for (QQuickItem* candidate : bubbles) {
         if (candidate->property("title").toString() == title &&
             (level < 0 || candidate->property("level").toInt() == level))
@@ -35,11 +35,11 @@ int CanvasPage::codings(const QString& title) {
 }
 
 QQuickItem* CanvasPage::surface() {
-    return m_driver.itemNamed(QStringLiteral("flickableContent"));
+    return m_driver.itemNamed("flickableContent"_s);
 }
 
 QQuickItem* CanvasPage::addButton() {
-    return m_driver.itemsOfType(QStringLiteral("AddKernoButton")).value(0);
+    return m_driver.itemsOfType("AddKernoButton"_s).value(0);
 }
 
 bool CanvasPage::ringIsOpen(const QString& title) {

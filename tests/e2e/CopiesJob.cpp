@@ -1,4 +1,4 @@
-#include "CopiesJob.h"
+#include "Job.h"
 
 #include "project/KRNFile.h"
 
@@ -7,96 +7,79 @@
 
 namespace {
 
-const QString plainRun = QStringLiteral("plain");
-const QString protectedRun = QStringLiteral("protected");
-const QString password = QStringLiteral("Öffne dich");
-const QString text = QStringLiteral("What was said in the yard, by those who came.\n");
-const QString exportSources = QStringLiteral("Export Project (Sources Only)");
-const QString exportStructure = QStringLiteral("Export Project (Structure Only)");
+const QString plainRun = "plain"_s;
+const QString protectedRun = "protected"_s;
+const QString password = "Öffne dich"_s;
+const QString text = "What was said in the yard, by those who came.\n"_s;
+const QString exportSources = "Export Project (Sources Only)"_s;
+const QString exportStructure = "Export Project (Structure Only)"_s;
+
+/// Saves a project under another name, and makes projects of its sources and of its structure: from the
+/// menus, and opened again from the open dialog.
+class CopiesJob : public Job {
+public:
+    using Job::Job;
+
+    bool play(const QString& run) override {
+        const bool isProtected = run == protectedRun;
+        const QString word = isProtected ? password : QString();
+        const QString file = path(run + ".krn"_s);
+        const QString copy = path("copy.krn"_s);
+        const QString sources = path(run + "-sources.krn"_s);
+        const QString structure = path(run + "-structure.krn"_s);
+        if (!signIn() || !click("New Project"_s) || !shown("Structured Questions"_s))
+            return false;
+        if (isProtected && (!flip(0) || !fillField(1, password) || !fillField(2, password)))
+            return false;
+        if (!fill("author"_s, "Ada Berger"_s) || !chooseProject("New Project"_s, file) || !untilOpen() ||
+            !codePassage(text, "in the yard"_s) || (!isProtected && !saveAs(copy)))
+            return false;
+        const QString current = isProtected ? file : copy;
+        return exportPart(exportSources, sources) && exportPart(exportStructure, structure) &&
+               holds(current, 1, 1, 1) && open(sources, word) && holds(sources, 1, 0, 0) &&
+               expect(m_source.read(text), "the text of the sources is lost"_s) && shoot("sources"_s) &&
+               open(structure, word) && holds(structure, 0, 1, 0) &&
+               until([&] { return m_canvas.bubble("Belonging"_s); }, "the structure has no bubble"_s) &&
+               shoot("structure"_s) && open(file, word) && holds(file, 1, 1, 1);
+    }
+
+private:
+    bool saveAs(const QString& file) {
+        return click("Project"_s) && shown("Save As..."_s) && shoot("project-menu"_s) &&
+               chooseProject("Save As..."_s, file) &&
+               until([&] { return m_driver.mainWindow()->title().endsWith(file); },
+                     "the copy is not open, or the title does not say so"_s) &&
+               gone("Author:"_s) && holds(file, 1, 1, 1) && shoot("saved-as"_s);
+    }
+
+    bool exportPart(const QString& entry, const QString& file) {
+        return click("Export"_s) && shown(entry) && shoot("export-menu"_s) && chooseProject(entry, file) &&
+               until([&] { return QFile::exists(file); }, "no file comes of "_s + entry);
+    }
+
+    // Opens a project from the open dialog, over the one that is open.
+    bool open(const QString& file, const QString& word = {}) {
+        return showOpenDialog() && chooseProject("Open Other..."_s, file) &&
+               (word.isEmpty() || (shown("Password required"_s) && fillField(0, word) && click("OK"_s))) &&
+               untilIs(
+                   file, [&] { return currentName(); }, "open is"_s) &&
+               untilOpen() && gone("Password required"_s);
+    }
+
+    bool holds(const QString& file, int sources, int kernos, int codings) {
+        const KRNFile* project = KRNFile::instance();
+        const auto held = [&] {
+            return "%1: %2 sources, %3 kernos, %4 codings"_s.arg(currentName())
+                .arg(project->sources().size())
+                .arg(project->kernos().size())
+                .arg(project->totalHighlightsCount());
+        };
+        return untilIs(
+            "%1: %2 sources, %3 kernos, %4 codings"_s.arg(file).arg(sources).arg(kernos).arg(codings), held,
+            "the project"_s);
+    }
+};
+
+const Played<CopiesJob> played{"copies"_s, {plainRun, protectedRun}};
 
 }  // namespace
-
-QStringList CopiesJob::runs() {
-    return {plainRun, protectedRun};
-}
-
-bool CopiesJob::play(const QString& run) {
-    const bool isProtected = run == protectedRun;
-    const QString word = isProtected ? password : QString();
-    const QString file = path(run + QStringLiteral(".krn"));
-    const QString copy = path(QStringLiteral("copy.krn"));
-    const QString sources = path(run + QStringLiteral("-sources.krn"));
-    const QString structure = path(run + QStringLiteral("-structure.krn"));
-    if (!signIn() || !click(QStringLiteral("New Project")) || !shown(QStringLiteral("Structured Questions")))
-        return false;
-    if (isProtected) {
-        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
-        const QList<QQuickItem*> fields = m_driver.itemsOfType(QStringLiteral("DialogTextField"));
-        if (!m_driver.fill(fields.value(1), password) || !m_driver.fill(fields.value(2), password))
-            return fail(QStringLiteral("a password can't be given"));
-    }
-    if (!makeProject(file) || (!isProtected && !saveAs(copy)))
-        return false;
-    const QString current = isProtected ? file : copy;
-    return exportPart(exportSources, sources) && exportPart(exportStructure, structure) &&
-           holds(current, 1, 1, 1) && open(sources, word) && holds(sources, 1, 0, 0) &&
-           expect(m_source.read(text), QStringLiteral("the text of the sources is lost")) &&
-           shoot(QStringLiteral("sources")) && open(structure, word) && holds(structure, 0, 1, 0) &&
-           until([&] { return m_canvas.bubble(QStringLiteral("Belonging")); },
-                 QStringLiteral("the structure has no bubble")) &&
-           shoot(QStringLiteral("structure")) && open(file, word) && holds(file, 1, 1, 1);
-}
-
-bool CopiesJob::makeProject(const QString& file) {
-    QQuickItem* author = m_driver.itemNamed(QStringLiteral("author"));
-    if (!m_driver.fill(author, QStringLiteral("Ada Berger")) ||
-        !chooseProject(QStringLiteral("New Project"), file) || !untilOpen())
-        return false;
-    return codePassage(text, QStringLiteral("in the yard"));
-}
-
-bool CopiesJob::saveAs(const QString& file) {
-    return click(QStringLiteral("Project")) && shown(QStringLiteral("Save As...")) &&
-           shoot(QStringLiteral("project-menu")) && chooseProject(QStringLiteral("Save As..."), file) &&
-           until([&] { return m_driver.mainWindow()->title().endsWith(file); },
-                 QStringLiteral("the copy is not open, or the title does not say so")) &&
-           gone(QStringLiteral("Author:")) && holds(file, 1, 1, 1) && shoot(QStringLiteral("saved-as"));
-}
-
-bool CopiesJob::exportPart(const QString& entry, const QString& file) {
-    return click(QStringLiteral("Export")) && shown(entry) && shoot(QStringLiteral("export-menu")) &&
-           chooseProject(entry, file) &&
-           until([&] { return QFile::exists(file); }, QStringLiteral("no file comes of ") + entry);
-}
-
-bool CopiesJob::open(const QString& file, const QString& word) {
-    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Open New or Existing")) ||
-        !chooseProject(QStringLiteral("Open Other..."), file))
-        return false;
-    if (!word.isEmpty()) {
-        if (!shown(QStringLiteral("Password required")))
-            return false;
-        m_driver.fill(m_driver.itemsOfType(QStringLiteral("DialogTextField")).value(0), word);
-        m_driver.press(Qt::Key_Return);
-    }
-    return until([&] { return KRNFile::instance()->currentProject().value(QLatin1String("name")) == file; },
-                 QStringLiteral("%1 does not open").arg(file)) &&
-           untilOpen() && gone(QStringLiteral("Password required"));
-}
-
-bool CopiesJob::holds(const QString& file, int sources, int kernos, int codings) {
-    const KRNFile* project = KRNFile::instance();
-    const auto held = [&] {
-        return QStringLiteral("%1: %2 sources, %3 kernos, %4 codings")
-            .arg(project->currentProject().value(QLatin1String("name")).toString())
-            .arg(project->sources().size())
-            .arg(project->kernos().size())
-            .arg(project->totalHighlightsCount());
-    };
-    const QString wanted = QStringLiteral("%1: %2 sources, %3 kernos, %4 codings")
-                               .arg(file)
-                               .arg(sources)
-                               .arg(kernos)
-                               .arg(codings);
-    return until([&] { return held() == wanted; }, held() + QStringLiteral(" instead of ") + wanted);
-}

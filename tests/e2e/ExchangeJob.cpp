@@ -1,6 +1,5 @@
-#include "ExchangeJob.h"
+#include "Job.h"
 
-#include "LayoutCheck.h"
 #include "SampleFiles.h"
 #include "project/KRNFile.h"
 
@@ -9,10 +8,10 @@
 
 namespace {
 
-const QString plainRun = QStringLiteral("plain");
-const QString standardRun = QStringLiteral("standard");
-const QString word = QStringLiteral("Öffne dich");
-const QString text = QStringLiteral("What was said in the yard, by those who came.\n");
+const QString plainRun = "plain"_s;
+const QString standardRun = "standard"_s;
+const QString word = "Öffne dich"_s;
+const QString text = "What was said in the yard, by those who came.\n"_s;
 
 QByteArray foreignArchive() {
     QFile document(QStringLiteral(KERNOVA_EXCHANGE_CORPUS "/other-program.qde"));
@@ -24,117 +23,83 @@ QByteArray foreignArchive() {
          {"sources/b.txt", "plain"}});
 }
 
-bool write(const QString& path, const QByteArray& bytes) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
+/// Brings a project over from another program, takes one there, and puts two together: by the open dialog and
+/// the menus, with refusals on the way. The looks of the dialogs are judged, each run in one theme and size.
+class ExchangeJob : public Job {
+public:
+    using Job::Job;
 
-QString current() {
-    return KRNFile::instance()->currentProject().value(QLatin1String("name")).toString();
-}
+    bool play(const QString& run) override {
+        m_plain = run == plainRun;
+        const QString own = path(run + "-own.krn"_s);
+        const QString archive = path(run + "-own.qdpx"_s);
+        const QString other = path(run + " other program.qdpx"_s);
+        const QString imported = path(run + " other program.krn"_s);
+        const QString merged = path(run + "-merged.krn"_s);
+        for (const QString& file : {archive, imported, merged})
+            QFile::remove(file);
+        if (!writeFile(other, foreignArchive()) || !writeFile(path("bad.qdpx"_s), "no archive"_s))
+            return fail("no archive"_s);
+        if (!signIn() || !createProject(own) || !codePassage(text, "in the yard"_s) || !chooseTheme(!m_plain))
+            return false;
+        return resize(m_plain ? QSize(980, 680) : QSize(1920, 1080)) && exportArchive(archive) &&
+               refuseArchive() && importArchive(other, imported) && mergeProjects(own, merged);
+    }
+
+private:
+    bool exportArchive(const QString& file) {
+        return menu("Export"_s, "Export as REFI-QDA"_s) &&
+               shown("Write texts and positions exactly as the standard says"_s) && (m_plain || flip(0)) &&
+               look("export"_s) && chooseProject("Save As..."_s, file) &&
+               shown("Exported successfully as %1"_s.arg(file)) && look("exported"_s) &&
+               expect(QFile::exists(file), "there is no archive"_s) && click("Close"_s) && gone("Close"_s);
+    }
+
+    bool refuseArchive() {
+        return showOpenDialog() && chooseProject("Open Other..."_s, path("bad.qdpx"_s)) &&
+               shown("Import QDPX files"_s) && click("Import"_s) &&
+               shown("The file is not a QDPX archive, or it is damaged."_s) && look("refused"_s) &&
+               click("Cancel"_s);
+    }
+
+    bool importArchive(const QString& archive, const QString& project) {
+        if (!chooseProject("Open Other..."_s, archive) || !shown("Import QDPX files"_s) || !shown(project))
+            return false;
+        if (!m_plain && (!flip(0) || !fillField(0, word) || !fillField(1, word)))
+            return false;
+        return look("import"_s) && click("Import"_s) && shown("Picture sources"_s) && look("skipped"_s) &&
+               click("Open Project"_s) &&
+               untilIs(
+                   project, [&] { return currentName(); }, "open is"_s) &&
+               gone("Open Project"_s) &&
+               expect(KRNFile::instance()->sources().size() == 2, "the sources are not all there"_s) &&
+               expect(KRNFile::instance()->totalHighlightsCount() == 6, "codings are lost"_s) &&
+               shoot("imported"_s);
+    }
+
+    bool mergeProjects(const QString& other, const QString& result) {
+        const QString master = m_plain ? "plain other program"_s : "standard other program"_s;
+        const QString added = m_plain ? "plain-own"_s : "standard-own"_s;
+        const QString add = "Add Project"_s;
+        if (!menu("Project"_s, "Merge Projects"_s) || !shown(master) ||
+            !chooseProject(add, path(master + ".krn"_s)) ||
+            !shown(master + " is already present as Master."_s) || !look("merge-refused"_s) ||
+            !chooseProject(add, other) || !shown(added) || !chooseProject(add, other) ||
+            !shown(added + " is already on the list to merge."_s) || !look("merge"_s) || !click("Next"_s) ||
+            !shown("Author:"_s) || !look("merge-result"_s))
+            return false;
+        return click("Back"_s) && shown(add) && click("Next"_s) && chooseProject("Merge"_s, result) &&
+               untilIs(
+                   result, [&] { return currentName(); }, "open is"_s) &&
+               gone("Merge Projects"_s) &&
+               expect(KRNFile::instance()->sources().size() == 3, "sources are lost"_s) &&
+               expect(KRNFile::instance()->totalHighlightsCount() == 7, "codings are lost"_s) &&
+               shoot("merged"_s);
+    }
+
+    bool m_plain = true;
+};
+
+const Played<ExchangeJob> played{"exchange"_s, {plainRun, standardRun}};
 
 }  // namespace
-
-QStringList ExchangeJob::runs() {
-    return {plainRun, standardRun};
-}
-
-bool ExchangeJob::play(const QString& run) {
-    m_plain = run == plainRun;
-    const QString own = path(run + QStringLiteral("-own.krn"));
-    const QString archive = path(run + QStringLiteral("-own.qdpx"));
-    const QString other = path(run + QStringLiteral(" other program.qdpx"));
-    const QString imported = path(run + QStringLiteral(" other program.krn"));
-    const QString merged = path(run + QStringLiteral("-merged.krn"));
-    for (const QString& file : {archive, imported, merged})
-        QFile::remove(file);
-    if (!write(other, foreignArchive()) || !write(path(QStringLiteral("bad.qdpx")), "no archive"))
-        return fail(QStringLiteral("no archive"));
-    if (!signIn() || !makeProject(own) || !chooseTheme(!m_plain))
-        return false;
-    m_driver.mainWindow()->setGeometry(m_plain ? QRect(0, 0, 980, 680) : QRect(0, 0, 1920, 1080));
-    return exportArchive(archive) && refuseArchive() && importArchive(other, imported) &&
-           mergeProjects(own, merged);
-}
-
-bool ExchangeJob::look(const QString& name) {
-    m_driver.screenshot(name);
-    const QStringList faults = layout::screenFaults(m_driver);
-    return expect(faults.isEmpty(), name + QStringLiteral(": ") + faults.join(QStringLiteral("; ")));
-}
-
-bool ExchangeJob::makeProject(const QString& file) {
-    const QString source = path(QStringLiteral("Yard.txt"));
-    if (!createProject(file) || !writeFile(source, text) || !importFiles({source}) ||
-        !addKerno(QStringLiteral("Belonging")) || !expect(m_source.read(text), QStringLiteral("no text")))
-        return false;
-    const QString problem = m_source.select(QStringLiteral("in the yard"));
-    m_source.dragSelectionTo(m_canvas.bubble(QStringLiteral("Belonging")));
-    return expect(problem.isEmpty(), problem) &&
-           until([] { return KRNFile::instance()->totalHighlightsCount() == 1; },
-                 QStringLiteral("the passage is not coded"));
-}
-
-bool ExchangeJob::exportArchive(const QString& file) {
-    if (!click(QStringLiteral("Export")) || !click(QStringLiteral("Export as REFI-QDA")) ||
-        !shown(QStringLiteral("Write texts and positions exactly as the standard says")))
-        return false;
-    if (!m_plain)
-        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
-    return look(QStringLiteral("export")) && chooseProject(QStringLiteral("Save As..."), file) &&
-           shown(QStringLiteral("Exported successfully as %1").arg(file)) &&
-           look(QStringLiteral("exported")) &&
-           expect(QFile::exists(file), QStringLiteral("there is no archive")) &&
-           click(QStringLiteral("Close")) && gone(QStringLiteral("Close"));
-}
-
-bool ExchangeJob::refuseArchive() {
-    return click(QStringLiteral("Project")) && click(QStringLiteral("Open New or Existing")) &&
-           chooseProject(QStringLiteral("Open Other..."), path(QStringLiteral("bad.qdpx"))) &&
-           shown(QStringLiteral("Import QDPX files")) && click(QStringLiteral("Import")) &&
-           shown(QStringLiteral("The file is not a QDPX archive, or it is damaged.")) &&
-           look(QStringLiteral("refused")) && click(QStringLiteral("Cancel"));
-}
-
-bool ExchangeJob::importArchive(const QString& archive, const QString& project) {
-    if (!chooseProject(QStringLiteral("Open Other..."), archive) ||
-        !shown(QStringLiteral("Import QDPX files")) || !shown(project))
-        return false;
-    if (!m_plain) {
-        m_driver.click(m_driver.itemsOfType(QStringLiteral("Switch")).value(0));
-        const QList<QQuickItem*> fields = m_driver.itemsOfType(QStringLiteral("DialogTextField"));
-        m_driver.fill(fields.value(0), word);
-        m_driver.fill(fields.value(1), word);
-    }
-    return look(QStringLiteral("import")) && click(QStringLiteral("Import")) &&
-           shown(QStringLiteral("Picture sources")) && look(QStringLiteral("skipped")) &&
-           click(QStringLiteral("Open Project")) &&
-           until([&] { return current() == project; }, QStringLiteral("the import does not open")) &&
-           gone(QStringLiteral("Open Project")) &&
-           expect(KRNFile::instance()->sources().size() == 2,
-                  QStringLiteral("the sources are not all there")) &&
-           expect(KRNFile::instance()->totalHighlightsCount() == 6, QStringLiteral("codings are lost")) &&
-           shoot(QStringLiteral("imported"));
-}
-
-bool ExchangeJob::mergeProjects(const QString& other, const QString& result) {
-    const QString master =
-        m_plain ? QStringLiteral("plain other program") : QStringLiteral("standard other program");
-    const QString added = m_plain ? QStringLiteral("plain-own") : QStringLiteral("standard-own");
-    const QString add = QStringLiteral("Add Project");
-    if (!click(QStringLiteral("Project")) || !click(QStringLiteral("Merge Projects")) || !shown(master) ||
-        !chooseProject(add, path(master + QStringLiteral(".krn"))) ||
-        !shown(master + QStringLiteral(" is already present as Master.")) ||
-        !look(QStringLiteral("merge-refused")) || !chooseProject(add, other) || !shown(added) ||
-        !chooseProject(add, other) || !shown(added + QStringLiteral(" is already on the list to merge.")) ||
-        !look(QStringLiteral("merge")) || !click(QStringLiteral("Next")) ||
-        !shown(QStringLiteral("Author:")) || !look(QStringLiteral("merge-result")))
-        return false;
-    return click(QStringLiteral("Back")) && shown(add) && click(QStringLiteral("Next")) &&
-           chooseProject(QStringLiteral("Merge"), result) &&
-           until([&] { return current() == result; }, QStringLiteral("the result does not open")) &&
-           gone(QStringLiteral("Merge Projects")) &&
-           expect(KRNFile::instance()->sources().size() == 3, QStringLiteral("sources are lost")) &&
-           expect(KRNFile::instance()->totalHighlightsCount() == 7, QStringLiteral("codings are lost")) &&
-           shoot(QStringLiteral("merged"));
-}

@@ -1,22 +1,21 @@
-#include "FirstLightJob.h"
+#include "Job.h"
 
 #include "project/KRNFile.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSet>
 
 namespace {
 
-const QString author = QStringLiteral("Ada Berger");
-const QString firstTheme = QStringLiteral("Belonging");
-const QString secondTheme = QStringLiteral("Everyday food");
-const QString projectName = QStringLiteral("garden-study.krn");
+const QString author = "Ada Berger"_s;
+const QString firstTheme = "Belonging"_s;
+const QString secondTheme = "Everyday food"_s;
+const QString projectName = "garden-study.krn"_s;
 
 QString sampleFile() {
     const QDir samples(qEnvironmentVariable("KERNOVA_SAMPLES", QStringLiteral(KERNOVA_SAMPLES_FOLDER)));
-    const QStringList files = samples.entryList({QStringLiteral("*.txt")}, QDir::Files, QDir::Name);
+    const QStringList files = samples.entryList({"*.txt"_s}, QDir::Files, QDir::Name);
     return files.isEmpty() ? QString() : samples.filePath(files.first());
 }
 
@@ -27,7 +26,7 @@ QString sampleText() {
 
 // The sentence with this number among those that are neither too short nor too long to be coded.
 QString sentence(int number) {
-    static const QRegularExpression pattern(QStringLiteral("(?<=[.:] )[A-Z][^.:\n]{30,70}\\."));
+    static const QRegularExpression pattern("(?<=[.:] )[A-Z][^.:\n]{30,70}\\."_s);
     QRegularExpressionMatchIterator matches = pattern.globalMatch(sampleText());
     while (matches.hasNext()) {
         const QString found = matches.next().captured();
@@ -45,105 +44,86 @@ QString secondPassage() {
     return sentence(6);
 }
 
-QString codedText(const QVariantMap& highlight) {
-    return KRNFile::instance()
-        ->partialAnswer(highlight.value(QStringLiteral("sourceId")).toInt(),
-                        highlight.value(QStringLiteral("questionId")).toInt(),
-                        highlight.value(QStringLiteral("start")).toInt(),
-                        highlight.value(QStringLiteral("length")).toInt())
-        .plainAnswer();
-}
+/// The first job of every researcher: a new project, an interview, a kerno, a coded passage, undo and redo;
+/// and then, in a later run of the program, everything found again.
+class FirstLightJob : public Job {
+public:
+    using Job::Job;
+
+    bool play(const QString& run) override { return run == "code"_s ? begin() : reopen(); }
+
+private:
+    bool begin() {
+        return signIn() && createProject(path(projectName)) && readIntroduction() &&
+               shoot("empty-project"_s) && importSource() && addKerno(firstTheme, QPointF(220, 170)) &&
+               shoot("bubble"_s) && codePassage() && undoAndRedo() && codeIntoNewKerno();
+    }
+
+    // It comes once, by itself.
+    bool readIntroduction() {
+        const QQuickItem* slides = m_driver.itemNamed("introOverlay"_s);
+        for (int step = 1; step <= 9; ++step) {
+            if (!until([&] { return slides->property("status").toInt() == 1; },
+                       "step %1 of the introduction has no picture"_s.arg(step)) ||
+                !shoot("introduction"_s) || (step < 9 && !click(">>"_s)))
+                return false;
+        }
+        return shown("Return to Main View"_s) && click("Close"_s) && gone("Introduction"_s);
+    }
+
+    bool reopen() { return signIn() && openRecent() && compareProject(); }
+
+    bool importSource() {
+        return importFiles({sampleFile()}) &&
+               expect(m_source.read(sampleText()), "the imported text is not shown whole"_s) &&
+               shown(QFileInfo(sampleFile()).completeBaseName()) && shoot("source"_s);
+    }
+
+    bool awaitCodings(int count, const QString& title) {
+        return untilIs(
+                   count, [&] { return m_canvas.codings(title); }, title + " is coded"_s) &&
+               untilIs(
+                   KRNFile::instance()->totalHighlightsCount(), [&] { return m_source.stripes().size(); },
+                   "the stripes"_s);
+    }
+
+    bool codePassage() {
+        return select(firstPassage()) && shoot("selection"_s) && code(firstPassage(), firstTheme) &&
+               awaitCodings(1, firstTheme) && shoot("coded"_s);
+    }
+
+    bool undoAndRedo() {
+        return undo() && awaitCodings(0, firstTheme) && shoot("undone"_s) && redo() &&
+               awaitCodings(1, firstTheme);
+    }
+
+    bool codeIntoNewKerno() {
+        if (!select(secondPassage()))
+            return false;
+        m_source.dragSelectionTo(m_canvas.addButton());
+        return nameNewKerno(secondTheme) && m_canvas.drag(secondTheme, QPointF(430, 320)) &&
+               awaitCodings(1, secondTheme) && shoot("two-kernos"_s);
+    }
+
+    bool openRecent() {
+        return click(QFileInfo(projectName).completeBaseName()) && shoot("recent"_s) &&
+               click("Open Selected"_s) && untilOpen();
+    }
+
+    bool compareProject() {
+        if (!expect(m_source.read(sampleText()), "the text is not shown again"_s) ||
+            !awaitCodings(1, firstTheme) || !awaitCodings(1, secondTheme))
+            return false;
+        for (const QVariant& highlight : KRNFile::instance()->highlights()) {
+            if (!expect(highlight.toMap().value("author"_s) == author, "the coding's author is lost"_s))
+                return false;
+        }
+        return shoot("reopened"_s) && expect(coded(firstTheme) == QStringList{firstPassage()} &&
+                                                 coded(secondTheme) == QStringList{secondPassage()},
+                                             "a coding is lost"_s);
+    }
+};
+
+const Played<FirstLightJob> played{"first-light"_s, {"code"_s, "reopen"_s}};
 
 }  // namespace
-
-bool FirstLightJob::play(const QString& run) {
-    return run == QLatin1String("code") ? code() : reopen();
-}
-
-bool FirstLightJob::code() {
-    return signIn() && createProject(path(projectName)) && readIntroduction() &&
-           shoot(QStringLiteral("empty-project")) && importSource() && addKerno(firstTheme) &&
-           m_canvas.drag(firstTheme, QPointF(220, 170)) && shoot(QStringLiteral("bubble")) && codePassage() &&
-           undoAndRedo() && codeIntoNewKerno();
-}
-
-// It comes once, by itself.
-bool FirstLightJob::readIntroduction() {
-    const QQuickItem* slides = m_driver.itemNamed(QStringLiteral("introOverlay"));
-    for (int step = 1; step <= 9; ++step) {
-        if (!until([&] { return slides->property("status").toInt() == 1; },
-                   QStringLiteral("step %1 of the introduction has no picture").arg(step)) ||
-            !shoot(QStringLiteral("introduction")) || (step < 9 && !click(QStringLiteral(">>"))))
-            return false;
-    }
-    return shown(QStringLiteral("Return to Main View")) && click(QStringLiteral("Close")) &&
-           gone(QStringLiteral("Introduction"));
-}
-
-bool FirstLightJob::reopen() {
-    return signIn() && openRecent() && compareProject();
-}
-
-bool FirstLightJob::importSource() {
-    return importFiles({sampleFile()}) &&
-           expect(m_source.read(sampleText()), QStringLiteral("the imported text is not shown whole")) &&
-           shown(QFileInfo(sampleFile()).completeBaseName()) && shoot(QStringLiteral("source"));
-}
-
-bool FirstLightJob::selectPassage(const QString& passage) {
-    const QString problem = m_source.select(passage);
-    return expect(problem.isEmpty(), problem);
-}
-
-bool FirstLightJob::awaitCodings(int count, const QString& title) {
-    return until([&] { return m_canvas.codings(title) == count; },
-                 QStringLiteral("the bubble %1 does not count %2").arg(title).arg(count)) &&
-           until([&] { return m_source.stripes().size() == KRNFile::instance()->totalHighlightsCount(); },
-                 QStringLiteral("there is not one stripe for each coding"));
-}
-
-bool FirstLightJob::codePassage() {
-    if (!selectPassage(firstPassage()) || !shoot(QStringLiteral("selection")))
-        return false;
-    m_source.dragSelectionTo(m_canvas.bubble(firstTheme));
-    if (!awaitCodings(1, firstTheme) || !shoot(QStringLiteral("coded")))
-        return false;
-    const QString coded = codedText(KRNFile::instance()->highlights().value(0).toMap());
-    return expect(coded == firstPassage(), QStringLiteral("coded is \"%1\"").arg(coded));
-}
-
-bool FirstLightJob::undoAndRedo() {
-    return undo() && awaitCodings(0, firstTheme) && shoot(QStringLiteral("undone")) && redo() &&
-           awaitCodings(1, firstTheme);
-}
-
-bool FirstLightJob::codeIntoNewKerno() {
-    if (!selectPassage(secondPassage()))
-        return false;
-    m_source.dragSelectionTo(m_canvas.addButton());
-    return nameNewKerno(secondTheme) && m_canvas.drag(secondTheme, QPointF(430, 320)) &&
-           awaitCodings(1, secondTheme) && shoot(QStringLiteral("two-kernos"));
-}
-
-bool FirstLightJob::openRecent() {
-    return click(QFileInfo(projectName).completeBaseName()) && shoot(QStringLiteral("recent")) &&
-           click(QStringLiteral("Open Selected")) && untilOpen();
-}
-
-bool FirstLightJob::compareProject() {
-    if (!expect(m_source.read(sampleText()), QStringLiteral("the text is not shown again")) ||
-        !awaitCodings(1, firstTheme) || !awaitCodings(1, secondTheme))
-        return false;
-    QSet<QString> expected{firstPassage(), secondPassage()};
-    const QVariantList highlights = KRNFile::instance()->highlights();
-    for (const QVariant& item : highlights) {
-        const QVariantMap highlight = item.toMap();
-        const QString coded = codedText(highlight);
-        if (!expect(expected.remove(coded), QStringLiteral("coded is \"%1\"").arg(coded)) ||
-            !expect(highlight.value(QStringLiteral("author")).toString() == author,
-                    QStringLiteral("the coding's author is lost")))
-            return false;
-    }
-    return shoot(QStringLiteral("reopened")) &&
-           expect(expected.isEmpty(), QStringLiteral("a coding is lost"));
-}

@@ -1,4 +1,4 @@
-#include "GroupsJob.h"
+#include "Job.h"
 
 #include "models/GroupModel.h"
 #include "project/KRNFile.h"
@@ -7,9 +7,9 @@
 
 namespace {
 
-const QString family = QStringLiteral("Family");
-const QString work = QStringLiteral("Work & <b>money</b>");
-const QStringList kernos{QStringLiteral("Care"), QStringLiteral("Time"), QStringLiteral("Street")};
+const QString family = "Family"_s;
+const QString work = "Work & <b>money</b>"_s;
+const QStringList kernos{"Care"_s, "Time"_s, "Street"_s};
 
 QStringList groupTitles() {
     QStringList titles;
@@ -19,105 +19,105 @@ QStringList groupTitles() {
     return titles;
 }
 
+/// Makes groups in the editor, puts kernos into them, and has the canvas show those of ticked groups alone.
+class GroupsJob : public Job {
+public:
+    using Job::Job;
+
+    bool play(const QString&) override {
+        if (!signIn() || !createProject(path("groups.krn"_s)))
+            return false;
+        for (int i = 0; i < kernos.size(); ++i) {
+            if (!addKerno(kernos[i], QPointF(150 + 180 * i, 250)))
+                return false;
+        }
+        return makeGroups() && joinGroups() && filter() && changeWhileFiltered();
+    }
+
+private:
+    bool makeGroups() {
+        const auto titlesAre = [&](const QStringList& titles) {
+            return untilIs(titles, groupTitles, "the groups"_s);
+        };
+        const int index = undoIndex();
+        if (!menu("Groups"_s, "New/Change Group"_s, "menu-without-groups"_s) ||
+            !shown("No Groups to Display in the List"_s) || !enter("groupName"_s, "Familie"_s) ||
+            !titlesAre({"Familie"_s}) || !enter("groupName"_s, work) || !titlesAre({"Familie"_s, work}) ||
+            !click("Familie"_s) || !fill("groupName"_s, family) || !click("Rename"_s) ||
+            !titlesAre({family, work}) || !shoot("editor"_s))
+            return false;
+        // No further back than to the opening of the editor.
+        for (int step = 0; step < 3; ++step) {
+            if (!click("Undo"_s) || !untilUndoIndex(index + 2 - step))
+                return false;
+        }
+        const QQuickItem* undo = m_driver.itemsOfType("StyledButton"_s).value(1);
+        if (!expect(undo && !undo->isEnabled(), "undo goes past the opening of the editor"_s))
+            return false;
+        for (int step = 0; step < 3; ++step) {
+            if (!click("Redo"_s) || !untilUndoIndex(index + 1 + step))
+                return false;
+        }
+        return titlesAre({family, work}) && click("Close"_s) && gone("Edit Groups"_s);
+    }
+
+    // Opens a kerno's properties, clicks at these groups and saves.
+    bool toggleGroups(const QString& kerno, const QStringList& groups) {
+        if (!m_canvas.chooseInMenu(kerno, "Edit"_s) || !shown("Kerno Properties"_s))
+            return fail("the properties do not open"_s);
+        for (const QString& group : groups) {
+            if (!click(group))
+                return false;
+        }
+        shoot("ticks"_s);
+        return click("Save"_s) && gone("Kerno Properties"_s);
+    }
+
+    bool joinGroups() {
+        const int index = undoIndex();
+        KRNFile* const file = KRNFile::instance();
+        const auto groupsOf = [&](const QString& kerno) {
+            return file->getAssociatedGroups(m_canvas.kernoId(kerno)).size();
+        };
+        return toggleGroups(kernos[0], {family, work}) && toggleGroups(kernos[1], {work}) &&
+               untilUndoIndex(index + 2) &&
+               until([&] { return groupsOf(kernos[0]) == 2 && groupsOf(kernos[1]) == 1; },
+                     "the kernos are in other groups"_s) &&
+               undo() && until([&] { return groupsOf(kernos[1]) == 0; }, "undo leaves a group"_s) && redo();
+    }
+
+    // Ticks or unticks an entry of the groups menu.
+    bool tick(const QString& entry) { return menu("Groups"_s, entry, "menu"_s); }
+
+    // Whether these bubbles are drawn and no others.
+    bool shows(const QStringList& titles) {
+        m_canvas.leave();
+        return until(
+            [&] {
+                return std::all_of(kernos.begin(), kernos.end(), [&](const QString& kerno) {
+                    return titles.contains(kerno) == (m_canvas.bubble(kerno) != nullptr);
+                });
+            },
+            "not exactly \"%1\" show"_s.arg(titles.join(QLatin1Char(','))));
+    }
+
+    bool filter() {
+        return shows(kernos) && tick(family) && shows({kernos[0]}) && shoot("family"_s) && tick(work) &&
+               shows({kernos[0], kernos[1]}) && tick("Uncheck all"_s) && shows(kernos) &&
+               tick("Check All"_s) && shows({kernos[0], kernos[1]}) && tick(work) && shows({kernos[0]}) &&
+               tick(family) && shows(kernos);
+    }
+
+    // What joins a ticked group shows, and the last tick goes with its group.
+    bool changeWhileFiltered() {
+        return tick(family) && shows({kernos[0]}) && m_canvas.kernoId(kernos[0]) > 0 &&
+               toggleGroups(kernos[0], {family}) && shows({}) && undo() && shows({kernos[0]}) &&
+               tick("New/Change Group"_s) && click(family) && (m_driver.press(Qt::Key_Delete), true) &&
+               until([] { return groupTitles() == QStringList{work}; }, "the group stays"_s) &&
+               click("Close"_s) && gone("Edit Groups"_s) && shows(kernos);
+    }
+};
+
+const Played<GroupsJob> played{"groups"_s, {"groups"_s}};
+
 }  // namespace
-
-bool GroupsJob::play(const QString&) {
-    if (!signIn() || !createProject(path(QStringLiteral("groups.krn"))))
-        return false;
-    for (int i = 0; i < kernos.size(); ++i) {
-        if (!addKerno(kernos[i]) || !m_canvas.drag(kernos[i], QPointF(150 + 180 * i, 250)))
-            return false;
-    }
-    return makeGroups() && joinGroups() && filter() && changeWhileFiltered();
-}
-
-bool GroupsJob::makeGroups() {
-    const auto titlesAre = [&](const QStringList& titles) {
-        return until([&] { return groupTitles() == titles; },
-                     QStringLiteral("the groups are ") + groupTitles().join(QLatin1Char(',')));
-    };
-    const int index = undoIndex();
-    if (!click(QStringLiteral("Groups")) || !shoot(QStringLiteral("menu-without-groups")) ||
-        !click(QStringLiteral("New/Change Group")) ||
-        !shown(QStringLiteral("No Groups to Display in the List")))
-        return false;
-    m_driver.type(QStringLiteral("Familie"));
-    m_driver.press(Qt::Key_Return);
-    m_driver.type(work);
-    m_driver.press(Qt::Key_Return);
-    if (!titlesAre({QStringLiteral("Familie"), work}) || !click(QStringLiteral("Familie")))
-        return false;
-    m_driver.fill(m_driver.itemNamed(QStringLiteral("groupName")), family);
-    if (!click(QStringLiteral("Rename")) || !titlesAre({family, work}) || !shoot(QStringLiteral("editor")))
-        return false;
-    // No further back than to the opening of the editor.
-    for (int step = 0; step < 3; ++step) {
-        if (!click(QStringLiteral("Undo")) || !untilUndoIndex(index + 2 - step))
-            return false;
-    }
-    const QQuickItem* undo = m_driver.itemsOfType(QStringLiteral("StyledButton")).value(1);
-    if (!expect(undo && !undo->isEnabled(), QStringLiteral("undo goes past the opening of the editor")))
-        return false;
-    for (int step = 0; step < 3; ++step) {
-        if (!click(QStringLiteral("Redo")) || !untilUndoIndex(index + 1 + step))
-            return false;
-    }
-    return titlesAre({family, work}) && click(QStringLiteral("Close")) && gone(QStringLiteral("Edit Groups"));
-}
-
-bool GroupsJob::toggleGroups(const QString& kerno, const QStringList& groups) {
-    if (!m_canvas.chooseInMenu(kerno, QStringLiteral("Edit")) || !shown(QStringLiteral("Kerno Properties")))
-        return fail(QStringLiteral("the properties do not open"));
-    for (const QString& group : groups) {
-        if (!click(group))
-            return false;
-    }
-    shoot(QStringLiteral("ticks"));
-    return click(QStringLiteral("Save")) && gone(QStringLiteral("Kerno Properties"));
-}
-
-bool GroupsJob::joinGroups() {
-    const int index = undoIndex();
-    KRNFile* const file = KRNFile::instance();
-    const auto groupsOf = [&](const QString& kerno) {
-        return file->getAssociatedGroups(m_canvas.kernoId(kerno)).size();
-    };
-    return toggleGroups(kernos[0], {family, work}) && toggleGroups(kernos[1], {work}) &&
-           untilUndoIndex(index + 2) &&
-           until([&] { return groupsOf(kernos[0]) == 2 && groupsOf(kernos[1]) == 1; },
-                 QStringLiteral("the kernos are in other groups")) &&
-           undo() && until([&] { return groupsOf(kernos[1]) == 0; }, QStringLiteral("undo leaves a group")) &&
-           redo();
-}
-
-bool GroupsJob::tick(const QString& entry) {
-    return click(QStringLiteral("Groups")) && shoot(QStringLiteral("menu")) && click(entry);
-}
-
-bool GroupsJob::shows(const QStringList& titles) {
-    m_canvas.leave();
-    return until(
-        [&] {
-            return std::all_of(kernos.begin(), kernos.end(), [&](const QString& kerno) {
-                return titles.contains(kerno) == (m_canvas.bubble(kerno) != nullptr);
-            });
-        },
-        QStringLiteral("not exactly \"%1\" show").arg(titles.join(QLatin1Char(','))));
-}
-
-bool GroupsJob::filter() {
-    return shows(kernos) && tick(family) && shows({kernos[0]}) && shoot(QStringLiteral("family")) &&
-           tick(work) && shows({kernos[0], kernos[1]}) && tick(QStringLiteral("Uncheck all")) &&
-           shows(kernos) && tick(QStringLiteral("Check All")) && shows({kernos[0], kernos[1]}) &&
-           tick(work) && shows({kernos[0]}) && tick(family) && shows(kernos);
-}
-
-// What joins a ticked group shows, and the last tick goes with its group.
-bool GroupsJob::changeWhileFiltered() {
-    return tick(family) && shows({kernos[0]}) && m_canvas.kernoId(kernos[0]) > 0 &&
-           toggleGroups(kernos[0], {family}) && shows({}) && undo() && shows({kernos[0]}) &&
-           tick(QStringLiteral("New/Change Group")) && click(family) &&
-           (m_driver.press(Qt::Key_Delete), true) &&
-           until([] { return groupTitles() == QStringList{work}; }, QStringLiteral("the group stays")) &&
-           click(QStringLiteral("Close")) && gone(QStringLiteral("Edit Groups")) && shows(kernos);
-}

@@ -35,7 +35,7 @@ QRectF clipOf(const QQuickItem* item) {
 
 void collect(QQuickItem* item, QList<ShownText>& found) {
     // Bubbles stand where people or their codings put them, one over another.
-    static const QStringList surfaces{QStringLiteral("flickableContent"), QStringLiteral("bubbles")};
+    static const QStringList surfaces{"flickableContent"_s, "bubbles"_s};
     // A list keeps rows ready that it doesn't draw, and these have no place yet.
     const bool keptReady = QQuickItemPrivate::get(item)->culled;
     if (!item->isVisible() || item->opacity() < 0.1 || keptReady || surfaces.contains(item->objectName()))
@@ -103,7 +103,7 @@ bool mayBeReadAsMarkUp(const ShownText& text) {
 }
 
 bool isUsersOwn(const QString& text) {
-    return text.contains(QLatin1Char('/')) || text.contains(QLatin1String("very long"));
+    return text.contains(QLatin1Char('/')) || text.contains("very long"_s);
 }
 
 }  // namespace
@@ -119,7 +119,7 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
     collect(root, texts);
     QStringList found;
     const auto tell = [&](const ShownText& text, const QString& what) {
-        found << QStringLiteral("\"%1\" %2").arg(text.text.left(40), what);
+        found << "\"%1\" %2"_s.arg(text.text.left(40), what);
     };
     for (int i = 0; i < texts.size(); ++i) {
         const ShownText& text = texts[i];
@@ -129,24 +129,22 @@ QStringList faults(QQuickItem* root, const QImage& picture) {
         const QRect place =
             QRectF(seenPart.topLeft() * ratio, seenPart.size() * ratio).toAlignedRect() & picture.rect();
         if (mayBeReadAsMarkUp(text))
-            tell(text, QStringLiteral("may be read as mark-up"));
+            tell(text, "may be read as mark-up"_s);
         if (text.item->property("truncated").toBool() && !isUsersOwn(text.text))
-            tell(text, QStringLiteral("is cut"));
+            tell(text, "is cut"_s);
         if (text.drawn.left() < clip.left() - 1 || text.drawn.right() > clip.right() + 1)
-            tell(text, QStringLiteral("reaches out of its frame"));
+            tell(text, "reaches out of its frame"_s);
         // A row that is scrolled out of its list in part shows too little to judge.
         if (seenPart.height() < text.drawn.height() - 1)
             continue;
         const qreal seen = contrastIn(picture, place);
         const bool disabled = !text.item->isEnabled();
         if (seen < (disabled ? leastContrastDisabled : leastContrast))
-            tell(text, QStringLiteral("has a contrast of %1%2")
-                           .arg(seen)
-                           .arg(disabled ? QStringLiteral(", disabled") : QString()));
+            tell(text, "has a contrast of %1%2"_s.arg(seen).arg(disabled ? ", disabled"_s : QString()));
         for (int k = i + 1; k < texts.size(); ++k) {
             const QRectF common = text.drawn & texts[k].drawn;
             if (common.width() > 2 && common.height() > 3)
-                tell(text, QStringLiteral("lies upon \"%1\"").arg(texts[k].text.left(40)));
+                tell(text, "lies upon \"%1\""_s.arg(texts[k].text.left(40)));
         }
     }
     return found;
@@ -165,12 +163,11 @@ QStringList unnamed(QQuickItem* root) {
         // What the controls call themselves when nobody names them: their value, or their kind.
         const bool isValue = (root->property("text") == name && root->property("echoMode").isValid()) ||
                              (root->property("currentText") == name && root->property("editText").isValid());
-        if (name.isEmpty() || name == QLatin1String("switch") || isValue ||
-            interface->role() == QAccessible::NoRole || interface->role() == QAccessible::Client)
-            found << QStringLiteral("a %1 (%2) is called \"%3\"")
-                         .arg(QString::fromLatin1(root->metaObject()->className())
-                                  .section(QLatin1Char('_'), 0, 0),
-                              root->objectName(), name);
+        if (name.isEmpty() || name == "switch"_s || isValue || interface->role() == QAccessible::NoRole ||
+            interface->role() == QAccessible::Client)
+            found << "a %1 (%2) is called \"%3\""_s.arg(
+                QString::fromLatin1(root->metaObject()->className()).section(QLatin1Char('_'), 0, 0),
+                root->objectName(), name);
     }
     const QList<QQuickItem*> children = root->childItems();
     for (QQuickItem* child : children)
@@ -181,7 +178,7 @@ QStringList unnamed(QQuickItem* root) {
 QStringList screenFaults(AppDriver& driver) {
     QQuickWindow* window = driver.mainWindow();
     const QList<QQuickItem*> dialogs =
-        driver.itemsOfType(QStringLiteral("DialogPanel")) + driver.itemsOfType(QStringLiteral("IntroSlider"));
+        driver.itemsOfType("DialogPanel"_s) + driver.itemsOfType("IntroSlider"_s);
     QStringList found;
     for (QQuickItem* dialog : dialogs)
         found << faults(dialog, window->grabWindow()) << unnamed(dialog);

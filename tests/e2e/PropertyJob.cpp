@@ -1,4 +1,4 @@
-#include "PropertyJob.h"
+#include "Job.h"
 
 #include "project/KRNFile.h"
 
@@ -6,174 +6,158 @@
 
 namespace {
 
-const QString age = QStringLiteral("Age");
-const QString trusts = QStringLiteral("Trusts the plan");
-const QString agreement = QStringLiteral("(Strongly) Agree - (Strongly) Disagree");
+const QString age = "Age"_s;
+const QString trusts = "Trusts the plan"_s;
+const QString agreement = "(Strongly) Agree - (Strongly) Disagree"_s;
+
+/// Gives sources properties: new ones, predefined values, several values; renames and takes back in the
+/// editor; and reads the overview.
+class PropertyJob : public Job {
+public:
+    using Job::Job;
+
+    bool play(const QString&) override {
+        return signIn() && createProject(path("properties.krn"_s)) &&
+               importTexts({{"Anna"_s, "What Anna said."_s}, {"Ben"_s, "What Ben said."_s}}) &&
+               addQuickly() && addPredefined() && renameInEditor() && giveSeveral() && changeSource() &&
+               readOverview();
+    }
+
+private:
+    // The row of the list whose field of that object name reads so.
+    QQuickItem* rowOf(const char* type, const QString& field, const QString& text) {
+        const QList<QQuickItem*> rows = m_driver.itemsOfType(QString::fromLatin1(type));
+        for (QQuickItem* row : rows) {
+            const QQuickItem* part = partOf(row, field);
+            if (part && part->property("text").toString() == text)
+                return row;
+        }
+        return nullptr;
+    }
+
+    bool isEnabled(const QString& objectName) {
+        const QQuickItem* item = m_driver.itemNamed(objectName);
+        return item && item->isEnabled();
+    }
+
+    QStringList tags() {
+        QStringList texts;
+        const QList<QQuickItem*> items = m_driver.itemsOfType("MetadataTag"_s);
+        for (const QQuickItem* item : items)
+            texts << item->property("text").toString();
+        return texts;
+    }
+
+    bool untilTags(const QStringList& texts) {
+        return untilIs(
+            texts, [&] { return tags(); }, "the values"_s);
+    }
+
+    // Return in the value's field leaves a good value to the button.
+    bool addQuickly() {
+        if (!clickOn("propertiesTab"_s) || !shown("No Properties to Display"_s) || !shoot("none"_s) ||
+            !click("+") || !shown("Quick Property Editor"_s) || !fill("quickPropertyKey"_s, age) ||
+            !fill("quickPropertyValue"_s, "34"_s))
+            return fail("no property can be added"_s);
+        m_driver.press(Qt::Key_Return);
+        return expect(m_driver.isShown("Quick Property Editor"_s), "Return takes a good value"_s) &&
+               shoot("quick"_s) && click("OK"_s) && untilTags({"34"}) && shown(age) && shoot("first-value"_s);
+    }
+
+    bool addPredefined() {
+        if (!click("Properties and Values Editor"_s) || !shown("New Property"_s) ||
+            !expect(!isEnabled("undoInEditor"_s), "the editor undoes what was done before"_s) ||
+            !click("New Property and Value"_s) || !fill("quickPropertyKey"_s, trusts))
+            return false;
+        return toggle("usePredefined"_s) && choose(m_driver.itemNamed("predefinedSet"_s), agreement) &&
+               shoot("predefined"_s) && click("OK"_s) && gone("Quick Property Editor"_s) &&
+               until([&] { return rowOf("MetadataEditorKeyRow", "keyName"_s, trusts); },
+                     "the property does not come"_s);
+    }
+
+    // A name that is taken is refused, says so, and leaves the stored one.
+    bool renameInEditor() {
+        const auto nameOf = [&](const QString& key) {
+            return partOf(rowOf("MetadataEditorKeyRow", "keyName"_s, key), "keyName"_s);
+        };
+        QQuickItem* name = nameOf(trusts);
+        if (!m_driver.fill(name, age) || !shoot("renaming"_s))
+            return fail("the name can't be edited"_s);
+        m_driver.press(Qt::Key_Return);
+        if (!shown("Property already exists!"_s) ||
+            !expect(name->property("text").toString() == trusts, "the refused name stays"_s) ||
+            !shown("Strongly Disagree"_s) || !shoot("rename-refused"_s))
+            return false;
+        QQuickItem* value = m_driver.itemWithText("Not Sure"_s);
+        m_driver.fill(value, "Agree"_s);
+        m_driver.press(Qt::Key_Return);
+        if (!shown("Value already exists!"_s) ||
+            !expect(value->property("text").toString() == "Not Sure"_s, "the refused value stays"_s))
+            return false;
+        const int before = undoIndex();
+        m_driver.fill(name, "Trust"_s);
+        m_driver.press(Qt::Key_Return);
+        QQuickItem* undoing = m_driver.itemNamed("undoInEditor"_s);
+        const auto isNamed = [&](const QString& key) {
+            return until([&] { return rowOf("MetadataEditorKeyRow", "keyName"_s, key); },
+                         "no property is named "_s + key);
+        };
+        if (!isNamed("Trust"_s) || !untilUndoIndex(before + 1) || !m_driver.click(undoing) ||
+            !isNamed(trusts) || !clickOn("redoInEditor"_s) || !isNamed("Trust"_s))
+            return false;
+        m_driver.click(undoing);
+        m_driver.click(undoing);
+        return until([&] { return !rowOf("MetadataEditorKeyRow", "keyName"_s, trusts); },
+                     "the new property stays"_s) &&
+               expect(!isEnabled("undoInEditor"_s), "the editor undoes more than was done in it"_s) &&
+               clickOn("redoInEditor"_s) && isNamed(trusts);
+    }
+
+    bool giveSeveral() {
+        const auto choiceOf = [&](int row) {
+            return partOf(m_driver.itemsOfType("MetadataKeyRow"_s).value(row), "propertyValues"_s);
+        };
+        QQuickItem* row = rowOf("MetadataEditorKeyRow", "keyName"_s, trusts);
+        m_driver.clickAt(partOf(row, "multipleChoice"_s), QPointF(15, 10));
+        const auto isMultiple = [] { return KRNFile::instance()->metadataKey(2).multipleChoice(); };
+        if (!until(isMultiple, "the property does not take several values"_s) || !shoot("editor"_s) ||
+            !click("Close"_s) || !gone("New Property"_s) || !choose(choiceOf(1), "Agree"_s) ||
+            !untilTags({"34", "Agree"}) || !choose(choiceOf(1), "Not Sure"_s) ||
+            !untilTags({"34", "Agree", "Not Sure"}) || !choose(choiceOf(0), "-- New Value --"_s) ||
+            !shown("Enter Value"_s))
+            return false;
+        if (!fillField(m_driver.itemsOfType("DialogTextField"_s).size() - 1, "35"_s))
+            return false;
+        m_driver.press(Qt::Key_Return);
+        if (!untilTags({"35", "Agree", "Not Sure"}) || !shoot("values"_s))
+            return false;
+        m_driver.click(partOf(m_driver.itemsOfType("MetadataTag"_s).value(1), "removeValue"_s));
+        return untilTags({"35", "Not Sure"});
+    }
+
+    bool changeSource() {
+        const int source = KRNFile::instance()->sourceIds().value(1).toInt();
+        const auto stored = [&] { return KRNFile::instance()->source(source); };
+        if (!fill("sourceTitle"_s, "  Ben B.  "_s))
+            return false;
+        m_driver.press(Qt::Key_Return);
+        return untilIs(
+                   "Ben B."_s, [&] { return stored().title(); }, "the title"_s) &&
+               clickOn("sourceIcon"_s) && shoot("icons"_s) && click("Female"_s) &&
+               until([&] { return stored().icon() == "md_female"_s; }, "the icon stays"_s);
+    }
+
+    bool readOverview() {
+        clickOn("propertiesOverview"_s);
+        if (!shown("Properties Overview"_s) || !shown("35: 1"_s) || !shown("Not Defined: 1"_s) ||
+            !shown("50%"_s) || !shoot("overview"_s))
+            return false;
+        clickOn("closeOverview"_s);
+        return shown("Source Properties"_s) && clickOn("clearProperty"_s) && untilTags({"35"}) &&
+               clickOn("closeProperties"_s) && gone("Source Properties"_s);
+    }
+};
+
+const Played<PropertyJob> played{"properties"_s, {"properties"_s}};
 
 }  // namespace
-
-bool PropertyJob::play(const QString&) {
-    const QString first = path(QStringLiteral("Anna.txt"));
-    const QString second = path(QStringLiteral("Ben.txt"));
-    return signIn() && createProject(path(QStringLiteral("properties.krn"))) &&
-           writeFile(first, QStringLiteral("What Anna said.")) &&
-           writeFile(second, QStringLiteral("What Ben said.")) && importFiles({first, second}) &&
-           addQuickly() && addPredefined() && renameInEditor() && giveSeveral() && changeSource() &&
-           readOverview();
-}
-
-QQuickItem* PropertyJob::rowOf(const char* type, const QString& field, const QString& text) {
-    const QList<QQuickItem*> rows = m_driver.itemsOfType(QString::fromLatin1(type));
-    for (QQuickItem* row : rows) {
-        const QQuickItem* part = partOf(row, field);
-        if (part && part->property("text").toString() == text)
-            return row;
-    }
-    return nullptr;
-}
-
-bool PropertyJob::enter(const QString& field, const QString& text) {
-    QQuickItem* item = m_driver.itemNamed(field);
-    return expect(item && m_driver.fill(item, text), QStringLiteral("there is no ") + field);
-}
-
-bool PropertyJob::isEnabled(const QString& objectName) {
-    const QQuickItem* item = m_driver.itemNamed(objectName);
-    return item && item->isEnabled();
-}
-
-QStringList PropertyJob::tags() {
-    QStringList texts;
-    const QList<QQuickItem*> items = m_driver.itemsOfType(QStringLiteral("MetadataTag"));
-    for (const QQuickItem* item : items)
-        texts << item->property("text").toString();
-    return texts;
-}
-
-bool PropertyJob::untilTags(const QStringList& texts) {
-    return until([&] { return tags() == texts; },
-                 QStringLiteral("the values are %1, not %2").arg(tags().join(','), texts.join(',')));
-}
-
-// Return in the value's field leaves a good value to the button.
-bool PropertyJob::addQuickly() {
-    if (!m_driver.click(m_driver.itemNamed(QStringLiteral("propertiesTab"))) ||
-        !shown(QStringLiteral("No Properties to Display")) || !shoot(QStringLiteral("none")) || !click("+") ||
-        !shown(QStringLiteral("Quick Property Editor")) || !enter(QStringLiteral("quickPropertyKey"), age) ||
-        !enter(QStringLiteral("quickPropertyValue"), QStringLiteral("34")))
-        return fail(QStringLiteral("no property can be added"));
-    m_driver.press(Qt::Key_Return);
-    return expect(m_driver.isShown(QStringLiteral("Quick Property Editor")),
-                  QStringLiteral("Return takes a good value")) &&
-           shoot(QStringLiteral("quick")) && click(QStringLiteral("OK")) && untilTags({"34"}) && shown(age) &&
-           shoot(QStringLiteral("first-value"));
-}
-
-bool PropertyJob::addPredefined() {
-    if (!click(QStringLiteral("Properties and Values Editor")) || !shown(QStringLiteral("New Property")) ||
-        !expect(!isEnabled(QStringLiteral("undoInEditor")),
-                QStringLiteral("the editor undoes what was done before")) ||
-        !click(QStringLiteral("New Property and Value")) ||
-        !enter(QStringLiteral("quickPropertyKey"), trusts))
-        return false;
-    QQuickItem* set = m_driver.itemNamed(QStringLiteral("usePredefined"));
-    return m_driver.clickAt(set, QPointF(15, set->height() / 2)) &&
-           choose(m_driver.itemNamed(QStringLiteral("predefinedSet")), agreement) &&
-           shoot(QStringLiteral("predefined")) && click(QStringLiteral("OK")) &&
-           gone(QStringLiteral("Quick Property Editor")) &&
-           until([&] { return rowOf("MetadataEditorKeyRow", QStringLiteral("keyName"), trusts); },
-                 QStringLiteral("the property does not come"));
-}
-
-// A name that is taken is refused, says so, and leaves the stored one.
-bool PropertyJob::renameInEditor() {
-    const auto nameOf = [&](const QString& key) {
-        return partOf(rowOf("MetadataEditorKeyRow", QStringLiteral("keyName"), key),
-                      QStringLiteral("keyName"));
-    };
-    QQuickItem* name = nameOf(trusts);
-    if (!m_driver.fill(name, age) || !shoot(QStringLiteral("renaming")))
-        return fail(QStringLiteral("the name can't be edited"));
-    m_driver.press(Qt::Key_Return);
-    if (!shown(QStringLiteral("Property already exists!")) ||
-        !expect(name->property("text").toString() == trusts, QStringLiteral("the refused name stays")) ||
-        !shown(QStringLiteral("Strongly Disagree")) || !shoot(QStringLiteral("rename-refused")))
-        return false;
-    QQuickItem* value = m_driver.itemWithText(QStringLiteral("Not Sure"));
-    m_driver.fill(value, QStringLiteral("Agree"));
-    m_driver.press(Qt::Key_Return);
-    if (!shown(QStringLiteral("Value already exists!")) ||
-        !expect(value->property("text").toString() == QLatin1String("Not Sure"),
-                QStringLiteral("the refused value stays")))
-        return false;
-    const int before = undoIndex();
-    m_driver.fill(name, QStringLiteral("Trust"));
-    m_driver.press(Qt::Key_Return);
-    QQuickItem* undoing = m_driver.itemNamed(QStringLiteral("undoInEditor"));
-    const auto isNamed = [&](const QString& key) {
-        return until([&] { return rowOf("MetadataEditorKeyRow", QStringLiteral("keyName"), key); },
-                     QStringLiteral("no property is named ") + key);
-    };
-    if (!isNamed(QStringLiteral("Trust")) || !untilUndoIndex(before + 1) || !m_driver.click(undoing) ||
-        !isNamed(trusts) || !m_driver.click(m_driver.itemNamed(QStringLiteral("redoInEditor"))) ||
-        !isNamed(QStringLiteral("Trust")))
-        return false;
-    m_driver.click(undoing);
-    m_driver.click(undoing);
-    return until([&] { return !rowOf("MetadataEditorKeyRow", QStringLiteral("keyName"), trusts); },
-                 QStringLiteral("the new property stays")) &&
-           expect(!isEnabled(QStringLiteral("undoInEditor")),
-                  QStringLiteral("the editor undoes more than was done in it")) &&
-           m_driver.click(m_driver.itemNamed(QStringLiteral("redoInEditor"))) && isNamed(trusts);
-}
-
-bool PropertyJob::giveSeveral() {
-    const auto choiceOf = [&](int row) {
-        return partOf(m_driver.itemsOfType(QStringLiteral("MetadataKeyRow")).value(row),
-                      QStringLiteral("propertyValues"));
-    };
-    QQuickItem* row = rowOf("MetadataEditorKeyRow", QStringLiteral("keyName"), trusts);
-    m_driver.clickAt(partOf(row, QStringLiteral("multipleChoice")), QPointF(15, 10));
-    const auto isMultiple = [] { return KRNFile::instance()->metadataKey(2).multipleChoice(); };
-    if (!until(isMultiple, QStringLiteral("the property does not take several values")) ||
-        !shoot(QStringLiteral("editor")) || !click(QStringLiteral("Close")) ||
-        !gone(QStringLiteral("New Property")) || !choose(choiceOf(1), QStringLiteral("Agree")) ||
-        !untilTags({"34", "Agree"}) || !choose(choiceOf(1), QStringLiteral("Not Sure")) ||
-        !untilTags({"34", "Agree", "Not Sure"}) || !choose(choiceOf(0), QStringLiteral("-- New Value --")) ||
-        !shown(QStringLiteral("Enter Value")))
-        return false;
-    m_driver.type(QStringLiteral("35"));
-    m_driver.press(Qt::Key_Return);
-    if (!untilTags({"35", "Agree", "Not Sure"}) || !shoot(QStringLiteral("values")))
-        return false;
-    m_driver.click(
-        partOf(m_driver.itemsOfType(QStringLiteral("MetadataTag")).value(1), QStringLiteral("removeValue")));
-    return untilTags({"35", "Not Sure"});
-}
-
-bool PropertyJob::changeSource() {
-    const int source = KRNFile::instance()->sourceIds().value(1).toInt();
-    const auto stored = [&] { return KRNFile::instance()->source(source); };
-    if (!enter(QStringLiteral("sourceTitle"), QStringLiteral("  Ben B.  ")))
-        return false;
-    m_driver.press(Qt::Key_Return);
-    return until([&] { return stored().title() == QLatin1String("Ben B."); },
-                 QStringLiteral("the title is \"%1\"").arg(stored().title())) &&
-           m_driver.click(m_driver.itemNamed(QStringLiteral("sourceIcon"))) &&
-           shoot(QStringLiteral("icons")) && click(QStringLiteral("Female")) &&
-           until([&] { return stored().icon() == QLatin1String("md_female"); },
-                 QStringLiteral("the icon stays"));
-}
-
-bool PropertyJob::readOverview() {
-    m_driver.click(m_driver.itemNamed(QStringLiteral("propertiesOverview")));
-    if (!shown(QStringLiteral("Properties Overview")) || !shown(QStringLiteral("35: 1")) ||
-        !shown(QStringLiteral("Not Defined: 1")) || !shown(QStringLiteral("50%")) ||
-        !shoot(QStringLiteral("overview")))
-        return false;
-    m_driver.click(m_driver.itemNamed(QStringLiteral("closeOverview")));
-    return shown(QStringLiteral("Source Properties")) &&
-           m_driver.click(m_driver.itemNamed(QStringLiteral("clearProperty"))) && untilTags({"35"}) &&
-           m_driver.click(m_driver.itemNamed(QStringLiteral("closeProperties"))) &&
-           gone(QStringLiteral("Source Properties"));
-}

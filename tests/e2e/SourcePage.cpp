@@ -31,10 +31,10 @@ QRectF SourcePage::rectangleAt(int position) {
 QString SourcePage::select(const QString& passage) {
     QQuickItem* text = textItem();
     if (!text)
-        return QStringLiteral("no text is shown");
+        return "no text is shown"_s;
     const int start = positionOf(passage);
     if (start < 0)
-        return QStringLiteral("the text has no \"%1\"").arg(passage);
+        return "the text has no \"%1\""_s.arg(passage);
     QQuickWindow* window = text->window();
     const QPoint from = text->mapToScene(rectangleAt(start).center()).toPoint();
     const QPoint to = text->mapToScene(rectangleAt(start + passage.size()).center()).toPoint();
@@ -47,7 +47,7 @@ QString SourcePage::select(const QString& passage) {
     QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, to);
     m_driver.settle();
     const QString selected = selectedText();
-    return selected == passage ? QString() : QStringLiteral("selected is \"%1\"").arg(selected);
+    return selected == passage ? QString() : "selected is \"%1\""_s.arg(selected);
 }
 
 void SourcePage::dragSelectionTo(QQuickItem* target) {
@@ -59,7 +59,7 @@ void SourcePage::dragSelectionTo(QQuickItem* target) {
 }
 
 QQuickItem* SourcePage::stripeColumn() {
-    return m_driver.itemsOfType(QStringLiteral("HighlightsBar")).value(0);
+    return m_driver.itemsOfType("HighlightsBar"_s).value(0);
 }
 
 QList<QQuickItem*> SourcePage::stripes() {
@@ -86,5 +86,5 @@ QColor SourcePage::backgroundAt(int position) {
 }
 
 QList<QQuickItem*> SourcePage::memos() {
-    return m_driver.itemsOfType(QStringLiteral("MemoItem"));
+    return m_driver.itemsOfType("MemoItem"_s);
 }

@@ -6,7 +6,7 @@
 class SourcePage {
 public:
     /// `textName`: the object name of the text that is read.
-    explicit SourcePage(AppDriver& driver, const QString& textName = QStringLiteral("answerText"))
+    explicit SourcePage(AppDriver& driver, const QString& textName = "answerText"_s)
         : m_driver(driver), m_textName(textName) {}
 
     /// Waits until the panel shows this text whole. Passages are looked for in it from then on.

@@ -1,22 +1,4 @@
-#include "CanvasJob.h"
-#include "CloudJob.h"
-#include "CodingJob.h"
-#include "CopiesJob.h"
-#include "EditJob.h"
-#include "ExchangeJob.h"
-#include "ExportJob.h"
-#include "FirstLightJob.h"
-#include "GroupsJob.h"
-#include "ImportJob.h"
-#include "KeysJob.h"
-#include "LooksJob.h"
-#include "ProjectJob.h"
-#include "PropertyJob.h"
-#include "ReportJob.h"
-#include "RescueJob.h"
-#include "SearchJob.h"
-#include "TogetherJob.h"
-#include "ViewsJob.h"
+#include "Job.h"
 #include "app/KernovaApplication.h"
 #include "app/Session.h"
 #include "app/Startup.h"
@@ -25,55 +7,19 @@
 #include <QProcess>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <cstdio>
-#include <memory>
-#include <vector>
+#include <cstdlib>
 
 namespace {
 
-constexpr int runLimitMs = 280000;
-
-// A job and its runs of the program; those of `killed` end by a kill, not by themselves.
-struct JobEntry {
-    const char* name;
-    QStringList runs;
-    QStringList killed;
-    std::unique_ptr<Job> (*make)(AppDriver&, Session&, const QString& folder);
-};
-
-template <typename Kind>
-std::unique_ptr<Job> make(AppDriver& driver, Session& session, const QString& folder) {
-    return std::make_unique<Kind>(driver, session, folder);
-}
-
-const std::vector<JobEntry>& jobs() {
-    static const std::vector<JobEntry> all{
-        {"first-light", {QStringLiteral("code"), QStringLiteral("reopen")}, {}, make<FirstLightJob>},
-        {"canvas", {QStringLiteral("arrange")}, {}, make<CanvasJob>},
-        {"cloud", CloudJob::runs(), {}, make<CloudJob>},
-        {"coding", {QStringLiteral("code")}, {}, make<CodingJob>},
-        {"copies", CopiesJob::runs(), {}, make<CopiesJob>},
-        {"edit", EditJob::runs(), {}, make<EditJob>},
-        {"exchange", ExchangeJob::runs(), {}, make<ExchangeJob>},
-        {"export", ExportJob::runs(), {}, make<ExportJob>},
-        {"groups", {QStringLiteral("groups")}, {}, make<GroupsJob>},
-        {"import", ImportJob::runs(), {}, make<ImportJob>},
-        {"keys", {QStringLiteral("keys")}, {}, make<KeysJob>},
-        {"looks", LooksJob::runs(), {}, make<LooksJob>},
-        {"project", ProjectJob::runs(), {}, make<ProjectJob>},
-        {"properties", {QStringLiteral("properties")}, {}, make<PropertyJob>},
-        {"report", {QStringLiteral("report")}, {}, make<ReportJob>},
-        {"search", {QStringLiteral("ask")}, {}, make<SearchJob>},
-        {"together", TogetherJob::runs(), {}, make<TogetherJob>},
-        {"views", {QStringLiteral("views")}, {}, make<ViewsJob>},
-        {"rescue", RescueJob::runs(), {RescueJob::killedRun()}, make<RescueJob>},
-    };
-    return all;
-}
+// A run that hangs tells of it before it is ended from outside.
+constexpr int runLimitMs = 900000;
+constexpr int killLimitMs = runLimitMs + 2 * patienceMs;
 
 const JobEntry* jobNamed(const QString& name) {
     for (const JobEntry& job : jobs()) {
-        if (name == QLatin1String(job.name))
+        if (name == job.name)
             return &job;
     }
     return nullptr;
@@ -85,9 +31,9 @@ QStringList unexpectedMessages;
 // that a display without a window manager won't give the focus to a window that isn't mapped yet; and that an
 // asynchronous loader was taken away while it loaded.
 bool isNoFault(const QString& text) {
-    return text.contains(QLatin1String("'d3d12'")) ||
-           text.contains(QLatin1String("items in the process of being created at engine destruction")) ||
-           text.startsWith(QLatin1String("QXcbConnection: XCB error"));
+    return text.contains("'d3d12'"_s) ||
+           text.contains("items in the process of being created at engine destruction"_s) ||
+           text.startsWith("QXcbConnection: XCB error"_s);
 }
 
 // Warnings of the screens are faults, whoever prints them.
@@ -98,32 +44,46 @@ void collectMessage(QtMsgType type, const QMessageLogContext&, const QString& te
     unexpectedMessages << text;
 }
 
+// With what helps somebody who only reads the output.
+QString described(const QString& failure, AppDriver& driver) {
+    return "%1\n  %2\n  picture: %3"_s.arg(failure, driver.account(), driver.snapshot("failed"_s));
+}
+
+// The last that is printed.
+void tell(const QString& job, const QString& run, const QString& failure) {
+    std::fprintf(stderr, "FAILED %s, run %s: %s\n", qPrintable(job), qPrintable(run), qPrintable(failure));
+}
+
 // One run of the program, driven through one part of the job.
 int playRun(int& argc, char** argv, const JobEntry& entry, const QString& run, const QString& folder) {
     startup::prepare();
     KernovaApplication application(argc, argv);
     KRNFile* const krnFile = startup::setUp();
     // A job that isn't about it has seen the introduction.
-    if (QString::fromLatin1(entry.name) != QLatin1String("first-light"))
-        QSettings().setValue(QStringLiteral("showFirstTimeIntro"), false);
+    if (entry.name != "first-light"_s)
+        QSettings().setValue("showFirstTimeIntro"_s, false);
     QString failure;
     {
         Session session(application, krnFile);
-        if (!session.load()) {
-            failure = QStringLiteral("the screens do not load");
-        } else {
-            AppDriver driver(folder + QStringLiteral("/screenshots-") + run);
-            const std::unique_ptr<Job> job = entry.make(driver, session, folder);
-            if (!job->play(run)) {
-                failure = job->failure();
-                driver.screenshot(QStringLiteral("failed"));
-            }
-        }
+        AppDriver driver(folder + "/screenshots-"_s + run);
+        QTimer::singleShot(runLimitMs, [&] {
+            tell(entry.name, run, described("the run takes too long"_s, driver));
+            std::_Exit(1);
+        });
+        const std::unique_ptr<Job> job = entry.make(driver, session, folder);
+        if (!session.load())
+            failure = "the screens do not load"_s;
+        else if (!job->play(run))
+            failure = job->failure();
+        if (failure.isEmpty() && !unexpectedMessages.isEmpty())
+            failure = "unexpected warning: "_s + unexpectedMessages.first();
+        if (!failure.isEmpty())
+            failure = described(failure, driver);
     }
     if (failure.isEmpty() && !unexpectedMessages.isEmpty())
-        failure = QStringLiteral("%1 unexpected warning(s)").arg(unexpectedMessages.size());
+        failure = "unexpected warning at the end: "_s + unexpectedMessages.first();
     if (!failure.isEmpty())
-        std::fprintf(stderr, "%s: %s\n", qPrintable(run), qPrintable(failure));
+        tell(entry.name, run, failure);
     return failure.isEmpty() ? 0 : 1;
 }
 
@@ -132,7 +92,7 @@ QProcessEnvironment freshHome(const QString& home) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     QDir(home).removeRecursively();
     for (const char* name :
-         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "TMPDIR"}) {
         const QString path = home + QLatin1Char('/') + QString::fromLatin1(name).toLower();
         QDir().mkpath(path);
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -144,11 +104,10 @@ QProcessEnvironment freshHome(const QString& home) {
 // What an earlier play of a job left in the folder would be in the way; nothing else there is touched.
 void removeTraces(const QString& folder) {
     QDir dir(folder);
-    const QStringList files =
-        dir.entryList({QStringLiteral("*.krn"), QStringLiteral("*.krn.bak")}, QDir::Files);
+    const QStringList files = dir.entryList({"*.krn"_s, "*.krn.bak"_s}, QDir::Files);
     for (const QString& file : files)
         dir.remove(file);
-    const QStringList pictures = dir.entryList({QStringLiteral("screenshots-*")}, QDir::Dirs);
+    const QStringList pictures = dir.entryList({"screenshots-*"_s}, QDir::Dirs);
     for (const QString& folderOfPictures : pictures)
         QDir(dir.filePath(folderOfPictures)).removeRecursively();
 }
@@ -157,25 +116,24 @@ void removeTraces(const QString& folder) {
 int playJob(const QString& program, const JobEntry& job, const QString& folder) {
     QDir().mkpath(folder);
     removeTraces(folder);
-    QProcessEnvironment environment = freshHome(folder + QStringLiteral("/home"));
+    QProcessEnvironment environment = freshHome(folder + "/home"_s);
     for (const QString& name : job.runs) {
         // "-x2" stands for twice as many pixels.
-        const QString scale = name.section(QLatin1String("-x"), 1);
-        environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale.isEmpty() ? QStringLiteral("1") : scale);
+        const QString scale = name.section("-x"_s, 1);
+        environment.insert("QT_SCALE_FACTOR"_s, scale.isEmpty() ? "1"_s : scale);
         QProcess run;
         run.setProcessEnvironment(environment);
         run.setProcessChannelMode(QProcess::ForwardedChannels);
-        run.start(program, {QStringLiteral("--run"), QString::fromLatin1(job.name), name, folder});
-        if (!run.waitForFinished(runLimitMs)) {
+        run.start(program, {"--run"_s, job.name, name, folder});
+        if (!run.waitForFinished(killLimitMs)) {
             run.kill();
             run.waitForFinished();
-            std::fprintf(stderr, "%s: the run does not end\n", qPrintable(name));
+            tell(job.name, name, "the run does not end"_s);
             return 1;
         }
         const bool killed = run.exitStatus() == QProcess::CrashExit;
         if (killed != job.killed.contains(name)) {
-            std::fprintf(stderr, "%s: the program %s\n", qPrintable(name),
-                         killed ? "crashes" : "ends by itself");
+            tell(job.name, name, killed ? "the program crashes"_s : "the program ends by itself"_s);
             return 1;
         }
         if (!killed && run.exitCode() != 0)
@@ -197,16 +155,18 @@ int main(int argc, char** argv) {
         arguments << QFile::decodeName(argv[i]);
     const QString program = QFile::decodeName(argv[0]);
     const QString mode = arguments.value(0);
-    const bool named = mode == QLatin1String("--run") || mode == QLatin1String("--job");
-    const JobEntry* job = named ? jobNamed(arguments.value(1)) : &jobs().front();
+    const bool named = mode == "--run"_s || mode == "--job"_s;
+    const JobEntry* job = named ? jobNamed(arguments.value(1)) : jobNamed("first-light"_s);
     if (!job) {
         std::fprintf(stderr, "There is no job of that name.\n");
         return 2;
     }
-    if (mode == QLatin1String("--run")) {
+    if (mode == "--run"_s) {
         qInstallMessageHandler(collectMessage);
-        // For tests that run as root, where the web engine's sandbox can't.
+        // For tests that run as root, where the web engine's sandbox can't, and where the memory that
+        // processes share is small.
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+        qputenv("QTWEBENGINE_CHROMIUM_FLAGS", "--disable-dev-shm-usage");
         return playRun(argc, argv, *job, arguments.value(2), arguments.value(3));
     }
     const QTemporaryDir temporary;
