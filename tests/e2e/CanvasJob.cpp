@@ -42,11 +42,19 @@ private:
         return lines.join(QLatin1Char('\n'));
     }
 
-    // Undoes the one step that was made since `index`, and compares with what was there before.
-    bool undone(int index, const QString& before) {
-        return expect(undoIndex() == index + 1, "it took %1 steps"_s.arg(undoIndex() - index)) && undo() &&
-               until([&] { return kernos() == before; },
-                     "undo left\n%1\nin place of\n%2"_s.arg(kernos(), before));
+    void mark() {
+        m_index = undoIndex();
+        m_before = kernos();
+    }
+
+    // Undoes the one step that was made since the mark, and compares with what was there then.
+    bool undone() {
+        return expect(undoIndex() == m_index + 1, "it took %1 steps"_s.arg(undoIndex() - m_index)) &&
+               undo() && untilIs("the kernos"_s, m_before, [&] { return kernos(); });
+    }
+
+    bool isUnchanged() {
+        return expect(undoIndex() == m_index && kernos() == m_before, "the project changes"_s);
     }
 
     QPointF placeOf(const QString& title) {
@@ -70,16 +78,14 @@ private:
     }
 
     bool moveBubble() {
-        const int index = undoIndex();
-        const QString before = kernos();
+        mark();
         m_canvas.drag(garden, QPointF(200, 300));
-        return untilAt(garden, QPointF(200, 300)) && untilUndoIndex(index + 1) && shoot("moved"_s) &&
-               undone(index, before);
+        return untilAt(garden, QPointF(200, 300)) && untilUndoIndex(m_index + 1) && shoot("moved"_s) &&
+               undone();
     }
 
     bool nestBubble() {
-        const int index = undoIndex();
-        const QString before = kernos();
+        mark();
         const int parent = m_canvas.kernoId(garden);
         const auto isChild = [&] {
             return KRNFile::instance()->kerno(m_canvas.kernoId(kitchen)).parentKernoId() == parent;
@@ -87,7 +93,7 @@ private:
         return expect(m_canvas.dragOnto(kitchen, garden), "there is nothing to nest"_s) &&
                until([&] { return m_canvas.bubble(kitchen, 1) && isChild(); },
                      "the dropped bubble does not become a child"_s) &&
-               untilUndoIndex(index + 1) && shoot("nested"_s) && undone(index, before) && redo() &&
+               untilUndoIndex(m_index + 1) && shoot("nested"_s) && undone() && redo() &&
                until(isChild, "redo does not nest the kerno again"_s);
     }
 
@@ -100,47 +106,38 @@ private:
     }
 
     bool takeChildOut() {
-        const int index = undoIndex();
-        const QString before = kernos();
+        mark();
         const QPointF place(520, 300);
         if (!expect(m_canvas.hoverChild(garden, kitchen), "no child is under the mouse"_s))
             return false;
         QQuickItem* child = m_canvas.bubble(kitchen, 1);
         m_driver.drag(child, QPointF(child->width() / 2, child->height() / 2), m_canvas.surface(),
                       m_canvas.onSurface(place));
-        return until([&] { return m_canvas.bubble(kitchen, 0); }, "the child does not leave its ring"_s) &&
-               untilAt(kitchen, place) && untilUndoIndex(index + 1) && shoot("taken-out"_s) &&
-               undone(index, before) && redo() && untilAt(kitchen, place);
+        return untilBubble(kitchen, 0) && untilAt(kitchen, place) && untilUndoIndex(m_index + 1) &&
+               shoot("taken-out"_s) && undone() && redo() && untilAt(kitchen, place);
     }
 
     bool addByMenu() {
-        const int index = undoIndex();
-        const QString before = kernos();
+        mark();
         const QPointF place(80, 420);
         m_driver.clickAt(m_canvas.surface(), m_canvas.onSurface(place), Qt::RightButton);
         return shoot("canvas-menu"_s) && click("Add Kerno Here"_s) && nameNewKerno("Here"_s) &&
-               untilAt("Here"_s, place) && untilUndoIndex(index + 2) && undo() && undone(index, before);
+               untilAt("Here"_s, place) && untilUndoIndex(m_index + 2) && undo() && undone();
     }
 
     bool duplicate() {
-        const int index = undoIndex();
-        const QString before = kernos();
+        mark();
         const int count = KRNFile::instance()->allKernos().size();
-        m_canvas.leave();
-        m_driver.click(m_canvas.bubble(street), Qt::RightButton);
-        if (!shoot("kerno-menu"_s) || !click("Duplicate"_s) ||
-            !until([&] { return KRNFile::instance()->allKernos().size() == count + 1; },
-                   "there is no copy"_s) ||
-            !untilUndoIndex(index + 1))
+        if (!kernoMenu(street, "Duplicate"_s) ||
+            !untilIs("kernos"_s, count + 1, [] { return KRNFile::instance()->allKernos().size(); }) ||
+            !untilUndoIndex(m_index + 1))
             return false;
-        return closeProperties() && undone(index, before);
+        return closeProperties() && undone();
     }
 
     bool merge() {
-        const int index = undoIndex();
-        const QString before = kernos();
-        if (!expect(m_canvas.chooseInMenu(street, "Merge"_s), "there is no menu"_s) ||
-            !shown("Merge into:"_s))
+        mark();
+        if (!kernoMenu(street, "Merge"_s) || !shown("Merge into:"_s))
             return false;
         QQuickItem* name = m_driver.itemWithText("Garden (merged)"_s);
         if (!expect(name && m_driver.fill(name, "Outside"_s), "no name is proposed"_s))
@@ -148,37 +145,32 @@ private:
         return shoot("merge"_s) && click("OK"_s) && gone("Merge into:"_s) && closeProperties() &&
                until([&] { return m_canvas.bubble("Outside"_s) && !m_canvas.bubble(garden); },
                      "the kernos are not merged"_s) &&
-               untilUndoIndex(index + 1) && shoot("merged"_s) && undone(index, before);
+               untilUndoIndex(m_index + 1) && shoot("merged"_s) && undone();
     }
 
     bool remove() {
-        const int index = undoIndex();
-        const QString before = kernos();
-        return expect(m_canvas.chooseInMenu(kitchen, "Delete"_s), "there is no menu"_s) &&
-               until([&] { return !m_canvas.bubble(kitchen); }, "the kerno is not deleted"_s) &&
-               untilUndoIndex(index + 1) && undone(index, before);
+        mark();
+        return kernoMenu(kitchen, "Delete"_s) && untilNoBubble(kitchen) && untilUndoIndex(m_index + 1) &&
+               undone();
     }
 
-    bool chooseView(const QString& entry) { return menu("View"_s, entry); }
-
     bool arrange() {
-        const int index = undoIndex();
-        const QString before = kernos();
+        mark();
         const QPointF free = m_canvas.drawnAt(street);
-        if (!click("View"_s) || !shoot("view-menu"_s) || !click("Arrange by Title - Descending"_s))
+        if (!menu("View"_s, "Arrange by Title - Descending"_s, "view-menu"_s))
             return false;
         // The three places are top left, top right and bottom centre.
         const auto left = [&](const QString& title) { return m_canvas.drawnAt(title).x(); };
         return until([&] { return left(street) < left(garden) && left(garden) < left(kitchen); },
                      "the bubbles are not arranged by title"_s) &&
-               shoot("arranged"_s) && chooseView("Default (No Auto Arrange)"_s) &&
+               shoot("arranged"_s) && menu("View"_s, "Default (No Auto Arrange)"_s) &&
                until([&] { return m_canvas.drawnAt(street) == free; }, "the bubbles do not go back"_s) &&
-               expect(undoIndex() == index && kernos() == before, "arranging changes the project"_s);
+               isUnchanged();
     }
 
     bool arrangeByHand() {
-        const QString before = kernos();
-        if (!chooseView("Auto Arrange - Manual Order"_s))
+        mark();
+        if (!menu("View"_s, "Auto Arrange - Manual Order"_s))
             return false;
         m_canvas.leave();
         const auto place = [&](const QString& title) { return m_canvas.drawnAt(title); };
@@ -187,8 +179,8 @@ private:
         return expect(m_canvas.drag(garden, QPointF(0.5 * 700 + 60, 0.8 * 525)), "no bubble to drag"_s) &&
                until([&] { return place(garden) == last && place(street) != last; },
                      "a drag does not change the manual order"_s) &&
-               expect(first != last && kernos() == before, "the manual order changes the project"_s) &&
-               shoot("manual-order"_s) && chooseView("Default (No Auto Arrange)"_s);
+               expect(first != last, "the bubbles share a place"_s) && isUnchanged() &&
+               shoot("manual-order"_s) && menu("View"_s, "Default (No Auto Arrange)"_s);
     }
 
     bool zoom() {
@@ -211,26 +203,22 @@ private:
     }
 
     bool filterByName() {
-        const int index = undoIndex();
-        QQuickItem* field = m_driver.itemNamed("kernoNameFilter"_s);
         const auto shows = [&](const QString& filter, const QStringList& titles) {
-            const auto isSo = [&] {
-                return std::all_of(allThree.begin(), allThree.end(), [&](const QString& title) {
-                    return (m_canvas.bubble(title) != nullptr) == titles.contains(title);
-                });
-            };
-            return expect(field && m_driver.fill(field, filter), "there is no filter"_s) &&
-                   until(isSo, "\"%1\" does not show %2 alone"_s.arg(filter, titles.join(QLatin1Char(' '))));
+            return fill("kernoNameFilter"_s, filter) && untilAlone(titles, allThree);
         };
+        mark();
         if (!shows("stre"_s, {street}) || !shoot("filtered"_s) || !shows(QString(), allThree) ||
-            !expect(undoIndex() == index, "filtering makes a step"_s))
+            !isUnchanged())
             return false;
         // A parent that does not fit stays while a child of it does.
         return expect(m_canvas.dragOnto(kitchen, garden), "there is nothing to nest"_s) &&
-               untilUndoIndex(index + 1) && shows("KITCH"_s, {garden, kitchen}) &&
+               untilUndoIndex(m_index + 1) && shows("KITCH"_s, {garden, kitchen}) &&
                shows("street"_s, {street}) && shows("kitchen"_s, {garden, kitchen}) &&
                shows(QString(), allThree);
     }
+
+    int m_index = 0;
+    QString m_before;
 };
 
 const Played<CanvasJob> played{"canvas"_s, {"arrange"_s}};

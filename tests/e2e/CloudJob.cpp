@@ -84,9 +84,7 @@ private:
     }
 
     bool untilOpenIs(const QString& name) {
-        return untilIs(
-                   name, [&] { return currentName(); }, "open is"_s) &&
-               untilOpen() && gone(welcome);
+        return untilIs("open is"_s, name, [&] { return currentName(); }) && untilOpen() && gone(welcome);
     }
 
     bool createInCloud(const QString& title, const QString& password) {
@@ -100,8 +98,7 @@ private:
     }
 
     bool work() {
-        return importTexts({{"Yard"_s, text}}) && expect(m_source.read(text), "the text is not shown"_s) &&
-               addKerno("Belonging"_s) &&
+        return importTexts({{"Yard"_s, text}}) && reads(text) && addKerno("Belonging"_s) &&
                expect(KRNFile::instance()->kernos().value(0).toMap().value("author"_s) == "Ada Berger"_s,
                       "the account's name is not that of the author"_s);
     }
@@ -149,7 +146,7 @@ private:
         };
         if (!until([&] { return currentName() == study && !KRNFile::instance()->canMutate(); },
                    "the project does not open for reading"_s) ||
-            !gone(welcome) || !expect(m_source.read(text), "the text is not shown"_s) ||
+            !gone(welcome) || !reads(text) ||
             !until([&] { return m_canvas.bubble(title) && !m_canvas.addButton()->isEnabled(); },
                    "a reader may add a kerno"_s))
             return false;
@@ -181,8 +178,7 @@ private:
     bool remove() {
         return click(unwanted) && answering([&] { m_driver.press(Qt::Key_Delete); }, "Yes"_s) &&
                gone(unwanted) &&
-               untilIs(
-                   QStringList("Fetched"_s), [&] { return m_cloud.projectNames(); }, "the cloud has"_s);
+               untilIs("the cloud has"_s, QStringList("Fetched"_s), [&] { return m_cloud.projectNames(); });
     }
 
     // It was fetched while it was open, and bears the mark of that.

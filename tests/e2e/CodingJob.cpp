@@ -33,10 +33,7 @@ public:
     }
 
 private:
-    bool readSource() {
-        return importTexts({{"Grüße 🌻"_s, text}}) &&
-               expect(m_source.read(text), "the text is not shown whole"_s) && shown("Grüße 🌻"_s);
-    }
+    bool readSource() { return importTexts({{"Grüße 🌻"_s, text}}) && reads(text) && shown("Grüße 🌻"_s); }
 
     bool codeInto(const QString& passage, const QString& title) {
         if (!select(passage))
@@ -46,8 +43,7 @@ private:
     }
 
     bool untilStripes(int count) {
-        return untilIs(
-            count, [&] { return m_source.stripes().size(); }, "the stripes"_s);
+        return untilIs("the stripes"_s, count, [&] { return m_source.stripes().size(); });
     }
 
     // What the coding of a kerno with this number, in the order of the text, holds.

@@ -36,11 +36,9 @@ public:
             return false;
         const QString current = isProtected ? file : copy;
         return exportPart(exportSources, sources) && exportPart(exportStructure, structure) &&
-               holds(current, 1, 1, 1) && open(sources, word) && holds(sources, 1, 0, 0) &&
-               expect(m_source.read(text), "the text of the sources is lost"_s) && shoot("sources"_s) &&
-               open(structure, word) && holds(structure, 0, 1, 0) &&
-               until([&] { return m_canvas.bubble("Belonging"_s); }, "the structure has no bubble"_s) &&
-               shoot("structure"_s) && open(file, word) && holds(file, 1, 1, 1);
+               holds(current, 1, 1, 1) && open(sources, word) && holds(sources, 1, 0, 0) && reads(text) &&
+               shoot("sources"_s) && open(structure, word) && holds(structure, 0, 1, 0) &&
+               untilBubble("Belonging"_s) && shoot("structure"_s) && open(file, word) && holds(file, 1, 1, 1);
     }
 
 private:
@@ -61,9 +59,8 @@ private:
     bool open(const QString& file, const QString& word = {}) {
         return showOpenDialog() && chooseProject("Open Other..."_s, file) &&
                (word.isEmpty() || (shown("Password required"_s) && fillField(0, word) && click("OK"_s))) &&
-               untilIs(
-                   file, [&] { return currentName(); }, "open is"_s) &&
-               untilOpen() && gone("Password required"_s);
+               untilIs("open is"_s, file, [&] { return currentName(); }) && untilOpen() &&
+               gone("Password required"_s);
     }
 
     bool holds(const QString& file, int sources, int kernos, int codings) {
@@ -75,8 +72,8 @@ private:
                 .arg(project->totalHighlightsCount());
         };
         return untilIs(
-            "%1: %2 sources, %3 kernos, %4 codings"_s.arg(file).arg(sources).arg(kernos).arg(codings), held,
-            "the project"_s);
+            "the project"_s,
+            "%1: %2 sources, %3 kernos, %4 codings"_s.arg(file).arg(sources).arg(kernos).arg(codings), held);
     }
 };
 

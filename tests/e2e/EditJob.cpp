@@ -47,7 +47,7 @@ private:
         QuestionAnswer answer = KRNFile::instance()->dataHelper()->findAll<QuestionAnswer>().value(0);
         answer.setAnswer(html);
         KRNFile::instance()->saveAnswer(answer);
-        return expect(m_source.read(text), "the text is not shown"_s);
+        return reads(text);
     }
 
     // What the project has stored: the source's text, and in it what is coded into the two kernos.
@@ -56,10 +56,8 @@ private:
             const auto answer = KRNFile::instance()->dataHelper()->findAll<QuestionAnswer>().value(0);
             return QStringList{answer.plainAnswer()} + coded(belonging) + coded(food);
         };
-        return untilIs(QStringList{words, first, second}, held, "stored is"_s) &&
-               expect(m_source.read(words), "what is stored isn't shown"_s) &&
-               untilIs(
-                   2, [&] { return m_source.stripes().size(); }, "the stripes"_s);
+        return untilIs("stored is"_s, QStringList{words, first, second}, held) && reads(words) &&
+               untilIs("the stripes"_s, 2, [&] { return m_source.stripes().size(); });
     }
 
     bool openEditor() {
@@ -110,14 +108,13 @@ private:
         m_driver.type("Mine: "_s);
         project->saveAnswer(others);
         const QString own = "Garden (version of Ada Berger)"_s;
-        const bool kept =
-            click("Save as New Source"_s) && gone("Edit Source Text"_s) && shown(own) &&
-            expect(m_source.read("Mine: "_s + before.plainAnswer()), "one's own text is lost"_s) &&
-            expect(project->answer(before.id()).plainAnswer() == others.plainAnswer(),
-                   "somebody's text is lost"_s) &&
-            shoot("both"_s) && undo() && gone(own);
+        const bool kept = click("Save as New Source"_s) && gone("Edit Source Text"_s) && shown(own) &&
+                          reads("Mine: "_s + before.plainAnswer()) &&
+                          expect(project->answer(before.id()).plainAnswer() == others.plainAnswer(),
+                                 "somebody's text is lost"_s) &&
+                          shoot("both"_s) && undo() && gone(own);
         project->saveAnswer(before);
-        return kept && expect(m_source.read(before.plainAnswer()), "the text does not come back"_s);
+        return kept && reads(before.plainAnswer());
     }
 
     bool find() {
@@ -154,15 +151,14 @@ private:
             !click("Edit Source Text"_s) || !untilFocus("editedText"_s))
             return false;
         m_driver.type("Written <here>"_s);
-        return shoot("blank"_s) && click("Save"_s) && gone("Edit Source Text"_s) &&
-               expect(m_source.read("Written <here>"_s), "what was written is lost"_s);
+        return shoot("blank"_s) && click("Save"_s) && gone("Edit Source Text"_s) && reads("Written <here>"_s);
     }
 
     bool refuseHtml() {
         QuestionAnswer answer = KRNFile::instance()->dataHelper()->findAll<QuestionAnswer>().value(1);
         answer.setAnswer("<p>Written on the <em>web</em></p>"_s);
         KRNFile::instance()->saveAnswer(answer);
-        if (!expect(m_source.read("Written on the web"_s), "the text is not shown"_s))
+        if (!reads("Written on the web"_s))
             return false;
         return answering(
             [&] { m_driver.clickAt(m_source.textItem(), QPointF(20, 8), Qt::RightButton); }, "OK"_s,
@@ -184,8 +180,7 @@ private:
     }
 
     bool untilCount(int count) {
-        return untilIs(
-            count, [&] { return questions().size(); }, "the questions"_s);
+        return untilIs("the questions"_s, count, [&] { return questions().size(); });
     }
 
     bool askQuestions() {

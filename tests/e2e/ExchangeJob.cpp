@@ -68,9 +68,7 @@ private:
         if (!m_plain && (!flip(0) || !fillField(0, word) || !fillField(1, word)))
             return false;
         return look("import"_s) && click("Import"_s) && shown("Picture sources"_s) && look("skipped"_s) &&
-               click("Open Project"_s) &&
-               untilIs(
-                   project, [&] { return currentName(); }, "open is"_s) &&
+               click("Open Project"_s) && untilIs("open is"_s, project, [&] { return currentName(); }) &&
                gone("Open Project"_s) &&
                expect(KRNFile::instance()->sources().size() == 2, "the sources are not all there"_s) &&
                expect(KRNFile::instance()->totalHighlightsCount() == 6, "codings are lost"_s) &&
@@ -89,9 +87,7 @@ private:
             !shown("Author:"_s) || !look("merge-result"_s))
             return false;
         return click("Back"_s) && shown(add) && click("Next"_s) && chooseProject("Merge"_s, result) &&
-               untilIs(
-                   result, [&] { return currentName(); }, "open is"_s) &&
-               gone("Merge Projects"_s) &&
+               untilIs("open is"_s, result, [&] { return currentName(); }) && gone("Merge Projects"_s) &&
                expect(KRNFile::instance()->sources().size() == 3, "sources are lost"_s) &&
                expect(KRNFile::instance()->totalHighlightsCount() == 7, "codings are lost"_s) &&
                shoot("merged"_s);

@@ -74,17 +74,14 @@ private:
     bool reopen() { return signIn() && openRecent() && compareProject(); }
 
     bool importSource() {
-        return importFiles({sampleFile()}) &&
-               expect(m_source.read(sampleText()), "the imported text is not shown whole"_s) &&
+        return importFiles({sampleFile()}) && reads(sampleText()) &&
                shown(QFileInfo(sampleFile()).completeBaseName()) && shoot("source"_s);
     }
 
     bool awaitCodings(int count, const QString& title) {
-        return untilIs(
-                   count, [&] { return m_canvas.codings(title); }, title + " is coded"_s) &&
-               untilIs(
-                   KRNFile::instance()->totalHighlightsCount(), [&] { return m_source.stripes().size(); },
-                   "the stripes"_s);
+        return untilIs(title + " is coded"_s, count, [&] { return m_canvas.codings(title); }) &&
+               untilIs("the stripes"_s, KRNFile::instance()->totalHighlightsCount(),
+                       [&] { return m_source.stripes().size(); });
     }
 
     bool codePassage() {
@@ -111,8 +108,7 @@ private:
     }
 
     bool compareProject() {
-        if (!expect(m_source.read(sampleText()), "the text is not shown again"_s) ||
-            !awaitCodings(1, firstTheme) || !awaitCodings(1, secondTheme))
+        if (!reads(sampleText()) || !awaitCodings(1, firstTheme) || !awaitCodings(1, secondTheme))
             return false;
         for (const QVariant& highlight : KRNFile::instance()->highlights()) {
             if (!expect(highlight.toMap().value("author"_s) == author, "the coding's author is lost"_s))

@@ -37,7 +37,7 @@ public:
 private:
     bool makeGroups() {
         const auto titlesAre = [&](const QStringList& titles) {
-            return untilIs(titles, groupTitles, "the groups"_s);
+            return untilIs("the groups"_s, titles, groupTitles);
         };
         const int index = undoIndex();
         if (!menu("Groups"_s, "New/Change Group"_s, "menu-without-groups"_s) ||
@@ -63,7 +63,7 @@ private:
 
     // Opens a kerno's properties, clicks at these groups and saves.
     bool toggleGroups(const QString& kerno, const QStringList& groups) {
-        if (!m_canvas.chooseInMenu(kerno, "Edit"_s) || !shown("Kerno Properties"_s))
+        if (!kernoMenu(kerno, "Edit"_s) || !shown("Kerno Properties"_s))
             return fail("the properties do not open"_s);
         for (const QString& group : groups) {
             if (!click(group))
@@ -92,13 +92,7 @@ private:
     // Whether these bubbles are drawn and no others.
     bool shows(const QStringList& titles) {
         m_canvas.leave();
-        return until(
-            [&] {
-                return std::all_of(kernos.begin(), kernos.end(), [&](const QString& kerno) {
-                    return titles.contains(kerno) == (m_canvas.bubble(kerno) != nullptr);
-                });
-            },
-            "not exactly \"%1\" show"_s.arg(titles.join(QLatin1Char(','))));
+        return untilAlone(titles, kernos);
     }
 
     bool filter() {

@@ -47,6 +47,27 @@ bool Job::click(const QString& text) {
     return m_driver.clickText(text) || fail("there is no \"%1\" to click"_s.arg(text));
 }
 
+bool Job::untilBubble(const QString& title, int level) {
+    return until([&] { return m_canvas.bubble(title, level); }, "no bubble reads "_s + title);
+}
+
+bool Job::untilNoBubble(const QString& title) {
+    return until([&] { return !m_canvas.bubble(title); }, "the bubble stays: "_s + title);
+}
+
+bool Job::untilAlone(const QStringList& titles, const QStringList& all) {
+    return untilIs("the bubbles"_s, titles, [&] {
+        QStringList drawn;
+        std::copy_if(all.begin(), all.end(), std::back_inserter(drawn),
+                     [&](const QString& title) { return m_canvas.bubble(title); });
+        return drawn;
+    });
+}
+
+bool Job::reads(const QString& text) {
+    return expect(m_source.read(text), "the panel does not show \"%1\""_s.arg(text.left(60)));
+}
+
 bool Job::shoot(const QString& name) {
     m_driver.screenshot(name);
     return true;
@@ -141,6 +162,10 @@ bool Job::menu(const QString& button, const QString& entry, const QString& pictu
 
 bool Job::addMenu(const QString& entry) {
     return choose(m_driver.itemNamed("addSource"_s), entry);
+}
+
+bool Job::kernoMenu(const QString& title, const QString& entry) {
+    return expect(m_canvas.chooseInMenu(title, entry), "%1 has no menu with %2"_s.arg(title, entry));
 }
 
 bool Job::answering(const std::function<void()>& action, const QString& button, const QString& told) {

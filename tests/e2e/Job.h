@@ -35,7 +35,7 @@ protected:
     bool until(const std::function<bool()>& condition, const QString& what);
     /// Waits until `actual` gives what is wanted; tells what it gave else.
     template <typename Value, typename Actual>
-    bool untilIs(const Value& wanted, const Actual& actual, const QString& what) {
+    bool untilIs(const QString& what, const Value& wanted, const Actual& actual) {
         if (AppDriver::waitFor([&] { return actual() == wanted; }))
             return true;
         QString told;
@@ -46,6 +46,13 @@ protected:
     bool shown(const QString& text);
     bool gone(const QString& text);
     bool shoot(const QString& name);
+    /// Waits until a bubble of that title is drawn, at that level, or at any; or until none is.
+    bool untilBubble(const QString& title, int level = -1);
+    bool untilNoBubble(const QString& title);
+    /// Waits until these bubbles are drawn, and of `all` no others.
+    bool untilAlone(const QStringList& titles, const QStringList& all);
+    /// Waits until the panel shows the text.
+    bool reads(const QString& text);
     /// Takes a picture, and judges whether everything of what is uppermost can be read. What moves all the
     /// time doesn't stand still for it.
     bool look(const QString& name, bool moving = false);
@@ -73,6 +80,7 @@ protected:
     /// Chooses an entry of the menu of that button, and takes a picture of it by the way.
     bool menu(const QString& button, const QString& entry, const QString& picture = {});
     bool addMenu(const QString& entry);
+    bool kernoMenu(const QString& title, const QString& entry);
     /// Does `action`, and answers the message box that comes of it. Its text has to be `told`, where that is
     /// given.
     bool answering(const std::function<void()>& action, const QString& button, const QString& told = {});

@@ -44,8 +44,7 @@ private:
         m_driver.press(Qt::Key_Up);
         shoot("sources"_s);
         m_driver.press(Qt::Key_Return);
-        return gone("All Sources"_s) &&
-               expect(m_source.read(text), "Return does not open the first source"_s) && goTo("answerText"_s);
+        return gone("All Sources"_s) && reads(text) && goTo("answerText"_s);
     }
 
     // From the beginning of the text, skips some words and selects some.
@@ -61,8 +60,7 @@ private:
     }
 
     bool untilCodings(const QString& kerno, int count) {
-        return untilIs(
-                   count, [&] { return m_canvas.codings(kerno); }, kerno + " is coded"_s) &&
+        return untilIs(kerno + " is coded"_s, count, [&] { return m_canvas.codings(kerno); }) &&
                untilFocus("answerText"_s);
     }
 
@@ -155,8 +153,7 @@ private:
     // Older ones, beside the text: by the menu and by Delete.
     bool removeCodings() {
         const auto untilCount = [&](int count) {
-            return untilIs(
-                count, [&] { return m_canvas.codings(care); }, "codings are left"_s);
+            return untilIs("codings are left"_s, count, [&] { return m_canvas.codings(care); });
         };
         if (!tabTo("codings"_s, 1))
             return false;
@@ -173,8 +170,7 @@ private:
     }
 
     bool untilMemo(int id, const QString& content) {
-        return untilIs(
-            content, [=] { return KRNFile::instance()->memo(id).content(); }, "the memo"_s);
+        return untilIs("the memo"_s, content, [=] { return KRNFile::instance()->memo(id).content(); });
     }
 
     // Goes to the memo again, writes on, and removes it by its menu.
@@ -243,8 +239,7 @@ private:
         const QString title = "Yard and garden"_s;
         m_driver.press(Qt::Key_F2);
         if (!enter("editBarTitle"_s, title) ||
-            !untilIs(
-                title, [&] { return KRNFile::instance()->kerno(id).title(); }, "the title"_s) ||
+            !untilIs("the title"_s, title, [&] { return KRNFile::instance()->kerno(id).title(); }) ||
             !untilFocus("canvasKeys"_s) || !shoot("edit-bar"_s))
             return false;
         const QPointF before(KRNFile::instance()->kerno(id).x(), KRNFile::instance()->kerno(id).y());

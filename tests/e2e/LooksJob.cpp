@@ -111,10 +111,8 @@ private:
             project->saveChatMessage(message);
         }
         // The dialog follows the last of them.
-        return untilIs(
-                   3, [=] { return project->getChatModel()->count(); }, "the messages"_s) &&
-               closeProperties() &&
-               until([&] { return m_canvas.bubble(longTitle); }, "the bubbles do not come"_s);
+        return untilIs("the messages"_s, 3, [=] { return project->getChatModel()->count(); }) &&
+               closeProperties() && untilBubble(longTitle);
     }
 
     // Pictures are named by the size of the window.
@@ -195,32 +193,29 @@ private:
         const auto tabs = [&] { return m_driver.itemsOfType("TabShape"_s).size(); };
         const int allRows = rows();
         const int allTabs = tabs();
-        return fill("sourceFilter"_s, "VIEW 7$"_s) && untilIs(1, rows, "the filtered sources"_s) &&
+        return fill("sourceFilter"_s, "VIEW 7$"_s) && untilIs("the filtered sources"_s, 1, rows) &&
                expect(tabs() == allTabs, "a filtered list takes tabs away"_s) &&
-               fill("sourceFilter"_s, QString()) && untilIs(allRows, rows, "all sources"_s);
+               fill("sourceFilter"_s, QString()) && untilIs("all sources"_s, allRows, rows);
     }
 
     // The first kerno has children and quotes; the tenth shares some of them.
     bool lookAtViews() {
-        const auto home = [&] {
-            return click("Home"_s) &&
-                   until([&] { return m_canvas.bubble("Theme 5"_s, 0); }, "the canvas does not come back"_s);
-        };
+        const auto home = [&] { return click("Home"_s) && untilBubble("Theme 5"_s, 0); };
         const auto toggleTree = [&] { return menu("View"_s, "Kernos as Tree View"_s); };
         const auto stands = [&](const char* type, int count) {
             return until([&] { return m_driver.itemsOfType(QString::fromLatin1(type)).size() >= count; },
                          "there are too few "_s + QString::fromLatin1(type));
         };
         if (!toggleTree() || !stands("TreeViewKerno", kernoCount) || !look("tree"_s) || !toggleTree() ||
-            !home() || !m_canvas.chooseInMenu("Theme 10"_s, "Overlap"_s) ||
-            !stands("KernoViewBubble", kernoCount) || !quotesStand() || !look("overlap"_s))
+            !home() || !kernoMenu("Theme 10"_s, "Overlap"_s) || !stands("KernoViewBubble", kernoCount) ||
+            !quotesStand() || !look("overlap"_s))
             return false;
         QQuickItem* inner = m_canvas.bubble("Theme 19"_s);
         m_driver.click(inner);
         m_driver.hover(inner, QPointF(20, 20));
         if (!tellsOfKerno() || !quotesStand() || !look("overlap-second"_s) || !home() ||
-            !m_canvas.chooseInMenu(longTitle, "Overview"_s) || !stands("HierarchyRow", 20) ||
-            !quotesStand() || !look("hierarchy"_s))
+            !kernoMenu(longTitle, "Overview"_s) || !stands("HierarchyRow", 20) || !quotesStand() ||
+            !look("hierarchy"_s))
             return false;
         m_driver.click(m_canvas.bubble("Theme 181"_s));
         return quotesStand() && look("hierarchy-selected"_s) && home();
@@ -245,8 +240,8 @@ private:
         const QString themeFive = "Theme 5"_s;
         QGuiApplication::clipboard()->setText("Somebody said this elsewhere. "_s.repeated(200));
         return addMenu("Import Source: From Clipboard"_s) && closeDialog("import"_s, "Source Title:"_s) &&
-               m_canvas.chooseInMenu(themeFive, "Edit"_s) && closeDialog("kerno"_s, "Kerno Properties"_s) &&
-               m_canvas.chooseInMenu(themeFive, "Merge"_s) && closeDialog("merge"_s, "Merge into:"_s) &&
+               kernoMenu(themeFive, "Edit"_s) && closeDialog("kerno"_s, "Kerno Properties"_s) &&
+               kernoMenu(themeFive, "Merge"_s) && closeDialog("merge"_s, "Merge into:"_s) &&
                lookAtEditBar() && lookAtCodeWith() && lookAtTable() && lookAtReport() && lookAtChat();
     }
 
@@ -295,8 +290,7 @@ private:
 
     bool lookAtChat() {
         return clickOn("chatToggle"_s) &&
-               untilIs(
-                   3, [&] { return m_driver.itemsOfType("ChatItem"_s).size(); }, "the messages"_s) &&
+               untilIs("the messages"_s, 3, [&] { return m_driver.itemsOfType("ChatItem"_s).size(); }) &&
                look("chat"_s) && clickOn("chatToggle"_s);
     }
 

@@ -49,8 +49,7 @@ private:
     }
 
     bool untilTags(const QStringList& texts) {
-        return untilIs(
-            texts, [&] { return tags(); }, "the values"_s);
+        return untilIs("the values"_s, texts, [&] { return tags(); });
     }
 
     // Return in the value's field leaves a good value to the button.
@@ -141,8 +140,7 @@ private:
         if (!fill("sourceTitle"_s, "  Ben B.  "_s))
             return false;
         m_driver.press(Qt::Key_Return);
-        return untilIs(
-                   "Ben B."_s, [&] { return stored().title(); }, "the title"_s) &&
+        return untilIs("the title"_s, "Ben B."_s, [&] { return stored().title(); }) &&
                clickOn("sourceIcon"_s) && shoot("icons"_s) && click("Female"_s) &&
                until([&] { return stored().icon() == "md_female"_s; }, "the icon stays"_s);
     }

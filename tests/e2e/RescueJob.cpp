@@ -73,9 +73,7 @@ private:
     bool askAboutLock() {
         return openAnswering("No"_s) && gone("Loading..."_s) && shown("Open Selected"_s) &&
                expect(!KRNFile::instance()->isOpened(), "No opens the project"_s) && shoot("not-opened"_s) &&
-               openAnswering("Yes"_s) && untilOpen() &&
-               until([&] { return m_canvas.bubble(first); }, "the kerno is lost in the crash"_s) &&
-               shoot("opened"_s);
+               openAnswering("Yes"_s) && untilOpen() && untilBubble(first) && shoot("opened"_s);
     }
 
     bool outliveService() {
@@ -89,8 +87,7 @@ private:
         return shown("Connection lost, reconnecting..."_s) && shoot("blocked"_s) &&
                gone("Connection lost, reconnecting..."_s) &&
                until([] { return KRNFile::instance()->isOpened(); }, "the project is not opened again"_s) &&
-               until([&] { return m_canvas.bubble(first); }, "the kerno is gone"_s) && addKerno(second) &&
-               shoot("after"_s) && undo() &&
+               untilBubble(first) && addKerno(second) && shoot("after"_s) && undo() &&
                until([&] { return KRNFile::instance()->allKernos().size() >= 1; }, "all kernos are gone"_s);
     }
 };

@@ -48,10 +48,9 @@ private:
             return std::count_if(items.cbegin(), items.cend(),
                                  [](QQuickItem* item) { return item->opacity() > 0.99; });
         };
-        return untilIs(
-                   QString::number(count), [&] { return shownCount->property("text").toString(); },
-                   "results"_s) &&
-               untilIs(std::ptrdiff_t(count), drawn, "results that are drawn"_s);
+        return untilIs("results"_s, QString::number(count),
+                       [&] { return shownCount->property("text").toString(); }) &&
+               untilIs("results that are drawn"_s, std::ptrdiff_t(count), drawn);
     }
 
     bool search(const QString& term, int count) {
@@ -92,8 +91,7 @@ private:
                     "Term: trusts | ALL: Y | WW: N | SYN: N | ALT: Y | CTO: Y"_s))
             return false;
         const QQuickItem* term = m_driver.itemNamed("searchTerm"_s);
-        return untilIs(
-                   "trusts"_s, [&] { return term->property("text").toString(); }, "the term"_s) &&
+        return untilIs("the term"_s, "trusts"_s, [&] { return term->property("text").toString(); }) &&
                expect(isOn("alternativeEndings"_s) && isOn("codedTextOnly"_s) && !isOn("wholeWords"_s),
                       "the options are not restored"_s) &&
                shoot("restored"_s) && toggle("codedTextOnly"_s) && toggle("alternativeEndings"_s);
@@ -191,7 +189,7 @@ private:
             expected.prepend(term);
         }
         expected = expected.mid(0, 9) << oldest;
-        return untilIs(expected, entries, "the history"_s);
+        return untilIs("the history"_s, expected, entries);
     }
 
     bool dock() {

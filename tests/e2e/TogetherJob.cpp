@@ -42,8 +42,7 @@ private:
 
     bool untilMessages(int count) {
         ChatModel* const messages = KRNFile::instance()->getChatModel();
-        return untilIs(
-            count, [=] { return messages->count(); }, "the messages"_s);
+        return untilIs("the messages"_s, count, [=] { return messages->count(); });
     }
 
     bool host() {

@@ -51,8 +51,7 @@ private:
     }
 
     bool makeProject() {
-        return importTexts({{"A house"_s, text}}) &&
-               expect(m_source.read(text), "the text is not shown whole"_s) && addKerno(garden, {150, 150}) &&
+        return importTexts({{"A house"_s, text}}) && reads(text) && addKerno(garden, {150, 150}) &&
                addKerno(kitchen, {450, 150}) && addKerno(street, {300, 380}) && code(bed, garden) &&
                code(pick, garden) && code(cook, kitchen) && code(road, street);
     }
@@ -99,8 +98,7 @@ private:
             return false;
         m_source.dragSelectionTo(label(street));
         return shown("2 | Street"_s) &&
-               untilIs(
-                   QStringList({road, loud}), [] { return coded(street); }, "coded"_s) &&
+               untilIs("coded"_s, QStringList({road, loud}), [] { return coded(street); }) &&
                shoot("coded-in-tree"_s);
     }
 
@@ -114,8 +112,7 @@ private:
         m_driver.press(Qt::Key_Return);
         return untilQuotes({cook}) && click("Home"_s) &&
                until([&] { return label(garden) != nullptr; }, "Home does not lead back"_s) &&
-               menu("View"_s, "Kernos as Tree View"_s) &&
-               until([&] { return m_canvas.bubble(garden) != nullptr; }, "the canvas does not come back"_s);
+               menu("View"_s, "Kernos as Tree View"_s) && untilBubble(garden);
     }
 
     // The texts of the quotes, once all of them stand.
@@ -138,8 +135,7 @@ private:
     }
 
     bool untilQuotes(const QStringList& texts) {
-        return untilIs(
-            texts, [&] { return quotes(); }, "the quotes"_s);
+        return untilIs("the quotes"_s, texts, [&] { return quotes(); });
     }
 
     bool openHierarchy() {
@@ -167,7 +163,7 @@ private:
         const int index = undoIndex();
         const QString words = "on the table"_s;
         m_driver.click(m_canvas.bubble(kitchen));
-        if (!untilQuotes({cook}) || !expect(m_source.read(cook), "there is no quote"_s))
+        if (!untilQuotes({cook}) || !reads(cook))
             return false;
         return code(words, garden) && untilUndoIndex(index + 1) && shoot("quote-coded"_s) && undo();
     }
@@ -193,21 +189,18 @@ private:
             return false;
         m_driver.press(Qt::Key_Escape);
         openMenu(herbs);
-        return click("Delete"_s) &&
-               until([&] { return !m_canvas.bubble(herbs); }, "the kerno is not deleted"_s) &&
+        return click("Delete"_s) && untilNoBubble(herbs) &&
                expect(m_canvas.bubble(garden), "the main kerno can be deleted"_s) && undo() &&
-               until([&] { return m_canvas.bubble(herbs); }, "undo does not bring it back"_s) &&
-               closeProperties();
+               untilBubble(herbs) && closeProperties();
     }
 
     bool leaveHierarchy() {
         m_driver.doubleClick(m_canvas.bubble(garden));
-        return until([&] { return m_canvas.bubble(street) != nullptr; },
-                     "a double click does not leave the hierarchy"_s);
+        return untilBubble(street);
     }
 
     bool openOverlaps() {
-        if (!expect(m_canvas.chooseInMenu(garden, "Overlap"_s), "there is no menu"_s))
+        if (!kernoMenu(garden, "Overlap"_s))
             return false;
         const auto distance = [&](const QString& title) {
             return QLineF(middleOf(m_canvas.bubble(garden)), middleOf(m_canvas.bubble(title))).length();
@@ -230,9 +223,8 @@ private:
 
     bool copyQuotes() {
         return clickOn("selectAllQuotes"_s) && clickOn("copySelectedParts"_s) &&
-               untilIs(
-                   "%1\n\n-- A house --\n\n\n%2\n\n-- A house --\n\n\n"_s.arg(bed, pick),
-                   [] { return QGuiApplication::clipboard()->text(); }, "copied"_s) &&
+               untilIs("copied"_s, "%1\n\n-- A house --\n\n\n%2\n\n-- A house --\n\n\n"_s.arg(bed, pick),
+                       [] { return QGuiApplication::clipboard()->text(); }) &&
                shoot("all-selected"_s);
     }
 
