@@ -27,15 +27,8 @@ QString kernoTitle(int number) {
 }
 
 Highlight codingOf(const Kerno& kerno, int sourceId, int questionId, int start, int length) {
-    Highlight highlight;
-    highlight.setHighlightId(IdManager::instance()->nextHighlightId());
-    highlight.setKernoId(kerno.kernoId());
-    highlight.setColor(kerno.color());
-    highlight.setSourceId(sourceId);
-    highlight.setQuestionId(questionId);
-    highlight.setStart(start);
-    highlight.setLength(length);
-    return highlight;
+    return Highlight(IdManager::instance()->nextHighlightId(), kerno.kernoId(), sourceId, questionId,
+                     kerno.color(), start, length, start + length, "Ada Berger"_s, {}, 0, 0, 0, false);
 }
 
 // One value for both sources, and many for the second.
@@ -91,14 +84,13 @@ private:
         const int firstSource = project->sourceIds().value(0).toInt();
         const int question = project->questionIds().value(0).toInt();
         for (int number = 1; number <= kernoCount; ++number) {
-            const QColor color = QColor::fromHsv((number * 47) % 360, 200, 220);
-            const Kerno kerno(ids->nextKernoId(), number > 180 ? 1 : -1, color, kernoTitle(number), QString(),
+            const Kerno kerno(ids->nextKernoId(), number > 180 ? 1 : -1,
+                              QColor::fromHsv((number * 47) % 360, 200, 220), kernoTitle(number), {},
                               QDateTime::currentDateTime(), "Ada Berger"_s, 30 + (number % 16) * 40,
                               30 + number / 16 * 38);
             project->saveKerno(kerno);
-            if (number % 9 == 1) {
+            if (number % 9 == 1)
                 project->saveHighlight(codingOf(kerno, firstSource, question, number * 3, 20 + number));
-            }
         }
         giveProperties(*project, firstSource, project->sourceIds().last().toInt());
         for (const QString& group : {"Family"_s, "Work"_s, longTitle})
