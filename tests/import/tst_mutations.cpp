@@ -91,8 +91,7 @@ private slots:
         FETCH(QByteArray, bytes, bool, inside);
         const QString suffix = QString::fromLatin1(QTest::currentDataTag()).section(QLatin1Char(' '), 0, 0);
         const ImportExercise exercise;
-        // Each PDF starts a converter.
-        for (int round = 0; round < (suffix == "pdf"_s ? rounds / 4 : rounds); ++round) {
+        for (int round = 0; round < rounds; ++round) {
             QRandomGenerator random(static_cast<quint32>(round));
             const QByteArray damaged = mutated(bytes, random);
             QElapsedTimer timer;
