@@ -1,5 +1,7 @@
 #include "text/ChangesElsewhere.h"
 
+#include "link/DataHelper.h"
+#include "link/ListReads.h"
 #include "models/QuestionAnswerMainModel.h"
 #include "project/KRNFile.h"
 
@@ -32,6 +34,8 @@ void ChangesElsewhere::follow(KRNFile* file, int sourceId, int questionId) {
         m_saved.remove(highlight.id());
         m_deleted.insert(highlight.id());
     });
+    connect(file, &ProjectEvents::batchHighlightSaved, this, &ChangesElsewhere::noteMany);
+    connect(file, &ProjectEvents::batchHighlightDeleted, this, &ChangesElsewhere::noteMany);
 }
 
 void ChangesElsewhere::stop() {
@@ -42,6 +46,7 @@ void ChangesElsewhere::stop() {
     m_file = nullptr;
     m_saved.clear();
     m_deleted.clear();
+    m_manyChanged = false;
     if (m_textChanged) {
         m_textChanged = false;
         emit textChangedChanged();
@@ -57,8 +62,33 @@ void ChangesElsewhere::compareText() {
     emit textChangedChanged();
 }
 
+void ChangesElsewhere::noteMany(const QSet<int>& sources, const QSet<int>& questions) {
+    m_manyChanged |= sources.contains(m_sourceId) && questions.contains(m_questionId);
+}
+
+// What the highlights that are stored now differ in. When they can't be read, what was told of them holds.
+void ChangesElsewhere::readChanges(const QList<Highlight>& initial) {
+    QList<Highlight> stored;
+    if (!m_file->dataHelper()->queryList(reads::highlights(m_sourceId, m_questionId), stored))
+        return;
+    QHash<int, Highlight> known;
+    for (const Highlight& highlight : initial)
+        known.insert(highlight.id(), highlight);
+    m_saved.clear();
+    for (const Highlight& highlight : qAsConst(stored)) {
+        const Highlight before = known.take(highlight.id());
+        if (before.kernoId() != highlight.kernoId() || before.start() != highlight.start() ||
+            before.length() != highlight.length())
+            m_saved.insert(highlight.id(), highlight);
+    }
+    const QList<int> gone = known.keys();
+    m_deleted = QSet<int>(gone.cbegin(), gone.cend());
+}
+
 void ChangesElsewhere::apply(QList<Highlight>& old, QList<Highlight>& fresh, const QList<Highlight>& initial,
-                             const edits::Edit& edit) const {
+                             const edits::Edit& edit) {
+    if (m_manyChanged)
+        readChanges(initial);
     const auto isGone = [this](const Highlight& highlight) { return m_deleted.contains(highlight.id()); };
     for (QList<Highlight>* list : {&old, &fresh})
         list->erase(std::remove_if(list->begin(), list->end(), isGone), list->end());

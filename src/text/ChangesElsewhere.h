@@ -26,13 +26,15 @@ public:
     /// what got another kerno keeps it, and what is new moves by the edit as the others did. `old` are the
     /// stored highlights that give way, `fresh` what comes in their place.
     void apply(QList<Highlight>& old, QList<Highlight>& fresh, const QList<Highlight>& initial,
-               const edits::Edit& edit) const;
+               const edits::Edit& edit);
 
 signals:
     void textChangedChanged();
 
 private:
     void compareText();
+    void noteMany(const QSet<int>& sources, const QSet<int>& questions);
+    void readChanges(const QList<Highlight>& initial);
     bool concerns(const Highlight& highlight) const {
         return highlight.sourceId() == m_sourceId && highlight.questionId() == m_questionId;
     }
@@ -44,4 +46,5 @@ private:
     bool m_textChanged = false;
     QHash<int, Highlight> m_saved;
     QSet<int> m_deleted;
+    bool m_manyChanged = false;  ///< by a message that tells no more than where
 };

@@ -297,27 +297,39 @@ void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
         cursor.setPosition(at);
         cursor.insertText(words);
     };
-    open();
     const QString before = stored();
-    insert(0, "Well: "_s);
-    // Somebody codes, takes a coding back, and codes another with something else.
-    file.saveHighlight(undotest::highlight(100, 4, 1, 1, 40, 50));
-    file.deleteHighlight(file.highlight(4));
-    Highlight recoded = file.highlight(2);
-    recoded.setKernoId(3);
-    file.saveHighlight(recoded);
-    project.settle();
-    QVERIFY(!tracker.isOutdated());
-    tracker.saveChanges();
-    project.settle();
-    QCOMPARE(stored(), "Well: "_s + before);
-    QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
-    QCOMPARE(codedWith(3), QStringList{before.mid(20, 10)});
-    QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
-    project.undo.undo();
-    project.settle();
-    QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
-    QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+    const QList<Highlight> ours{file.highlight(2), file.highlight(4)};
+    // Somebody codes, takes a coding back, and codes another with something else: one by one, or all at once.
+    for (const bool atOnce : {false, true}) {
+        open();
+        insert(0, "Well: "_s);
+        const Highlight added = undotest::highlight(100, 4, 1, 1, 40, 50);
+        Highlight recoded = file.highlight(2);
+        recoded.setKernoId(3);
+        if (atOnce) {
+            QVERIFY(file.batchSaveHighlights({added, recoded}) &&
+                    file.batchDeleteHighlights({file.highlight(4)}));
+        } else {
+            file.saveHighlight(added);
+            file.deleteHighlight(file.highlight(4));
+            file.saveHighlight(recoded);
+        }
+        project.settle();
+        QVERIFY(!tracker.isOutdated());
+        tracker.saveChanges();
+        project.settle();
+        QCOMPARE(stored(), "Well: "_s + before);
+        QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
+        QCOMPARE(codedWith(3), QStringList{before.mid(20, 10)});
+        QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+        project.undo.undo();
+        project.settle();
+        QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
+        QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+        if (!atOnce)
+            QVERIFY(file.batchSaveHighlights(ours) && file.batchDeleteHighlights({added}));
+        project.settle();
+    }
 
     // Somebody changes the text: theirs stays, and ours becomes a source.
     open();
