@@ -11,11 +11,13 @@
 #include <QTest>
 #include <QTimer>
 #include <algorithm>
+#include <cstdio>
 #include <memory>
 
 namespace {
 
 constexpr int pollMs = 10;
+constexpr int heldUpMs = 2 * patienceMs;
 constexpr int frameLimitMs = 10000;
 constexpr int focusLimitMs = 20000;
 constexpr int focusAgainMs = 500;
@@ -186,13 +188,30 @@ AppDriver::AppDriver(const QString& screenshotFolder) : m_folder(screenshotFolde
 }
 
 bool AppDriver::waitFor(const std::function<bool()>& condition, int milliseconds) {
+    if (condition())
+        return true;
+    if (milliseconds <= 0)
+        return false;
+    // A dialog that has come up in an event loop of its own meanwhile would hold the innermost wait for ever.
+    static int depth = 0;
+    const int own = ++depth;
+    QTimer overdue;
+    QObject::connect(&overdue, &QTimer::timeout, [own] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (depth != own || !dialog)
+            return;
+        std::fprintf(stderr, "%s holds up a wait and is closed\n", dialog->metaObject()->className());
+        dialog->close();
+    });
+    overdue.start(milliseconds + heldUpMs);
     QDeadlineTimer deadline(milliseconds);
-    while (!condition()) {
-        if (deadline.hasExpired())
-            return false;
+    bool holds = false;
+    do {
         QTest::qWait(pollMs);
-    }
-    return true;
+        holds = condition();
+    } while (!holds && !deadline.hasExpired());
+    --depth;
+    return holds;
 }
 
 void AppDriver::settle() {
