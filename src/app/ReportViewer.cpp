@@ -111,12 +111,23 @@ void ReportViewer::on_savePDF_clicked() {
     if (path.isEmpty())
         return;
     const QPointer<ReportViewer> self(this);
+    setPrinting(true);
     m_view->page()->printToPdf(
         [self, path](const QByteArray& pdf) {
-            if (self)
-                self->savePdf(path, pdf);
+            if (!self)
+                return;
+            self->setPrinting(false);
+            self->savePdf(path, pdf);
         },
         QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, pageMargins, QPageLayout::Millimeter));
+}
+
+// Of a long report that takes a while, and the page can do one at a time.
+void ReportViewer::setPrinting(bool isPrinting) {
+    auto* const savePDF = findChild<QPushButton*>(QStringLiteral("savePDF"));
+    savePDF->setText(isPrinting ? tr("Making the pages...") : tr("&Save PDF"));
+    savePDF->setEnabled(!isPrinting);
+    findChild<QPushButton*>(QStringLiteral("print"))->setEnabled(!isPrinting);
 }
 
 void ReportViewer::savePdf(const QString& path, const QByteArray& pdf) {
@@ -200,7 +211,12 @@ void ReportViewer::on_print_clicked() {
     if (dialog.exec() != QDialog::Accepted)
         return;
     printer->setPageMargins(pageMargins, QPageLayout::Millimeter);
-    m_view->page()->print(printer.get(), [printer](bool) {});
+    const QPointer<ReportViewer> self(this);
+    setPrinting(true);
+    m_view->page()->print(printer.get(), [self, printer](bool) {
+        if (self)
+            self->setPrinting(false);
+    });
 }
 
 void ReportViewer::on_saveHTML_clicked() {

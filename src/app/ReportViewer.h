@@ -36,6 +36,7 @@ private slots:
 private:
     QPushButton* addButton(const QString& name, const QString& text, int column);
     void addView();
+    void setPrinting(bool isPrinting);
     void savePdf(const QString& path, const QByteArray& pdf);
     void openOrShow(const QString& path);
 

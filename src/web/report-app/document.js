@@ -4,6 +4,8 @@ var ReportDocument = (function () {
     "use strict";
 
     var docx = DocxBundle.docx;
+    var sliceTime = 50;  // milliseconds
+    var paintTime = 60;
     var points = 2;  // Sizes of letters count in halves of a point.
     var headingColor = "446280";
     var noBorder = { style: docx.BorderStyle.NONE, size: 0, color: "FFFFFF" };
@@ -73,8 +75,13 @@ var ReportDocument = (function () {
         })] }), paragraph("")];
     }
 
+    // Nothing in a template is run or loaded.
+    var scratch = document.createElement("template");
     function plainText(html) {
-        return new DOMParser().parseFromString(html, "text/html").body.textContent;
+        if (!/[<&]/.test(html))
+            return html;
+        scratch.innerHTML = html;
+        return scratch.content.textContent;
     }
 
     function quoteTable(html, kernoColor, label, name) {
@@ -148,7 +155,7 @@ var ReportDocument = (function () {
         scope.textSortedByCode.filter(function (group) { return group.kerno; }).forEach(function (group) {
             parts.push(paragraph(group.kerno.title, "heading2"));
             group.quotes.forEach(function (quote) {
-                append(parts, quoteTable(quote.answer, group.kerno.color, "Source: ", quote.source.title));
+                parts.push(function () { return quoteTable(quote.answer, group.kerno.color, "Source: ", quote.source.title); });
             });
         });
         return parts;
@@ -159,13 +166,39 @@ var ReportDocument = (function () {
         scope.textSortedBySource.forEach(function (group) {
             parts.push(paragraph(group.source.title, "heading2"));
             group.quotes.filter(function (quote) { return quote.kerno; }).forEach(function (quote) {
-                append(parts, quoteTable(quote.answer, quote.kerno.color, "Kerno: ", quote.kerno.title));
+                parts.push(function () { return quoteTable(quote.answer, quote.kerno.color, "Kerno: ", quote.kerno.title); });
             });
         });
         return parts;
     }
 
-    function generate(scope, dateText) {
+    // The parts themselves, where some stand as the functions that make them: a slice at a time, between which the page
+    // shows how far it is.
+    function made(parts, tell) {
+        var all = [];
+        var next = 0;
+        return new Promise(function (resolve, reject) {
+            (function slice() {
+                try {
+                    for (var end = performance.now() + sliceTime; next < parts.length && performance.now() < end; ++next)
+                        append(all, typeof parts[next] === "function" ? parts[next]() : [parts[next]]);
+                } catch (error) {
+                    reject(error);
+                    return;
+                }
+                tell(next / parts.length);
+                // The last word is painted before the long work of packing.
+                setTimeout(next < parts.length ? slice : function () { resolve(all); }, next < parts.length ? 0 : paintTime);
+            }());
+        });
+    }
+
+    var underWay = false;
+
+    // Throws at once when the document can't be made. `say` shows a sentence, and none for an empty one.
+    function generate(scope, dateText, say) {
+        if (underWay)
+            return undefined;
         var parts = picture(document.getElementById("kernova_logo")).concat([paragraph("Kernova Report", "heading1")]);
         var kerno;
         if (scope.show_report_info) {
@@ -208,10 +241,17 @@ var ReportDocument = (function () {
                 })));
             });
         }
-        var report = new docx.Document({ styles: { paragraphStyles: styles }, sections: [{ children: parts }] });
-        return docx.Packer.toBlob(report).then(function (blob) {
+        underWay = true;
+        return made(parts, function (share) {
+            say(share < 1 ? "Writing the Word document: " + Math.floor(share * 100) + "%" : "Packing the Word document...");
+        }).then(function (all) {
+            return docx.Packer.toBlob(new docx.Document({ styles: { paragraphStyles: styles }, sections: [{ children: all }] }));
+        }).then(function (blob) {
             DocxBundle.filesaver.saveAs(blob, "kernova_report.docx");
-        });
+            say("");
+        }).catch(function (error) {
+            say("The Word document could not be made: " + error.message);
+        }).then(function () { underWay = false; });
     }
 
     return { generate: generate };

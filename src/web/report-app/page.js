@@ -1,4 +1,4 @@
-/* global angular, addOptionParts, ReportDocument, kernos, sources, metadataKeys, highlightsCoverageByAuthor, highlightsCoverageByKerno,
+/* global angular, addOptionParts, QuoteLists, ReportDocument, kernos, sources, metadataKeys, highlightsCoverageByAuthor, highlightsCoverageByKerno,
    highlightsCoverageByKernoAndAuthor, questions, kernosWithOverlaps, kernosWithHierarchy, textSortedByCode,
    textSortedBySource, textSortedByQuestion, textSortedByCodeSummary, memosSortedBySource, generateHierarchyViews,
    generateOverlapViews, reportTimestamp, reportAuthor, reportFile */
@@ -52,11 +52,25 @@
     });
 
     part("kernoName", function (element, given) {
-        return '<span class="kerno_dot" style="background-color: {{ ::' + given.of + '.color }}"></span><span ng-bind="::' + given.of + '.title"></span>';
+        return '<span class="kerno_dot" style="background-color: {{ ::' + given.of + '.color }} !important"></span><span ng-bind="::' + given.of + '.title"></span>';
     });
 
-    // Made of its template once for all quotes of a list, of which there may be thousands.
-    app.directive("reportQuote", function () { return { restrict: "E", templateUrl: "quote.html" }; });
+    // The quotes of the group around it, in an order that can be chosen.
+    app.directive("quoteList", ["$filter", function ($filter) {
+        return {
+            restrict: "E",
+            link: function (scope, element, given) {
+                function show(order) {
+                    var quotes = scope.group.quotes;
+                    scope.quoteLists.set(element[0], order ? $filter("orderBy")(quotes, order) : quotes);
+                }
+                if (given.sort)
+                    scope.$watch(given.sort, show);
+                else
+                    show();
+            }
+        };
+    }]);
 
     // A picture that can be missing: another of the same name comes in its place, or a sentence does.
     app.directive("reportPicture", function () {
@@ -81,7 +95,7 @@
         };
     });
 
-    app.controller("AppController", ["$scope", function ($scope) {
+    app.controller("AppController", ["$scope", "$sanitize", "$filter", function ($scope, $sanitize, $filter) {
         $scope.reportTimestamp = reportTimestamp;
         $scope.reportAuthor = reportAuthor;
         $scope.reportFile = reportFile;
@@ -268,12 +282,22 @@
                 return "color: " + color + "!important;";
             return "color: #2c3e50!important";
         };
+        function chosenKeys() {
+            return $scope.include_metadata_in_quotes ? metadataKeys.filter(function (key) { return key.include_in_quote; }) : [];
+        }
         $scope.quoteProperties = function (source) {
-            return metadataKeys.filter(function (key) { return key.include_in_quote; }).map(function (key) {
+            return chosenKeys().map(function (key) {
                 var value = source ? source.__metadata_multi[key.keyId] : undefined;
                 return key.key + ": " + (value === undefined || value === "" ? "-- No Value --" : value);
             }).join("; ");
         };
+        $scope.quoteLists = new QuoteLists($sanitize, $filter, { block: $scope.blockquoteStyle, text: $scope.quoteTextStyle },
+                                           $scope.quoteProperties);
+        $scope.$watchGroup(["highlight_style", function () { return chosenKeys().map(function (key) { return key.keyId; }).join(); }],
+                           function (now, before) {
+            if (now !== before)
+                $scope.quoteLists.dressAll();
+        });
 
         function pictureName(stem, numbers) { return "data/" + stem + (numbers ? "_num.png" : ".png"); }
         $scope.canvasPicture = function (view) { return pictureName("main_canvas_" + view.file, $scope.show_canvas_view_numbers); };
@@ -289,6 +313,12 @@
             list.forEach(function (entry) { entry[name] = selected; });
         };
 
-        window.generateDocx = function () { return ReportDocument.generate($scope, dateText); };
+        window.generateDocx = function () {
+            return ReportDocument.generate($scope, dateText, function (sentence) {
+                var note = document.getElementById("word_note");
+                note.textContent = sentence;
+                note.hidden = !sentence;
+            });
+        };
     }]);
 }());

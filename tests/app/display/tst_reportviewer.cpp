@@ -101,6 +101,10 @@ void tst_ReportViewer::open(ReportViewer::Mode mode) {
     m_viewer->show();
     QVERIFY(until([&] { return loaded.count() > 0; }));
     QVERIFY(until([&] { return run("!document.querySelector('[ng-cloak]')").toBool(); }));
+    // The quotes come when the page is there.
+    const auto lists = "angular.element(document.body).scope().quoteLists";
+    QVERIFY(mode != ReportViewer::Report ||
+            until([&] { return run("!%1.isRunning"_s.arg(lists)).toBool(); }));
 }
 
 QVariant tst_ReportViewer::run(const QString& script) {
@@ -260,7 +264,16 @@ void tst_ReportViewer::everyOptionShowsAndHides() {
 void tst_ReportViewer::whatIsSavedHoldsTheQuotes() {
     open(ReportViewer::Report);
     const QStringList quotes = texts("#text_by_code .quote_text");
+    // Printed while they come, they are all there.
+    run("window.onbeforeprint = () => window.printed = document.querySelectorAll('#text_by_code "
+        "blockquote').length;"
+        "var lists = angular.element(document.body).scope().quoteLists;"
+        "lists.build = (build => function(deadline, onlyShown) { if (onlyShown) build.call(lists, deadline, "
+        "true); })(lists.build);"
+        "lists.lists.forEach(list => lists.set(list.element, list.quotes))");
+    QVERIFY(texts("#text_by_code .quote_text").isEmpty());
     const QString pdf = save("savePDF", "report.pdf"_s);
+    QCOMPARE(run("printed").toInt(), quotes.size());
     const QString docx = save("saveDOCX", "report.docx"_s);
     const QString fromPdf = oneLine(readBy("pdftotext"_s, {"-layout", pdf, "-"}));
     const QString fromDocx = oneLine(readBy("pandoc"_s, {"-f", "docx", "-t", "plain", "--wrap=none", docx}));
