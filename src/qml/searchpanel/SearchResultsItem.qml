@@ -142,6 +142,7 @@ Item {
             }
             IconButton {
                 id: _copy
+                objectName: "copyQuote"
                 anchors { right: _all.left; rightMargin: Units.dp(8); verticalCenter: parent.verticalCenter }
                 icon: "copy"
                 iconSize: Units.dp(18)
