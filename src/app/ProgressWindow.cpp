@@ -4,12 +4,14 @@ namespace {
 
 constexpr int momentMs = 500;
 constexpr int steps = 1000;
+constexpr int minimumWidth = 380;
 
 }  // namespace
 
 ProgressWindow::ProgressWindow(const QString& what)
     : m_dialog(what, QProgressDialog::tr("Cancel"), 0, steps) {
     m_dialog.setWindowModality(Qt::ApplicationModal);
+    m_dialog.setMinimumWidth(minimumWidth);
     m_dialog.setMinimumDuration(momentMs);
     // Its begin, from which the moment counts.
     m_dialog.setValue(0);

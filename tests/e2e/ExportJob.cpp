@@ -15,6 +15,7 @@ namespace {
 constexpr int bulkSources = 100;
 constexpr int bulkLength = 1000000;
 constexpr int attemptMs = 30;
+constexpr int paintedAttempts = 5;
 
 const QString text = "They said: \"Wait, and see\".\nAnd so we did – for years.\n"_s;
 const QString csvEntry = "Export Spreadsheet (CSV)"_s;
@@ -159,9 +160,11 @@ private:
         const QString tables = folder("cancelled"_s);
         // The export runs inside of the key that accepts the file, so the progress is watched for beside it.
         bool cancelled = false;
+        int seen = 0;
         QTimer watch;
         QObject::connect(&watch, &QTimer::timeout, [&] {
-            if (cancelled || !m_driver.progressIsShown())
+            // It is there for a person when it has been painted.
+            if (cancelled || !m_driver.progressIsShown() || ++seen < paintedAttempts)
                 return;
             m_driver.snapshot("progress"_s);
             cancelled = m_driver.cancelProgress();
