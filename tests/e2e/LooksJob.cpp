@@ -55,9 +55,11 @@ public:
             return false;
         // At more pixels the smallest window takes most of the screen.
         const QString scale = run.section("-x"_s, 1);
+        const QVector<QSize> sizes = run.endsWith("-all"_s) ? QVector<QSize>{smallest, wholeScreen}
+                                     : run == "dark"_s      ? QVector<QSize>{wholeScreen}
+                                                            : QVector<QSize>{smallest};
         const auto inAllSizes = [&](bool (LooksJob::*lookAtScreens)()) {
-            for (const QSize& size :
-                 scale.isEmpty() ? QVector<QSize>{smallest, wholeScreen} : QVector<QSize>{smallest}) {
+            for (const QSize& size : sizes) {
                 m_size = scale.isEmpty() ? QString::number(size.width()) : scale + QLatin1Char('x');
                 if (!resize(size) || !(this->*lookAtScreens)())
                     return false;
@@ -392,7 +394,8 @@ private:
     QString m_size;  ///< of the window, for the names of the pictures
 };
 
-// By --run and QT_SCALE_FACTOR others can be played, too, such as "light-x1.5".
+// Each theme at one size: what is cut off in one is in the other. By --run and QT_SCALE_FACTOR others can be
+// played, too, such as "light-all" and "light-x1.5".
 const Played<LooksJob> played{"looks"_s, {"dark"_s, "light"_s, "dark-x2"_s}};
 
 }  // namespace
