@@ -332,28 +332,44 @@ private:
                fillField(1, "one"_s) && look("new"_s) && click("Cancel"_s) && gone("Author:"_s);
     }
 
-    bool lookAtEditor(const QString& entry) {
-        SourcePage editor(m_driver, "editedText"_s);
-        // The uppermost that has words.
-        QQuickItem* shownText = nullptr;
+    // The uppermost that has words.
+    QQuickItem* firstText() const {
+        QQuickItem* first = nullptr;
         for (QQuickItem* item : m_driver.itemsOfType("KernovaTextEdit"_s)) {
             if (item->property("length").toInt() > 0 &&
-                (!shownText || item->mapToScene({}).y() < shownText->mapToScene({}).y()))
-                shownText = item;
+                (!first || item->mapToScene({}).y() < first->mapToScene({}).y()))
+                first = item;
         }
-        if (!expect(shownText != nullptr, "there is no text"_s))
+        return first;
+    }
+
+    // Texts that have just come may come anew under the menu, which then goes: a person clicks once more.
+    bool openMenuOfText() {
+        constexpr int soon = 5000;  // ms
+        const auto isOpen = [&] { return !m_driver.popups().isEmpty(); };
+        return until(
+            [&] {
+                return m_driver.clickAt(firstText(), QPointF(60, 12), Qt::RightButton) &&
+                       AppDriver::waitFor(isOpen, soon);
+            },
+            "the text has no menu"_s);
+    }
+
+    bool lookAtEditor(const QString& entry) {
+        SourcePage editor(m_driver, "editedText"_s);
+        if (!openMenuOfText())
             return false;
-        if (!m_driver.clickAt(shownText, QPointF(60, 12), Qt::RightButton) || !click(entry) ||
-            !until([&] { return editor.textItem() && editor.textItem()->hasActiveFocus(); },
-                   "the text can't be edited"_s))
+        const int sourceId = firstText()->property("sourceId").toInt();
+        const int questionId = firstText()->property("questionId").toInt();
+        if (!click(entry) || !until([&] { return editor.textItem() && editor.textItem()->hasActiveFocus(); },
+                                    "the text can't be edited"_s))
             return false;
         m_driver.type("Well, "_s);
         m_driver.press(Qt::Key_Escape);
         if (!shown("There are changes. Save them, or drop them by Cancel."_s) || !look("editor"_s))
             return false;
         KRNFile* const project = KRNFile::instance();
-        QuestionAnswer answer = project->answerModel()->answer(shownText->property("sourceId").toInt(),
-                                                               shownText->property("questionId").toInt());
+        QuestionAnswer answer = project->answerModel()->answer(sourceId, questionId);
         answer.setAnswer(answer.plainAnswer() + "And so on."_s);
         project->saveAnswer(answer);
         return shown("Save as New Source"_s) && look("editor-outdated"_s) && click("Cancel"_s) && gone(entry);
