@@ -92,21 +92,27 @@ void ChangesElsewhere::apply(QList<Highlight>& old, QList<Highlight>& fresh, con
     const auto isGone = [this](const Highlight& highlight) { return m_deleted.contains(highlight.id()); };
     for (QList<Highlight>* list : {&old, &fresh})
         list->erase(std::remove_if(list->begin(), list->end(), isGone), list->end());
-    QSet<int> known;
+    QHash<int, Highlight> known;
     for (const Highlight& highlight : initial)
-        known.insert(highlight.id());
+        known.insert(highlight.id(), highlight);
     for (const Highlight& highlight : m_saved) {
-        if (known.contains(highlight.id())) {
-            const auto stored = withId(old, highlight.id());
+        const auto stored = withId(old, highlight.id());
+        const auto moved = withId(fresh, highlight.id());
+        const Highlight before = known.value(highlight.id());
+        if (before.isValid() && before.start() == highlight.start() &&
+            before.length() == highlight.length()) {
             if (stored != old.end())
                 *stored = highlight;
-            const auto moved = withId(fresh, highlight.id());
             if (moved != fresh.end()) {
                 moved->setKernoId(highlight.kernoId());
                 moved->setColor(highlight.color());
             }
             continue;
         }
+        if (stored != old.end())
+            old.erase(stored);
+        if (moved != fresh.end())
+            fresh.erase(moved);
         QList<Highlight> list{highlight};
         if (edits::shift(list, edit)) {
             old.append(highlight);

@@ -23,8 +23,8 @@ public:
     bool isTextChanged() const { return m_textChanged; }
 
     /// Brings what is to be saved in line with what has happened to the highlights: what is gone stays away,
-    /// what got another kerno keeps it, and what is new moves by the edit as the others did. `old` are the
-    /// stored highlights that give way, `fresh` what comes in their place.
+    /// what got another kerno keeps it, and what is new or stands elsewhere moves by the edit as the others
+    /// did. `old` are the stored highlights that give way, `fresh` what comes in their place.
     void apply(QList<Highlight>& old, QList<Highlight>& fresh, const QList<Highlight>& initial,
                const edits::Edit& edit);
 

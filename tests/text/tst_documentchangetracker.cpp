@@ -298,21 +298,24 @@ void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
         cursor.insertText(words);
     };
     const QString before = stored();
-    const QList<Highlight> ours{file.highlight(2), file.highlight(4)};
-    // Somebody codes, takes a coding back, and codes another with something else: one by one, or all at once.
+    const QList<Highlight> ours{file.highlight(2), file.highlight(3), file.highlight(4)};
+    // Somebody codes, takes a coding back, codes another with something else and has one reach further: one
+    // by one, or all at once.
     for (const bool atOnce : {false, true}) {
         open();
         insert(0, "Well: "_s);
         const Highlight added = undotest::highlight(100, 4, 1, 1, 40, 50);
         Highlight recoded = file.highlight(2);
         recoded.setKernoId(3);
+        const Highlight grown = undotest::highlight(3, 5, 1, 1, 5, 18);
         if (atOnce) {
-            QVERIFY(file.batchSaveHighlights({added, recoded}) &&
+            QVERIFY(file.batchSaveHighlights({added, recoded, grown}) &&
                     file.batchDeleteHighlights({file.highlight(4)}));
         } else {
             file.saveHighlight(added);
             file.deleteHighlight(file.highlight(4));
             file.saveHighlight(recoded);
+            file.saveHighlight(grown);
         }
         project.settle();
         QVERIFY(!tracker.isOutdated());
@@ -321,11 +324,11 @@ void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
         QCOMPARE(stored(), "Well: "_s + before);
         QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
         QCOMPARE(codedWith(3), QStringList{before.mid(20, 10)});
-        QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+        QCOMPARE(codedWith(5), QStringList{before.mid(5, 13)});
         project.undo.undo();
         project.settle();
         QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
-        QCOMPARE(codedWith(5), QStringList{before.mid(5, 10)});
+        QCOMPARE(codedWith(5), QStringList{before.mid(5, 13)});
         if (!atOnce)
             QVERIFY(file.batchSaveHighlights(ours) && file.batchDeleteHighlights({added}));
         project.settle();
