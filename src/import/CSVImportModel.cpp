@@ -2,12 +2,14 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
 
 bool CSVImportModel::readFile(const QString& path) {
     m_types.clear();
     QFile file(path);
     QBuffer nothing;
-    const bool opened = file.open(QIODevice::ReadOnly);
+    // Anything but a file, such as a pipe, could have the reading wait for ever.
+    const bool opened = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly);
     nothing.open(QIODevice::ReadOnly);
     setSource(opened ? static_cast<QIODevice*>(&file) : &nothing, true);
     QStringList names = header();

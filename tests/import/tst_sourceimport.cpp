@@ -1,3 +1,4 @@
+#include "import/CSVImportModel.h"
 #include "import/SourceImport.h"
 #include "tests_support/AllModels.h"
 #include "tests_support/TestProject.h"
@@ -127,6 +128,31 @@ private slots:
         QCOMPARE(whole(), before);
         m_undo->redo();
         QCOMPARE(whole(), after);
+    }
+
+    // Gone since it was chosen, a link to nothing, a folder, and a pipe, out of which nothing comes.
+    void whatIsNoFileGivesNothing() {
+        openNew(true);
+        const QString folder = m_project.path("odd"_s);
+        QVERIFY(QDir().mkdir(folder));
+        QList<QUrl> files;
+        for (const QString& suffix : {"txt"_s, "rtf"_s, "docx"_s, "pdf"_s, "csv"_s}) {
+            const auto path = [&](const QString& name) { return folder + "/"_s + name + "."_s + suffix; };
+            QVERIFY(QFile::link(path("nowhere"_s), path("link"_s)) && QDir().mkdir(path("folder"_s)));
+            files << QUrl::fromLocalFile(path("gone"_s)) << QUrl::fromLocalFile(path("link"_s))
+                  << QUrl::fromLocalFile(path("folder"_s));
+            // The converter of PDFs waits for a pipe until it is cancelled.
+            if (suffix == "pdf"_s)
+                continue;
+            QCOMPARE(mkfifo(QFile::encodeName(path("pipe"_s)).constData(), S_IRUSR | S_IWUSR), 0);
+            files << QUrl::fromLocalFile(path("pipe"_s));
+        }
+        QCOMPARE(import().importFiles(files, QString(), QString(), false), 0);
+        QCOMPARE(import().importFolder(QUrl::fromLocalFile(folder), QString(), QString(), false), 0);
+        for (const QUrl& file : qAsConst(files))
+            QVERIFY(!CSVImportModel().readFile(file.toLocalFile()));
+        QCOMPARE(sources(), QStringList());
+        QCOMPARE(m_undo->count(), 0);
     }
 
     // The converter waits for ever for what comes out of a pipe.
