@@ -88,7 +88,7 @@ void choose(Screens& screens, const Text& chosen, bool tells) {
         },
         [&] { return holds("length", 1) && stripes(at()) == chosen.highlights; }, "the stripes");
     if (tells) {
-        tell(qPrintable(text("choose a text of %1 characters, to its first screenful").arg(chosen.length)),
+        tell(qPrintable(text("choose a text of %1 characters, until it is laid out").arg(chosen.length)),
              first);
         tell(qPrintable(text("... to its %1 stripes").arg(chosen.highlights)), all);
     }
