@@ -23,10 +23,12 @@ public:
     bool isTextChanged() const { return m_textChanged; }
 
     /// Brings what is to be saved in line with what has happened to the highlights: what is gone stays away,
-    /// what got another kerno keeps it, and what is new or stands elsewhere moves by the edit as the others
-    /// did. `old` are the stored highlights that give way, `fresh` what comes in their place.
+    /// what got another kerno keeps it, and what is new or stands elsewhere moves by the edits as the others
+    /// did. What a highlight had joined to itself stands alone again when somebody has changed that one.
+    /// `old` are the stored highlights that give way, `fresh` what comes in their place, `path` the edits
+    /// that lead from the stored text to what is saved.
     void apply(QList<Highlight>& old, QList<Highlight>& fresh, const QList<Highlight>& initial,
-               const edits::Edit& edit);
+               const QVector<edits::Edit>& path);
 
 signals:
     void textChangedChanged();
@@ -35,6 +37,8 @@ private:
     void compareText();
     void noteMany(const QSet<int>& sources, const QSet<int>& questions);
     void readChanges(const QList<Highlight>& initial);
+    void separate(const QList<Highlight>& old, QList<Highlight>& fresh, const QList<Highlight>& initial,
+                  const QVector<edits::Edit>& path) const;
     bool concerns(const Highlight& highlight) const {
         return highlight.sourceId() == m_sourceId && highlight.questionId() == m_questionId;
     }

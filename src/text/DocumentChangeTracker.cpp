@@ -117,9 +117,9 @@ void DocumentChangeTracker::loadInitialHighlights() {
     m_initialHighlights = file->highlights(m_target->sourceId(), m_target->questionId());
     std::stable_sort(m_initialHighlights.begin(), m_initialHighlights.end(), highlightLessThan);
     m_currentHighlights = detached(m_initialHighlights);
-    m_initialPlainText = plainTextOf(m_document);
     m_initialText = m_target->convertDocToRichtText();
     m_steps.clear();
+    m_path.clear();
     qCDebug(logDocumentChangeTracker)
         << "Initial highlights loaded and detached. Count: " << m_initialHighlights.size();
     m_target->setHighlights(m_currentHighlights);
@@ -143,11 +143,14 @@ void DocumentChangeTracker::documentContentsChanged(int position, int removed, i
         << "available undo" << undoSteps;
     edits::Base base = edits::baseFor(m_steps, m_initialHighlights, undoSteps);
     bool changed = base.undone;
+    m_path.resize(base.path);
     if (!base.undone) {
         changed = edits::shift(base.highlights, {position, removed, added});
         edits::join(base.highlights);
+        m_path.append({position, removed, added});
     }
-    edits::append(m_steps, {position, added, removed, undoSteps, base.highlights, changed, m_lastRevision});
+    edits::append(m_steps, {position, added, removed, undoSteps, base.highlights, changed, m_lastRevision,
+                            m_path.size()});
     qCDebug(logDocumentChangeTracker) << "Highlights changed?" << changed;
     qCDebug(logDocumentChangeTracker) << "Tracking highlights?" << m_trackHighlights;
     if (m_trackHighlights && changed)
@@ -168,6 +171,7 @@ void DocumentChangeTracker::applyFreshHighlights() {
 
 void DocumentChangeTracker::discardChanges() {
     m_steps.clear();
+    m_path.clear();
 }
 
 void DocumentChangeTracker::saveAnswer() {
@@ -191,8 +195,7 @@ void DocumentChangeTracker::saveChanges() {
         answer.setAnswer(text);
     QList<Highlight> old = replaced(m_initialHighlights, m_currentHighlights);
     QList<Highlight> fresh = modified(m_currentHighlights);
-    m_elsewhere.apply(old, fresh, m_initialHighlights,
-                      edits::between(m_initialPlainText, plainTextOf(m_document)));
+    m_elsewhere.apply(old, fresh, m_initialHighlights, m_path);
     m_elsewhere.stop();
     m_undoManager->perform(
         [&] { return std::make_unique<SaveDocumentTrackerChangesUndoCommand>(answer, old, fresh, file); });

@@ -89,9 +89,9 @@ private:
     QTimer m_refreshTimer;
     QList<Highlight> m_initialHighlights;
     QList<Highlight> m_currentHighlights;
-    QString m_initialPlainText;
     QString m_initialText;  ///< as it would have been saved before the first edit
     QVector<edits::HighlightChange> m_steps;
+    QVector<edits::Edit> m_path;  ///< what has led from the first text to the present one
     int m_lastRevision = -1;
     ChangesElsewhere m_elsewhere;
 };

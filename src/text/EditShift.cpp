@@ -119,17 +119,6 @@ bool joinInto(QList<Highlight>& highlights, int i) {
 
 }  // namespace
 
-Edit between(const QString& before, const QString& after) {
-    const int shorter = std::min(before.size(), after.size());
-    int start = 0;
-    while (start < shorter && before.at(start) == after.at(start))
-        ++start;
-    int end = 0;
-    while (end < shorter - start && before.at(before.size() - 1 - end) == after.at(after.size() - 1 - end))
-        ++end;
-    return {start, before.size() - start - end, after.size() - start - end};
-}
-
 bool shift(QList<Highlight>& highlights, const Edit& edit) {
     return Shift(highlights, edit).run();
 }
@@ -161,18 +150,18 @@ void goBack(QVector<HighlightChange>& history, int undoSteps) {
 Base baseFor(const QVector<HighlightChange>& history, const QList<Highlight>& initial, int undoSteps) {
     qCDebug(logDocumentChangeTracker) << "mostRecentHighlightsForUndoStepCount uc" << undoSteps;
     if (history.isEmpty())
-        return {initial, false};
+        return {initial, false, 0};
     qCDebug(logDocumentChangeTracker) << "last aus" << history.last().undoSteps;
     if (history.last().undoSteps <= undoSteps)
-        return {history.last().highlights, false};
+        return {history.last().highlights, false, history.last().path};
     qCDebug(logDocumentChangeTracker) << "got undo op";
     for (int i = history.size() - 2; i >= 0; --i) {
         if (history.at(i).undoSteps > undoSteps)
             continue;
         qCDebug(logDocumentChangeTracker) << "returning highlights at index" << i;
-        return {history.at(i).highlights, true};
+        return {history.at(i).highlights, true, history.at(i).path};
     }
-    return {initial, true};
+    return {initial, true, 0};
 }
 
 }  // namespace edits

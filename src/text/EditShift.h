@@ -3,7 +3,6 @@
 #include "records/Highlight.h"
 
 #include <QList>
-#include <QString>
 #include <QVector>
 
 /// What becomes of the highlights of a text while it is edited: values in, values out. Positions count UTF-16
@@ -16,9 +15,6 @@ struct Edit {
     int removed = 0;
     int added = 0;
 };
-
-/// The least edit that makes one text of the other: what they begin and end with alike is left out.
-Edit between(const QString& before, const QString& after);
 
 /// Moves, grows, shrinks or removes the highlights that the edit concerns; those that it changes are marked
 /// `modified`. What stands at or behind an insertion moves with it, and a highlight grows only from within.
@@ -40,6 +36,7 @@ struct HighlightChange {
     QList<Highlight> highlights;
     bool changed = false;  ///< the edit changed a highlight
     int revision = 0;      ///< of the document, after the edit
+    int path = 0;          ///< edits that lead from the first text to this one
 };
 
 /// Adds a step to a history. The document has given up what it could redo from here on, or will do it anew:
@@ -54,6 +51,7 @@ void goBack(QVector<HighlightChange>& history, int undoSteps);
 struct Base {
     QList<Highlight> highlights;
     bool undone = false;  ///< the document went back: these are the highlights, and no edit is to be applied
+    int path = 0;         ///< edits that lead from the first text to this one
 };
 
 /// The highlights that belong to a document with this many steps to undo.

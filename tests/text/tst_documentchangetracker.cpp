@@ -303,7 +303,14 @@ void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
     // by one, or all at once.
     for (const bool atOnce : {false, true}) {
         open();
+        insert(0, "Gone."_s);
+        QTextCursor all(text.textDocument()->textDocument());
+        all.select(QTextCursor::Document);
+        all.removeSelectedText();
+        while (text.textDocument()->textDocument()->isUndoAvailable())
+            text.undo();
         insert(0, "Well: "_s);
+        insert(text.length(), " So."_s);
         const Highlight added = undotest::highlight(100, 4, 1, 1, 40, 50);
         Highlight recoded = file.highlight(2);
         recoded.setKernoId(3);
@@ -321,7 +328,7 @@ void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
         QVERIFY(!tracker.isOutdated());
         tracker.saveChanges();
         project.settle();
-        QCOMPARE(stored(), "Well: "_s + before);
+        QCOMPARE(stored(), "Well: "_s + before + " So."_s);
         QCOMPARE(codedWith(4), QStringList{before.mid(40, 10)});
         QCOMPARE(codedWith(3), QStringList{before.mid(20, 10)});
         QCOMPARE(codedWith(5), QStringList{before.mid(5, 13)});
@@ -332,6 +339,45 @@ void tst_DocumentChangeTracker::whatOthersDoMeanwhileIsKept() {
         if (!atOnce)
             QVERIFY(file.batchSaveHighlights(ours) && file.batchDeleteHighlights({added}));
         project.settle();
+    }
+
+    // Of two codings that an edit joins to one, somebody deletes, recodes or moves one: the other stands
+    // alone.
+    project.undo.undo();
+    project.settle();
+    enum { Deleted, Recoded, Shortened };
+    for (const int touched : {0, 1}) {
+        for (const int change : {Deleted, Recoded, Shortened}) {
+            const QList<Highlight> pair{undotest::highlight(300, 2, 1, 1, 40, 44),
+                                        undotest::highlight(301, 2, 1, 1, 46, 50)};
+            QVERIFY(file.batchDeleteHighlights(file.highlights(1, 1)) && file.batchSaveHighlights(pair));
+            project.settle();
+            open();
+            insert(5, "+++"_s);
+            QTextCursor between(text.textDocument()->textDocument());
+            between.setPosition(47);
+            between.setPosition(49, QTextCursor::KeepAnchor);
+            between.removeSelectedText();
+            Highlight theirs = pair.at(touched);
+            theirs.detach();
+            theirs.setKernoId(change == Recoded ? 3 : 2);
+            theirs.setLength(change == Shortened ? 1 : 4);
+            if (change == Deleted)
+                file.deleteHighlight(theirs);
+            else
+                file.saveHighlight(theirs);
+            project.settle();
+            tracker.saveChanges();
+            project.settle();
+            QStringList expected{before.mid(pair.at(1 - touched).start(), 4)};
+            if (change == Shortened)
+                expected.insert(touched, before.mid(theirs.start(), 1));
+            QCOMPARE(codedWith(2), expected);
+            QCOMPARE(codedWith(3),
+                     change == Recoded ? QStringList{before.mid(theirs.start(), 4)} : QStringList());
+            project.undo.undo();
+            project.settle();
+        }
     }
 
     // Somebody changes the text: theirs stays, and ours becomes a source.
