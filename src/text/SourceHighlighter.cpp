@@ -261,6 +261,8 @@ void SourceHighlighter::highlightRemoved(const Highlight& highlight, const QPair
 }
 
 void SourceHighlighter::highlightBlock(const QString& text) {
+    // Before the block is laid out: drawing takes over what laying out has found for its characters.
+    currentBlock().layout()->setCacheEnabled(true);
     if (!m_enabled || !canPaint() || m_highlights.isEmpty())
         return;
     const int blockStart = currentBlock().position();
