@@ -43,8 +43,8 @@ KernovaTextEdit::KernovaTextEdit(QQuickItem* parent)
 
 KernovaTextEdit::~KernovaTextEdit() {
     m_highlighter->pause();
-    // The highlighter takes its formats off the document as it goes. In an edit that never ends nothing is laid
-    // out again for that, which would cost the whole text when another is shown.
+    // The highlighter takes its formats off the document as it goes. In an edit that never ends nothing is
+    // laid out again for that, which would cost the whole text when another is shown.
     QTextCursor(document()).beginEditBlock();
 }
 
