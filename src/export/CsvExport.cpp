@@ -19,9 +19,9 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <array>
+#include <future>
 #include <memory>
 #include <numeric>
-#include <optional>
 #include <vector>
 
 namespace csv {
@@ -35,10 +35,21 @@ QString tr(const char* text) {
     return QCoreApplication::translate("CsvExport", text);
 }
 
+QByteArray quotedField(const QString& text) {
+    QByteArray field;
+    appendQuoted(field, text);
+    field += ',';
+    return field;
+}
+
 class Export {
 public:
     Export(KRNFile& file, const Progress& progress)
         : m_file(file), m_progress(progress), m_project(file.currentProject()) {}
+
+    /// Reads what goes into the files; the highlights are on their way then, and other files can be written
+    /// meanwhile.
+    bool read();
 
     // Each writes one file; false when the work is to end, or what belongs into the file can't be read.
     bool memos(File& out);
@@ -51,17 +62,18 @@ public:
     QString fault() const { return m_fault; }
 
 private:
-    template <typename T> bool read(QList<T>& records) {
-        return m_file.dataHelper()->findAll(records) || fail(tr("The project could not be read."));
-    }
     template <typename T, typename Line> bool lines(const QList<T>& records, const Line& line);
+    bool waitForHighlights();
+    static QString unread() { return tr("The project could not be read."); }
     bool fail(const QString& fault) {
         m_fault = fault;
         return false;
     }
-    bool header(File& out, const char* names);
+    void header(File& out, const char* names);
     QString text(int sourceId, int questionId);
-    QVector<QByteArray> passages(const QList<Highlight>& highlights);
+    QVector<QByteArray> passages();
+    const QByteArray& sourceTitle(int sourceId);
+    const QByteArray& kernoTitle(int kernoId);
     const QByteArray& properties(int sourceId);
     QString groupsOf(int kernoId) const;
 
@@ -69,10 +81,19 @@ private:
     const Progress& m_progress;
     const QJsonObject m_project;
     QList<SourceMetadataKey> m_keys;
-    QHash<int, QByteArray> m_properties;  ///< the fields of a source, by its id
-    Place m_place;                        ///< of the text that was asked for last...
-    QString m_text;                       ///< ... and the text: each asking unpacks all of it
-    std::optional<QuotesBySource> m_counts;
+    QList<Memo> m_memos;
+    QList<Source> m_sources;
+    QList<Kerno> m_kernos;
+    QList<ChatMessage> m_messages;
+    /// Its end is waited for, however this ends.
+    std::future<bool> m_readingHighlights;
+    QList<Highlight> m_highlights;
+    // Fields that many lines have, by the id of the source or kerno.
+    QHash<int, QByteArray> m_sourceTitles;
+    QHash<int, QByteArray> m_kernoTitles;
+    QHash<int, QByteArray> m_properties;
+    Place m_place;   ///< of the text that was asked for last...
+    QString m_text;  ///< ... and the text: each asking unpacks all of it
     int m_filesDone = 0;
     QString m_fault;
 };
@@ -95,16 +116,27 @@ template <typename T, typename Line> bool Export::lines(const QList<T>& records,
     return true;
 }
 
+bool Export::read() {
+    DataHelper* const helper = m_file.dataHelper();
+    if (!helper->findAll(m_keys) || !helper->findAll(m_memos) || !helper->findAll(m_sources) ||
+        !helper->findAll(m_kernos) || !helper->findAll(m_messages))
+        return fail(unread());
+    // Half the time of an export goes by until they are here.
+    m_readingHighlights =
+        std::async(std::launch::async, [this, helper] { return helper->findAll(m_highlights); });
+    return true;
+}
+
+bool Export::waitForHighlights() {
+    return !m_readingHighlights.valid() || m_readingHighlights.get() || fail(unread());
+}
+
 // The fixed names, and one more for each property.
-bool Export::header(File& out, const char* names) {
-    if (!read(m_keys))
-        return false;
-    m_properties.clear();
+void Export::header(File& out, const char* names) {
     out.raw(names);
     for (const SourceMetadataKey& key : qAsConst(m_keys))
         out.quoted(key.key());
     out.endLine();
-    return true;
 }
 
 // The texts of passages come in runs of one answer.
@@ -116,6 +148,20 @@ QString Export::text(int sourceId, int questionId) {
     return m_text;
 }
 
+const QByteArray& Export::sourceTitle(int sourceId) {
+    QByteArray& field = m_sourceTitles[sourceId];
+    if (field.isEmpty())
+        field = quotedField(m_file.sourceTitle(sourceId));
+    return field;
+}
+
+const QByteArray& Export::kernoTitle(int kernoId) {
+    QByteArray& field = m_kernoTitles[kernoId];
+    if (field.isEmpty())
+        field = quotedField(m_file.kerno(kernoId).title());
+    return field;
+}
+
 const QByteArray& Export::properties(int sourceId) {
     const auto known = m_properties.constFind(sourceId);
     if (known != m_properties.cend())
@@ -125,21 +171,18 @@ const QByteArray& Export::properties(int sourceId) {
         QStringList values;
         for (const SourceMetadataValue& value : m_file.metadataModel()->valuesOf(sourceId, key.id()))
             values << value.value().toString();
-        appendQuoted(fields, values.join(QLatin1Char(',')));
-        fields += ',';
+        fields += quotedField(values.join(QLatin1Char(',')));
     }
     return *m_properties.insert(sourceId, fields);
 }
 
 bool Export::memos(File& out) {
-    QList<Memo> memos;
-    if (!header(out, "memoID, author, sourceID, sourceTitle, questionID, memo, quote,") || !read(memos))
-        return false;
-    return lines(memos, [&](const Memo& memo) {
+    header(out, "memoID, author, sourceID, sourceTitle, questionID, memo, quote,");
+    return lines(m_memos, [&](const Memo& memo) {
         out.field(memo.memoId());
         out.quoted(memo.author());
         out.field(memo.sourceId());
-        out.quoted(m_file.sourceTitle(memo.sourceId()));
+        out.raw(sourceTitle(memo.sourceId()));
         out.field(memo.questionId());
         out.quoted(memo.content());
         out.quoted(text(memo.sourceId(), memo.questionId()), memo.start(), memo.length());
@@ -149,20 +192,20 @@ bool Export::memos(File& out) {
 }
 
 // The order of the highlights isn't that of the texts: each text is unpacked once.
-QVector<QByteArray> Export::passages(const QList<Highlight>& highlights) {
-    QVector<int> order(highlights.size());
+QVector<QByteArray> Export::passages() {
+    QVector<int> order(m_highlights.size());
     std::iota(order.begin(), order.end(), 0);
     const auto placeOf = [&](int i) {
-        return Place(highlights.at(i).sourceId(), highlights.at(i).questionId());
+        return Place(m_highlights.at(i).sourceId(), m_highlights.at(i).questionId());
     };
     std::sort(order.begin(), order.end(), [&](int a, int b) { return placeOf(a) < placeOf(b); });
-    QVector<QByteArray> passages(highlights.size());
+    QVector<QByteArray> passages(m_highlights.size());
     QByteArray field;
     for (const int i : qAsConst(order)) {
         const Place place = placeOf(i);
         field.resize(0);
-        appendQuoted(field, text(place.first, place.second), highlights.at(i).start(),
-                     highlights.at(i).length());
+        appendQuoted(field, text(place.first, place.second), m_highlights.at(i).start(),
+                     m_highlights.at(i).length());
         // A copy has no more than its bytes.
         passages[i] = QByteArray(field.constData(), field.size());
     }
@@ -170,15 +213,13 @@ QVector<QByteArray> Export::passages(const QList<Highlight>& highlights) {
 }
 
 bool Export::quotes(File& out) {
-    QList<Highlight> highlights;
-    if (!header(out, "highlightID, color, start, length, end, author, kernoID, kernoTitle, sourceID, "
-                     "sourceTitle, questionID, quote,") ||
-        !read(highlights))
+    if (!waitForHighlights())
         return false;
-    const QVector<QByteArray> passages = this->passages(highlights);
-    m_counts.emplace(highlights);
+    header(out, "highlightID, color, start, length, end, author, kernoID, kernoTitle, sourceID, sourceTitle, "
+                "questionID, quote,");
+    const QVector<QByteArray> passages = this->passages();
     int row = 0;
-    return lines(highlights, [&](const Highlight& highlight) {
+    return lines(m_highlights, [&](const Highlight& highlight) {
         out.field(highlight.highlightId());
         out.field(highlight.color().name());
         out.field(highlight.start());
@@ -186,9 +227,9 @@ bool Export::quotes(File& out) {
         out.field(highlight.end());
         out.quoted(highlight.author());
         out.field(highlight.kernoId());
-        out.quoted(m_file.kerno(highlight.kernoId()).title());
+        out.raw(kernoTitle(highlight.kernoId()));
         out.field(highlight.sourceId());
-        out.quoted(m_file.sourceTitle(highlight.sourceId()));
+        out.raw(sourceTitle(highlight.sourceId()));
         out.field(highlight.questionId());
         out.raw(passages.at(row++));
         out.raw(",");
@@ -205,20 +246,15 @@ QString Export::groupsOf(int kernoId) const {
 }
 
 bool Export::kernos(File& out) {
-    QList<Source> sources;
-    QList<Kerno> kernos;
-    // Known since the quotes were written, unless that was in vain.
-    QList<Highlight> highlights;
-    if (!read(sources) || !read(kernos) || (!m_counts && !read(highlights)))
+    if (!waitForHighlights())
         return false;
-    if (!m_counts)
-        m_counts.emplace(highlights);
-    m_counts->setSources(sources);
+    QuotesBySource counts(m_highlights);
+    counts.setSources(m_sources);
     out.raw("kernoID, parentKernoID, color, title, description, timestamp, author, groups, x, y, quotes,");
-    for (const Source& source : qAsConst(sources))
+    for (const Source& source : qAsConst(m_sources))
         out.quoted(source.title());
     out.endLine();
-    return lines(kernos, [&](const Kerno& kerno) {
+    return lines(m_kernos, [&](const Kerno& kerno) {
         out.field(kerno.kernoId());
         out.field(kerno.parentKernoId());
         out.field(kerno.color().name());
@@ -229,18 +265,16 @@ bool Export::kernos(File& out) {
         out.quoted(groupsOf(kerno.kernoId()));
         out.field(kerno.x());
         out.field(kerno.y());
-        out.field(m_counts->ofKerno(kerno.kernoId()));
-        for (const QuotesBySource::Share& share : m_counts->sharesOfKerno(kerno.kernoId()))
+        out.field(counts.ofKerno(kerno.kernoId()));
+        for (const QuotesBySource::Share& share : counts.sharesOfKerno(kerno.kernoId()))
             out.field(QStringLiteral("%1 of %2").arg(share.ofKerno).arg(share.all));
         out.endLine();
     });
 }
 
 bool Export::sources(File& out) {
-    QList<Source> sources;
-    if (!header(out, "sourceID, title, author, timestamp, answer,") || !read(sources))
-        return false;
-    return lines(sources, [&](const Source& source) {
+    header(out, "sourceID, title, author, timestamp, answer,");
+    return lines(m_sources, [&](const Source& source) {
         QString text;
         for (const QuestionAnswer& answer : m_file.answerModel()->answers(source.sourceId()))
             text = text.isEmpty() ? answer.plainAnswer() : text + answer.plainAnswer();
@@ -255,12 +289,9 @@ bool Export::sources(File& out) {
 }
 
 bool Export::chat(File& out) {
-    QList<ChatMessage> messages;
-    if (!read(messages))
-        return false;
     out.raw("author, message, timestamp,");
     out.endLine();
-    return lines(messages, [&](const ChatMessage& message) {
+    return lines(m_messages, [&](const ChatMessage& message) {
         out.quoted(message.author());
         out.quoted(message.message());
         out.field(message.timestamp().toString(Qt::ISODate));
@@ -271,13 +302,14 @@ bool Export::chat(File& out) {
 struct FileRow {
     const char* name;
     bool (Export::*write)(File& out);
+    bool needsHighlights;
 };
 
-const std::array<FileRow, 5> fileRows{{{"Memos", &Export::memos},
-                                       {"Quotes", &Export::quotes},
-                                       {"Kernos", &Export::kernos},
-                                       {"Sources", &Export::sources},
-                                       {"Chat", &Export::chat}}};
+const std::array<FileRow, 5> fileRows{{{"Memos", &Export::memos, false},
+                                       {"Quotes", &Export::quotes, true},
+                                       {"Kernos", &Export::kernos, true},
+                                       {"Sources", &Export::sources, false},
+                                       {"Chat", &Export::chat, false}}};
 
 QString cannotWrite(const File& file, const QString& why) {
     qDebug() << "Cannot write to" << file.path();
@@ -311,18 +343,22 @@ Result exportProject(KRNFile& file, const QString& folder, const Progress& progr
             result.sentence = fault;
     };
     Export project(file, progress);
-    std::vector<std::unique_ptr<File>> files;
+    std::vector<std::pair<FileRow, std::unique_ptr<File>>> files;
     for (const FileRow& row : fileRows) {
         auto out = std::make_unique<File>(folder, QString::fromLatin1(row.name));
-        if (!out->open()) {
+        if (out->open())
+            files.emplace_back(row, std::move(out));
+        else
             note(cannotWrite(*out, out->openError()));
-            continue;
-        }
-        if (!(project.*row.write)(*out))
-            return {0, project.fault().isEmpty(), project.fault()};
-        files.push_back(std::move(out));
     }
-    for (const auto& out : files) {
+    bool goesOn = project.read();
+    for (const bool needsHighlights : {false, true}) {
+        for (const auto& [row, out] : files)
+            goesOn = goesOn && (row.needsHighlights != needsHighlights || (project.*row.write)(*out));
+    }
+    if (!goesOn)
+        return {0, project.fault().isEmpty(), project.fault()};
+    for (const auto& [row, out] : files) {
         const QString error = out->commit();
         if (error.isEmpty())
             ++result.written;
