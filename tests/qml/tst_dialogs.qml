@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import QtQuick.Layouts 1.15
 import QtTest 1.15
 import "qrc:/qml/Components"
 import "qrc:/qml/dialogs"
@@ -53,6 +54,18 @@ Item {
             StyledTextField { objectName: "first"; focus: true }
             StyledTextField { objectName: "second" }
             StyledButton { objectName: "third"; text: "OK" }
+        }
+    }
+    Component {
+        id: longList
+        DialogPanel {
+            ListView {
+                objectName: "list"
+                Layout.fillWidth: true
+                Layout.preferredHeight: Units.dp(100)
+                model: 40
+                delegate: StyledTextField {}
+            }
         }
     }
     Component { id: opening; OpenFileDialogImplementation {} }
@@ -120,6 +133,23 @@ Item {
             above.active = false
             loader.item.close()
             tryCompare(before, "activeFocus", true)
+        }
+
+        // A list makes no more rows than are in sight.
+        function test_theTabScrollsALongList() {
+            show(longList)
+            var list = findChild(loader.item, "list")
+            tryVerify(function() { return loader.item.opacity === 1 && list.height > 0 })
+            var reached = function(row) {
+                var item = list.itemAtIndex(row)
+                var top = item && item.activeFocus ? item.mapToItem(list, 0, 0).y : -1
+                return top >= 0 && top + item.height <= list.height
+            }
+            list.itemAtIndex(0).forceActiveFocus()
+            for (var row = 1; row < 40; ++row) {
+                keyClick(Qt.Key_Tab)
+                tryVerify(function() { return reached(row) }, 1000, "row " + row)
+            }
         }
 
         function test_backup_data() {

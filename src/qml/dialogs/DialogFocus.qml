@@ -2,7 +2,7 @@ import QtQuick 2.15
 import QtQuick.Window 2.15
 
 // Keeps the keyboard in a dialog while it is shown: Tab goes round in it, and not on to the screen behind its veil.
-// What had the focus before gets it back at the end.
+// What has the focus is scrolled into sight. What had it before gets it back at the end.
 Item {
     id: root
 
@@ -48,10 +48,26 @@ Item {
     function __keep(item) {
         if (!shown || !item || !item.parent)
             return
-        if (__holds(dialog, item))
+        if (__holds(dialog, item)) {
             __last = item
-        else if (__last && !__isInDialog(item))
+            // Not before a list has placed a row that it has just made.
+            Qt.callLater(__reveal, item)
+        } else if (__last && !__isInDialog(item))
             Qt.callLater(__bringBack, __last, item)
+    }
+
+    // With the row of a list that it stands in. What is higher than its view, such as a long text, keeps its place.
+    function __reveal(item) {
+        for (var row = item; row && row !== dialog; row = row.parent) {
+            var view = row.parent ? row.parent.parent : null
+            if (!view || view.contentItem !== row.parent || view.contentY === undefined)
+                continue
+            var shown = row.height <= view.height ? row : item
+            if (shown.height > view.height)
+                continue
+            var top = shown.mapToItem(view, 0, 0).y
+            view.contentY += Math.min(0, top) + Math.max(0, top + shown.height - view.height)
+        }
     }
 
     // Not before the focus has come to rest: a control hands it on to the field in it.

@@ -69,6 +69,8 @@ DialogPanel {
                 model: _model
                 clip: true
                 boundsBehavior: Flickable.StopAtBounds
+                // All rows stand from the beginning: the Tab goes through rows in the order of their making.
+                cacheBuffer: count * Units.dp(40)
                 delegate: CSVColumnRow {
                     width: ListView.view.width
                     name: columnName
