@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QSaveFile>
 #include <QScreen>
+#include <QShortcut>
 #include <QStandardPaths>
 #include <QWebEngineDownloadItem>
 #include <QWebEngineProfile>
@@ -69,6 +70,8 @@ ReportViewer::ReportViewer(const QString& htmlFile, const QString& folder, int m
     for (QPushButton* button : {savePDF, print, saveDOCX})
         button->setEnabled(m_view != nullptr);
     QMetaObject::connectSlotsByName(this);
+    // The page, which has the keys, would keep this one.
+    connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this, &QDialog::reject);
     resize(usualSize.boundedTo(QGuiApplication::primaryScreen()->availableSize() * 0.92));
 }
 

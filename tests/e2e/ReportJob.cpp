@@ -89,6 +89,9 @@ private:
             done = untilPage("!!document.querySelector('body.ng-scope') && "
                              "!document.querySelector('[ng-cloak]')"_s) &&
                    work();
+            m_viewer->view()->setFocus();
+            QTest::keyClick(m_viewer->windowHandle(), Qt::Key_Escape);
+            done = done && expect(!m_viewer->isVisible(), "Escape doesn't close the page"_s);
             m_viewer->close();
             return true;
         };
