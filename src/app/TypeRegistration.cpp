@@ -15,6 +15,7 @@
 #include "models/SourceMetadataProxyModels.h"
 #include "models/SourceProxyModel.h"
 #include "models/VariantListModel.h"
+#include "search/QueryResult.h"
 #include "text/DocumentChangeTracker.h"
 #include "text/KernovaTextEdit.h"
 #include "text/KernovaWindow.h"
@@ -82,6 +83,7 @@ void registerQmlTypes() {
     creatable<SourceMetadataProxyModel>(4, "SourceMetadataModel");
     creatable<FetchMoreListModel>(4, "FetchMoreListModel");
     creatable<SourceMetadataValueComboBoxProxyModel>(4, "SourceMetadataValueComboBoxModelProxy");
+    creatable<QueryResult>(4, "QueryResult");
     creatable<QuestionAnswerProxyModel>(4, "AnswerModel");
     creatable<TransposedCSVImportModel>(4, "TransposedCSVImportModel");
     qmlRegisterUncreatableType<CSVImportModel>(uri, 1, 4, "CSVImportModel",

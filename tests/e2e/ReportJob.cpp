@@ -170,7 +170,7 @@ private:
         for (const QVariant& row : rows) {
             const QVariantMap map = row.toMap();
             found << map.value("kerno"_s).toMap().value("title"_s).toString() +
-                         QString::number(map.value("highlights"_s).toList().size());
+                         map.value("count"_s).toString();
         }
         return found.join(QLatin1Char(' '));
     }

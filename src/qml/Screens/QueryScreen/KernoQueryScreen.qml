@@ -17,8 +17,8 @@ FocusScope {
 
     function query(twoPane, sortByLeft) {
         var results = Results.sorted(
-                krnFile.kernosWithHighlightsAndCriteria(_panel.serializeLeftQuery()),
-                twoPane ? krnFile.kernosWithHighlightsAndCriteria(_panel.serializeRightQuery()) : [],
+                _left.answer.ask(_panel.serializeLeftQuery()),
+                twoPane ? _right.answer.ask(_panel.serializeRightQuery()) : [],
                 twoPane, sortByLeft)
         mostHighlightsInAKerno = Math.max(mostHighlightsInAKerno, results.most)
         leftResult = results.left

@@ -6,7 +6,7 @@ import "../../Utils.js" as Utils
 Item {
     id: root
 
-    // Maps with `kerno` and `highlights`.
+    // Maps with `kerno` and `count`.
     property var result: []
     property int mostHighlightsInAKerno: 0
     property alias contentY: _list.contentY
@@ -22,7 +22,6 @@ Item {
         AnimatedListView {
             id: _list
             objectName: "queryKernos"
-            // A number: as a model the lists of highlights would be copied.
             model: root.result.length
             activeFocusOnTab: true
             Accessible.role: Accessible.List
@@ -33,7 +32,7 @@ Item {
                 id: _row
 
                 readonly property var kerno: root.result[index] ? root.result[index].kerno : ({})
-                readonly property int highlightCount: root.result[index] ? root.result[index].highlights.length : 0
+                readonly property int highlightCount: root.result[index] ? root.result[index].count : 0
                 readonly property bool current: index === root.currentRow
 
                 width: _list.width

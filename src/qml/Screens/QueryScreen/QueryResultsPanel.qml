@@ -1,13 +1,16 @@
 import QtQuick 2.15
 import QtQuick.Controls 1.4
 import QtQuick.Layouts 1.15
+import Kernova 1.4
 import "../../Components"
 
 // The result of one query: its kernos, and the quotes of the one that is chosen.
 SplitView {
     id: root
 
+    // Maps with `kerno` and `count`, of the answer's kernos.
     property var result: []
+    readonly property QueryResult answer: QueryResult {}
     property int mostHighlightsInAKerno: 0
     property alias kernosListContentY: _kernos.contentY
 
@@ -16,7 +19,7 @@ SplitView {
     function __choose(index) {
         var chosen = index === _kernos.currentRow ? -1 : index
         _kernos.currentRow = chosen
-        _quotes.highlights = chosen >= 0 ? result[chosen].highlights : null
+        _quotes.highlights = chosen >= 0 ? answer.highlightsOf(result[chosen].kerno.kernoId) : null
     }
 
     onResultChanged: {
