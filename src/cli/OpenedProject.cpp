@@ -96,9 +96,13 @@ Outcome OpenedProject::look(const QString& path) {
 }
 
 Outcome OpenedProject::read(const QString& path, QJsonObject* project) {
-    const Outcome looked = look(path);
-    if (!looked.ok())
-        return looked;
+    // What is stored is read without one, but a file that is named has to be there.
+    QString password;
+    Outcome outcome = readPassword(&password);
+    if (outcome.ok())
+        outcome = look(path);
+    if (!outcome.ok())
+        return outcome;
     const Message message = m_file->dataHelper()->exportProjectJson(identity(path));
     *project = contents(message);
     return message.status ? Outcome::done() : Outcome::failed(reasonOf(message, path));

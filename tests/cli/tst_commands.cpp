@@ -98,6 +98,7 @@ void tst_Commands::theProgramDoesAsItIsTold_data() {
     row("export-csv secret.krn secret", 1, "secret\\.krn: .*no password");
     row("export-csv secret.krn secret --password-file study.krn", 1, "Invalid password");
     row("export-csv secret.krn secret --password-file nowhere", 1, "nowhere can't be read");
+    row("info secret.krn --password-file nowhere", 1, "nowhere can't be read");
     row("export-csv secret.krn secret --password-file password", 0, "^$");
     row("export-csv study.krn password", 1, "password can't be made");
     row("export-docx study.krn study.docx", 0, "^$");
