@@ -13,6 +13,29 @@
 #include <QMessageBox>
 #include <QProgressDialog>
 
+namespace {
+
+constexpr int mostNames = 10;
+
+/// What came of a batch, for the person who chose its files.
+void tellOf(int imported, const QStringList& withoutText) {
+    QMessageBox box(QMessageBox::Information, SourceImport::tr("Information"),
+                    SourceImport::tr("%1 Source(s) have successfully been imported.").arg(imported),
+                    QMessageBox::Ok);
+    if (!withoutText.isEmpty()) {
+        QString names = QStringList(withoutText.mid(0, mostNames)).join(QLatin1String(", "));
+        if (withoutText.size() > mostNames)
+            names += SourceImport::tr(" and %1 more").arg(withoutText.size() - mostNames);
+        // Marked, so that a name is never taken for marks.
+        box.setInformativeText(
+            QStringLiteral("<p>%1</p>")
+                .arg(SourceImport::tr("No text could be read from %1.").arg(names).toHtmlEscaped()));
+    }
+    box.exec();
+}
+
+}  // namespace
+
 QVariantList SourceImport::pairsOfFile(const QUrl& file, const QString& questionMarker,
                                        const QString& answerMarker, bool noLoadedFile,
                                        const std::function<bool()>& cancelled) const {
@@ -53,6 +76,7 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
         IdManager::instance()->stock(wire::Record::QuestionAnswer, files.size());
     }
     int imported = 0;
+    QStringList withoutText;
     const auto cancelled = [&progress] { return progress.wasCanceled(); };
     for (const QUrl& file : files) {
         progress.setValue(progress.value() + 1);
@@ -63,6 +87,8 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
         QCoreApplication::processEvents();
         if (m_krnFile->currentProject() != project)
             break;
+        if (pairs.isEmpty() && !progress.wasCanceled())
+            withoutText << file.fileName();
         if (save(textfile::titleFor(file), pairs)) {
             ++imported;
             if (!wholeTexts)
@@ -75,11 +101,8 @@ int SourceImport::importFiles(const QList<QUrl>& files, const QString& questionM
     if (wholeTexts && imported > 0 && m_krnFile->currentProject() == project)
         awaitNotifications();
     progress.setValue(files.size());
-    if (showInfo) {
-        QMessageBox::information(nullptr, tr("Information"),
-                                 tr("%1 Source(s) have successfully been imported.").arg(imported),
-                                 QMessageBox::Ok);
-    }
+    if (showInfo)
+        tellOf(imported, withoutText);
     return imported;
 }
 

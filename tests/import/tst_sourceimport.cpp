@@ -19,7 +19,7 @@ std::unique_ptr<QTimer> closeMessageBoxes(QString& told) {
     auto timer = std::make_unique<QTimer>();
     QObject::connect(timer.get(), &QTimer::timeout, [&told] {
         if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            told = box->text();
+            told = box->text() + box->informativeText();
             box->accept();
         }
     });
@@ -87,17 +87,18 @@ private slots:
         QCOMPARE(questions(), before);
     }
 
-    // What can't be read is passed over.
+    // What can't be read is passed over, and named.
     void aBatchIsOneStep() {
         openNew(true);
         QSignalSpy notes(m_file, &KRNFile::notifyUser);
         const QList<QUrl> files{write("one.txt"_s, "first"), write("a.docx"_s, "PK"),
-                                write("b.pdf"_s, "%PDF"), write("empty.txt"_s, ""),
+                                write("b.pdf"_s, "%PDF"), write("<i>.txt"_s, ""),
                                 write("two.x.rtf"_s, "{\\rtf1 {\\b bold} <laughs> &amp; \\u228?}")};
         QString told;
         const auto closer = closeMessageBoxes(told);
         QCOMPARE(import().importFiles(files, QString(), QString(), true), 2);
-        QCOMPARE(told, "2 Source(s) have successfully been imported."_s);
+        QCOMPARE(told, "2 Source(s) have successfully been imported."
+                       "<p>No text could be read from a.docx, b.pdf, &lt;i&gt;.txt.</p>"_s);
         QCOMPARE(notes.count(), 0);
         settle();
         QCOMPARE(sources(), QStringList({"one: first", "two.x: bold <laughs> & \u00e4"}));
