@@ -16,6 +16,18 @@
 namespace {
 
 constexpr int nearCharacters = 4000;
+constexpr int alternation =
+    QTextFormat::UserProperty + 1;  ///< tells the paint of a run from that of the next
+
+/// Where the runs of characters of one look end. No paint goes on beyond such an end: the scene draws a
+/// format from its own beginning with each run that it meets on a line, and letters that are drawn twice look
+/// bold.
+QVector<int> endsOfRuns(const QTextBlock& block) {
+    QVector<int> ends;
+    for (auto run = block.begin(); !run.atEnd(); ++run)
+        ends.append(run.fragment().position() + run.fragment().length() - block.position());
+    return ends;
+}
 
 }  // namespace
 
@@ -270,6 +282,7 @@ void SourceHighlighter::highlightBlock(const QString& text) {
     if (blockStart == blockEnd)
         return;
     qCDebug(logHighlighter) << "BLOCK " << blockStart << blockEnd;
+    const QVector<int> runEnds = endsOfRuns(currentBlock());
     const QVector<painting::Stroke> strokes =
         painting::strokesForBlock(m_layers, m_currentHighlight, blockStart, blockEnd);
     // Half of a character can't be painted: it goes with its first half.
@@ -280,7 +293,16 @@ void SourceHighlighter::highlightBlock(const QString& text) {
         QTextCharFormat format;
         format.setBackground(QBrush(stroke.background, Qt::SolidPattern));
         format.setForeground(QBrush(contrastFontColor(stroke.background), Qt::SolidPattern));
-        setFormat(whole(stroke.start), whole(stroke.start + stroke.count) - whole(stroke.start), format);
+        int at = whole(stroke.start);
+        const int end = whole(stroke.start + stroke.count);
+        const auto first = std::upper_bound(runEnds.cbegin(), runEnds.cend(), at);
+        for (auto run = first; run != runEnds.cend() && at < end; ++run) {
+            // Neighbours that are all alike would become one format again.
+            format.setProperty(alternation, static_cast<int>(run - runEnds.cbegin()) % 2);
+            const int until = qMin(end, *run);
+            setFormat(at, until - at, format);
+            at = until;
+        }
         qCDebug(logHighlighter).nospace() << "NO" << blockStart + stroke.start << '\t' << stroke.count
                                           << "\t(" << blockStart + stroke.start + stroke.count << ")";
     }

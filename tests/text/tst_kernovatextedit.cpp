@@ -92,6 +92,21 @@ private slots:
         QCOMPARE(painted(), "..........|.........."_s);
     }
 
+    // What begins before a run of another look would be drawn again with it, and its letters be thick.
+    void paintEndsWhereTheLookOfTheTextChanges() {
+        show({highlight(1, 2, 17, red)}, "some <b>bold</b> and <i>slanted</i>"_s);
+        QCOMPARE(painted(), "..rrrrrrrrrrrrrrr....."_s.left(21));
+        const QTextBlock block = document()->begin();
+        for (const QTextLayout::FormatRange& range : block.layout()->formats()) {
+            QTextCursor cursor(block);
+            cursor.setPosition(range.start + 1);
+            const QTextCharFormat look = cursor.charFormat();
+            cursor.setPosition(range.start + range.length);
+            QCOMPARE(cursor.charFormat(), look);
+        }
+        QCOMPARE(block.layout()->formats().size(), 4);
+    }
+
     void aSavedPassageRepaintsItsRangeAlone() {
         Highlight second = highlight(2, 12, 15, green);
         show({second});
@@ -197,9 +212,9 @@ private:
     MemosModel* memos() const { return qobject_cast<MemosModel*>(m_edit->memosModel()); }
 
     /// Shows the text as the answer of source 3 to question 2, with its highlights.
-    void show(const QList<Highlight>& list) {
+    void show(const QList<Highlight>& list, const QString& shown = text) {
         m_edit->setReadOnly(true);
-        m_edit->setAnswer(2, 3, "<body style=\"white-space: pre-wrap;\">%1</body>"_s.arg(text), 0);
+        m_edit->setAnswer(2, 3, "<body style=\"white-space: pre-wrap;\">%1</body>"_s.arg(shown), 0);
         highlights()->doReloadData(list, 3, 2);
         memos()->doReloadData({}, 3, 2);
         QCoreApplication::processEvents();
