@@ -85,8 +85,6 @@ private:
     QList<Source> m_sources;
     QList<Kerno> m_kernos;
     QList<ChatMessage> m_messages;
-    /// Its end is waited for, however this ends.
-    std::future<bool> m_readingHighlights;
     QList<Highlight> m_highlights;
     // Fields that many lines have, by the id of the source or kerno.
     QHash<int, QByteArray> m_sourceTitles;
@@ -96,6 +94,8 @@ private:
     QString m_text;  ///< ... and the text: each asking unpacks all of it
     int m_filesDone = 0;
     QString m_fault;
+    /// Last, so that it goes first: the end of the reading is waited for before what it fills goes.
+    std::future<bool> m_readingHighlights;
 };
 
 // Calls `line` for each record, and the progress now and then.
