@@ -83,7 +83,7 @@ void registerQmlTypes() {
     creatable<SourceMetadataProxyModel>(4, "SourceMetadataModel");
     creatable<FetchMoreListModel>(4, "FetchMoreListModel");
     creatable<SourceMetadataValueComboBoxProxyModel>(4, "SourceMetadataValueComboBoxModelProxy");
-    creatable<QueryResult>(4, "QueryResult");
+    creatable<Search::QueryResult>(4, "QueryResult");
     creatable<QuestionAnswerProxyModel>(4, "AnswerModel");
     creatable<TransposedCSVImportModel>(4, "TransposedCSVImportModel");
     qmlRegisterUncreatableType<CSVImportModel>(uri, 1, 4, "CSVImportModel",

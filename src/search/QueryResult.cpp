@@ -2,6 +2,8 @@
 
 #include "project/KRNFile.h"
 
+namespace Search {
+
 QVariantList QueryResult::ask(const QVariantList& criteria) {
     const QString kernoName = QStringLiteral("kerno");
     m_highlights.clear();
@@ -15,3 +17,5 @@ QVariantList QueryResult::ask(const QVariantList& criteria) {
     }
     return kernos;
 }
+
+}  // namespace Search

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QVariantList>
 
+namespace Search {
+
 /// The answer to a query of codings, in two steps: which kernos have how many highlights, and those of one
 /// kerno. All highlights at once are up to a hundred thousand maps, and a script would wait a second for its
 /// own form of them. For the main thread.
@@ -24,3 +26,5 @@ public:
 private:
     QHash<int, QVariantList> m_highlights;
 };
+
+}  // namespace Search
