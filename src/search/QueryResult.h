@@ -23,6 +23,9 @@ public:
     /// The maps of the highlights that the last answer has for a kerno.
     Q_INVOKABLE QVariantList highlightsOf(int kernoId) const { return m_highlights.value(kernoId); }
 
+    /// Forgets the last answer.
+    Q_INVOKABLE void clear() { m_highlights.clear(); }
+
 private:
     QHash<int, QVariantList> m_highlights;
 };

@@ -37,6 +37,8 @@ FocusScope {
         function onHasFileOpenChanged() {
             root.leftResult = []
             root.rightResult = []
+            _left.answer.clear()
+            _right.answer.clear()
             root.leftHighlightsCount = 0
             root.rightHighlightsCount = 0
         }
