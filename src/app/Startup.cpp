@@ -10,6 +10,9 @@
 
 #include <QFontDatabase>
 #include <QLoggingCategory>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QQuickWindow>
 
 namespace startup {
@@ -25,6 +28,22 @@ void loadFonts() {
     QApplication::setFont(QFont(QStringLiteral("Lato")));
 }
 
+// Whether OpenGL is missing, or done by the processor: then the scene's own drawing is the quicker one.
+bool lacksGraphicsCard() {
+    QOpenGLContext context;
+    QOffscreenSurface surface;
+    surface.create();
+    if (!context.create() || !context.makeCurrent(&surface))
+        return true;
+    const QByteArray renderer(reinterpret_cast<const char*>(context.functions()->glGetString(GL_RENDERER)));
+    return renderer.contains("llvmpipe") || renderer.contains("softpipe") || renderer.contains("swrast");
+}
+
+void chooseBackend() {
+    if (qEnvironmentVariableIsEmpty("QT_QUICK_BACKEND") && lacksGraphicsCard())
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+}
+
 }  // namespace
 
 void prepare() {
@@ -38,6 +57,7 @@ void prepare() {
 }
 
 KRNFile* setUp() {
+    chooseBackend();
     QApplication::setStyle(QStringLiteral("fusion"));
     QCoreApplication::setOrganizationName(product::organisationName());
     QCoreApplication::setOrganizationDomain(product::organisationDomain());

@@ -175,18 +175,25 @@ QStringList unnamed(QQuickItem* root) {
     return found;
 }
 
+// Not every renderer notes in its picture how many pixels stand for one of the window.
+QImage pictureOf(QQuickWindow* window) {
+    QImage picture = window->grabWindow();
+    picture.setDevicePixelRatio(window->effectiveDevicePixelRatio());
+    return picture;
+}
+
 QStringList screenFaults(AppDriver& driver) {
     QQuickWindow* window = driver.mainWindow();
     const QList<QQuickItem*> dialogs =
         driver.itemsOfType("DialogPanel"_s) + driver.itemsOfType("IntroSlider"_s);
     QStringList found;
     for (QQuickItem* dialog : dialogs)
-        found << faults(dialog, window->grabWindow()) << unnamed(dialog);
+        found << faults(dialog, pictureOf(window)) << unnamed(dialog);
     const QList<QQuickWindow*> popups = driver.popups();
     for (QQuickWindow* popup : popups)
-        found << faults(popup->contentItem(), popup->grabWindow());
+        found << faults(popup->contentItem(), pictureOf(popup));
     if (dialogs.isEmpty() && popups.isEmpty())
-        found << faults(window->contentItem(), window->grabWindow()) << unnamed(window->contentItem());
+        found << faults(window->contentItem(), pictureOf(window)) << unnamed(window->contentItem());
     return found;
 }
 
