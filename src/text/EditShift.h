@@ -3,6 +3,7 @@
 #include "records/Highlight.h"
 
 #include <QList>
+#include <QPair>
 #include <QVector>
 
 /// What becomes of the highlights of a text while it is edited: values in, values out. Positions count UTF-16
@@ -15,6 +16,10 @@ struct Edit {
     int removed = 0;
     int added = 0;
 };
+
+/// Where the characters of the stretch [first, second) stand after the edit, with what was put between them;
+/// empty when none is left.
+QPair<int, int> moved(const QPair<int, int>& stretch, const Edit& edit);
 
 /// Moves, grows, shrinks or removes the highlights that the edit concerns; those that it changes are marked
 /// `modified`. What stands at or behind an insertion moves with it, and a highlight grows only from within.

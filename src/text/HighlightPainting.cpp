@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <algorithm>
+#include <tuple>
 
 namespace painting {
 
@@ -13,6 +14,10 @@ void addClipped(QVector<Stroke>& strokes, int start, int end, int blockStart, in
     const int to = std::min(end, blockEnd);
     if (from < to)
         strokes.append({from - blockStart, to - from, color});
+}
+
+bool comesBefore(const Stretch& a, const Stretch& b) {
+    return std::tie(a.range, a.background) < std::tie(b.range, b.background);
 }
 
 }  // namespace
@@ -55,6 +60,28 @@ Layers layersOf(const QList<Highlight>& highlights, const QList<QPair<int, int>>
             layers.overlaps.append(range);
     }
     return layers;
+}
+
+QVector<Stretch> stretchesOf(const Layers& layers) {
+    QVector<Stretch> stretches;
+    stretches.reserve(layers.alone.size() + layers.overlaps.size());
+    for (const Highlight& highlight : layers.alone)
+        stretches.append({{highlight.start(), highlight.end()}, highlight.color().rgba()});
+    for (const QPair<int, int>& overlap : layers.overlaps)
+        stretches.append({overlap, overlapColor().rgba()});
+    return stretches;
+}
+
+QVector<QPair<int, int>> differences(QVector<Stretch> before, QVector<Stretch> after) {
+    std::sort(before.begin(), before.end(), comesBefore);
+    std::sort(after.begin(), after.end(), comesBefore);
+    QVector<Stretch> different;
+    std::set_symmetric_difference(before.cbegin(), before.cend(), after.cbegin(), after.cend(),
+                                  std::back_inserter(different), comesBefore);
+    QVector<QPair<int, int>> ranges;
+    for (const Stretch& stretch : qAsConst(different))
+        ranges.append(stretch.range);
+    return ranges;
 }
 
 QVector<Stroke> strokesForBlock(const Layers& layers, const Highlight& current, int blockStart,

@@ -27,6 +27,18 @@ struct Layers {
 /// Takes highlights whose `overlapping` is set, and the stretches of their overlaps.
 Layers layersOf(const QList<Highlight>& highlights, const QList<QPair<int, int>>& overlaps);
 
+/// Characters [first, second) of a text.
+struct Stretch {
+    QPair<int, int> range;
+    QRgb background = 0;
+};
+
+/// All that is painted.
+QVector<Stretch> stretchesOf(const Layers& layers);
+
+/// What only one of the two has, in any order: where the text looks different.
+QVector<QPair<int, int>> differences(QVector<Stretch> before, QVector<Stretch> after);
+
 /// Characters [start, start + count) of a block, counted from the block's start.
 struct Stroke {
     int start = 0;

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <private/qtextdocument_p.h>
+#include <utility>
 
 namespace {
 
@@ -27,6 +28,16 @@ QVector<int> endsOfRuns(const QTextBlock& block) {
     for (auto run = block.begin(); !run.atEnd(); ++run)
         ends.append(run.fragment().position() + run.fragment().length() - block.position());
     return ends;
+}
+
+/// What of the ranges lies in a text of that length, sorted.
+QVector<QPair<int, int>> within(int length, QVector<QPair<int, int>> ranges) {
+    for (QPair<int, int>& range : ranges)
+        range = {std::max(range.first, 0), std::min(range.second, length)};
+    const auto empty = [](const QPair<int, int>& range) { return range.first >= range.second; };
+    ranges.erase(std::remove_if(ranges.begin(), ranges.end(), empty), ranges.end());
+    std::sort(ranges.begin(), ranges.end());
+    return ranges;
 }
 
 }  // namespace
@@ -161,9 +172,10 @@ void SourceHighlighter::updateOverlaps() {
 /// draw them: the cost of coding a passage doesn't depend on the length of the text. Left to itself, the base
 /// class would have the document go through all blocks behind for each block, so what is near one another is
 /// laid out together.
-void SourceHighlighter::repaint(const QVector<QPair<int, int>>& ranges) {
+void SourceHighlighter::repaint(QVector<QPair<int, int>> ranges) {
     if (!m_document)
         return;
+    ranges = within(m_document->docHandle()->length(), ranges);
     for (int i = 0; i < ranges.size();) {
         QPair<int, int> all = ranges.at(i);
         bool& gathers = m_document->docHandle()->inContentsChange;
@@ -176,8 +188,7 @@ void SourceHighlighter::repaint(const QVector<QPair<int, int>>& ranges) {
             emit m_document->contentsChange(range.first, length, length);
         } while (++i < ranges.size() && std::abs(ranges.at(i).first - all.first) < nearCharacters);
         gathers = gathered;
-        if (all.first < all.second)
-            m_document->markContentsDirty(all.first, all.second - all.first);
+        m_document->markContentsDirty(all.first, all.second - all.first);
     }
 }
 
@@ -190,9 +201,20 @@ void SourceHighlighter::repaintWhole() {
     document->endEditBlock();
 }
 
+/// The blocks that were edited are painted at once. What overlapped there may show in others.
 void SourceHighlighter::followEdit(int position, int removed, int added) {
-    if (m_enabled && removed != added && edits::shift(m_highlights, {position, removed, added}))
-        updateOverlaps();
+    if (!m_enabled || removed == added)
+        return;
+    const edits::Edit edit{position, removed, added};
+    for (QPair<int, int>& range : m_stale)
+        range = edits::moved(range, edit);
+    QVector<painting::Stretch> shown = painting::stretchesOf(m_layers);
+    if (!edits::shift(m_highlights, edit))
+        return;
+    for (painting::Stretch& stretch : shown)
+        stretch.range = edits::moved(stretch.range, edit);
+    updateOverlaps();
+    m_stale += painting::differences(shown, painting::stretchesOf(m_layers));
 }
 
 void SourceHighlighter::reloadModel() {
@@ -212,8 +234,10 @@ void SourceHighlighter::reloadModel() {
 }
 
 void SourceHighlighter::setModel(const QList<Highlight>& highlightsModel) {
+    const QVector<painting::Stretch> shown = painting::stretchesOf(m_layers);
     m_highlights = highlightsModel;
     updateOverlaps();
+    m_stale += painting::differences(shown, painting::stretchesOf(m_layers));
     if (m_enabled && canPaint())
         requestRehighlight(0);
 }
@@ -232,13 +256,18 @@ void SourceHighlighter::delayedRehighlight() {
     if (!m_rehighlightPending)
         return;
     m_rehighlightPending = false;
-    rehighlight();
+    keepSelection([this] { repaint(std::exchange(m_stale, {})); });
 }
 
 void SourceHighlighter::rehighlight() {
+    m_stale.clear();
+    keepSelection([this] { repaintWhole(); });
+}
+
+/// A selection has a format of its own, which painting would lose.
+void SourceHighlighter::keepSelection(const std::function<void()>& repainting) {
     if (!m_document || !m_target)
         return;
-    // A selection has a format of its own, which painting would lose.
     const int selectionStart = m_target->selectionStart();
     const int selectionEnd = m_target->selectionEnd();
     const bool hasSelection = selectionStart != selectionEnd;
@@ -247,7 +276,7 @@ void SourceHighlighter::rehighlight() {
     QElapsedTimer timer;
     timer.start();
     qCDebug(logHighlighter) << "REHIGHLIGHT: BEGIN";
-    repaintWhole();
+    repainting();
     qCDebug(logHighlighter) << "REHIGHLIGHT: END";
     qCDebug(logHighlighter) << "REHIGHLIGHT TIME:" << timer.elapsed() << "msec";
     if (hasSelection)

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QSyntaxHighlighter>
 #include <QTextDocument>
+#include <functional>
 
 class KRNFile;
 class KernovaTextEdit;
@@ -66,7 +67,7 @@ public:
     /// Paints the list anew, or forgets it while no answer is shown.
     Q_INVOKABLE void reloadModel();
 
-    /// Takes over a list that is sorted by `highlightLessThan` and repaints the whole text soon.
+    /// Takes over a list that is sorted by `highlightLessThan` and soon repaints what looks different with it.
     Q_INVOKABLE void setModel(const QList<Highlight>& highlightsModel);
 
 public slots:
@@ -97,8 +98,9 @@ private:
     bool canPaint() const;
     void followEdit(int position, int removed, int added);
     void updateOverlaps();
-    void repaint(const QVector<QPair<int, int>>& ranges);
+    void repaint(QVector<QPair<int, int>> ranges);
     void repaintWhole();
+    void keepSelection(const std::function<void()>& repainting);
     void requestRehighlight(int milliseconds);
 
     QTextDocument m_noDocument;  ///< what is painted without a target
@@ -114,5 +116,6 @@ private:
     bool m_enabled = true;
     bool m_rehighlightPending = false;
     painting::Layers m_layers;
+    QVector<QPair<int, int>> m_stale;  ///< outside of these the document shows the layers
     Highlight m_currentHighlight;
 };

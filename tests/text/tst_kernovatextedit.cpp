@@ -3,12 +3,14 @@
 #include "project/KRNFile.h"
 #include "records/ContrastColor.h"
 #include "tests_support/TestMain.h"
+#include "text/EditShift.h"
 #include "text/HighlightPainting.h"
 #include "text/KernovaTextEdit.h"
 #include "text/KernovaWindow.h"
 #include "text/SourceHighlighter.h"
 
 #include <QCloseEvent>
+#include <QRandomGenerator>
 #include <QQuickTextDocument>
 #include <QResizeEvent>
 #include <QTextBlock>
@@ -151,11 +153,49 @@ private slots:
                  "<body style=\"white-space: pre-wrap;\">\n%1\n</body>"_s.arg(text));
     }
 
-    void aRunningRequestForRepaintingServesAll() {
-        show({});
-        m_edit->highlighter()->setModel({highlight(1, 0, 2, red)});
-        m_edit->highlighter()->setModel({highlight(1, 0, 3, red)});
-        QVERIFY(waitFor([&] { return painted().startsWith(QLatin1String("rrr.")); }));
+    // What is repainted after a change is told from the change; here, from nothing.
+    void editsAndNewListsArePaintedAsFromTheStart() {
+        QRandomGenerator random(3);
+        QList<Highlight> list;
+        const auto anyPassages = [&] {
+            list.clear();
+            for (int id = 1 + random.bounded(8); id > 0; --id) {
+                const int start = random.bounded(document()->characterCount() - 1);
+                const int end = start + 1 + random.bounded(document()->characterCount() - 1 - start);
+                list << highlight(id, start, qMin(end, start + 40), random.bounded(2) == 0 ? red : green);
+            }
+            std::sort(list.begin(), list.end(), highlightLessThan);
+        };
+        for (int round = 0; round < 400; ++round) {
+            show({}, (text + QLatin1Char('\n')).repeated(6));
+            anyPassages();
+            m_edit->highlighter()->setModel(list);
+            for (int step = 0; step < 8; ++step) {
+                if (random.bounded(3) == 0)
+                    QCoreApplication::processEvents();
+                if (random.bounded(4) == 0) {
+                    anyPassages();
+                    m_edit->highlighter()->setModel(list);
+                    continue;
+                }
+                QTextCursor cursor(document());
+                cursor.setPosition(random.bounded(document()->characterCount() - 1));
+                const int end = qMin(document()->characterCount() - 1, cursor.position() + random.bounded(30));
+                const edits::Edit edit{cursor.position(), end - cursor.position(), random.bounded(5)};
+                cursor.beginEditBlock();
+                cursor.setPosition(end, QTextCursor::KeepAnchor);
+                cursor.insertText("xy\nz"_s.left(edit.added));
+                cursor.endEditBlock();
+                if (edit.removed != edit.added)
+                    edits::shift(list, edit);
+                edits::join(list);
+            }
+            m_edit->highlighter()->setModel(list);
+            QCoreApplication::processEvents();
+            const QString after = painted();
+            m_edit->highlighter()->rehighlight();
+            QCOMPARE(after, painted());
+        }
     }
 
     void aDisabledPainterTakesItsColoursAway() {
