@@ -123,10 +123,10 @@ QPair<int, int> moved(const QPair<int, int>& stretch, const Edit& edit) {
     const int behind = edit.position + edit.removed;
     const int delta = edit.added - edit.removed;
     const auto& [first, second] = stretch;
-    return {first < edit.position ? first : std::max(first, behind) + delta,
-            second <= edit.position   ? second
-            : second >= behind ? second + delta
-                               : edit.position};
+    return {first < edit.position ? first : std::max(first, behind) + delta, second <= edit.position ? second
+                                                                             : second >= behind
+                                                                                 ? second + delta
+                                                                                 : edit.position};
 }
 
 bool shift(QList<Highlight>& highlights, const Edit& edit) {
