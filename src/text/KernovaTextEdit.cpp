@@ -9,9 +9,13 @@
 #include "text/SourceHighlighter.h"
 #include "text/TextLog.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
 #include <QQuickTextDocument>
+#include <QTextBlock>
 #include <QTextCursor>
+#include <private/qquicktextedit_p_p.h>
+#include <private/qquicktextnode_p.h>
 
 namespace {
 
@@ -252,6 +256,30 @@ void KernovaTextEdit::mouseReleaseEvent(QMouseEvent* event) {
     setCursorPosition(positionAt(event->localPos().x(), event->localPos().y()));
     pasteText(QClipboard::Selection);
     event->accept();
+}
+
+/// The base gives every line behind a change its place again, also where it stands: in a long text that costs
+/// more than the change. Such lines are hidden from it, but for the first, by which it measures.
+QSGNode* KernovaTextEdit::updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) {
+    QList<QQuickTextEditPrivate::Node>& lines =
+        static_cast<QQuickTextEditPrivate*>(QQuickItemPrivate::get(this))->textNodeMap;
+    int changed = lines.size();
+    while (changed > 0 && !lines.at(changed - 1).dirty())
+        --changed;
+    QList<QQuickTextEditPrivate::Node> unchanged;
+    if (node && changed > 0 && changed < lines.size()) {
+        const QTextBlock block = document()->findBlock(lines.at(changed).startPos());
+        const QPointF place = document()->documentLayout()->blockBoundingRect(block).topLeft();
+        QMatrix4x4 matrix;
+        matrix.translate(static_cast<float>(place.x()), static_cast<float>(place.y()));
+        if (lines.at(changed).textNode()->matrix() == matrix) {
+            unchanged = lines.mid(changed + 1);
+            lines.erase(lines.begin() + changed + 1, lines.end());
+        }
+    }
+    node = QQuickTextEdit::updatePaintNode(node, data);
+    lines += unchanged;
+    return node;
 }
 
 void KernovaTextEdit::pasteText(QClipboard::Mode mode) {

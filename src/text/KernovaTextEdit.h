@@ -97,6 +97,8 @@ protected:
     /// nothing is fetched.
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// On the thread that draws, while the main thread waits.
+    QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
 private:
     struct PendingAnswer {
