@@ -67,7 +67,8 @@ public:
     /// Paints the list anew, or forgets it while no answer is shown.
     Q_INVOKABLE void reloadModel();
 
-    /// Takes over a list that is sorted by `highlightLessThan` and soon repaints what looks different with it.
+    /// Takes over a list that is sorted by `highlightLessThan` and soon repaints what looks different with
+    /// it.
     Q_INVOKABLE void setModel(const QList<Highlight>& highlightsModel);
 
 public slots:

@@ -10,8 +10,8 @@
 #include "text/SourceHighlighter.h"
 
 #include <QCloseEvent>
-#include <QRandomGenerator>
 #include <QQuickTextDocument>
+#include <QRandomGenerator>
 #include <QResizeEvent>
 #include <QTextBlock>
 #include <private/qquickevents_p_p.h>
@@ -180,7 +180,8 @@ private slots:
                 }
                 QTextCursor cursor(document());
                 cursor.setPosition(random.bounded(document()->characterCount() - 1));
-                const int end = qMin(document()->characterCount() - 1, cursor.position() + random.bounded(30));
+                const int end =
+                    qMin(document()->characterCount() - 1, cursor.position() + random.bounded(30));
                 const edits::Edit edit{cursor.position(), end - cursor.position(), random.bounded(5)};
                 cursor.beginEditBlock();
                 cursor.setPosition(end, QTextCursor::KeepAnchor);
