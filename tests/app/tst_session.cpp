@@ -32,6 +32,7 @@ class tst_Session : public QObject {
 private slots:
     void initTestCase() {
         expectWarning("This plugin does not support application fonts");
+        expectWarning("This plugin does not support createPlatformOpenGLContext!");
         m_file = startup::setUp();
     }
 
